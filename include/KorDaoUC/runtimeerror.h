@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <KorDaoUC/export.h>
+
+#include <QtCore/QString>
+
+#include <exception>
+#include <string>
+
+namespace kor {
+
+//! The run-time error numbers that programs written against the controls test for.
+enum class ErrorNumber : int {
+    InvalidProcedureCall = 5,
+    Overflow = 6,
+    SubscriptOutOfRange = 9,
+    TypeMismatch = 13,
+    InvalidPropertyValue = 380,
+    InvalidPropertyArrayIndex = 381,
+    SetNotSupportedAtRunTime = 382,
+    SetNotPermitted = 387,
+    InvalidUseOfNull = 94,
+    PropertyOrMethodNotFound = 438,
+    DatabaseFailed = 3146,
+};
+
+//! Misuse by the program, or a failure below a control that reaches the program.
+//!
+//! Thrown by direct calls and by calls through the meta-object system alike. what() begins with the number, so that a
+//! host that catches std::exception only can still tell the errors apart.
+class KORDAOUC_RUNTIME_EXPORT RunTimeError : public std::exception
+{
+public:
+    //! With the classic text of the number.
+    explicit RunTimeError(ErrorNumber number);
+    RunTimeError(ErrorNumber number, const QString &description);
+    ~RunTimeError() override;
+
+    [[nodiscard]] int number() const noexcept { return m_number; }
+    [[nodiscard]] const QString &description() const noexcept { return m_description; }
+    [[nodiscard]] const char *what() const noexcept override { return m_what.c_str(); }
+
+private:
+    int m_number;
+    QString m_description;
+    std::string m_what;
+};
+
+} // namespace kor

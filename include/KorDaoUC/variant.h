@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <KorDaoUC/export.h>
+
+#include <QtCore/QMetaType>
+#include <QtCore/QVariant>
+
+#include <cstddef>
+
+namespace kor {
+
+//! The marker that stands for an argument the caller left out. Controls treat it as Null.
+struct Missing {
+    friend bool operator==(Missing, Missing) { return true; }
+};
+
+//! The kinds of value that a Variant may hold.
+//!
+//! A Variant is a QVariant with this mapping: Empty = invalid; Null = std::nullptr_t; Boolean = bool; Byte = uchar;
+//! Integer = short; Long = int; Single = float; Double = double; Currency = kor::Currency; Date = QDate, or QDateTime
+//! when it carries a time; String = QString; Missing = kor::Missing. Whatever else a host hands in (qlonglong,
+//! QByteArray, QTime, a registered type) is Other until it is brought into one of these by normalized().
+enum class VariantType { Empty, Null, Boolean, Byte, Integer, Long, Single, Double, Currency, Date, String, Missing, Other };
+
+[[nodiscard]] KORDAOUC_RUNTIME_EXPORT VariantType variantType(const QVariant &value);
+
+//! The Variant Null: no value. Not Empty, which is a value that was never given.
+[[nodiscard]] inline QVariant null() { return QVariant::fromValue(nullptr); }
+[[nodiscard]] inline QVariant missing() { return QVariant::fromValue(Missing{}); }
+[[nodiscard]] inline bool isNull(const QVariant &value) { return value.typeId() == QMetaType::Nullptr; }
+[[nodiscard]] inline bool isEmpty(const QVariant &value) { return !value.isValid(); }
+[[nodiscard]] KORDAOUC_RUNTIME_EXPORT bool isMissing(const QVariant &value);
+
+//! The same value in the mapping above: a 64-bit integer that fits becomes a Long, a larger one a Double; a database
+//! NULL of any type (a null QVariant with a type) becomes Null; anything unknown becomes its text, or Empty.
+[[nodiscard]] KORDAOUC_RUNTIME_EXPORT QVariant normalized(const QVariant &value);
+
+} // namespace kor
+
+Q_DECLARE_METATYPE(kor::Missing)
