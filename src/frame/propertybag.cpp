@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include <KorDaoUC/propertybag.h>
+
+#include <algorithm>
+
+namespace kor {
+
+bool isSameSetting(const QVariant &left, const QVariant &right)
+{
+    if (left.metaType() != right.metaType())
+        return false;
+    // Two Nulls are one setting, though they are no equal values.
+    return left.typeId() == QMetaType::Nullptr || left == right;
+}
+
+void PropertyBag::WriteProperty(const QString &key, const QVariant &value, const QVariant &defaultValue)
+{
+    if (!defaultValue.isValid() || !isSameSetting(value, defaultValue))
+        append(key, value);
+}
+
+QVariant PropertyBag::ReadProperty(const QString &key, const QVariant &defaultValue) const
+{
+    const auto found =
+        std::find_if(m_entries.crbegin(), m_entries.crend(), [&key](const Entry &entry) { return entry.first == key; });
+    return found != m_entries.crend() ? found->second : defaultValue;
+}
+
+void PropertyBag::append(const QString &key, const QVariant &value) { m_entries.emplaceBack(key, value); }
+
+bool PropertyBag::contains(const QString &key) const
+{
+    return std::any_of(m_entries.cbegin(), m_entries.cend(), [&key](const Entry &entry) { return entry.first == key; });
+}
+
+} // namespace kor
