@@ -16,6 +16,7 @@ enum class ErrorNumber : int {
     InvalidProcedureCall = 5,
     Overflow = 6,
     SubscriptOutOfRange = 9,
+    InternalError = 51,
     TypeMismatch = 13,
     InvalidPropertyValue = 380,
     InvalidPropertyArrayIndex = 381,

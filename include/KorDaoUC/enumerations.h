@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <KorDaoUC/export.h>
+
+#include <QtCore/QObject>
+
+namespace kor {
+
+Q_NAMESPACE_EXPORT(KORDAOUC_EXPORT)
+
+enum class BorderStyleType : int { None = 0, FixedSingle = 1 };
+Q_ENUM_NS(BorderStyleType)
+
+enum class AppearanceType : int { Flat = 0, A3D = 1 };
+Q_ENUM_NS(AppearanceType)
+
+enum class AlignmentType : int { Left_Justify = 0, Right_Justify = 1, Center = 2 };
+Q_ENUM_NS(AlignmentType)
+
+enum class OpenDirectionType : int { Up = 0, Down = 1 };
+Q_ENUM_NS(OpenDirectionType)
+
+} // namespace kor

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <KorDaoUC/color.h>
+#include <KorDaoUC/enumerations.h>
+#include <KorDaoUC/export.h>
+
+#include <QtGui/QFont>
+#include <QtWidgets/QWidget>
+
+#include <memory>
+
+namespace kor {
+
+class PropertyBag;
+class RunTimeError;
+
+//! What all eleven controls are: a widget that fills itself with its constituents, keeps its settings in a property
+//! bag, and offers every public member late-bound by its exact name.
+//!
+//! Direct and late-bound calls raise RunTimeError. Errors that arise while the control handles a key, a click or a
+//! timer are raised as the Error event instead.
+class KORDAOUC_EXPORT UserControl : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(int BackColor READ BackColor WRITE setBackColor)
+    Q_PROPERTY(int ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
+    Q_PROPERTY(QFont Font READ Font WRITE setFont)
+    // The toolkit's names for the same things: one of each is enough for the form designer.
+    Q_PROPERTY(bool enabled READ Enabled WRITE setEnabled DESIGNABLE false STORED false)
+    Q_PROPERTY(QFont font READ Font WRITE setFont DESIGNABLE false STORED false)
+
+public:
+    ~UserControl() override;
+
+    [[nodiscard]] OLE_COLOR BackColor() const;
+    void setBackColor(OLE_COLOR color);
+    [[nodiscard]] OLE_COLOR ForeColor() const;
+    void setForeColor(OLE_COLOR color);
+    //! Whether the control itself is enabled; a disabled form around it does not count.
+    [[nodiscard]] bool Enabled() const;
+    void setEnabled(bool enabled);
+    //! The font of the main constituent. The ambient font, unless another one was set.
+    [[nodiscard]] QFont Font() const;
+    void setFont(const QFont &font);
+    //! Repaints; the lists reload their entries.
+    Q_INVOKABLE virtual void Refresh();
+
+    //! Gives a control that was newly dropped on a form its initial settings.
+    Q_INVOKABLE virtual void initProperties() = 0;
+    //! Applies saved settings, in the order of the control's own table; a missing key yields its default. Raises
+    //! error 13 for a value of the wrong kind.
+    Q_INVOKABLE virtual void readProperties(const kor::PropertyBag &bag) = 0;
+    //! Writes the settings that differ from their defaults, in the order of the control's own table.
+    Q_INVOKABLE virtual void writeProperties(kor::PropertyBag &bag) const = 0;
+
+    //! False at design time. Asked of the form around the control.
+    [[nodiscard]] Q_INVOKABLE bool UserMode() const;
+    //! Tells all controls on a form whether they are run or designed. Forms are run unless told otherwise.
+    static void setUserMode(QWidget *form, bool userMode);
+    //! The font of the form around the control.
+    [[nodiscard]] QFont ambientFont() const;
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    //! A saved setting has changed, so the form must be saved again.
+    void PropertyChanged(const QString &PropertyName);
+    //! An error arose while the control handled an event. A handler that sets Handled keeps it from the host's
+    //! unhandled-error handler.
+    void Error(int &Number, QString &Description, bool &Handled);
+
+protected:
+    explicit UserControl(QWidget *parent);
+
+    //! Names the constituent whose look is the control's: it takes colours and font, and the control's focus.
+    void setMainConstituent(QWidget *constituent);
+    [[nodiscard]] QWidget *mainConstituent() const;
+    //! Reports a Let to the host; the name is the property's own.
+    void propertyChanged(const char *name);
+    //! Brings the font back to the ambient one.
+    void useAmbientFont();
+
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    //! Places the constituents in the control's area. Called at each resize.
+    virtual void layoutConstituents();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace kor

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <KorDaoUC/color.h>
+
+class QWidget;
+
+namespace kor {
+
+//! The two colours of a field. System colours are looked up anew at each applyTo(), so call it again when the theme
+//! has changed.
+struct FieldColors {
+    OLE_COLOR back = WindowBackground;
+    OLE_COLOR fore = WindowText;
+
+    void applyTo(QWidget *widget) const;
+};
+
+} // namespace kor

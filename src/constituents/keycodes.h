@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/Qt>
+
+class QKeyEvent;
+
+namespace kor {
+
+//! The classic virtual-key codes that the controls look at.
+namespace Key {
+enum Code : int {
+    None = 0,
+    Backspace = 8,
+    Tab = 9,
+    Enter = 13,
+    Escape = 27,
+    Space = 32,
+    PageUp = 33,
+    PageDown = 34,
+    End = 35,
+    Home = 36,
+    Left = 37,
+    Up = 38,
+    Right = 39,
+    Down = 40,
+    Insert = 45,
+    Delete = 46,
+    C = 67,
+    V = 86,
+    X = 88,
+    F2 = 113,
+    F4 = 115,
+    F5 = 116,
+    F6 = 117,
+    Packet = 231, //!< a character that no key of a plain keyboard has
+};
+} // namespace Key
+
+//! The Shift argument of key and mouse events: bit 1 Shift, bit 2 Ctrl, bit 4 Alt.
+namespace ShiftState {
+enum Code : int { None = 0, Shift = 1, Ctrl = 2, Alt = 4 };
+} // namespace ShiftState
+
+//! The virtual-key code of a key press or release.
+[[nodiscard]] int keyCode(const QKeyEvent &event);
+[[nodiscard]] int shiftState(Qt::KeyboardModifiers modifiers);
+[[nodiscard]] Qt::KeyboardModifiers modifiersOf(int shiftState);
+
+//! The toolkit's key of a virtual-key code, Qt::Key_unknown for a code without a key.
+[[nodiscard]] Qt::Key toolkitKey(int keyCode);
+//! The character that a plain key types (letters small unless shifted), 0 for a key that types none.
+[[nodiscard]] char16_t plainCharacter(int keyCode, int shiftState);
+
+//! The KeyAscii of a key press: the UTF-16 code of the character, 8, 13 and 27 for Backspace, Enter and Escape; 0 when
+//! the press is no character (Ctrl+letter, Alt+letter, Delete, an arrow). AltGr characters are characters.
+[[nodiscard]] int keyAscii(const QKeyEvent &event);
+
+//! The Button argument of mouse events: 1 left, 2 right, 4 middle; a sum for the buttons held down.
+[[nodiscard]] int mouseButtons(Qt::MouseButtons buttons);
+
+} // namespace kor

@@ -1,0 +1,393 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/textbox.h"
+
+#include "constituents/errorguard.h"
+#include "constituents/focustracker.h"
+#include "constituents/keycodes.h"
+#include "constituents/mouse.h"
+
+#include <QtCore/QMimeData>
+#include <QtCore/QPointer>
+#include <QtGui/QAction>
+#include <QtGui/QClipboard>
+#include <QtGui/QContextMenuEvent>
+#include <QtGui/QDropEvent>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QInputMethodEvent>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QMenu>
+
+#include <algorithm>
+#include <memory>
+
+namespace kor {
+
+TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
+{
+    setMouseTracking(true); // MouseMove comes without a button too
+    connect(this, &QLineEdit::textChanged, this, &TextBox::Change);
+}
+
+void TextBox::setProgramText(const QString &text)
+{
+    const QPointer<TextBox> self = this;
+    setText(text);
+    if (self && text == this->text())
+        setCursorPosition(0);
+}
+
+void TextBox::setTextKeepingCaret(const QString &text)
+{
+    const int caret = cursorPosition();
+    const QPointer<TextBox> self = this;
+    setText(text);
+    if (self)
+        setCursorPosition(std::min(caret, TextLength()));
+}
+
+int TextBox::SelStart() const { return hasSelectedText() ? selectionStart() : cursorPosition(); }
+
+void TextBox::setSelStart(int start) { setCursorPosition(std::clamp(start, 0, TextLength())); }
+
+void TextBox::setSelLength(int length)
+{
+    const int start = SelStart();
+    setSelection(start, std::clamp(length, 0, TextLength() - start));
+}
+
+void TextBox::setMaxLength(int length)
+{
+    if (length < 0)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    m_maxLength = length;
+}
+
+void TextBox::setBorderStyle(BorderStyleType style)
+{
+    if (style != BorderStyleType::None && style != BorderStyleType::FixedSingle)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    m_border = style;
+    updateFrame();
+}
+
+void TextBox::setAppearance(AppearanceType appearance)
+{
+    if (appearance != AppearanceType::Flat && appearance != AppearanceType::A3D)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    m_appearance = appearance;
+    updateFrame();
+}
+
+void TextBox::updateFrame()
+{
+    setFrame(m_border == BorderStyleType::FixedSingle && m_appearance == AppearanceType::A3D);
+    update();
+}
+
+AlignmentType TextBox::Alignment() const
+{
+    if (alignment().testFlag(Qt::AlignRight))
+        return AlignmentType::Right_Justify;
+    return alignment().testFlag(Qt::AlignHCenter) ? AlignmentType::Center : AlignmentType::Left_Justify;
+}
+
+void TextBox::setAlignment(AlignmentType alignment)
+{
+    switch (alignment) {
+    case AlignmentType::Left_Justify: QLineEdit::setAlignment(Qt::AlignLeft | Qt::AlignVCenter); return;
+    case AlignmentType::Right_Justify: QLineEdit::setAlignment(Qt::AlignRight | Qt::AlignVCenter); return;
+    case AlignmentType::Center: QLineEdit::setAlignment(Qt::AlignHCenter | Qt::AlignVCenter); return;
+    }
+    throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+}
+
+bool TextBox::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride && m_clipboard == Clipboard::WholeText) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (clipboardCommand(keyCode(*key), shiftState(key->modifiers())) != ClipboardCommand::None) {
+            event->accept();
+            return true;
+        }
+    }
+    return QLineEdit::event(event);
+}
+
+TextBox::ClipboardCommand TextBox::clipboardCommand(int code, int shift)
+{
+    if (shift == ShiftState::Ctrl) {
+        switch (code) {
+        case Key::C:
+        case Key::Insert: return ClipboardCommand::Copy;
+        case Key::X: return ClipboardCommand::Cut;
+        case Key::V: return ClipboardCommand::Paste;
+        default: break;
+        }
+    } else if (shift == ShiftState::Shift) {
+        if (code == Key::Delete)
+            return ClipboardCommand::Cut;
+        if (code == Key::Insert)
+            return ClipboardCommand::Paste;
+    }
+    return ClipboardCommand::None;
+}
+
+void TextBox::keyPressEvent(QKeyEvent *event)
+{
+    const QPointer<TextBox> self = this;
+    guarded(this, [&] {
+        if (FocusTracker::instance().settle() && self)
+            press(event);
+        else
+            event->accept();
+    });
+}
+
+void TextBox::press(QKeyEvent *event)
+{
+    const QPointer<TextBox> self = this;
+    event->accept();
+    const int ownCode = keyCode(*event);
+    const int ownShift = shiftState(event->modifiers());
+    const auto command =
+        m_clipboard == Clipboard::WholeText ? clipboardCommand(ownCode, ownShift) : ClipboardCommand::None;
+    if (command != ClipboardCommand::None)
+        run(command);
+    if (!self)
+        return;
+
+    int code = ownCode;
+    int shift = ownShift;
+    if (ownCode != Key::None)
+        Q_EMIT KeyDown(code, shift);
+    if (!self || command != ClipboardCommand::None || (code == Key::None && ownCode != Key::None))
+        return;
+    if (code != ownCode) {
+        actAs(code, shift, event);
+        return;
+    }
+    if (const int ascii = keyAscii(*event)) {
+        if (ascii == Key::Enter || ascii == Key::Escape) {
+            int offered = ascii;
+            Q_EMIT KeyPress(offered);
+            if (self && offered == ascii)
+                QLineEdit::keyPressEvent(event);
+            else if (self && offered != 0)
+                type(offered);
+            return;
+        }
+        offerCharacter(ascii);
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void TextBox::actAs(int code, int shift, QKeyEvent *event)
+{
+    if (code == Key::Backspace) {
+        offerCharacter(Key::Backspace);
+    } else if (const char16_t character = plainCharacter(code, shift); character && !(shift & ~ShiftState::Shift)) {
+        offerCharacter(character);
+    } else {
+        QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift));
+        QLineEdit::keyPressEvent(&other);
+        event->setAccepted(other.isAccepted());
+    }
+}
+
+bool TextBox::offerCharacter(int ascii)
+{
+    const QPointer<TextBox> self = this;
+    Q_EMIT KeyPress(ascii);
+    if (!self || ascii == 0)
+        return false;
+    type(ascii);
+    return true;
+}
+
+void TextBox::type(int ascii)
+{
+    if (isReadOnly())
+        return;
+    if (ascii == Key::Backspace) {
+        backspace();
+        return;
+    }
+    const QChar character(static_cast<char16_t>(ascii));
+    const bool fits = m_maxLength == 0 || TextLength() - SelLength() < m_maxLength;
+    if (character.isPrint() && fits)
+        insert(character);
+}
+
+void TextBox::inputMethodEvent(QInputMethodEvent *event)
+{
+    const QString committed = event->commitString();
+    if (committed.isEmpty() || isReadOnly()) {
+        QLineEdit::inputMethodEvent(event);
+        return;
+    }
+    // Dead keys and input methods deliver finished characters; each goes through KeyPress like a typed one.
+    const QPointer<TextBox> self = this;
+    guarded(this, [&] {
+        FocusTracker::instance().settle();
+        QInputMethodEvent composed{QString(), {}};
+        QLineEdit::inputMethodEvent(&composed);
+        if (event->replacementLength() > 0)
+            setSelection(cursorPosition() + event->replacementStart(), event->replacementLength());
+        for (const QChar character : committed) {
+            if (self)
+                offerCharacter(character.unicode());
+        }
+        if (self && !event->preeditString().isEmpty()) {
+            QInputMethodEvent composing(event->preeditString(), event->attributes());
+            QLineEdit::inputMethodEvent(&composing);
+        }
+    });
+    event->accept();
+}
+
+void TextBox::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->isAutoRepeat())
+        return;
+    guarded(this, [&] {
+        int code = keyCode(*event);
+        int shift = shiftState(event->modifiers());
+        if (code != Key::None)
+            Q_EMIT KeyUp(code, shift);
+    });
+}
+
+void TextBox::run(ClipboardCommand command)
+{
+    QClipboard *clipboard = QGuiApplication::clipboard();
+    if (command == ClipboardCommand::Paste) {
+        pasteWhole(clipboard->text());
+        return;
+    }
+    clipboard->setText(selectedText());
+    if (command == ClipboardCommand::Cut && !isReadOnly())
+        setProgramText(QString());
+}
+
+void TextBox::pasteWhole(const QString &text)
+{
+    if (isReadOnly())
+        return;
+    const QPointer<TextBox> self = this;
+    setProgramText(text);
+    if (self)
+        Q_EMIT Pasted();
+}
+
+void TextBox::mousePressEvent(QMouseEvent *event)
+{
+    const QPointer<TextBox> self = this;
+    guarded(this, [&] {
+        if (!FocusTracker::instance().settle() || !self)
+            return;
+        m_press = Press::Single;
+        MouseArguments mouse(this, *event);
+        Q_EMIT MouseDown(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+        if (self)
+            QLineEdit::mousePressEvent(event);
+    });
+    event->accept();
+}
+
+void TextBox::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPointer<TextBox> self = this;
+    guarded(this, [&] {
+        MouseArguments mouse(this, *event);
+        Q_EMIT MouseMove(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+        if (self)
+            QLineEdit::mouseMoveEvent(event);
+    });
+}
+
+void TextBox::mouseReleaseEvent(QMouseEvent *event)
+{
+    const QPointer<TextBox> self = this;
+    guarded(this, [&] {
+        const Press press = std::exchange(m_press, Press::None);
+        if (event->button() == Qt::MiddleButton && m_clipboard == Clipboard::WholeText) {
+            if (press != Press::None && QGuiApplication::clipboard()->supportsSelection())
+                pasteWhole(QGuiApplication::clipboard()->text(QClipboard::Selection));
+        } else {
+            QLineEdit::mouseReleaseEvent(event);
+        }
+        if (!self || press == Press::None)
+            return;
+        MouseArguments mouse(this, *event);
+        Q_EMIT MouseUp(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+        if (self && press == Press::Single && event->button() == Qt::LeftButton && rect().contains(event->pos()))
+            Q_EMIT Click();
+    });
+    event->accept();
+}
+
+void TextBox::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const QPointer<TextBox> self = this;
+    guarded(this, [&] {
+        m_press = Press::Double;
+        Q_EMIT DblClick();
+        if (self)
+            QLineEdit::mouseDoubleClickEvent(event);
+    });
+    event->accept();
+}
+
+void TextBox::contextMenuEvent(QContextMenuEvent *event)
+{
+    const QPointer<TextBox> self = this;
+    QMenu *menu = createStandardContextMenu();
+    if (!menu)
+        return;
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (m_clipboard == Clipboard::WholeText)
+        takeOverClipboardActions(menu);
+    menu->popup(event->globalPos());
+    event->accept();
+}
+
+void TextBox::takeOverClipboardActions(QMenu *menu)
+{
+    const auto takeOver = [this, menu](QLatin1String name, ClipboardCommand command) {
+        const auto actions = menu->actions();
+        const auto found = std::find_if(actions.cbegin(), actions.cend(),
+                                        [name](const QAction *action) { return action->objectName() == name; });
+        if (found == actions.cend())
+            return;
+        (*found)->disconnect(this);
+        connect(*found, &QAction::triggered, this, [this, command] { guarded(this, [&] { run(command); }); });
+    };
+    takeOver(QLatin1String("edit-copy"), ClipboardCommand::Copy);
+    takeOver(QLatin1String("edit-cut"), ClipboardCommand::Cut);
+    takeOver(QLatin1String("edit-paste"), ClipboardCommand::Paste);
+}
+
+void TextBox::dropEvent(QDropEvent *event)
+{
+    if (m_clipboard != Clipboard::WholeText) {
+        QLineEdit::dropEvent(event);
+        return;
+    }
+    guarded(this, [&] { pasteWhole(event->mimeData()->text()); });
+    event->acceptProposedAction();
+}
+
+void TextBox::paintEvent(QPaintEvent *event)
+{
+    QLineEdit::paintEvent(event);
+    if (m_border == BorderStyleType::FixedSingle && m_appearance == AppearanceType::Flat) {
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Dark));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+} // namespace kor

@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "constituents/fieldcolors.h"
+
+#include <KorDaoUC/enumerations.h>
+
+#include <QtWidgets/QLineEdit>
+
+class QMenu;
+
+namespace kor {
+
+//! The one-line text box of the controls: the toolkit's line edit with the classic order of events.
+//!
+//! A press raises KeyDown, then KeyPress for a character, and only then acts, with the codes as the handlers left
+//! them: 0 swallows, another code acts as that key or character. What was swallowed is not offered to the form.
+class TextBox final : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    //! Who answers copy, cut and paste, by key, context menu, drop or the middle button.
+    enum class Clipboard {
+        Toolkit,   //!< the line edit, on the selection
+        WholeText, //!< copy takes the selection; cut takes it and empties the field; paste replaces the whole text
+    };
+
+    explicit TextBox(QWidget *parent);
+
+    //! Sets the text as a program does: the caret goes to 0, nothing is selected, Change is raised if it changed.
+    void setProgramText(const QString &text);
+    //! The same with the caret kept where it is, as far as the new text reaches.
+    void setTextKeepingCaret(const QString &text);
+
+    [[nodiscard]] int SelStart() const;
+    void setSelStart(int start);
+    [[nodiscard]] int SelLength() const { return static_cast<int>(selectedText().size()); }
+    void setSelLength(int length);
+    [[nodiscard]] int TextLength() const { return static_cast<int>(text().size()); }
+
+    //! The most characters the user can type; 0 is no limit. A program's text is never cut.
+    [[nodiscard]] int MaxLength() const { return m_maxLength; }
+    void setMaxLength(int length);
+    [[nodiscard]] bool Locked() const { return isReadOnly(); }
+    void setLocked(bool locked) { setReadOnly(locked); }
+    [[nodiscard]] BorderStyleType BorderStyle() const { return m_border; }
+    void setBorderStyle(BorderStyleType style);
+    [[nodiscard]] AppearanceType Appearance() const { return m_appearance; }
+    void setAppearance(AppearanceType appearance);
+    [[nodiscard]] AlignmentType Alignment() const;
+    void setAlignment(AlignmentType alignment);
+    [[nodiscard]] int WhatsThisHelpID() const { return m_whatsThisHelpID; }
+    void setWhatsThisHelpID(int id) { m_whatsThisHelpID = id; }
+
+    void setClipboard(Clipboard clipboard) { m_clipboard = clipboard; }
+
+Q_SIGNALS:
+    void Change();
+    void KeyDown(int &KeyCode, int &Shift);
+    void KeyPress(int &KeyAscii);
+    void KeyUp(int &KeyCode, int &Shift);
+    void MouseDown(int &Button, int &Shift, float &X, float &Y);
+    void MouseMove(int &Button, int &Shift, float &X, float &Y);
+    void MouseUp(int &Button, int &Shift, float &X, float &Y);
+    void Click();
+    void DblClick();
+    //! The user has pasted over the whole text.
+    void Pasted();
+
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    enum class ClipboardCommand { None, Copy, Cut, Paste };
+    enum class Press { None, Single, Double };
+
+    [[nodiscard]] static ClipboardCommand clipboardCommand(int keyCode, int shift);
+    void press(QKeyEvent *event);
+    void actAs(int keyCode, int shift, QKeyEvent *event);
+    //! Raises KeyPress for the character and types what the handlers make of it. False when it was swallowed.
+    bool offerCharacter(int keyAscii);
+    void type(int keyAscii);
+    void run(ClipboardCommand command);
+    void pasteWhole(const QString &text);
+    void takeOverClipboardActions(QMenu *menu);
+    void updateFrame();
+
+    Clipboard m_clipboard = Clipboard::Toolkit;
+    BorderStyleType m_border = BorderStyleType::FixedSingle;
+    AppearanceType m_appearance = AppearanceType::A3D;
+    int m_maxLength = 0;
+    int m_whatsThisHelpID = 0;
+    Press m_press = Press::None;
+};
+
+} // namespace kor

@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <KorDaoUC/convert.h>
+#include <KorDaoUC/propertybag.h>
+#include <KorDaoUC/runtimeerror.h>
+#include <KorDaoUC/variant.h>
+
+#include <QtCore/QVariant>
+
+#include <algorithm>
+#include <functional>
+#include <initializer_list>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace kor {
+
+//! Turns a saved value into the type that a setter takes, by the run-time's conversions: error 13 for what is none.
+template <class Value>
+[[nodiscard]] Value settingAs(const QVariant &saved)
+{
+    if constexpr (std::is_same_v<Value, QVariant>)
+        return saved;
+    else if constexpr (std::is_enum_v<Value>)
+        return static_cast<Value>(CLng(saved));
+    else if constexpr (std::is_same_v<Value, bool>)
+        return CBool(saved);
+    else if constexpr (std::is_same_v<Value, int>)
+        return CLng(saved);
+    else if constexpr (std::is_same_v<Value, short>)
+        return CInt(saved);
+    else if constexpr (std::is_same_v<Value, float>)
+        return CSng(saved);
+    else if constexpr (std::is_same_v<Value, QString>)
+        return CStr(saved);
+    else {
+        if (!saved.canConvert<Value>())
+            throw RunTimeError(ErrorNumber::TypeMismatch);
+        return saved.value<Value>();
+    }
+}
+
+//! Wraps what a getter gives as the saved form holds it: an enumeration is an Integer there.
+template <class Value>
+[[nodiscard]] QVariant settingOf(const Value &value)
+{
+    if constexpr (std::is_same_v<Value, QVariant>)
+        return value;
+    else if constexpr (std::is_enum_v<Value>)
+        return QVariant::fromValue(static_cast<short>(value));
+    else
+        return QVariant::fromValue(value);
+}
+
+//! Whether a row of a settings table is written, read, or both.
+enum class SettingUse { ReadAndWrite, ReadOnly, WriteOnly };
+
+//! The saved settings of one control: a row for each key, in file order. Writing and reading both walk the table, so
+//! they can't drift apart. A repeated key is a repeated row.
+template <class Control>
+class SettingsTable
+{
+public:
+    struct Row {
+        //! A setting with a constant default.
+        template <class Getter, class Setter>
+        Row(const char *key, Getter getter, Setter setter, QVariant defaultValue,
+            SettingUse use = SettingUse::ReadAndWrite)
+            : key(QString::fromLatin1(key)), use(use), defaultOf([defaultValue](const Control &) { return defaultValue; }),
+              read([getter](const Control &control) { return settingOf(std::invoke(getter, control)); }),
+              apply([setter](Control &control, const QVariant &value) { assign(control, setter, value); })
+        {
+        }
+
+        //! A setting whose default is asked of the control, as the ambient font is.
+        template <class Getter, class Setter>
+        Row(const char *key, Getter getter, Setter setter, std::function<QVariant(const Control &)> defaultOf)
+            : key(QString::fromLatin1(key)), defaultOf(std::move(defaultOf)),
+              read([getter](const Control &control) { return settingOf(std::invoke(getter, control)); }),
+              apply([setter](Control &control, const QVariant &value) { assign(control, setter, value); })
+        {
+        }
+
+        //! Something that happens between two settings while they are read.
+        static Row whileReading(std::function<void(Control &)> step)
+        {
+            Row row;
+            row.step = std::move(step);
+            return row;
+        }
+
+        QString key;
+        SettingUse use = SettingUse::ReadAndWrite;
+        std::function<QVariant(const Control &)> defaultOf;
+        std::function<QVariant(const Control &)> read;
+        std::function<void(Control &, const QVariant &)> apply;
+        std::function<void(Control &)> step;
+
+    private:
+        Row() = default;
+
+        template <class Object, class Argument, class Result>
+        static void assign(Control &control, Result (Object::*setter)(Argument), const QVariant &value)
+        {
+            (control.*setter)(settingAs<std::remove_cvref_t<Argument>>(value));
+        }
+        template <class Function>
+        static void assign(Control &control, const Function &setter, const QVariant &value)
+            requires std::is_invocable_v<Function, Control &, const QVariant &>
+        {
+            setter(control, value);
+        }
+    };
+
+    SettingsTable(std::initializer_list<Row> rows) : m_rows(rows) {}
+
+    void write(const Control &control, PropertyBag &bag) const
+    {
+        for (const Row &row : m_rows) {
+            if (!row.step && row.use != SettingUse::ReadOnly)
+                bag.WriteProperty(row.key, row.read(control), row.defaultOf(control));
+        }
+    }
+
+    void read(Control &control, const PropertyBag &bag) const
+    {
+        for (const Row &row : m_rows) {
+            if (row.step)
+                row.step(control);
+            else if (row.use != SettingUse::WriteOnly)
+                row.apply(control, bag.ReadProperty(row.key, row.defaultOf(control)));
+        }
+    }
+
+private:
+    std::vector<Row> m_rows;
+};
+
+} // namespace kor

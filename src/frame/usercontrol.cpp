@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include <KorDaoUC/usercontrol.h>
+
+#include "constituents/errorguard.h"
+#include "constituents/fieldcolors.h"
+
+#include <QtCore/QEvent>
+#include <QtCore/QPointer>
+#include <QtWidgets/QApplication>
+
+namespace kor {
+
+namespace {
+constexpr char userModeName[] = "UserMode";
+}
+
+class UserControl::Private
+{
+public:
+    QPointer<QWidget> main;
+    FieldColors colors;
+};
+
+UserControl::UserControl(QWidget *parent) : QWidget(parent), d(std::make_unique<Private>()) {}
+
+UserControl::~UserControl() = default;
+
+void UserControl::setMainConstituent(QWidget *constituent)
+{
+    d->main = constituent;
+    setFocusProxy(constituent);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+QWidget *UserControl::mainConstituent() const { return d->main; }
+
+OLE_COLOR UserControl::BackColor() const { return d->colors.back; }
+
+void UserControl::setBackColor(OLE_COLOR color)
+{
+    d->colors.back = color;
+    d->colors.applyTo(d->main);
+    propertyChanged("BackColor");
+}
+
+OLE_COLOR UserControl::ForeColor() const { return d->colors.fore; }
+
+void UserControl::setForeColor(OLE_COLOR color)
+{
+    d->colors.fore = color;
+    d->colors.applyTo(d->main);
+    propertyChanged("ForeColor");
+}
+
+bool UserControl::Enabled() const { return isEnabledTo(parentWidget()); }
+
+void UserControl::setEnabled(bool enabled)
+{
+    QWidget::setEnabled(enabled);
+    propertyChanged("Enabled");
+}
+
+QFont UserControl::Font() const { return d->main->font(); }
+
+void UserControl::setFont(const QFont &font)
+{
+    d->main->setFont(font);
+    propertyChanged("Font");
+}
+
+void UserControl::useAmbientFont() { d->main->setFont(QFont()); }
+
+void UserControl::Refresh() { update(); }
+
+bool UserControl::UserMode() const
+{
+    for (const QWidget *place = this; place; place = place->parentWidget()) {
+        if (const QVariant mode = place->property(userModeName); mode.isValid())
+            return mode.value<bool>();
+    }
+    return true;
+}
+
+void UserControl::setUserMode(QWidget *form, bool userMode) { form->setProperty(userModeName, userMode); }
+
+QFont UserControl::ambientFont() const { return parentWidget() ? parentWidget()->font() : QApplication::font(this); }
+
+QSize UserControl::sizeHint() const { return d->main ? d->main->sizeHint() : QWidget::sizeHint(); }
+
+QSize UserControl::minimumSizeHint() const { return d->main ? d->main->minimumSizeHint() : QWidget::minimumSizeHint(); }
+
+void UserControl::propertyChanged(const char *name) { Q_EMIT PropertyChanged(QString::fromLatin1(name)); }
+
+void UserControl::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    // System colours are those of the theme, and the theme has changed.
+    if (event->type() == QEvent::PaletteChange && d->main)
+        d->colors.applyTo(d->main);
+}
+
+void UserControl::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    guarded(this, [this] { layoutConstituents(); });
+}
+
+void UserControl::layoutConstituents()
+{
+    if (d->main)
+        d->main->setGeometry(rect());
+}
+
+} // namespace kor

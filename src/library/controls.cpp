@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include <KorDaoUC/controlregistry.h>
+#include <KorDaoUC/kornumber.h>
+
+namespace kor {
+
+namespace {
+
+template <class Control>
+void add(const char *name)
+{
+    ControlRegistry::add(QString::fromLatin1(name), [](QWidget *parent) { return new Control(parent); });
+}
+
+//! The controls of the library, in its order.
+const bool controlsAdded = [] {
+    add<KorNumber>("KorNumber");
+    return true;
+}();
+
+} // namespace
+
+} // namespace kor

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <KorDaoUC/locale.h>
+
+#include <QtCore/QString>
+
+#include <functional>
+
+namespace kor {
+
+//! The signs of one country that the numeric field reads and writes.
+struct NumberSigns {
+    QChar decimalSeparator = u'.';
+    QChar thousandsSeparator = u',';
+    QString percentSymbol;
+    QString currencyText; //!< what stands behind a plain amount, such as " zł"
+    Locale locale;
+
+    [[nodiscard]] static NumberSigns of(const Locale &locale);
+};
+
+//! The bare number in a shown text, with "." as its decimal point: grouping, percent sign and currency removed.
+[[nodiscard]] QString toRawText(const QString &shown, const NumberSigns &signs);
+//! The bare number as it is edited: with the locale's separator.
+[[nodiscard]] QString toEditText(const QString &shown, const NumberSigns &signs);
+//! The number in a text written through the mask. A "#" fill stays as it is; what is no number gives "".
+[[nodiscard]] QString formatForDisplay(const QString &text, const QString &mask, const NumberSigns &signs);
+
+//! Whether a text fits the field. Given to the rules, because measuring needs a font.
+using FitTest = std::function<bool(const QString &)>;
+
+//! The text as a run of "#" that fits: digits and letters A to P become "#", then the front is cut.
+[[nodiscard]] QString hashFill(QString text, const FitTest &fits);
+//! Whether a text is such a fill: the number is not in it.
+[[nodiscard]] inline bool isHashFill(const QString &text) { return text.contains(u'#'); }
+
+//! A field while it is typed into.
+struct Entry {
+    QString text;
+    int selStart = 0;
+    int selLength = 0;
+
+    [[nodiscard]] bool isWhollySelected() const { return selLength == text.size(); }
+    bool operator==(const Entry &) const = default;
+};
+
+//! What one field allows.
+struct TypingRules {
+    const NumberSigns &signs;
+    const QString &mask;
+    int maxLength = 0; //!< 0 is no limit
+    FitTest fits;
+};
+
+//! One key on its way through the filter.
+struct Keystroke {
+    int keyAscii = 0; //!< 0: swallowed
+    Entry entry;      //!< the caret as the filter has moved it
+    bool beeps = false;
+};
+
+//! Judges one typed character, raising KeyPress where the host has its say; a code that the host changes carries on.
+//! KeyPress is raised twice for a separator or a minus that replaces a fully selected text.
+[[nodiscard]] Keystroke judgeKey(Keystroke key, const TypingRules &rules, const std::function<void(int &)> &raiseKeyPress);
+
+//! Whether the release of a key is passed on to the host: Backspace, Delete, Insert and the digits.
+[[nodiscard]] bool isKeyUpForwarded(int keyCode);
+
+} // namespace kor
