@@ -33,20 +33,23 @@ target_compile_options(kor_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow 
 # in the eyes of tools/check-layers.
 function(kor_library layer)
     cmake_parse_arguments(ARG "" "" "RULES;SOURCES;PUBLIC_HEADERS;LINK" ${ARGN})
+    # moc must see the classes of the public headers, which live away from their sources
+    list(TRANSFORM ARG_PUBLIC_HEADERS PREPEND ${PROJECT_SOURCE_DIR}/include/KorDaoUC/)
     if(ARG_RULES)
         add_library(kor_${layer}_rules OBJECT ${ARG_RULES})
         target_include_directories(kor_${layer}_rules PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)
         target_compile_definitions(kor_${layer}_rules PRIVATE KORDAOUC_BUILDING)
         target_link_libraries(kor_${layer}_rules PUBLIC KorDaoUCRuntime Qt6::Core PRIVATE kor_warnings ${ARG_LINK})
         set_property(GLOBAL APPEND PROPERTY KOR_OBJECT_LIBRARIES kor_${layer}_rules)
+        if(NOT ARG_SOURCES) # a layer without widgets has all its classes here
+            target_sources(kor_${layer}_rules PRIVATE ${ARG_PUBLIC_HEADERS})
+        endif()
     endif()
     if(ARG_SOURCES AND KORDAOUC_GUI)
         add_library(kor_${layer} OBJECT ${ARG_SOURCES})
         target_include_directories(kor_${layer} PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)
         target_compile_definitions(kor_${layer} PRIVATE KORDAOUC_BUILDING)
         target_link_libraries(kor_${layer} PUBLIC KorDaoUCRuntime Qt6::Widgets PRIVATE kor_warnings ${ARG_LINK})
-        # moc must see the classes of the public headers, which live away from their sources
-        list(TRANSFORM ARG_PUBLIC_HEADERS PREPEND ${PROJECT_SOURCE_DIR}/include/KorDaoUC/)
         target_sources(kor_${layer} PRIVATE ${ARG_PUBLIC_HEADERS})
         set_property(GLOBAL APPEND PROPERTY KOR_OBJECT_LIBRARIES kor_${layer})
     endif()

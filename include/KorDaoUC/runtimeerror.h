@@ -24,7 +24,10 @@ enum class ErrorNumber : int {
     SetNotPermitted = 387,
     InvalidUseOfNull = 94,
     PropertyOrMethodNotFound = 438,
+    NoCurrentRecord = 3021,
     DatabaseFailed = 3146,
+    ItemNotFoundInCollection = 3265,
+    ObjectNoLongerSet = 3420,
 };
 
 //! Misuse by the program, or a failure below a control that reaches the program.

@@ -20,7 +20,10 @@ QString classicText(ErrorNumber number)
     case ErrorNumber::SetNotSupportedAtRunTime: return QStringLiteral("Set not supported at run time");
     case ErrorNumber::SetNotPermitted: return QStringLiteral("Set not permitted");
     case ErrorNumber::PropertyOrMethodNotFound: return QStringLiteral("Object doesn't support this property or method");
+    case ErrorNumber::NoCurrentRecord: return QStringLiteral("No current record");
     case ErrorNumber::DatabaseFailed: return QStringLiteral("Database call failed");
+    case ErrorNumber::ItemNotFoundInCollection: return QStringLiteral("Item not found in this collection");
+    case ErrorNumber::ObjectNoLongerSet: return QStringLiteral("Object invalid or no longer set");
     }
     return QStringLiteral("Application-defined or object-defined error");
 }
