@@ -9,8 +9,7 @@
 
 #include <memory>
 
-namespace kor
-{
+namespace kor {
 
 //! The kinds of recordset that programs ask for. The controls read forward only.
 enum RecordsetType : int { OpenForwardOnly = 8 };

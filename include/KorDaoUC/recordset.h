@@ -7,8 +7,7 @@
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
-namespace kor
-{
+namespace kor {
 
 class Recordset;
 

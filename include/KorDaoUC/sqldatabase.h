@@ -8,13 +8,14 @@ QT_BEGIN_NAMESPACE
 class QSqlDatabase;
 QT_END_NAMESPACE
 
-namespace kor
-{
+namespace kor {
 
 //! A Database over an open connection of the toolkit: SQLite, PostgreSQL, ODBC or any other driver.
 //!
 //! The connection stays the host's: it is neither opened nor closed here, and the host may close or remove it at any
 //! time. Recordsets that are open then, and those asked for later, raise error 3146. Use it in the connection's thread.
+//! Several recordsets may be open at once where the driver can do it (SQLite); a driver that streams one statement at a
+//! time (PostgreSQL) drops the older one, whose next step is error 3146.
 //!
 //! A source whose first word is not one that begins a statement is taken for the name of a table or view, blanks and
 //! national letters included ("Order Details"); it is quoted as the driver quotes.

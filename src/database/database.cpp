@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <KorDaoUC/database.h>
 
-namespace kor
-{
+namespace kor {
 
 Recordset::~Recordset() = default;
 

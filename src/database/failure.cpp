@@ -6,8 +6,7 @@
 
 #include <QtSql/QSqlError>
 
-namespace kor
-{
+namespace kor {
 
 RunTimeError databaseFailure(const QString &driverText, DatabaseTask task, const QString &statement)
 {

@@ -10,8 +10,7 @@ QT_BEGIN_NAMESPACE
 class QSqlError;
 QT_END_NAMESPACE
 
-namespace kor
-{
+namespace kor {
 
 enum class DatabaseTask { Open, Read };
 

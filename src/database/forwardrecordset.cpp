@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "database/forwardrecordset.h"
 
-namespace kor
-{
+namespace kor {
 
 void ForwardRecordset::begin(int fieldCount)
 {

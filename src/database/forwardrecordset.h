@@ -6,8 +6,7 @@
 
 #include <KorDaoUC/recordset.h>
 
-namespace kor
-{
+namespace kor {
 
 //! The walk that every forward-only recordset shares: where it stands and what may be asked there. The classes below
 //! it only know how to fetch a row and to look into it.

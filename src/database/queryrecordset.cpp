@@ -12,11 +12,9 @@
 #include <QtSql/QSqlQuery>
 #include <QtSql/QSqlRecord>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 class QueryRecordset final : public ForwardRecordset
 {

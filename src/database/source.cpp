@@ -5,11 +5,9 @@
 #include <algorithm>
 #include <array>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 constexpr qsizetype excerptLength = 80;
 

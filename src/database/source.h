@@ -7,8 +7,7 @@
 
 #include <optional>
 
-namespace kor
-{
+namespace kor {
 
 //! Whether a recordset's source is the bare name of a table rather than a statement.
 [[nodiscard]] bool isTableName(QStringView source);

@@ -13,8 +13,7 @@
 
 #include <optional>
 
-namespace kor
-{
+namespace kor {
 
 // Holds the connection's driver, not the connection: a copy of the connection would count as a user of it and keep the
 // host from removing it, and its name may be given to another one later.
@@ -59,6 +58,9 @@ std::unique_ptr<Recordset> SqlDatabase::OpenRecordset(const QString &source, int
     }
     if (!d->driver || !d->driver->isOpen()) {
         throw connectionLost(DatabaseTask::Open, source);
+    }
+    if (source.trimmed().isEmpty()) {
+        throw databaseFailure(QStringLiteral("The source is empty"), DatabaseTask::Open, source);
     }
     if (!d->stepsSqliteItself) {
         d->stepsSqliteItself = sharesSqlite(*d->driver);

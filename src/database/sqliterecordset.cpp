@@ -15,11 +15,9 @@
 #include <limits>
 #include <sqlite3.h>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 //! The pointer that the toolkit wraps under a type name; null when it wraps another type or nothing.
 template <typename Handle>
@@ -74,10 +72,8 @@ private:
     {
         sqlite3_stmt *const statementHandle = row();
         switch (sqlite3_step(statementHandle)) {
-        case SQLITE_ROW:
-            return true;
-        case SQLITE_DONE:
-            return false;
+        case SQLITE_ROW: return true;
+        case SQLITE_DONE: return false;
         default:
             const char *const text = sqlite3_errmsg(sqlite3_db_handle(statementHandle));
             throw databaseFailure(QString::fromUtf8(text), DatabaseTask::Read, statement());
@@ -88,16 +84,11 @@ private:
     {
         sqlite3_stmt *const values = row();
         switch (sqlite3_column_type(values, index)) {
-        case SQLITE_INTEGER:
-            return integerValue(sqlite3_column_int64(values, index));
-        case SQLITE_FLOAT:
-            return sqlite3_column_double(values, index);
-        case SQLITE_TEXT:
-            return textOf(values, index);
-        case SQLITE_BLOB:
-            return normalized(blobOf(values, index));
-        default:
-            return null();
+        case SQLITE_INTEGER: return integerValue(sqlite3_column_int64(values, index));
+        case SQLITE_FLOAT: return sqlite3_column_double(values, index);
+        case SQLITE_TEXT: return textOf(values, index);
+        case SQLITE_BLOB: return normalized(blobOf(values, index));
+        default: return null();
         }
     }
 

@@ -10,8 +10,7 @@ QT_BEGIN_NAMESPACE
 class QSqlDriver;
 QT_END_NAMESPACE
 
-namespace kor
-{
+namespace kor {
 
 class Recordset;
 
