@@ -13,6 +13,7 @@
 
 namespace kor {
 
+class FocusClient;
 class PropertyBag;
 class RunTimeError;
 
@@ -60,8 +61,10 @@ public:
     [[nodiscard]] Q_INVOKABLE bool UserMode() const;
     //! Tells all controls on a form whether they are run or designed. Forms are run unless told otherwise.
     static void setUserMode(QWidget *form, bool userMode);
-    //! The font of the form around the control.
+    //! The font of the form around the control, and whether the control shows it.
+    [[nodiscard]] bool usesAmbientFont() const;
     [[nodiscard]] QFont ambientFont() const;
+    void useAmbientFont();
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -79,10 +82,10 @@ protected:
     //! Names the constituent whose look is the control's: it takes colours and font, and the control's focus.
     void setMainConstituent(QWidget *constituent);
     [[nodiscard]] QWidget *mainConstituent() const;
+    //! Names who hears of the focus; part of the control, and gone with it.
+    void setFocusClient(FocusClient *client);
     //! Reports a Let to the host; the name is the property's own.
     void propertyChanged(const char *name);
-    //! Brings the font back to the ambient one.
-    void useAmbientFont();
 
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;

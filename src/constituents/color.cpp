@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include <KorDaoUC/color.h>
-
 #include "constituents/fieldcolors.h"
+
+#include <KorDaoUC/color.h>
 
 #include <QtGui/QColor>
 #include <QtGui/QPalette>

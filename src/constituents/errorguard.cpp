@@ -6,6 +6,7 @@
 
 #include <KorDaoUC/errorhandler.h>
 
+#include <QtCore/QMetaMethod>
 #include <QtCore/QObject>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
@@ -37,11 +38,18 @@ void setUnhandledErrorHandler(Handler handler) { handlerInUse() = std::move(hand
 void reportError(QObject *source, const RunTimeError &error)
 {
     for (QObject *place = source; place; place = place->parent()) {
-        if (auto *sink = dynamic_cast<ErrorSink *>(place)) {
-            if (sink->offerError(error))
-                return;
-            break;
-        }
+        const QMetaObject *type = place->metaObject();
+        const int event = type->indexOfSignal("Error(int&,QString&,bool&)");
+        if (event < 0)
+            continue;
+        int number = error.number();
+        QString description = error.description();
+        bool handled = false;
+        type->method(event).invoke(place, Qt::DirectConnection, Q_ARG(int &, number), Q_ARG(QString &, description),
+                                   Q_ARG(bool &, handled));
+        if (handled)
+            return;
+        break;
     }
     if (const Handler handler = handlerInUse())
         handler(source, error);

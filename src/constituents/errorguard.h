@@ -10,16 +10,8 @@ class QObject;
 
 namespace kor {
 
-//! A control, as the place where errors of the parts inside it end up.
-class ErrorSink
-{
-public:
-    virtual ~ErrorSink() = default;
-    //! True when the host has dealt with the error.
-    virtual bool offerError(const RunTimeError &error) = 0;
-};
-
-//! Hands the error to the nearest control around the source, and to the unhandled-error handler if nobody takes it.
+//! Raises the Error event of the nearest control around the source; the unhandled-error handler gets what no handler of
+//! that event took.
 void reportError(QObject *source, const RunTimeError &error);
 
 //! Runs what the event loop calls. Nothing may be thrown through the event loop, so every event handler, timer and

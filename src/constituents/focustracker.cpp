@@ -14,19 +14,6 @@ namespace kor {
 
 namespace {
 
-FocusClient *clientOf(QWidget *widget) { return dynamic_cast<FocusClient *>(widget); }
-
-//! The controls around a widget, innermost first.
-std::vector<QPointer<QWidget>> clientsAround(QWidget *widget)
-{
-    std::vector<QPointer<QWidget>> clients;
-    for (QWidget *place = widget; place; place = place->isWindow() ? nullptr : place->parentWidget()) {
-        if (clientOf(place))
-            clients.emplace_back(place);
-    }
-    return clients;
-}
-
 bool holds(const QWidget *control, const QWidget *widget)
 {
     return widget && (control == widget || control->isAncestorOf(widget));
@@ -50,6 +37,20 @@ FocusTracker::FocusTracker()
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { focusChanged(now); });
     if (QWidget *now = QApplication::focusWidget())
         remember(now->window(), now);
+}
+
+void FocusTracker::addClient(QWidget *control, FocusClient *client) { m_clients.insert(control, client); }
+void FocusTracker::removeClient(QWidget *control) { m_clients.remove(control); }
+
+//! The controls around a widget, innermost first.
+std::vector<QPointer<QWidget>> FocusTracker::clientsAround(QWidget *widget) const
+{
+    std::vector<QPointer<QWidget>> clients;
+    for (QWidget *place = widget; place; place = place->isWindow() ? nullptr : place->parentWidget()) {
+        if (m_clients.contains(place))
+            clients.emplace_back(place);
+    }
+    return clients;
 }
 
 QWidget *FocusTracker::focusIn(const QWidget *window) const
@@ -87,7 +88,8 @@ void FocusTracker::schedule(Move move)
         return;
     }
     m_moves.push_back(std::move(move));
-    QMetaObject::invokeMethod(this, [this] { settle(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { settle(); }, Qt::QueuedConnection);
 }
 
 bool FocusTracker::settle()

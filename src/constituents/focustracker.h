@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QtCore/QHash>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtCore/QString>
@@ -49,6 +50,10 @@ class FocusTracker : public QObject
 public:
     static FocusTracker &instance();
 
+    //! From now on the control's focus is told to the client, which must live as long as the control is registered.
+    void addClient(QWidget *control, FocusClient *client);
+    void removeClient(QWidget *control);
+
     //! Handles the moves that wait, at once. False when that took the focus elsewhere, as a message does that sends
     //! the user back: the key or click at hand was not meant for the place where the focus is now.
     bool settle();
@@ -63,6 +68,8 @@ private:
     };
 
     FocusTracker();
+    [[nodiscard]] FocusClient *clientOf(QWidget *control) const { return m_clients.value(control); }
+    [[nodiscard]] std::vector<QPointer<QWidget>> clientsAround(QWidget *widget) const;
     void focusChanged(QWidget *now);
     void schedule(Move move);
     void handleNext();
@@ -72,6 +79,7 @@ private:
     [[nodiscard]] QWidget *focusIn(const QWidget *window) const;
     void remember(QWidget *window, QWidget *box);
 
+    QHash<QWidget *, FocusClient *> m_clients;
     std::vector<std::pair<QPointer<QWidget>, QPointer<QWidget>>> m_focus; // window, its last focused widget
     std::deque<Move> m_moves;
     enum class State { Idle, Handling, PuttingBack } m_state = State::Idle;

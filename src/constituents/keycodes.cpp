@@ -73,9 +73,10 @@ int characterCode(char16_t character)
     if (upper >= u'A' && upper <= u'Z')
         return upper;
     // The keypad's codes come after the main keyboard's for the same character; the main keyboard's is meant here.
-    const auto found = std::find_if(characterKeys.crbegin(), characterKeys.crend(), [character](const CharacterKey &key) {
-        return (key.plain == character || key.shifted == character) && (key.code < 106 || key.code > 111);
-    });
+    const auto found =
+        std::find_if(characterKeys.crbegin(), characterKeys.crend(), [character](const CharacterKey &key) {
+            return (key.plain == character || key.shifted == character) && (key.code < 106 || key.code > 111);
+        });
     return found != characterKeys.crend() ? found->code : 0;
 }
 
@@ -111,9 +112,9 @@ int keyCode(const QKeyEvent &event)
 
 int shiftState(Qt::KeyboardModifiers modifiers)
 {
-    return (modifiers.testFlag(Qt::ShiftModifier) ? ShiftState::Shift : 0)
-           | (modifiers.testFlag(Qt::ControlModifier) ? ShiftState::Ctrl : 0)
-           | (modifiers.testFlag(Qt::AltModifier) ? ShiftState::Alt : 0);
+    return (modifiers.testFlag(Qt::ShiftModifier) ? ShiftState::Shift : 0) |
+           (modifiers.testFlag(Qt::ControlModifier) ? ShiftState::Ctrl : 0) |
+           (modifiers.testFlag(Qt::AltModifier) ? ShiftState::Alt : 0);
 }
 
 Qt::KeyboardModifiers modifiersOf(int shiftState)
@@ -173,8 +174,8 @@ int keyAscii(const QKeyEvent &event)
 
 int mouseButtons(Qt::MouseButtons buttons)
 {
-    return (buttons.testFlag(Qt::LeftButton) ? 1 : 0) | (buttons.testFlag(Qt::RightButton) ? 2 : 0)
-           | (buttons.testFlag(Qt::MiddleButton) ? 4 : 0);
+    return (buttons.testFlag(Qt::LeftButton) ? 1 : 0) | (buttons.testFlag(Qt::RightButton) ? 2 : 0) |
+           (buttons.testFlag(Qt::MiddleButton) ? 4 : 0);
 }
 
 } // namespace kor

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include <KorDaoUC/controlregistry.h>
-
 #include <KorDaoUC/usercontrol.h>
 
 #include <algorithm>

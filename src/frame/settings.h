@@ -8,6 +8,7 @@
 #include <KorDaoUC/variant.h>
 
 #include <QtCore/QVariant>
+#include <QtGui/QFont>
 
 #include <algorithm>
 #include <functional>
@@ -67,21 +68,21 @@ public:
     struct Row {
         //! A setting with a constant default.
         template <class Getter, class Setter>
-        Row(const char *key, Getter getter, Setter setter, QVariant defaultValue,
-            SettingUse use = SettingUse::ReadAndWrite)
-            : key(QString::fromLatin1(key)), use(use), defaultOf([defaultValue](const Control &) { return defaultValue; }),
+        Row(const char *name, Getter getter, Setter setter, const QVariant &defaultValue,
+            SettingUse rowUse = SettingUse::ReadAndWrite)
+            : key(QString::fromLatin1(name)), use(rowUse),
+              defaultOf([defaultValue](const Control &) { return defaultValue; }),
               read([getter](const Control &control) { return settingOf(std::invoke(getter, control)); }),
               apply([setter](Control &control, const QVariant &value) { assign(control, setter, value); })
         {
         }
 
-        //! A setting whose default is asked of the control, as the ambient font is.
-        template <class Getter, class Setter>
-        Row(const char *key, Getter getter, Setter setter, std::function<QVariant(const Control &)> defaultOf)
-            : key(QString::fromLatin1(key)), defaultOf(std::move(defaultOf)),
-              read([getter](const Control &control) { return settingOf(std::invoke(getter, control)); }),
-              apply([setter](Control &control, const QVariant &value) { assign(control, setter, value); })
+        //! The same setting with a default that is asked of the control, as the ambient font is.
+        Row withDefault(std::function<QVariant(const Control &)> asked) const
         {
+            Row row = *this;
+            row.defaultOf = std::move(asked);
+            return row;
         }
 
         //! Something that happens between two settings while they are read.
@@ -108,8 +109,8 @@ public:
             (control.*setter)(settingAs<std::remove_cvref_t<Argument>>(value));
         }
         template <class Function>
-        static void assign(Control &control, const Function &setter, const QVariant &value)
-            requires std::is_invocable_v<Function, Control &, const QVariant &>
+        static void assign(Control &control, const Function &setter,
+                           const QVariant &value) requires std::is_invocable_v<Function, Control &, const QVariant &>
         {
             setter(control, value);
         }
@@ -138,5 +139,26 @@ public:
 private:
     std::vector<Row> m_rows;
 };
+
+//! An Integer, as saved forms hold enumerations.
+[[nodiscard]] inline QVariant integer(short value) { return QVariant::fromValue(value); }
+
+//! The row of the font. Its default is the ambient font, and a control that shows it goes on following it.
+template <class Control>
+[[nodiscard]] typename SettingsTable<Control>::Row fontSetting()
+{
+    const auto read = [](const Control &control) {
+        return QVariant(control.usesAmbientFont() ? control.ambientFont() : control.Font());
+    };
+    const auto apply = [](Control &control, const QVariant &saved) {
+        const auto font = settingAs<QFont>(saved);
+        if (font == control.ambientFont())
+            control.useAmbientFont();
+        else
+            control.setFont(font);
+    };
+    return typename SettingsTable<Control>::Row("Font", read, apply, QVariant())
+        .withDefault([](const Control &control) { return QVariant(control.ambientFont()); });
+}
 
 } // namespace kor

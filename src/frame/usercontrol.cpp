@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include <KorDaoUC/usercontrol.h>
-
 #include "constituents/errorguard.h"
 #include "constituents/fieldcolors.h"
+#include "constituents/focustracker.h"
+
+#include <KorDaoUC/usercontrol.h>
 
 #include <QtCore/QEvent>
 #include <QtCore/QPointer>
@@ -24,7 +25,9 @@ public:
 
 UserControl::UserControl(QWidget *parent) : QWidget(parent), d(std::make_unique<Private>()) {}
 
-UserControl::~UserControl() = default;
+UserControl::~UserControl() { FocusTracker::instance().removeClient(this); }
+
+void UserControl::setFocusClient(FocusClient *client) { FocusTracker::instance().addClient(this, client); }
 
 void UserControl::setMainConstituent(QWidget *constituent)
 {
@@ -69,6 +72,7 @@ void UserControl::setFont(const QFont &font)
     propertyChanged("Font");
 }
 
+bool UserControl::usesAmbientFont() const { return !d->main->testAttribute(Qt::WA_SetFont); }
 void UserControl::useAmbientFont() { d->main->setFont(QFont()); }
 
 void UserControl::Refresh() { update(); }

@@ -5,6 +5,8 @@
 #include <KorDaoUC/convert.h>
 #include <KorDaoUC/format.h>
 #include <KorDaoUC/like.h>
+#include <KorDaoUC/runtimeerror.h>
+#include <KorDaoUC/variant.h>
 
 #include <algorithm>
 
@@ -65,18 +67,20 @@ enum class Width { Fits, AcceptedUnasked, Refused };
 
 NumberSigns NumberSigns::of(const Locale &locale)
 {
-    NumberSigns signs{locale.decimalSeparator, locale.groupSeparator, Format(1, u"Percent", locale).right(1),
-                      Format(1, u"Currency", locale).mid(4).remove(locale.groupSeparator), locale};
-    // Where the sign stands in front of the amount, the tail is made of the amount's own digits, and removing those
-    // would spoil every number.
-    const bool spoilsNumbers =
-        std::any_of(signs.currencyText.cbegin(), signs.currencyText.cend(),
-                    [&](QChar character) { return character.isDigit() || character == locale.decimalSeparator; });
-    if (spoilsNumbers) {
-        const QString form = locale.currencyPositive;
-        signs.currencyText = QString(form).replace(u'n', QString()).trimmed().isEmpty() ? QString() : locale.currencySymbol;
+    const QString amount = Format(1, u"Currency", locale);
+    const auto belongsToNumber = [&](QChar c) { return c.isDigit() || c == locale.decimalSeparator; };
+    QString currencyText = amount.mid(4);
+    if (std::any_of(currencyText.cbegin(), currencyText.cend(), belongsToNumber)) {
+        // The sign stands in front, and behind four characters there are digits of the amount itself; removing those
+        // would spoil every number.
+        const auto first = std::find_if(amount.cbegin(), amount.cend(), belongsToNumber);
+        const auto last = std::find_if(amount.crbegin(), amount.crend(), belongsToNumber).base();
+        currencyText = QString(amount.cbegin(), static_cast<int>(first - amount.cbegin())) +
+                       QString(last, static_cast<int>(amount.cend() - last));
     }
-    return signs;
+    currencyText.remove(locale.groupSeparator);
+    return {locale.decimalSeparator, locale.groupSeparator, Format(1, u"Percent", locale).right(1), currencyText,
+            locale};
 }
 
 QString toRawText(const QString &shown, const NumberSigns &signs)
@@ -102,6 +106,74 @@ QString formatForDisplay(const QString &text, const QString &mask, const NumberS
     if (isHashFill(edited))
         return edited;
     return IsNumeric(edited, signs.locale) ? Format(edited, mask, signs.locale) : QString();
+}
+
+std::optional<double> numberGiven(const QVariant &given, const NumberSigns &signs)
+{
+    if (isNoNumber(given))
+        return std::nullopt;
+    const QVariant value = normalized(given);
+    switch (variantType(value)) {
+    case VariantType::Byte:
+    case VariantType::Integer:
+    case VariantType::Long:
+    case VariantType::Single:
+    case VariantType::Double:
+    case VariantType::Currency: return CDbl(value, signs.locale);
+    default: break;
+    }
+    const QString text = toEditText(CStr(value, signs.locale), signs);
+    return IsNumeric(text, signs.locale) ? std::optional(CDbl(text, signs.locale)) : std::nullopt;
+}
+
+bool isNoNumber(const QVariant &given)
+{
+    const QVariant value = normalized(given);
+    return isEmpty(value) || isNull(value) || isMissing(value) ||
+           (variantType(value) == VariantType::String && CStr(value).isEmpty());
+}
+
+namespace {
+
+[[nodiscard]] bool isGroupedByThree(const QString &text, QChar group)
+{
+    for (auto at = text.indexOf(group); at >= 0; at = text.indexOf(group, at + 1)) {
+        qsizetype digits = 0;
+        while (at + 1 + digits < text.size() && text.at(at + 1 + digits).isDigit())
+            ++digits;
+        if (digits != 3)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+float boundGiven(const QVariant &given, const NumberSigns &signs)
+{
+    const QVariant bound = normalized(given);
+    if (variantType(bound) == VariantType::String && !isGroupedByThree(CStr(bound).trimmed(), signs.thousandsSeparator))
+        throw RunTimeError(ErrorNumber::TypeMismatch);
+    return CSng(bound, signs.locale);
+}
+
+std::optional<float> NumberRange::bound(double number) const
+{
+    if (!isChecked)
+        return std::nullopt;
+    const auto single = static_cast<float>(number);
+    const float raised = single < min ? min : single;
+    if (raised > max)
+        return max;
+    return raised != single ? std::optional(raised) : std::nullopt;
+}
+
+bool NumberRange::isOutside(const QVariant &number) const
+{
+    if (!isChecked || isNull(number))
+        return false;
+    const auto single = static_cast<float>(CDbl(number));
+    return single < min || single > max;
 }
 
 QString hashFill(QString text, const FitTest &fits)

@@ -5,8 +5,10 @@
 #include <KorDaoUC/locale.h>
 
 #include <QtCore/QString>
+#include <QtCore/QVariant>
 
 #include <functional>
+#include <optional>
 
 namespace kor {
 
@@ -27,6 +29,28 @@ struct NumberSigns {
 [[nodiscard]] QString toEditText(const QString &shown, const NumberSigns &signs);
 //! The number in a text written through the mask. A "#" fill stays as it is; what is no number gives "".
 [[nodiscard]] QString formatForDisplay(const QString &text, const QString &mask, const NumberSigns &signs);
+
+//! The number that a program's value stands for; nothing for Null, a missing argument, "" and what is no number.
+[[nodiscard]] std::optional<double> numberGiven(const QVariant &given, const NumberSigns &signs);
+//! Whether a program's value says by itself that there is no number: Null, Empty, a missing argument or "".
+[[nodiscard]] bool isNoNumber(const QVariant &given);
+
+//! A bound as a program or a property page gives it, by the locale's rules. Error 13 for what is no number, and for a
+//! grouping character without three digits behind it, so that 0,5 is never read as 5; error 94 for Null.
+[[nodiscard]] float boundGiven(const QVariant &given, const NumberSigns &signs);
+
+//! The range of a field. Numbers are compared with the bounds in single precision, as the bounds are kept, so that 0,7
+//! lies inside a range that ends at 0,7.
+struct NumberRange {
+    bool isChecked = false;
+    float min = 0;
+    float max = 0;
+
+    //! The bound that stands in for a number outside the range.
+    [[nodiscard]] std::optional<float> bound(double number) const;
+    //! Whether a number lies outside a checked range. Null lies nowhere.
+    [[nodiscard]] bool isOutside(const QVariant &number) const;
+};
 
 //! Whether a text fits the field. Given to the rules, because measuring needs a font.
 using FitTest = std::function<bool(const QString &)>;
@@ -63,7 +87,8 @@ struct Keystroke {
 
 //! Judges one typed character, raising KeyPress where the host has its say; a code that the host changes carries on.
 //! KeyPress is raised twice for a separator or a minus that replaces a fully selected text.
-[[nodiscard]] Keystroke judgeKey(Keystroke key, const TypingRules &rules, const std::function<void(int &)> &raiseKeyPress);
+[[nodiscard]] Keystroke judgeKey(Keystroke key, const TypingRules &rules,
+                                 const std::function<void(int &)> &raiseKeyPress);
 
 //! Whether the release of a key is passed on to the host: Backspace, Delete, Insert and the digits.
 [[nodiscard]] bool isKeyUpForwarded(int keyCode);

@@ -33,7 +33,8 @@ QString classicText(ErrorNumber number)
 RunTimeError::RunTimeError(ErrorNumber number) : RunTimeError(number, classicText(number)) {}
 
 RunTimeError::RunTimeError(ErrorNumber number, const QString &description)
-    : m_number(static_cast<int>(number)), m_description(description),
+    : m_number(static_cast<int>(number)),
+      m_description(description),
       m_what(std::to_string(m_number) + ": " + description.toStdString())
 {
 }

@@ -1,0 +1,381 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/focustracker.h"
+#include "constituents/keycodes.h"
+#include "constituents/textbox.h"
+#include "constituents/textmeasure.h"
+#include "frame/settings.h"
+#include "number/numberrules.h"
+
+#include <KorDaoUC/beep.h>
+#include <KorDaoUC/convert.h>
+#include <KorDaoUC/format.h>
+#include <KorDaoUC/kornumber.h>
+#include <KorDaoUC/variant.h>
+
+#include <QtCore/QPointer>
+#include <QtCore/QScopedValueRollback>
+
+#include <optional>
+#include <utility>
+
+using namespace kor;
+
+class KorNumber::Private final : public FocusClient
+{
+public:
+    explicit Private(KorNumber *control) : q(control), box(new TextBox(control)) {}
+
+    void keyDown(int &code, int &shift);
+    void keyPress(int &ascii);
+    void keyUp(int &code, int &shift);
+    void textChanged();
+
+    void boxEntered(QWidget *, FocusEntry) override;
+    std::optional<Complaint> boxLeft(QWidget *) override;
+    void controlLeft() override;
+
+    [[nodiscard]] bool fits(const QString &text) const { return fitsWidth(*box, text, q->width()); }
+    [[nodiscard]] NumberRange range() const { return {checkRange, minValue, maxValue}; }
+    //! The number that the change of the text to this one stands for.
+    [[nodiscard]] QVariant valueOf(const QString &shown) const;
+    void showNumber(double number, const QString &text, std::optional<float> bound);
+
+    KorNumber *q;
+    TextBox *box;
+    NumberSigns signs = NumberSigns::of(Locale::systemDefault());
+    QString mask;
+    float maxValue = 0;
+    float minValue = 0;
+    bool checkRange = false;
+    bool blockChange = false;
+    bool dirty = false;
+    QVariant value = null();
+    QVariant type;                //!< saved for older forms; nobody reads it
+    std::optional<float> clamped; //!< the bound that is being shown in place of the number set
+
+    static const SettingsTable<KorNumber> settings;
+};
+
+const SettingsTable<KorNumber> KorNumber::Private::settings = {
+    {"BackColor", &KorNumber::BackColor, &KorNumber::setBackColor, WindowBackground},
+    {"ForeColor", &KorNumber::ForeColor, &KorNumber::setForeColor, WindowText},
+    {"Enabled", &KorNumber::Enabled, &KorNumber::setEnabled, true},
+    fontSetting<KorNumber>(),
+    {"Type", [](const KorNumber &c) { return c.d->type; }, [](KorNumber &c, const QVariant &v) { c.d->type = v; },
+     integer(0)},
+    {"Locked", &KorNumber::Locked, &KorNumber::setLocked, false},
+    {"Value", &KorNumber::Value, [](KorNumber &c, const QVariant &v) { c.d->value = v; }, null()},
+    {"Text", &KorNumber::Text, [](KorNumber &c, const QVariant &v) { c.d->box->setProgramText(CStr(v)); }, QString()},
+    {"MaxLength", &KorNumber::MaxLength, &KorNumber::setMaxLength, 0},
+    // Kept: saved forms hold the key twice
+    {"MaxLength", &KorNumber::MaxLength, &KorNumber::setMaxLength, 0, SettingUse::WriteOnly},
+    {"WhatsThisHelpID", &KorNumber::WhatsThisHelpID, &KorNumber::setWhatsThisHelpID, 0},
+    {"BorderStyle", &KorNumber::BorderStyle, &KorNumber::setBorderStyle, integer(1)},
+    {"Alignment", &KorNumber::Alignment, &KorNumber::setAlignment, integer(1)},
+    SettingsTable<KorNumber>::Row::whileReading([](KorNumber &c) { c.d->dirty = false; }),
+    {"MaskPicture", &KorNumber::MaskPicture, &KorNumber::setMaskPicture, QStringLiteral("#,##0.00")},
+    {"MaxValue", &KorNumber::MaxValue, &KorNumber::setMaxValue, 0.0F},
+    {"MinValue", &KorNumber::MinValue, &KorNumber::setMinValue, 0.0F},
+    {"CheckRange", &KorNumber::CheckRange, &KorNumber::setCheckRange, false},
+    {"Appearance", &KorNumber::Appearance, &KorNumber::setAppearance, integer(1)},
+    {"BlockChange", &KorNumber::BlockChange, &KorNumber::setBlockChange, false},
+    {"ToolTipText", &KorNumber::ToolTipText, &KorNumber::setToolTipText, QString()},
+};
+
+KorNumber::KorNumber(QWidget *parent) : UserControl(parent), d(std::make_unique<Private>(this))
+{
+    d->box->setObjectName(QStringLiteral("txtNumber"));
+    d->box->setClipboard(TextBox::Clipboard::WholeText);
+    d->box->setAlignment(AlignmentType::Right_Justify);
+    setMainConstituent(d->box);
+    setFocusClient(d.get());
+
+    connect(d->box, &TextBox::Change, this, [this] { d->textChanged(); });
+    connect(d->box, &TextBox::KeyDown, this, [this](int &code, int &shift) { d->keyDown(code, shift); });
+    connect(d->box, &TextBox::KeyPress, this, [this](int &ascii) { d->keyPress(ascii); });
+    connect(d->box, &TextBox::KeyUp, this, [this](int &code, int &shift) { d->keyUp(code, shift); });
+    connect(d->box, &TextBox::MouseDown, this, &KorNumber::MouseDown);
+    connect(d->box, &TextBox::MouseMove, this, &KorNumber::MouseMove);
+    connect(d->box, &TextBox::MouseUp, this, &KorNumber::MouseUp);
+    connect(d->box, &TextBox::Click, this, &KorNumber::Click);
+    connect(d->box, &TextBox::DblClick, this, &KorNumber::DblClick);
+    initProperties();
+}
+
+KorNumber::~KorNumber() = default;
+
+void KorNumber::initProperties()
+{
+    d->type = integer(0);
+    d->value = null();
+    d->mask = QStringLiteral("#,##0.00");
+    d->maxValue = 0;
+    d->minValue = 0;
+    d->checkRange = false;
+    d->blockChange = false;
+}
+
+void KorNumber::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
+void KorNumber::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+
+// --- value and text
+
+QVariant KorNumber::Value() const { return d->value; }
+
+void KorNumber::setValue(const QVariant &given)
+{
+    const QPointer<KorNumber> self = this;
+    if (const auto number = numberGiven(given, d->signs)) {
+        if (const auto bound = d->range().bound(*number))
+            d->showNumber(static_cast<double>(*bound), CStr(*bound, d->signs.locale), bound);
+        else
+            d->showNumber(*number, CStr(normalized(given), d->signs.locale), std::nullopt);
+    } else {
+        d->box->setProgramText(QString());
+        if (self && !isNoNumber(given))
+            d->value = null();
+    }
+    if (!self)
+        return;
+    d->dirty = true;
+    propertyChanged("Value");
+}
+
+void KorNumber::Private::showNumber(double number, const QString &text, std::optional<float> bound)
+{
+    const QVariant exact = bound ? QVariant(*bound) : QVariant(number);
+    QString shown = formatForDisplay(text, mask, signs);
+    if (!fits(shown))
+        shown = hashFill(shown, [this](const QString &candidate) { return fits(candidate); });
+    if (isHashFill(shown)) {
+        if (isNull(value) || value != exact) {
+            value = exact;
+            box->setProgramText(shown);
+        }
+        return;
+    }
+    value = exact;
+    const QScopedValueRollback showing(clamped, bound);
+    if (box->text() != shown)
+        box->setProgramText(shown); // textChanged() takes the number over as it is shown
+    else if (!blockChange)
+        value = valueOf(shown);
+}
+
+QVariant KorNumber::Private::valueOf(const QString &shown) const
+{
+    return clamped ? QVariant(*clamped) : QVariant(Val(toRawText(shown, signs)));
+}
+
+QString KorNumber::Text() const { return d->box->text(); }
+
+void KorNumber::setText(const QString &text)
+{
+    const QPointer<KorNumber> self = this;
+    const QString raw = toRawText(text, d->signs);
+    const Locale &locale = d->signs.locale;
+    if (IsNumeric(raw, locale) || IsNumeric(QString(raw).replace(u'.', d->signs.decimalSeparator), locale)) {
+        setValue(Val(raw));
+    } else {
+        setValue(null());
+        if (self)
+            Q_EMIT Change(); // Kept: raised even when the text stays, and under BlockChange
+    }
+    if (!self)
+        return;
+    propertyChanged("Text");
+    d->dirty = true;
+}
+
+void KorNumber::Private::textChanged()
+{
+    if (blockChange)
+        return;
+    const QString shown = box->text();
+    if (shown.isEmpty())
+        value = null();
+    else if (!isHashFill(shown))
+        value = valueOf(shown);
+    Q_EMIT q->Change();
+}
+
+// --- keyboard
+
+void KorNumber::Private::keyDown(int &code, int &shift)
+{
+    const QPointer<KorNumber> self = q;
+    if ((code == Key::Up || code == Key::Down) && (shift == ShiftState::None || shift == ShiftState::Ctrl)) {
+        Q_EMIT q->KeyDown(code, shift);
+        code = Key::None; // Kept: the host sees the arrow and then a second event with 0; the box sees neither
+    } else if (code == Key::Tab && shift == ShiftState::Ctrl) {
+        code = Key::None;
+        shift = ShiftState::None;
+        return;
+    }
+    if (self)
+        Q_EMIT q->KeyDown(code, shift);
+}
+
+void KorNumber::Private::keyPress(int &ascii)
+{
+    const QPointer<KorNumber> self = q;
+    const Entry before{box->text(), box->SelStart(), box->SelLength()};
+    const TypingRules rules{signs, mask, box->MaxLength(), [this](const QString &text) { return fits(text); }};
+    const Keystroke key = judgeKey({ascii, before}, rules, [&self](int &code) {
+        if (self)
+            Q_EMIT self->KeyPress(code);
+    });
+    ascii = self ? key.keyAscii : 0;
+    if (!self)
+        return;
+    if (key.beeps)
+        beep();
+    if (key.entry != before)
+        box->setSelStart(key.entry.selStart);
+}
+
+void KorNumber::Private::keyUp(int &code, int &shift)
+{
+    if (isKeyUpForwarded(code))
+        Q_EMIT q->KeyUp(code, shift);
+}
+
+// --- focus
+
+void KorNumber::Private::boxEntered(QWidget *, FocusEntry)
+{
+    // Kept: one flag guards the rewriting and is the host's property, so every entry leaves it False
+    blockChange = true;
+    box->setProgramText(toEditText(box->text(), signs));
+    blockChange = false;
+    box->selectAll();
+}
+
+std::optional<Complaint> KorNumber::Private::boxLeft(QWidget *)
+{
+    const QPointer<KorNumber> self = q;
+    box->setProgramText(formatForDisplay(box->text(), mask, signs));
+    if (!self)
+        return std::nullopt;
+    if (range().isOutside(value)) {
+        return Complaint{QStringLiteral("Przekroczony zakres liczby. Wprowadź liczbę z zakresu: [%1...%2].")
+                             .arg(CStr(minValue, signs.locale), CStr(maxValue, signs.locale)),
+                         QStringLiteral("Bład zakresu liczby")};
+    }
+    const QString shown = box->text();
+    if (!isHashFill(shown) && (Format(value, mask, signs.locale) != shown || shown == u"-"))
+        box->setProgramText(QString());
+    return std::nullopt;
+}
+
+void KorNumber::Private::controlLeft()
+{
+    const QPointer<KorNumber> self = q;
+    box->setProgramText(formatForDisplay(box->text(), mask, signs));
+    // Kept: Val reads the formatted text up to its first grouping or comma, so 1 234,00 is judged as 1
+    if (self && range().isOutside(Val(box->text())))
+        box->setProgramText(QString());
+}
+
+// --- settings
+
+bool KorNumber::Locked() const { return d->box->Locked(); }
+
+void KorNumber::setLocked(bool locked)
+{
+    d->box->setLocked(locked);
+    propertyChanged("Locked");
+}
+
+bool KorNumber::DataChanged() const { return d->dirty; }
+void KorNumber::setDataChanged(bool changed) { d->dirty = changed; }
+int KorNumber::hWnd() const { return static_cast<int>(effectiveWinId()); }
+
+int KorNumber::MaxLength() const { return d->box->MaxLength(); }
+
+void KorNumber::setMaxLength(int length)
+{
+    d->box->setMaxLength(length);
+    propertyChanged("MaxLength");
+}
+
+int KorNumber::WhatsThisHelpID() const { return d->box->WhatsThisHelpID(); }
+
+void KorNumber::setWhatsThisHelpID(int id)
+{
+    d->box->setWhatsThisHelpID(id);
+    propertyChanged("WhatsThisHelpID");
+}
+
+BorderStyleType KorNumber::BorderStyle() const { return d->box->BorderStyle(); }
+
+void KorNumber::setBorderStyle(BorderStyleType style)
+{
+    d->box->setBorderStyle(style);
+    propertyChanged("BorderStyle");
+}
+
+AlignmentType KorNumber::Alignment() const { return d->box->Alignment(); }
+
+void KorNumber::setAlignment(AlignmentType alignment)
+{
+    d->box->setAlignment(alignment);
+    propertyChanged("Alignment");
+}
+
+AppearanceType KorNumber::Appearance() const { return d->box->Appearance(); }
+
+void KorNumber::setAppearance(AppearanceType appearance)
+{
+    d->box->setAppearance(appearance);
+    propertyChanged("Appearance");
+}
+
+QString KorNumber::ToolTipText() const { return d->box->toolTip(); }
+
+void KorNumber::setToolTipText(const QString &text)
+{
+    d->box->setToolTip(text);
+    propertyChanged("ToolTipText");
+}
+
+QString KorNumber::MaskPicture() const { return d->mask; }
+
+void KorNumber::setMaskPicture(const QString &mask)
+{
+    d->mask = mask;
+    propertyChanged("MaskPicture");
+}
+
+QVariant KorNumber::MaxValue() const { return d->maxValue; }
+
+void KorNumber::setMaxValue(const QVariant &bound)
+{
+    d->maxValue = boundGiven(bound, d->signs);
+    propertyChanged("MaxValue");
+}
+
+QVariant KorNumber::MinValue() const { return d->minValue; }
+
+void KorNumber::setMinValue(const QVariant &bound)
+{
+    d->minValue = boundGiven(bound, d->signs);
+    propertyChanged("MinValue");
+}
+
+bool KorNumber::CheckRange() const { return d->checkRange; }
+
+void KorNumber::setCheckRange(bool check)
+{
+    d->checkRange = check;
+    propertyChanged("CheckRange");
+}
+
+bool KorNumber::BlockChange() const { return d->blockChange; }
+
+void KorNumber::setBlockChange(bool block)
+{
+    d->blockChange = block;
+    propertyChanged("BlockChange");
+}
