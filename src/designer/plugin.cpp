@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "plugin.h"
+
+#include <KorDaoUC/controlregistry.h>
+#include <KorDaoUC/propertybag.h>
+#include <KorDaoUC/usercontrol.h>
+#include <KorDaoUC/variant.h>
+
+namespace kor {
+
+QString WidgetPlugin::group() const { return QStringLiteral("KorDaoUC"); }
+
+QString WidgetPlugin::includeFile() const { return QStringLiteral("<KorDaoUC/%1>").arg(m_name); }
+
+QWidget *WidgetPlugin::createWidget(QWidget *parent)
+{
+    UserControl *control = ControlRegistry::create(m_name, parent);
+    if (control && m_isDesigning)
+        UserControl::setUserMode(control, false);
+    return control;
+}
+
+QString WidgetPlugin::domXml() const
+{
+    return QStringLiteral("<ui language=\"c++\"><widget class=\"%1\" name=\"%2\"/></ui>")
+        .arg(m_name, QString(m_name).replace(0, 3, QStringLiteral("kor")));
+}
+
+PluginCollection::PluginCollection(QObject *parent) : QObject(parent)
+{
+    // Hosts that don't link the library name these types by their text.
+    qRegisterMetaType<Missing>();
+    qRegisterMetaType<PropertyBag>();
+    for (const QString &name : ControlRegistry::names())
+        m_widgets.push_back(std::make_unique<WidgetPlugin>(name));
+}
+
+QList<QDesignerCustomWidgetInterface *> PluginCollection::customWidgets() const
+{
+    QList<QDesignerCustomWidgetInterface *> all;
+    for (const auto &widget : m_widgets)
+        all.append(widget.get());
+    return all;
+}
+
+} // namespace kor
