@@ -1,0 +1,513 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/eventlog.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/ErrorHandler>
+#include <KorDaoUC/KorNumber>
+#include <KorDaoUC/Locale>
+#include <KorDaoUC/PropertyBag>
+#include <KorDaoUC/RunTimeError>
+#include <KorDaoUC/Variant>
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+
+using namespace kor;
+using namespace kor::test;
+
+//! What the host of a numeric field hears, may change, and finds saved.
+class tst_KorNumberEvents : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+
+    void aDigitRaisesDownPressChangeUp();
+    void arrowsRaiseKeyDownTwice_data();
+    void arrowsRaiseKeyDownTwice();
+    void ctrlTabRaisesNothing();
+    void separatorOverEverythingRaisesKeyPressTwice();
+    void keyUpIsRaisedForDigitsAndErasingOnly();
+    void hostZeroInKeyPressSuppressesTheCharacter();
+    void hostChangesTheCharacter();
+    void hostSwallowsTheKey();
+    void hostTurnsOneKeyIntoAnother();
+    void swallowedKeysAreNotOfferedToTheForm();
+    void clicksComeInTheirOrder();
+    void doubleClickComesInItsOrder();
+    void mousePositionsAreTwips();
+    void deletionInsideAHandlerIsSafe_data();
+    void deletionInsideAHandlerIsSafe();
+    void errorsOfHandlersAreRaisedAsTheErrorEvent();
+
+    void aFreshFieldStoresNothing();
+    void settingsAreWrittenInTheirOrder();
+    void maxLengthIsWrittenTwice();
+    void loadingRaisesChangeOnceAndClearsTheFlag();
+    void loadedValueIsReplacedByTheLoadedText();
+    void settingsRoundTrip();
+    void wrongKindsAreRefused();
+    void everyLetReportsItsProperty();
+    void outOfRangeEnumerationsAreRefused();
+
+private:
+    Stage *m_stage = nullptr;
+    KorNumber *m_number = nullptr;
+    QLineEdit *m_box = nullptr;
+    std::unique_ptr<Stage> m_owner;
+    bool enter(const QString &typed);
+};
+
+void tst_KorNumberEvents::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    Locale::setSystemDefault(Locale::polish());
+    m_owner = std::make_unique<Stage>();
+    m_stage = m_owner.get();
+    m_number = m_stage->place(new KorNumber);
+    m_box = m_number->findChild<QLineEdit *>(QStringLiteral("txtNumber"));
+}
+
+bool tst_KorNumberEvents::enter(const QString &typed)
+{
+    if (!m_stage->open())
+        return false;
+    m_number->setFocus();
+    settle();
+    QTest::keyClicks(m_box, typed);
+    return QApplication::focusWidget() == m_box;
+}
+
+void tst_KorNumberEvents::aDigitRaisesDownPressChangeUp()
+{
+    QVERIFY(enter({}));
+    EventLog log(m_number);
+    QTest::keyClick(m_box, Qt::Key_7);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(55,0) KeyPress(55) Change KeyUp(55,0)"));
+    QTest::keyClick(m_box, Qt::Key_Backspace);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(8,0) KeyPress(8) Change KeyUp(8,0)"));
+}
+
+void tst_KorNumberEvents::arrowsRaiseKeyDownTwice_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("events");
+    // clang-format off
+    QTest::newRow("Up")         << int(Qt::Key_Up)   << 0                        << QStringLiteral("KeyDown(38,0) KeyDown(0,0)");
+    QTest::newRow("Down")       << int(Qt::Key_Down) << 0                        << QStringLiteral("KeyDown(40,0) KeyDown(0,0)");
+    QTest::newRow("Ctrl+Up")    << int(Qt::Key_Up)   << int(Qt::ControlModifier) << QStringLiteral("KeyDown(38,2) KeyDown(0,2)");
+    QTest::newRow("Ctrl+Down")  << int(Qt::Key_Down) << int(Qt::ControlModifier) << QStringLiteral("KeyDown(40,2) KeyDown(0,2)");
+    QTest::newRow("Shift+Up")   << int(Qt::Key_Up)   << int(Qt::ShiftModifier)   << QStringLiteral("KeyDown(38,1)");
+    QTest::newRow("Alt+Down")   << int(Qt::Key_Down) << int(Qt::AltModifier)     << QStringLiteral("KeyDown(40,4)");
+    QTest::newRow("Left once")  << int(Qt::Key_Left) << 0                        << QStringLiteral("KeyDown(37,0)");
+    QTest::newRow("F5 once")    << int(Qt::Key_F5)   << 0                        << QStringLiteral("KeyDown(116,0)");
+    // clang-format on
+}
+
+void tst_KorNumberEvents::arrowsRaiseKeyDownTwice()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QVERIFY(enter(QStringLiteral("12")));
+    EventLog log(m_number);
+    QTest::keyPress(m_box, static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers));
+    QTEST(log.take(), "events");
+}
+
+void tst_KorNumberEvents::ctrlTabRaisesNothing()
+{
+    QVERIFY(enter(QStringLiteral("12")));
+    EventLog log(m_number);
+    QTest::keyPress(m_box, Qt::Key_Tab, Qt::ControlModifier);
+    settle();
+    QCOMPARE(log.take(), QString());
+    QCOMPARE(field(m_box), QStringLiteral("12|"));
+}
+
+void tst_KorNumberEvents::separatorOverEverythingRaisesKeyPressTwice()
+{
+    QVERIFY(enter(QStringLiteral("12")));
+    m_box->selectAll();
+    EventLog log(m_number);
+    QTest::keyPress(m_box, Qt::Key_Period);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(190,0) KeyPress(44) KeyPress(44) Change"));
+    QCOMPARE(field(m_box), QStringLiteral(",|"));
+}
+
+void tst_KorNumberEvents::keyUpIsRaisedForDigitsAndErasingOnly()
+{
+    QVERIFY(enter(QStringLiteral("12")));
+    EventLog log(m_number);
+    for (const auto key : {Qt::Key_Left, Qt::Key_Minus, Qt::Key_Comma, Qt::Key_A, Qt::Key_F5, Qt::Key_Up})
+        QTest::keyRelease(m_box, key);
+    QTest::keyRelease(m_box, Qt::Key_5, Qt::KeypadModifier);
+    QCOMPARE(log.take(), QString());
+    for (const auto key : {Qt::Key_Delete, Qt::Key_Insert, Qt::Key_Backspace, Qt::Key_0})
+        QTest::keyRelease(m_box, key);
+    QCOMPARE(log.take(), QStringLiteral("KeyUp(46,0) KeyUp(45,0) KeyUp(8,0) KeyUp(48,0)"));
+}
+
+void tst_KorNumberEvents::hostZeroInKeyPressSuppressesTheCharacter()
+{
+    QVERIFY(enter(QStringLiteral("12")));
+    connect(m_number, &KorNumber::KeyPress, m_number, [](int &ascii) { ascii = 0; });
+    QTest::keyClicks(m_box, QStringLiteral("3"));
+    QCOMPARE(field(m_box), QStringLiteral("12|"));
+}
+
+void tst_KorNumberEvents::hostChangesTheCharacter()
+{
+    QVERIFY(enter(QStringLiteral("12")));
+    connect(m_number, &KorNumber::KeyPress, m_number, [](int &ascii) {
+        if (ascii == '3')
+            ascii = '4';
+        else if (ascii == '5')
+            ascii = 8;
+    });
+    QTest::keyClicks(m_box, QStringLiteral("3"));
+    QCOMPARE(field(m_box), QStringLiteral("124|"));
+    QTest::keyClicks(m_box, QStringLiteral("5"));
+    QCOMPARE(field(m_box), QStringLiteral("12|"));
+}
+
+void tst_KorNumberEvents::hostSwallowsTheKey()
+{
+    QVERIFY(enter(QStringLiteral("12")));
+    EventLog log(m_number);
+    log.ignore({QStringLiteral("KeyUp")});
+    connect(m_number, &KorNumber::KeyDown, m_number, [](int &code, int &) { code = 0; });
+    QTest::keyClicks(m_box, QStringLiteral("3"));
+    QTest::keyClick(m_box, Qt::Key_Home);
+    QCOMPARE(field(m_box), QStringLiteral("12|"));
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(51,0) KeyDown(36,0)"));
+}
+
+void tst_KorNumberEvents::hostTurnsOneKeyIntoAnother()
+{
+    QVERIFY(enter(QStringLiteral("12")));
+    connect(m_number, &KorNumber::KeyDown, m_number, [](int &code, int &) {
+        if (code == 113) // F2
+            code = 36;   // Home
+        else if (code == 114)
+            code = '7';
+        else if (code == 0)
+            code = 37; // the second event of an arrow
+    });
+    QTest::keyClick(m_box, Qt::Key_F3);
+    QCOMPARE(field(m_box), QStringLiteral("127|"));
+    QTest::keyClick(m_box, Qt::Key_F2);
+    QCOMPARE(field(m_box), QStringLiteral("|127"));
+    QTest::keyClick(m_box, Qt::Key_End);
+    QTest::keyClick(m_box, Qt::Key_Up);
+    QCOMPARE(field(m_box), QStringLiteral("12|7"));
+}
+
+void tst_KorNumberEvents::swallowedKeysAreNotOfferedToTheForm()
+{
+    class Form : public QWidget
+    {
+    public:
+        QList<int> keys;
+
+    protected:
+        void keyPressEvent(QKeyEvent *event) override { keys << event->key(); }
+    };
+    Form form;
+    m_number->setParent(&form);
+    form.show();
+    form.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&form));
+    m_number->setFocus();
+    settle();
+    for (const auto key : {Qt::Key_Up, Qt::Key_A, Qt::Key_Return, Qt::Key_Escape, Qt::Key_5})
+        QTest::keyClick(m_box, key);
+    QVERIFY(form.keys.isEmpty());
+    QTest::keyClick(m_box, Qt::Key_F9);
+    QCOMPARE(form.keys, QList<int>{Qt::Key_F9});
+    delete m_number;
+}
+
+void tst_KorNumberEvents::clicksComeInTheirOrder()
+{
+    QVERIFY(enter({}));
+    EventLog log(m_number);
+    log.ignore({QStringLiteral("MouseMove")});
+    QTest::mouseClick(m_box, Qt::LeftButton, Qt::ShiftModifier);
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,1) MouseUp(1,1) Click"));
+    QTest::mouseClick(m_box, Qt::RightButton);
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(2,0) MouseUp(2,0)"));
+    QTest::mousePress(m_box, Qt::LeftButton);
+    QTest::mouseRelease(m_box, Qt::LeftButton, {}, QPoint(-5, -5));
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0)"));
+}
+
+void tst_KorNumberEvents::doubleClickComesInItsOrder()
+{
+    QVERIFY(enter({}));
+    EventLog log(m_number);
+    log.ignore({QStringLiteral("MouseMove")});
+    QTest::mouseClick(m_box, Qt::LeftButton);
+    QTest::mouseDClick(m_box, Qt::LeftButton);
+    settle();
+    const QString events = log.take();
+    QVERIFY2(events.endsWith(QStringLiteral("MouseDown(1,0) MouseUp(1,0) Click DblClick MouseUp(1,0)")), qPrintable(events));
+}
+
+void tst_KorNumberEvents::mousePositionsAreTwips()
+{
+    QVERIFY(enter({}));
+    float x = 0;
+    float y = 0;
+    connect(m_number, &KorNumber::MouseDown, m_number, [&](int &, int &, float &atX, float &atY) {
+        x = atX;
+        y = atY;
+    });
+    QTest::mouseClick(m_box, Qt::LeftButton, {}, QPoint(10, 4));
+    QCOMPARE(x, 10 * 1440.0F / static_cast<float>(m_box->logicalDpiX()));
+    QCOMPARE(y, 4 * 1440.0F / static_cast<float>(m_box->logicalDpiY()));
+}
+
+void tst_KorNumberEvents::deletionInsideAHandlerIsSafe_data()
+{
+    QTest::addColumn<QString>("event");
+    for (const char *event : {"Change", "KeyDown", "KeyPress", "KeyUp", "MouseDown", "MouseUp", "Click", "DblClick"})
+        QTest::newRow(event) << QString::fromLatin1(event);
+}
+
+void tst_KorNumberEvents::deletionInsideAHandlerIsSafe()
+{
+    QFETCH(QString, event);
+    QVERIFY(enter(QStringLiteral("12")));
+    const QPointer<KorNumber> number = m_number;
+    const auto drop = [number] { delete number.data(); };
+    if (event == u"Change")
+        connect(m_number, &KorNumber::Change, this, drop);
+    else if (event == u"KeyDown")
+        connect(m_number, &KorNumber::KeyDown, this, drop);
+    else if (event == u"KeyPress")
+        connect(m_number, &KorNumber::KeyPress, this, drop);
+    else if (event == u"KeyUp")
+        connect(m_number, &KorNumber::KeyUp, this, drop);
+    else if (event == u"MouseDown")
+        connect(m_number, &KorNumber::MouseDown, this, drop);
+    else if (event == u"MouseUp")
+        connect(m_number, &KorNumber::MouseUp, this, drop);
+    else if (event == u"Click")
+        connect(m_number, &KorNumber::Click, this, drop);
+    else if (event == u"DblClick")
+        connect(m_number, &KorNumber::DblClick, this, drop);
+
+    const QPointer<QLineEdit> box = m_box;
+    if (event.startsWith(u"Key") || event == u"Change") {
+        QTest::keyPress(box, Qt::Key_3);
+        if (box)
+            QTest::keyRelease(box, Qt::Key_3);
+    } else {
+        // Sent one by one, as the window system does: the field may be gone after each.
+        const auto send = [&box](QEvent::Type type) {
+            if (!box)
+                return;
+            const QPointF at(5, 5);
+            QMouseEvent mouse(type, at, box->mapToGlobal(at), Qt::LeftButton,
+                              type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(box, &mouse);
+        };
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                                QEvent::MouseButtonRelease})
+            send(type);
+    }
+    settle();
+    QVERIFY(!number);
+}
+
+void tst_KorNumberEvents::errorsOfHandlersAreRaisedAsTheErrorEvent()
+{
+    QVERIFY(enter({}));
+    connect(m_number, &KorNumber::KeyDown, this, [](int &, int &) { throw RunTimeError(ErrorNumber::Overflow); });
+    QList<int> numbers;
+    const auto connection = connect(m_number, &UserControl::Error, this, [&](int &number, QString &, bool &handled) {
+        numbers << number;
+        handled = true;
+    });
+    QTest::keyPress(m_box, Qt::Key_F9);
+    QCOMPARE(numbers, QList<int>{6});
+
+    disconnect(connection);
+    QStringList unhandled;
+    setUnhandledErrorHandler(
+        [&](QObject *, const RunTimeError &error) { unhandled << QString::fromUtf8(error.what()); });
+    QTest::keyPress(m_box, Qt::Key_F9);
+    setUnhandledErrorHandler({});
+    QCOMPARE(unhandled, QStringList{QStringLiteral("6: Overflow")});
+}
+
+// --- settings
+
+namespace {
+
+QStringList keysOf(const PropertyBag &bag)
+{
+    QStringList keys;
+    for (const auto &[key, value] : bag.entries())
+        keys << key;
+    return keys;
+}
+
+void setEverything(KorNumber &number)
+{
+    number.setBackColor(0x00C0FFFF);
+    number.setForeColor(0x00800000);
+    number.setEnabled(false);
+    QFont font = number.Font();
+    font.setBold(true);
+    font.setPointSize(13);
+    number.setFont(font);
+    number.setLocked(true);
+    number.setValue(12.5);
+    number.setMaxLength(9);
+    number.setWhatsThisHelpID(77);
+    number.setBorderStyle(BorderStyleType::None);
+    number.setAlignment(AlignmentType::Center);
+    number.setMaskPicture(QStringLiteral("0.000"));
+    number.setMaxValue(100);
+    number.setMinValue(-1);
+    number.setCheckRange(true);
+    number.setAppearance(AppearanceType::Flat);
+    number.setBlockChange(true);
+    number.setToolTipText(QStringLiteral("Zaliczka"));
+}
+
+} // namespace
+
+void tst_KorNumberEvents::aFreshFieldStoresNothing()
+{
+    PropertyBag bag;
+    KorNumber fresh;
+    fresh.writeProperties(bag);
+    QCOMPARE(keysOf(bag), QStringList());
+    KorNumber loaded;
+    loaded.readProperties(bag);
+    PropertyBag again;
+    loaded.writeProperties(again);
+    QCOMPARE(again, bag);
+}
+
+void tst_KorNumberEvents::settingsAreWrittenInTheirOrder()
+{
+    KorNumber number;
+    number.resize(160, 26);
+    setEverything(number);
+    PropertyBag bag;
+    number.writeProperties(bag);
+    const QString order = QStringLiteral("BackColor ForeColor Enabled Font Locked Value Text MaxLength MaxLength "
+                                         "WhatsThisHelpID BorderStyle Alignment MaskPicture MaxValue MinValue CheckRange "
+                                         "Appearance BlockChange ToolTipText");
+    QCOMPARE(keysOf(bag).join(QLatin1Char(' ')), order);
+    QCOMPARE(bag.ReadProperty(QStringLiteral("Value")), QVariant(12.5));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("Text")), QVariant(QStringLiteral("12,50")));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("MaxValue")).typeId(), int(QMetaType::Float));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("Alignment")).typeId(), int(QMetaType::Short));
+}
+
+void tst_KorNumberEvents::maxLengthIsWrittenTwice()
+{
+    KorNumber number;
+    number.setMaxLength(5);
+    PropertyBag bag;
+    number.writeProperties(bag);
+    QCOMPARE(keysOf(bag), (QStringList{QStringLiteral("MaxLength"), QStringLiteral("MaxLength")}));
+}
+
+void tst_KorNumberEvents::loadingRaisesChangeOnceAndClearsTheFlag()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("Text"), QStringLiteral("12,50"));
+    KorNumber number;
+    EventLog log(&number);
+    number.readProperties(bag);
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+    QVERIFY(!number.DataChanged());
+    QCOMPARE(number.Value(), QVariant(12.5));
+    QCOMPARE(number.Text(), QStringLiteral("12,50"));
+}
+
+void tst_KorNumberEvents::loadedValueIsReplacedByTheLoadedText()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("Value"), 7.0);
+    KorNumber valueOnly;
+    valueOnly.readProperties(bag);
+    QCOMPARE(valueOnly.Value(), QVariant(7.0)); // stored, and not shown
+    QCOMPARE(valueOnly.Text(), QString());
+    bag.append(QStringLiteral("Text"), QStringLiteral("9,00"));
+    KorNumber both;
+    both.readProperties(bag);
+    QCOMPARE(both.Value(), QVariant(9.0));
+}
+
+void tst_KorNumberEvents::settingsRoundTrip()
+{
+    KorNumber number;
+    number.resize(160, 26);
+    setEverything(number);
+    PropertyBag bag;
+    number.writeProperties(bag);
+    KorNumber loaded;
+    loaded.readProperties(bag);
+    PropertyBag again;
+    loaded.writeProperties(again);
+    QCOMPARE(again, bag);
+}
+
+void tst_KorNumberEvents::wrongKindsAreRefused()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("MaxLength"), QStringLiteral("long"));
+    KorNumber number;
+    try {
+        number.readProperties(bag);
+        QFAIL("read");
+    } catch (const RunTimeError &error) {
+        QCOMPARE(error.number(), 13);
+    }
+}
+
+void tst_KorNumberEvents::everyLetReportsItsProperty()
+{
+    KorNumber number;
+    QStringList reported;
+    connect(&number, &UserControl::PropertyChanged, this, [&](const QString &name) { reported << name; });
+    setEverything(number);
+    number.setText(QStringLiteral("3"));
+    const QStringList expected{
+        QStringLiteral("BackColor"),  QStringLiteral("ForeColor"),       QStringLiteral("Enabled"),
+        QStringLiteral("Font"),       QStringLiteral("Locked"),          QStringLiteral("Value"),
+        QStringLiteral("MaxLength"),  QStringLiteral("WhatsThisHelpID"), QStringLiteral("BorderStyle"),
+        QStringLiteral("Alignment"),  QStringLiteral("MaskPicture"),     QStringLiteral("MaxValue"),
+        QStringLiteral("MinValue"),   QStringLiteral("CheckRange"),      QStringLiteral("Appearance"),
+        QStringLiteral("BlockChange"), QStringLiteral("ToolTipText"),    QStringLiteral("Value"),
+        QStringLiteral("Text")};
+    QCOMPARE(reported, expected);
+}
+
+void tst_KorNumberEvents::outOfRangeEnumerationsAreRefused()
+{
+    KorNumber number;
+    for (const char *name : {"BorderStyle", "Alignment", "Appearance"}) {
+        const QVariant before = number.property(name);
+        try {
+            number.setProperty(name, 7);
+            QFAIL(name);
+        } catch (const RunTimeError &error) {
+            QCOMPARE(error.number(), 380);
+        }
+        QCOMPARE(number.property(name), before);
+    }
+    QVERIFY_EXCEPTION_THROWN(number.setMaxLength(-1), RunTimeError);
+}
+
+QTEST_MAIN(tst_KorNumberEvents)
+#include "tst_kornumber_events.moc"

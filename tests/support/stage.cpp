@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/stage.h"
+
+#include <KorDaoUC/Beep>
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMessageBox>
+
+#include <utility>
+
+namespace kor::test {
+
+namespace {
+int beepCount = 0;
+}
+
+Stage::Stage() : m_button(new QPushButton(QStringLiteral("Dalej"), this)) { resize(320, 240); }
+
+bool Stage::open()
+{
+    show();
+    activateWindow();
+    return QTest::qWaitForWindowActive(this);
+}
+
+Messages::Messages()
+{
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box || !box->isVisible())
+            return;
+        m_seen << QStringLiteral("%1: %2").arg(box->windowTitle(), box->text());
+        QTest::keyClick(box, Qt::Key_Return);
+    });
+    m_timer.start(20);
+}
+
+QStringList Messages::take() { return std::exchange(m_seen, {}); }
+
+Beeps::Beeps()
+{
+    beepCount = 0;
+    setBeepHandler([] { ++beepCount; });
+}
+
+Beeps::~Beeps() { setBeepHandler({}); }
+
+int Beeps::take() { return std::exchange(beepCount, 0); }
+
+void settle()
+{
+    for (int round = 0; round < 3; ++round) {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+}
+
+void setField(QLineEdit *box, const QString &state)
+{
+    QString text = state;
+    text.remove(QLatin1Char('[')).remove(QLatin1Char(']')).remove(QLatin1Char('|'));
+    if (box->text() != text)
+        box->setText(text);
+    const auto open = state.indexOf(QLatin1Char('['));
+    if (open >= 0)
+        box->setSelection(static_cast<int>(open), static_cast<int>(state.indexOf(QLatin1Char(']')) - open - 1));
+    else
+        box->setCursorPosition(static_cast<int>(state.indexOf(QLatin1Char('|'))));
+}
+
+QString field(const QLineEdit *box)
+{
+    QString text = box->text();
+    if (!box->hasSelectedText())
+        return text.insert(box->cursorPosition(), QLatin1Char('|'));
+    text.insert(box->selectionEnd(), QLatin1Char(']'));
+    return text.insert(box->selectionStart(), QLatin1Char('['));
+}
+
+} // namespace kor::test
