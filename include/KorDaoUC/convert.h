@@ -2,29 +2,36 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <KorDaoUC/currency.h>
 #include <KorDaoUC/export.h>
 #include <KorDaoUC/locale.h>
 
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
-namespace kor {
+namespace kor
+{
 
 //! The number that a text begins with, 0 when there is none. Blanks are skipped; "." is the decimal point in every
 //! locale; reading stops at the first character that can't belong to the number.
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT double Val(QStringView text);
 
 //! Whether the value is a number or a text that the conversions would take for one. Null is not numeric.
-[[nodiscard]] KORDAOUC_RUNTIME_EXPORT bool IsNumeric(const QVariant &value, const Locale &locale = Locale::systemDefault());
+[[nodiscard]] KORDAOUC_RUNTIME_EXPORT bool IsNumeric(const QVariant &value,
+                                                     const Locale &locale = Locale::systemDefault());
 
 //! The text of a value: numbers in their shortest form with the locale's decimal separator. Null raises error 94.
-[[nodiscard]] KORDAOUC_RUNTIME_EXPORT QString CStr(const QVariant &value, const Locale &locale = Locale::systemDefault());
+[[nodiscard]] KORDAOUC_RUNTIME_EXPORT QString CStr(const QVariant &value,
+                                                   const Locale &locale = Locale::systemDefault());
 
 //! Conversions by the locale's rules. Error 13 for what is no number, 6 for one that does not fit, 94 for Null.
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT float CSng(const QVariant &value, const Locale &locale = Locale::systemDefault());
-[[nodiscard]] KORDAOUC_RUNTIME_EXPORT double CDbl(const QVariant &value, const Locale &locale = Locale::systemDefault());
+[[nodiscard]] KORDAOUC_RUNTIME_EXPORT double CDbl(const QVariant &value,
+                                                  const Locale &locale = Locale::systemDefault());
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT short CInt(const QVariant &value, const Locale &locale = Locale::systemDefault());
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT int CLng(const QVariant &value, const Locale &locale = Locale::systemDefault());
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT bool CBool(const QVariant &value, const Locale &locale = Locale::systemDefault());
+[[nodiscard]] KORDAOUC_RUNTIME_EXPORT Currency CCur(const QVariant &value,
+                                                    const Locale &locale = Locale::systemDefault());
 
 } // namespace kor

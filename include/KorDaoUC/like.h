@@ -3,12 +3,17 @@
 #pragma once
 
 #include <KorDaoUC/export.h>
+#include <KorDaoUC/textcomparison.h>
 
 #include <QtCore/QStringView>
 
-namespace kor {
+namespace kor
+{
 
-//! Whether the text matches a pattern of ? * # [list] [!list]. A malformed pattern raises error 93.
-[[nodiscard]] KORDAOUC_RUNTIME_EXPORT bool Like(QStringView text, QStringView pattern);
+//! Whether the whole text matches a pattern: ? is any character, # a digit 0 to 9, * any number of characters, [list]
+//! one of the list, [!list] one that is not in it; ranges (a-z) ascend. A malformed pattern raises error 93, whatever
+//! the text. With TextComparison::Text, case makes no difference.
+[[nodiscard]] KORDAOUC_RUNTIME_EXPORT bool Like(QStringView text, QStringView pattern,
+                                                TextComparison mode = TextComparison::Binary);
 
 } // namespace kor

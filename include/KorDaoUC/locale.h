@@ -6,10 +6,12 @@
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>
+#include <QtCore/qnamespace.h>
 
 class QLocale;
 
-namespace kor {
+namespace kor
+{
 
 //! What the run-time functions need to know of a country's habits: separators, currency, date patterns and names.
 //!
@@ -32,6 +34,13 @@ struct KORDAOUC_RUNTIME_EXPORT Locale {
     QStringList shortMonthNames;
     QStringList dayNames; //!< seven, Sunday first
     QStringList shortDayNames;
+    Qt::DayOfWeek firstDayOfWeek = Qt::Sunday; //!< what the week number ("ww") goes by
+    QString trueText = QStringLiteral("True"); //!< the words of the formats "True/False", "Yes/No" and "On/Off"
+    QString falseText = QStringLiteral("False");
+    QString yesText = QStringLiteral("Yes");
+    QString noText = QStringLiteral("No");
+    QString onText = QStringLiteral("On");
+    QString offText = QStringLiteral("Off");
 
     bool operator==(const Locale &) const = default;
 
@@ -45,7 +54,8 @@ struct KORDAOUC_RUNTIME_EXPORT Locale {
     [[nodiscard]] static Locale fromQLocale(const QLocale &locale);
 
     //! The process default: read once from the system, unless the host or a test has set one. Thread-safe.
-    [[nodiscard]] static Locale systemDefault();
+    //! The reference stays valid until the process ends, also when the default is replaced.
+    [[nodiscard]] static const Locale &systemDefault();
     //! Replaces the process default. Controls that exist already keep the separators they started with.
     static void setSystemDefault(const Locale &locale);
 };

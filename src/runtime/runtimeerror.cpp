@@ -14,6 +14,7 @@ QString classicText(ErrorNumber number)
     case ErrorNumber::SubscriptOutOfRange: return QStringLiteral("Subscript out of range");
     case ErrorNumber::TypeMismatch: return QStringLiteral("Type mismatch");
     case ErrorNumber::InternalError: return QStringLiteral("Internal error");
+    case ErrorNumber::InvalidPattern: return QStringLiteral("Invalid pattern string");
     case ErrorNumber::InvalidUseOfNull: return QStringLiteral("Invalid use of Null");
     case ErrorNumber::InvalidPropertyValue: return QStringLiteral("Invalid property value");
     case ErrorNumber::InvalidPropertyArrayIndex: return QStringLiteral("Invalid property array index");

@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "runtime/numberreading.h"
+#include "runtime/textorder.h"
+
+#include <KorDaoUC/compare.h>
+#include <KorDaoUC/convert.h>
+#include <KorDaoUC/runtimeerror.h>
+#include <KorDaoUC/variant.h>
+
+#include <cmath>
+
+namespace kor
+{
+
+namespace
+{
+
+template <typename T>
+const T &held(const QVariant &value)
+{
+    return *static_cast<const T *>(value.constData());
+}
+
+std::partial_ordering fromInt(int order) { return order <=> 0; }
+
+std::partial_ordering compareTexts(const QString &left, const QString &right, TextComparison mode)
+{
+    return fromInt(mode == TextComparison::Binary ? left.compare(right) : compareByDictionary(left, right));
+}
+
+bool isNothing(VariantType type) { return type == VariantType::Null || type == VariantType::Missing; }
+
+//! Both are numbers, truth values, dates or Empty. The locale is of no importance to these.
+std::partial_ordering compareNumbers(const QVariant &left, const QVariant &right)
+{
+    const VariantType leftType = variantType(left);
+    const VariantType rightType = variantType(right);
+    if (leftType == VariantType::Currency && rightType == VariantType::Currency)
+        return held<Currency>(left) <=> held<Currency>(right);
+    static const Locale locale = Locale::english();
+    const double leftNumber = CDbl(left, locale);
+    const double rightNumber = CDbl(right, locale);
+    // A Double beside a Single has no more digits than the Single: 0.7 lies inside a range that ends at 0.7.
+    const bool single = (leftType == VariantType::Single && rightType == VariantType::Double) ||
+                        (leftType == VariantType::Double && rightType == VariantType::Single);
+    if (single)
+        return static_cast<float>(leftNumber) <=> static_cast<float>(rightNumber);
+    return leftNumber <=> rightNumber;
+}
+
+//! The equality of two values of one kind; texts are compared exactly.
+bool sameKindEqual(const QVariant &left, const QVariant &right)
+{
+    const auto order = compare(left, right, TextComparison::Binary);
+    return order && std::is_eq(*order);
+}
+
+} // namespace
+
+std::optional<std::partial_ordering> compare(const QVariant &left, const QVariant &right, TextComparison mode)
+{
+    const VariantType leftType = variantType(left);
+    const VariantType rightType = variantType(right);
+    if (leftType == VariantType::Other || rightType == VariantType::Other)
+        return compare(normalized(left), normalized(right), mode);
+    if (isNothing(leftType) || isNothing(rightType))
+        return std::nullopt;
+    const bool leftText = leftType == VariantType::String;
+    const bool rightText = rightType == VariantType::String;
+    if (leftText && rightText)
+        return compareTexts(held<QString>(left), held<QString>(right), mode);
+    if (leftText)
+        return rightType == VariantType::Empty ? compareTexts(held<QString>(left), {}, mode)
+                                               : std::partial_ordering::greater;
+    if (rightText)
+        return leftType == VariantType::Empty ? compareTexts({}, held<QString>(right), mode)
+                                              : std::partial_ordering::less;
+    return compareNumbers(left, right);
+}
+
+bool strictlyEqual(const QVariant &left, const QVariant &right) { return sameKindEqual(left, right); }
+
+bool looselyEqual(const QVariant &left, const QVariant &right, const Locale &locale)
+{
+    const VariantType leftType = variantType(left);
+    const VariantType rightType = variantType(right);
+    if (leftType == VariantType::Other || rightType == VariantType::Other)
+        return looselyEqual(normalized(left), normalized(right), locale);
+    const bool leftText = leftType == VariantType::String;
+    const bool rightText = rightType == VariantType::String;
+    const auto isNumber = [](VariantType type) { return !isNothing(type) && type != VariantType::Empty; };
+    if (leftText == rightText || !isNumber(leftType) || !isNumber(rightType))
+        return sameKindEqual(left, right);
+    const NumberReading reading = readNumber(held<QString>(leftText ? left : right), locale);
+    if (!reading.isNumber())
+        return false;
+    return std::is_eq(compareNumbers(reading.toDouble(), leftText ? right : left));
+}
+
+namespace
+{
+
+//! One side is a declared variable, the other a Variant or declared as well, and exactly one of them is a text.
+std::partial_ordering compareTextWithNumber(const QVariant &left, const QVariant &right, bool asText, bool byCodeUnit,
+                                            const Locale &locale)
+{
+    if (asText) {
+        const QString leftText = CStr(left, locale);
+        const QString rightText = CStr(right, locale);
+        return fromInt(byCodeUnit ? leftText.compare(rightText) : compareByDictionary(leftText, rightText));
+    }
+    return CDbl(left, locale) <=> CDbl(right, locale);
+}
+
+} // namespace
+
+std::optional<std::partial_ordering> compareDeclared(const QVariant &left, const QVariant &right, Declared declared,
+                                                     TextComparison mode, const Locale &locale)
+{
+    const VariantType leftType = variantType(left);
+    const VariantType rightType = variantType(right);
+    const bool leftText = leftType == VariantType::String;
+    const bool rightText = rightType == VariantType::String;
+    const auto isNumber = [](VariantType type) { return !isNothing(type) && type != VariantType::Empty; };
+    if (leftText == rightText || !isNumber(leftType) || !isNumber(rightType))
+        return compare(left, right, mode);
+    switch (declared) {
+    // Kept: against a Variant the declared type rules, and texts are then in dictionary order; between two declared
+    // variables the text rules, by code unit.
+    case Declared::Left:
+        return compareTextWithNumber(left, right, leftText, false, locale);
+    case Declared::Right:
+        return compareTextWithNumber(left, right, rightText, false, locale);
+    case Declared::Both:
+        break;
+    }
+    return compareTextWithNumber(left, right, true, mode == TextComparison::Binary, locale);
+}
+
+} // namespace kor

@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "runtime/compiledmask.h"
+
+#include <array>
+#include <memory>
+
+namespace kor
+{
+
+namespace
+{
+
+enum class Kind { Literal, Number, Date, Text };
+
+//! What a picture is for: the first character that belongs to one kind only decides.
+Kind kindOf(QStringView picture)
+{
+    bool number = false;
+    for (qsizetype at = 0; at < picture.size(); ++at) {
+        switch (picture[at].unicode()) {
+        case u'"': {
+            const qsizetype end = picture.indexOf(u'"', at + 1);
+            at = end < 0 ? picture.size() : end;
+            break;
+        }
+        case u'\\':
+            ++at;
+            break;
+        case u'0':
+        case u'#':
+            return Kind::Number;
+        case u'@':
+        case u'&':
+        case u'<':
+        case u'>':
+        case u'!':
+            return Kind::Text;
+        case u'.':
+        case u'%':
+            number = true;
+            break;
+        default:
+            if (isDateMaskLetter(picture.sliced(at)))
+                return Kind::Date;
+        }
+    }
+    return number ? Kind::Number : Kind::Literal;
+}
+
+DateMask oneDatePart(DatePart part)
+{
+    DateMask mask;
+    mask.append(part);
+    return mask;
+}
+
+bool isName(QStringView mask, const char *name) { return mask.compare(QLatin1String(name), Qt::CaseInsensitive) == 0; }
+
+CompiledMask compileNamed(QStringView mask)
+{
+    static constexpr std::pair<const char *, NamedFormat> named[] = {
+        {"General Number", NamedFormat::GeneralNumber},
+        {"Currency", NamedFormat::Currency},
+        {"Yes/No", NamedFormat::YesNo},
+        {"True/False", NamedFormat::TrueFalse},
+        {"On/Off", NamedFormat::OnOff},
+    };
+    static constexpr std::pair<const char *, const char16_t *> numbers[] = {
+        {"Standard", u"#,##0.00"}, {"Fixed", u"0.00"}, {"Percent", u"0.00%"}, {"Scientific", u"0.00E+00"}};
+    static constexpr std::pair<const char *, const char16_t *> pictures[] = {
+        {"Medium Date", u"dd-mmm-yy"}, {"Medium Time", u"hh:nn AM/PM"}, {"Short Time", u"hh:nn"}};
+    static constexpr std::pair<const char *, DatePart> dates[] = {{"General Date", DatePart::GeneralDate},
+                                                                  {"Short Date", DatePart::ShortDate},
+                                                                  {"Long Date", DatePart::LongDate},
+                                                                  {"Long Time", DatePart::LongTime}};
+    for (const auto &[name, format] : named) {
+        if (isName(mask, name))
+            return format;
+    }
+    for (const auto &[name, picture] : numbers) {
+        if (isName(mask, name))
+            return NumberMask::fromPicture(picture);
+    }
+    for (const auto &[name, picture] : pictures) {
+        if (isName(mask, name))
+            return DateMask::fromPicture(picture);
+    }
+    for (const auto &[name, part] : dates) {
+        if (isName(mask, name))
+            return oneDatePart(part);
+    }
+    return std::monostate();
+}
+
+CompiledMask compile(QStringView mask)
+{
+    CompiledMask named = compileNamed(mask);
+    if (mask.isEmpty() || !std::holds_alternative<std::monostate>(named))
+        return named;
+    switch (kindOf(mask)) {
+    case Kind::Number:
+        return NumberMask::fromPicture(mask);
+    case Kind::Date:
+        return DateMask::fromPicture(mask);
+    case Kind::Text:
+        return TextMask::fromPicture(mask);
+    case Kind::Literal:
+        break;
+    }
+    return LiteralMask{NumberMask::fromPicture(mask)};
+}
+
+//! A small direct-mapped cache: a form uses few masks, and a collision only costs a compilation.
+template <typename Compiled, Compiled (*compileText)(QStringView)>
+class MaskCache
+{
+public:
+    const Compiled &get(QStringView text)
+    {
+        auto &slot = m_slots[slotOf(text)];
+        if (!slot || slot->text != text)
+            slot = std::make_unique<Entry>(Entry{text.toString(), compileText(text)});
+        return slot->compiled;
+    }
+    void clear() { m_slots = {}; }
+
+private:
+    struct Entry {
+        QString text;
+        Compiled compiled;
+    };
+    static constexpr std::size_t slotCount = 64;
+
+    static std::size_t slotOf(QStringView text)
+    {
+        if (text.isEmpty())
+            return 0;
+        std::size_t hash = static_cast<std::size_t>(text.size());
+        hash = hash * 31 + text.front().unicode();
+        hash = hash * 31 + text[text.size() / 2].unicode();
+        hash = hash * 31 + text.back().unicode();
+        return hash % slotCount;
+    }
+
+    std::array<std::unique_ptr<Entry>, slotCount> m_slots;
+};
+
+using PictureCache = MaskCache<CompiledMask, compile>;
+using PatternCache = MaskCache<DateMask, DateMask::fromSystemPattern>;
+
+PictureCache &pictures()
+{
+    thread_local PictureCache cache;
+    return cache;
+}
+
+PatternCache &patterns()
+{
+    thread_local PatternCache cache;
+    return cache;
+}
+
+} // namespace
+
+const CompiledMask &compiledMask(QStringView mask) { return pictures().get(mask); }
+
+const DateMask &systemPattern(QStringView pattern) { return patterns().get(pattern); }
+
+void forgetCompiledMasks()
+{
+    pictures().clear();
+    patterns().clear();
+}
+
+} // namespace kor

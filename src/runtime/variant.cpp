@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "runtime/serial.h"
+
+#include <KorDaoUC/currency.h>
+#include <KorDaoUC/variant.h>
+
+#include <QtCore/QDateTime>
+
+#include <utility>
+
+namespace kor
+{
+
+VariantType variantType(const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::UnknownType:
+        return VariantType::Empty;
+    case QMetaType::Nullptr:
+        return VariantType::Null;
+    case QMetaType::Bool:
+        return VariantType::Boolean;
+    case QMetaType::UChar:
+        return VariantType::Byte;
+    case QMetaType::Short:
+        return VariantType::Integer;
+    case QMetaType::Int:
+        return VariantType::Long;
+    case QMetaType::Float:
+        return VariantType::Single;
+    case QMetaType::Double:
+        return VariantType::Double;
+    case QMetaType::QDate:
+    case QMetaType::QDateTime:
+        return VariantType::Date;
+    case QMetaType::QString:
+        return VariantType::String;
+    default:
+        break;
+    }
+    if (value.metaType() == QMetaType::fromType<Currency>())
+        return VariantType::Currency;
+    if (value.metaType() == QMetaType::fromType<Missing>())
+        return VariantType::Missing;
+    return VariantType::Other;
+}
+
+bool isMissing(const QVariant &value) { return value.metaType() == QMetaType::fromType<Missing>(); }
+
+namespace
+{
+
+template <typename Wide>
+QVariant longOrDouble(Wide value)
+{
+    if (std::in_range<int>(value))
+        return QVariant(static_cast<int>(value));
+    return QVariant(static_cast<double>(value));
+}
+
+QVariant normalizedOther(const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::SChar:
+        return QVariant::fromValue(static_cast<short>(*static_cast<const signed char *>(value.constData())));
+    case QMetaType::Char:
+        return QVariant::fromValue(static_cast<short>(*static_cast<const char *>(value.constData())));
+    case QMetaType::UShort:
+    case QMetaType::UInt:
+    case QMetaType::ULong:
+    case QMetaType::ULongLong:
+        return longOrDouble(value.toULongLong());
+    case QMetaType::Long:
+    case QMetaType::LongLong:
+        return longOrDouble(value.toLongLong());
+    case QMetaType::QChar:
+        return QString(value.toChar());
+    case QMetaType::QTime:
+        return value.toTime().isValid() ? dateVariant({dayZero(), value.toTime()}) : null();
+    default:
+        break;
+    }
+    if (value.metaType().flags() & QMetaType::IsEnumeration)
+        return longOrDouble(value.toLongLong());
+    return value.canConvert<QString>() ? QVariant(value.toString()) : QVariant();
+}
+
+} // namespace
+
+QVariant normalized(const QVariant &value)
+{
+    switch (variantType(value)) {
+    case VariantType::Other:
+        return value.isNull() ? null() : normalizedOther(value);
+    case VariantType::Date: {
+        const Moment moment = momentOf(value);
+        return moment.date.isValid() ? dateVariant(moment) : null();
+    }
+    case VariantType::Empty:
+    case VariantType::Null:
+    case VariantType::Missing:
+        return value;
+    default:
+        return value.isNull() ? null() : value;
+    }
+}
+
+} // namespace kor
