@@ -41,7 +41,8 @@ public:
     [[nodiscard]] Q_INVOKABLE QString keyAt(int index) const { return m_entries.at(index).first; }
     [[nodiscard]] Q_INVOKABLE QVariant valueAt(int index) const { return m_entries.at(index).second; }
 
-    bool operator==(const PropertyBag &) const = default;
+    //! Whether both hold the same settings (in type and value) in the same order.
+    bool operator==(const PropertyBag &other) const;
 
 private:
     QList<Entry> m_entries;

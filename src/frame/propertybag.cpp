@@ -34,4 +34,12 @@ bool PropertyBag::contains(const QString &key) const
     return std::any_of(m_entries.cbegin(), m_entries.cend(), [&key](const Entry &entry) { return entry.first == key; });
 }
 
+bool PropertyBag::operator==(const PropertyBag &other) const
+{
+    return std::equal(m_entries.cbegin(), m_entries.cend(), other.m_entries.cbegin(), other.m_entries.cend(),
+                      [](const Entry &left, const Entry &right) {
+                          return left.first == right.first && isSameSetting(left.second, right.second);
+                      });
+}
+
 } // namespace kor

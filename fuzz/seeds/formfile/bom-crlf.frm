@@ -1,0 +1,4 @@
+﻿Begin A
+Begin B b' c
+End
+End
