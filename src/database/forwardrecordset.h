@@ -27,7 +27,8 @@ protected:
     //! Stands on the first row. To be called once, by the maker, after construction.
     void begin(int fieldCount);
 
-    //! Whether the connection under the rows is still the one they were opened on.
+    //! Whether the connection under the rows is still the one they were opened on. Asked before each of the others
+    //! but release(), except before the first fetch().
     [[nodiscard]] virtual bool isConnected() const = 0;
     //! Fetches one row; false at the end. Throws databaseFailure() when the database fails.
     [[nodiscard]] virtual bool fetch() = 0;

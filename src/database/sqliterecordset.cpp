@@ -19,12 +19,16 @@ namespace kor {
 
 namespace {
 
-//! The pointer that the toolkit wraps under a type name; null when it wraps another type or nothing.
-template <typename Handle>
-Handle *unwrapped(const QVariant &handle, const char *typeName)
+bool wraps(const QVariant &handle, const char *typeName)
 {
-    const bool isExpected = handle.isValid() && std::strcmp(handle.typeName(), typeName) == 0;
-    return isExpected ? *static_cast<Handle *const *>(handle.constData()) : nullptr;
+    return handle.isValid() && std::strcmp(handle.typeName(), typeName) == 0;
+}
+
+//! The pointer in a handle that wraps() one of this type.
+template <typename Pointee>
+Pointee *pointerIn(const QVariant &handle)
+{
+    return *static_cast<Pointee *const *>(handle.constData());
 }
 
 QVariant integerValue(sqlite3_int64 value)
@@ -55,7 +59,8 @@ public:
         if (!m_query.prepare(statement)) {
             throw databaseFailure(m_query.lastError(), DatabaseTask::Open, statement);
         }
-        const int columns = sqlite3_column_count(row());
+        m_row = currentRow();
+        const int columns = sqlite3_column_count(m_row);
         if (columns == 0) {
             throw databaseFailure(QStringLiteral("The statement gives no rows"), DatabaseTask::Open, statement);
         }
@@ -63,58 +68,62 @@ public:
     }
 
 private:
-    //! The driver's statement, asked anew each time: it is gone as soon as the host closes the connection.
-    sqlite3_stmt *row() const { return unwrapped<sqlite3_stmt>(m_query.result()->handle(), "sqlite3_stmt*"); }
+    //! The driver's statement; null as soon as the host has closed or removed the connection.
+    sqlite3_stmt *currentRow() const { return pointerIn<sqlite3_stmt>(m_query.result()->handle()); }
 
-    bool isConnected() const override { return row() != nullptr; }
+    bool isConnected() const override
+    {
+        m_row = currentRow();
+        return m_row != nullptr;
+    }
 
     bool fetch() override
     {
-        sqlite3_stmt *const statementHandle = row();
-        switch (sqlite3_step(statementHandle)) {
+        switch (sqlite3_step(m_row)) {
         case SQLITE_ROW: return true;
         case SQLITE_DONE: return false;
         default:
-            const char *const text = sqlite3_errmsg(sqlite3_db_handle(statementHandle));
+            const char *const text = sqlite3_errmsg(sqlite3_db_handle(m_row));
             throw databaseFailure(QString::fromUtf8(text), DatabaseTask::Read, statement());
         }
     }
 
     QVariant valueAt(int index) const override
     {
-        sqlite3_stmt *const values = row();
-        switch (sqlite3_column_type(values, index)) {
-        case SQLITE_INTEGER: return integerValue(sqlite3_column_int64(values, index));
-        case SQLITE_FLOAT: return sqlite3_column_double(values, index);
-        case SQLITE_TEXT: return textOf(values, index);
-        case SQLITE_BLOB: return normalized(blobOf(values, index));
+        switch (sqlite3_column_type(m_row, index)) {
+        case SQLITE_INTEGER: return integerValue(sqlite3_column_int64(m_row, index));
+        case SQLITE_FLOAT: return sqlite3_column_double(m_row, index);
+        case SQLITE_TEXT: return textOf(m_row, index);
+        case SQLITE_BLOB: return normalized(blobOf(m_row, index));
         default: return null();
         }
     }
 
-    QString nameAt(int index) const override { return QString::fromUtf8(sqlite3_column_name(row(), index)); }
+    QString nameAt(int index) const override { return QString::fromUtf8(sqlite3_column_name(m_row, index)); }
 
     void release() override { m_query.clear(); }
 
     QSqlQuery m_query;
+    mutable sqlite3_stmt *m_row = nullptr; // asked of the toolkit by isConnected(), before every look at a row
 };
 
 } // namespace
 
 bool sharesSqlite(QSqlDriver &driver)
 {
-    auto *const handle = unwrapped<sqlite3>(driver.handle(), "sqlite3*");
-    if (!handle) {
+    const QVariant handle = driver.handle();
+    if (!driver.isOpen() || !wraps(handle, "sqlite3*")) {
         return false;
     }
     QSqlQuery version(driver.createResult());
     if (!version.exec(QStringLiteral("SELECT sqlite_source_id()")) || !version.next() ||
-        version.value(0).toString() != QLatin1String(sqlite3_sourceid())) {
+        version.value(0).toString() != QLatin1String(sqlite3_sourceid()) ||
+        !wraps(version.result()->handle(), "sqlite3_stmt*")) {
         return false;
     }
     // Two copies of one version each keep a table of file systems: only ours knows the very object that we registered.
     sqlite3_vfs *files = nullptr;
-    sqlite3_file_control(handle, "main", SQLITE_FCNTL_VFS_POINTER, &files);
+    sqlite3_file_control(pointerIn<sqlite3>(handle), "main", SQLITE_FCNTL_VFS_POINTER, &files);
     return files && sqlite3_vfs_find(files->zName) == files;
 }
 
