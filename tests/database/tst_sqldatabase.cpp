@@ -170,6 +170,23 @@ void tst_SqlDatabase::valuesKeepTheirTypes_data()
     QTest::newRow("NULL text")                       << "CAST(NULL AS TEXT)"                       << null;
     QTest::newRow("NULL double")                     << "CAST(NULL AS DOUBLE PRECISION)"           << null;
     // clang-format on
+    QFETCH_GLOBAL(Way, way);
+    if (way == Way::Postgres) { // types that SQLite does not have
+        // clang-format off
+        QTest::newRow("whole decimal is a Double")   << "7::numeric"                          << QVariant(7.0);
+        QTest::newRow("16 bits are a Long")          << "12::smallint"                        << QVariant(12);
+        QTest::newRow("negative 64 bits")            << "(-5)::bigint"                        << QVariant(-5);
+        QTest::newRow("single fraction is a Double") << "0.5::real"                           << QVariant(0.5);
+        QTest::newRow("truth is a Boolean")          << "TRUE"                                << QVariant(true);
+        QTest::newRow("date is a Date")              << "DATE '2026-03-29'"                   << QVariant(QDate(2026, 3, 29));
+        QTest::newRow("NULL date")                   << "NULL::date"                          << null;
+        QTest::newRow("date with a time")            << "TIMESTAMP '2026-03-28 13:45:10'"     << kor::normalized(QDateTime(QDate(2026, 3, 28), QTime(13, 45, 10), Qt::UTC));
+        QTest::newRow("hour that the clocks skip")   << "TIMESTAMP '2026-03-29 02:30:00'"     << kor::normalized(QDateTime(QDate(2026, 3, 29), QTime(2, 30), Qt::UTC));
+        QTest::newRow("midnight is a Date alone")    << "TIMESTAMP '2026-03-28 00:00:00'"     << QVariant(QDate(2026, 3, 28));
+        QTest::newRow("NULL timestamp")              << "NULL::timestamp"                     << null;
+        QTest::newRow("NULL truth")                  << "NULL::boolean"                       << null;
+        // clang-format on
+    }
 }
 
 void tst_SqlDatabase::valuesKeepTheirTypes()
