@@ -33,6 +33,7 @@ target_compile_options(kor_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow 
 # in the eyes of tools/check-layers.
 function(kor_library layer)
     cmake_parse_arguments(ARG "" "" "RULES;SOURCES;PUBLIC_HEADERS;LINK" ${ARGN})
+    set_property(GLOBAL APPEND PROPERTY KOR_LINK_LIBRARIES ${ARG_LINK})
     # moc must see the classes of the public headers, which live away from their sources
     list(TRANSFORM ARG_PUBLIC_HEADERS PREPEND ${PROJECT_SOURCE_DIR}/include/KorDaoUC/)
     if(ARG_RULES)
@@ -50,6 +51,9 @@ function(kor_library layer)
         target_include_directories(kor_${layer} PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)
         target_compile_definitions(kor_${layer} PRIVATE KORDAOUC_BUILDING)
         target_link_libraries(kor_${layer} PUBLIC KorDaoUCRuntime Qt6::Widgets PRIVATE kor_warnings ${ARG_LINK})
+        if(ARG_RULES) # the headers of the pure part are seen there
+            list(REMOVE_ITEM ARG_PUBLIC_HEADERS ${ARG_RULES})
+        endif()
         target_sources(kor_${layer} PRIVATE ${ARG_PUBLIC_HEADERS})
         set_property(GLOBAL APPEND PROPERTY KOR_OBJECT_LIBRARIES kor_${layer})
     endif()

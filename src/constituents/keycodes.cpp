@@ -110,6 +110,21 @@ int keyCode(const QKeyEvent &event)
     return event.text().isEmpty() ? Key::None : Key::Packet;
 }
 
+int shiftState(const QKeyEvent &event)
+{
+    // Platforms differ in whether the press of Ctrl itself already counts as Ctrl being down; here it does, and its
+    // release no longer.
+    Qt::KeyboardModifiers modifiers = event.modifiers();
+    const bool isDown = event.type() != QEvent::KeyRelease;
+    if (event.key() == Qt::Key_Shift)
+        modifiers.setFlag(Qt::ShiftModifier, isDown);
+    else if (event.key() == Qt::Key_Control)
+        modifiers.setFlag(Qt::ControlModifier, isDown);
+    else if (event.key() == Qt::Key_Alt)
+        modifiers.setFlag(Qt::AltModifier, isDown);
+    return shiftState(modifiers);
+}
+
 int shiftState(Qt::KeyboardModifiers modifiers)
 {
     return (modifiers.testFlag(Qt::ShiftModifier) ? ShiftState::Shift : 0) |

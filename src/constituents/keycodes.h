@@ -45,6 +45,8 @@ enum Code : int { None = 0, Shift = 1, Ctrl = 2, Alt = 4 };
 
 //! The virtual-key code of a key press or release.
 [[nodiscard]] int keyCode(const QKeyEvent &event);
+//! The Shift argument of a key press or release.
+[[nodiscard]] int shiftState(const QKeyEvent &event);
 [[nodiscard]] int shiftState(Qt::KeyboardModifiers modifiers);
 [[nodiscard]] Qt::KeyboardModifiers modifiersOf(int shiftState);
 

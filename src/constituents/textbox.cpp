@@ -107,7 +107,7 @@ bool TextBox::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride && m_clipboard == Clipboard::WholeText) {
         const auto *key = static_cast<QKeyEvent *>(event);
-        if (clipboardCommand(keyCode(*key), shiftState(key->modifiers())) != ClipboardCommand::None) {
+        if (clipboardCommand(keyCode(*key), shiftState(*key)) != ClipboardCommand::None) {
             event->accept();
             return true;
         }
@@ -150,7 +150,7 @@ void TextBox::press(QKeyEvent *event)
     const QPointer<TextBox> self = this;
     event->accept();
     const int ownCode = keyCode(*event);
-    const int ownShift = shiftState(event->modifiers());
+    const int ownShift = shiftState(*event);
     const auto command =
         m_clipboard == Clipboard::WholeText ? clipboardCommand(ownCode, ownShift) : ClipboardCommand::None;
     if (command != ClipboardCommand::None)
@@ -254,7 +254,7 @@ void TextBox::keyReleaseEvent(QKeyEvent *event)
         return;
     guarded(this, [&] {
         int code = keyCode(*event);
-        int shift = shiftState(event->modifiers());
+        int shift = shiftState(*event);
         if (code != Key::None)
             Q_EMIT KeyUp(code, shift);
     });

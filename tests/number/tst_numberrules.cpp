@@ -351,7 +351,8 @@ void tst_NumberRules::narrowField_data()
     QTest::newRow("a fourth digit over a selection")           << QStringLiteral("12[3]")    << int('4') << Outcome::Typed << 1;
     QTest::newRow("before the separator: typed without asking") << QStringLiteral("1234|,5") << int('6') << Outcome::Typed << 0;
     QTest::newRow("behind the separator: typed")               << QStringLiteral("1234,|5")  << int('6') << Outcome::Typed << 1;
-    QTest::newRow("minus before digits that fill the field")   << QStringLiteral("123|")     << int('-') << Outcome::Typed << 1;
+    QTest::newRow("minus that would not fit formatted")        << QStringLiteral("123|")     << int('-') << Outcome::Beep  << 0;
+    QTest::newRow("minus that fits formatted")                 << QStringLiteral("12|")      << int('-') << Outcome::Typed << 1;
     QTest::newRow("text too long already")                     << QStringLiteral("1234567|") << int('8') << Outcome::Beep  << 0;
     QTest::newRow("text too long already, selection")          << QStringLiteral("[1234567]") << int('8') << Outcome::Typed << 1;
     QTest::newRow("separator always")                          << QStringLiteral("1234567|") << int(',') << Outcome::Typed << 1;

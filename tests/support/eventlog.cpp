@@ -31,6 +31,9 @@ int EventLog::qt_metacall(QMetaObject::Call call, int id, void **arguments)
     const Event &event = m_events.at(static_cast<std::size_t>(id));
     if (m_ignored.contains(event.name))
         return -1;
+    const bool isKey = event.name == u"KeyDown" || event.name == u"KeyUp";
+    if (const int code = isKey ? *static_cast<int *>(arguments[1]) : 0; code >= 16 && code <= 18)
+        return -1;
     QStringList shown;
     for (std::size_t i = 0; i < event.types.size(); ++i) {
         if (event.types[i] == "int&" || event.types[i] == "int")

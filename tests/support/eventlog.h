@@ -11,7 +11,8 @@ namespace kor::test {
 
 //! Records a control's events in their order, late-bound, with their arguments as they were handed over.
 //!
-//! Written as "KeyDown(38,0)"; positions (Single arguments) are left out.
+//! Written as "KeyDown(38,0)"; positions (Single arguments) are left out, and so are the presses and releases of the
+//! Shift, Ctrl and Alt keys themselves.
 class EventLog : public QObject
 {
 public:
