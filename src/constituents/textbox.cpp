@@ -27,24 +27,39 @@ namespace kor {
 TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
 {
     setMouseTracking(true); // MouseMove comes without a button too
-    connect(this, &QLineEdit::textChanged, this, &TextBox::Change);
+    connect(this, &QLineEdit::textChanged, this, [this] {
+        if (m_editingDepth > 0)
+            m_isChangePending = true;
+        else
+            Q_EMIT Change();
+    });
+}
+
+template <class Body>
+void TextBox::editing(Body &&body)
+{
+    ++m_editingDepth;
+    body();
+    --m_editingDepth;
+    if (m_editingDepth == 0 && std::exchange(m_isChangePending, false))
+        Q_EMIT Change();
 }
 
 void TextBox::setProgramText(const QString &text)
 {
-    const QPointer<TextBox> self = this;
-    setText(text);
-    if (self && text == this->text())
+    editing([&] {
+        setText(text);
         setCursorPosition(0);
+    });
 }
 
 void TextBox::setTextKeepingCaret(const QString &text)
 {
-    const int caret = cursorPosition();
-    const QPointer<TextBox> self = this;
-    setText(text);
-    if (self)
+    editing([&] {
+        const int caret = cursorPosition();
+        setText(text);
         setCursorPosition(std::min(caret, TextLength()));
+    });
 }
 
 int TextBox::SelStart() const { return hasSelectedText() ? selectionStart() : cursorPosition(); }
@@ -173,7 +188,7 @@ void TextBox::press(QKeyEvent *event)
             int offered = ascii;
             Q_EMIT KeyPress(offered);
             if (self && offered == ascii)
-                QLineEdit::keyPressEvent(event);
+                editing([&] { QLineEdit::keyPressEvent(event); });
             else if (self && offered != 0)
                 type(offered);
             return;
@@ -181,7 +196,7 @@ void TextBox::press(QKeyEvent *event)
         offerCharacter(ascii);
         return;
     }
-    QLineEdit::keyPressEvent(event);
+    editing([&] { QLineEdit::keyPressEvent(event); });
 }
 
 void TextBox::actAs(int code, int shift, QKeyEvent *event)
@@ -192,8 +207,8 @@ void TextBox::actAs(int code, int shift, QKeyEvent *event)
         offerCharacter(character);
     } else {
         QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift));
-        QLineEdit::keyPressEvent(&other);
-        event->setAccepted(other.isAccepted());
+        event->setAccepted(true);
+        editing([&] { QLineEdit::keyPressEvent(&other); });
     }
 }
 
@@ -212,20 +227,20 @@ void TextBox::type(int ascii)
     if (isReadOnly())
         return;
     if (ascii == Key::Backspace) {
-        backspace();
+        editing([this] { backspace(); });
         return;
     }
     const QChar character(static_cast<char16_t>(ascii));
     const bool fits = m_maxLength == 0 || TextLength() - SelLength() < m_maxLength;
     if (character.isPrint() && fits)
-        insert(character);
+        editing([&] { insert(character); });
 }
 
 void TextBox::inputMethodEvent(QInputMethodEvent *event)
 {
     const QString committed = event->commitString();
     if (committed.isEmpty() || isReadOnly()) {
-        QLineEdit::inputMethodEvent(event);
+        editing([&] { QLineEdit::inputMethodEvent(event); });
         return;
     }
     // Dead keys and input methods deliver finished characters; each goes through KeyPress like a typed one.
@@ -317,7 +332,7 @@ void TextBox::mouseReleaseEvent(QMouseEvent *event)
             if (press != Press::None && QGuiApplication::clipboard()->supportsSelection())
                 pasteWhole(QGuiApplication::clipboard()->text(QClipboard::Selection));
         } else {
-            QLineEdit::mouseReleaseEvent(event);
+            editing([&] { QLineEdit::mouseReleaseEvent(event); });
         }
         if (!self || press == Press::None)
             return;
@@ -373,7 +388,7 @@ void TextBox::takeOverClipboardActions(QMenu *menu)
 void TextBox::dropEvent(QDropEvent *event)
 {
     if (m_clipboard != Clipboard::WholeText) {
-        QLineEdit::dropEvent(event);
+        guarded(this, [&] { editing([&] { QLineEdit::dropEvent(event); }); });
         return;
     }
     guarded(this, [&] { pasteWhole(event->mimeData()->text()); });

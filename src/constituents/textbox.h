@@ -87,6 +87,10 @@ private:
     enum class Press { None, Single, Double };
 
     [[nodiscard]] static ClipboardCommand clipboardCommand(int keyCode, int shift);
+    //! Runs what may change the text and raises Change when it is done: a handler may then set the text anew or delete
+    //! the control, which the line edit could not bear in the middle of its own work.
+    template <class Body>
+    void editing(Body &&body);
     void press(QKeyEvent *event);
     void actAs(int keyCode, int shift, QKeyEvent *event);
     //! Raises KeyPress for the character and types what the handlers make of it. False when it was swallowed.
@@ -103,6 +107,8 @@ private:
     int m_maxLength = 0;
     int m_whatsThisHelpID = 0;
     Press m_press = Press::None;
+    int m_editingDepth = 0;
+    bool m_isChangePending = false;
 };
 
 } // namespace kor

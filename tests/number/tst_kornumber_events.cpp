@@ -62,7 +62,7 @@ private:
 
 void tst_KorNumberEvents::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    failOnWarnings();
     Locale::setSystemDefault(Locale::polish());
     m_owner = std::make_unique<Stage>();
     m_stage = m_owner.get();
@@ -253,7 +253,8 @@ void tst_KorNumberEvents::doubleClickComesInItsOrder()
     QTest::mouseDClick(m_box, Qt::LeftButton);
     QTest::mouseRelease(m_box, Qt::LeftButton);
     const QString events = log.take();
-    QVERIFY2(events.endsWith(QStringLiteral("MouseDown(1,0) MouseUp(1,0) Click DblClick MouseUp(1,0)")), qPrintable(events));
+    QVERIFY2(events.endsWith(QStringLiteral("MouseDown(1,0) MouseUp(1,0) Click DblClick MouseUp(1,0)")),
+             qPrintable(events));
 }
 
 void tst_KorNumberEvents::mousePositionsAreTwips()
@@ -402,9 +403,10 @@ void tst_KorNumberEvents::settingsAreWrittenInTheirOrder()
     setEverything(number);
     PropertyBag bag;
     number.writeProperties(bag);
-    const QString order = QStringLiteral("BackColor ForeColor Enabled Font Locked Value Text MaxLength MaxLength "
-                                         "WhatsThisHelpID BorderStyle Alignment MaskPicture MaxValue MinValue CheckRange "
-                                         "Appearance BlockChange ToolTipText");
+    const QString order =
+        QStringLiteral("BackColor ForeColor Enabled Font Locked Value Text MaxLength MaxLength "
+                       "WhatsThisHelpID BorderStyle Alignment MaskPicture MaxValue MinValue CheckRange "
+                       "Appearance BlockChange ToolTipText");
     QCOMPARE(keysOf(bag).join(QLatin1Char(' ')), order);
     QCOMPARE(bag.ReadProperty(QStringLiteral("Value")), QVariant(12.5));
     QCOMPARE(bag.ReadProperty(QStringLiteral("Text")), QVariant(QStringLiteral("12,50")));
@@ -483,12 +485,12 @@ void tst_KorNumberEvents::everyLetReportsItsProperty()
     setEverything(number);
     number.setText(QStringLiteral("3"));
     const QStringList expected{
-        QStringLiteral("BackColor"),  QStringLiteral("ForeColor"),       QStringLiteral("Enabled"),
-        QStringLiteral("Font"),       QStringLiteral("Locked"),          QStringLiteral("Value"),
-        QStringLiteral("MaxLength"),  QStringLiteral("WhatsThisHelpID"), QStringLiteral("BorderStyle"),
-        QStringLiteral("Alignment"),  QStringLiteral("MaskPicture"),     QStringLiteral("MaxValue"),
-        QStringLiteral("MinValue"),   QStringLiteral("CheckRange"),      QStringLiteral("Appearance"),
-        QStringLiteral("BlockChange"), QStringLiteral("ToolTipText"),    QStringLiteral("Value"),
+        QStringLiteral("BackColor"),   QStringLiteral("ForeColor"),       QStringLiteral("Enabled"),
+        QStringLiteral("Font"),        QStringLiteral("Locked"),          QStringLiteral("Value"),
+        QStringLiteral("MaxLength"),   QStringLiteral("WhatsThisHelpID"), QStringLiteral("BorderStyle"),
+        QStringLiteral("Alignment"),   QStringLiteral("MaskPicture"),     QStringLiteral("MaxValue"),
+        QStringLiteral("MinValue"),    QStringLiteral("CheckRange"),      QStringLiteral("Appearance"),
+        QStringLiteral("BlockChange"), QStringLiteral("ToolTipText"),     QStringLiteral("Value"),
         QStringLiteral("Text")};
     QCOMPARE(reported, expected);
 }

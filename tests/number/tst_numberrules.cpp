@@ -265,8 +265,8 @@ void tst_NumberRules::key_data()
     // clang-format on
     for (int digit = '0'; digit <= '9'; ++digit) {
         for (int locale = 0; locale < 3; ++locale)
-            row(qPrintable(QStringLiteral("digit %1 in locale %2").arg(QChar(digit)).arg(locale)), locale, "-5|", digit, 0,
-                Outcome::Typed, 1, qPrintable(QStringLiteral("-5%1|").arg(QChar(digit))));
+            row(qPrintable(QStringLiteral("digit %1 in locale %2").arg(QChar(digit)).arg(locale)), locale, "-5|", digit,
+                0, Outcome::Typed, 1, qPrintable(QStringLiteral("-5%1|").arg(QChar(digit))));
     }
 }
 
@@ -278,9 +278,9 @@ void tst_NumberRules::key()
     QFETCH(int, maxLength);
     const NumberSigns signs = locale == 0 ? polish() : locale == 1 ? english() : german();
     int presses = 0;
-    const Keystroke key = judgeKey({keyAscii, entryOf(before)},
-                                   {signs, standardMask, maxLength, [](const QString &) { return true; }},
-                                   [&presses](int &) { ++presses; });
+    const Keystroke key =
+        judgeKey({keyAscii, entryOf(before)}, {signs, standardMask, maxLength, [](const QString &) { return true; }},
+                 [&presses](int &) { ++presses; });
     const Outcome outcome = key.keyAscii != 0 ? Outcome::Typed : key.beeps ? Outcome::Beep : Outcome::Swallowed;
     QTEST(outcome, "outcome");
     QTEST(presses, "keyPresses");
@@ -334,7 +334,8 @@ void tst_NumberRules::everyOtherCharacterIsRefusedWithABeep()
         int presses = 0;
         const Keystroke key = judgeKey({code, before}, {signs, standardMask, 0, [](const QString &) { return true; }},
                                        [&presses](int &) { ++presses; });
-        QVERIFY2(key.keyAscii == 0 && key.beeps && presses == 0 && key.entry == before, qPrintable(QString::number(code)));
+        QVERIFY2(key.keyAscii == 0 && key.beeps && presses == 0 && key.entry == before,
+                 qPrintable(QString::number(code)));
     }
 }
 

@@ -49,6 +49,11 @@ Beeps::~Beeps() { setBeepHandler({}); }
 
 int Beeps::take() { return std::exchange(beepCount, 0); }
 
+void failOnWarnings()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support propagateSizeHints)")));
+}
+
 void settle()
 {
     for (int round = 0; round < 3; ++round) {

@@ -57,6 +57,10 @@ public:
     [[nodiscard]] int take();
 };
 
+//! From now on in this test function, any warning of the toolkit is a failure. The offscreen platform's own complaint
+//! about size hints says nothing about us.
+void failOnWarnings();
+
 //! Lets everything that waits happen: queued focus changes, posted events.
 void settle();
 
