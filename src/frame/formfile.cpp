@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "formtext.h"
+#include "frame/formtext.h"
 
 #include <KorDaoUC/formfile.h>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "formtext.h"
+#include "frame/formtext.h"
 
-#include "formnumber.h"
-#include "savedfont.h"
+#include "frame/formnumber.h"
+#include "frame/savedfont.h"
 
 #include <KorDaoUC/variant.h>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "savedfont.h"
+#include "frame/savedfont.h"
 
 #include <KorDaoUC/formfile.h>
 

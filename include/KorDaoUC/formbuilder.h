@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <KorDaoUC/export.h>
+#include <KorDaoUC/formfile.h>
+
+#include <QtCore/QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class QWidget;
+
+namespace kor {
+
+//! How a kind of block is made, filled and saved that is no control of the library.
+struct FormItemKind {
+    std::function<QWidget *(QWidget *parent)> create;
+    //! Applies the saved settings. May raise RunTimeError for a value that it can't take.
+    std::function<void(QWidget &widget, const PropertyBag &settings)> read;
+    //! Writes the settings that differ from their defaults.
+    std::function<void(const QWidget &widget, PropertyBag &settings)> write;
+};
+
+//! Fills a window with the controls of a form file, and reads the form back from the window.
+//!
+//! Blocks named KorDaoUC.<Class> become the controls of that class, with the block's name as objectName, so that the
+//! host finds them by findChild(). `Label`, `CommandButton` and `Frame` are known besides; the host adds its own kinds.
+//!
+//! The builder itself understands `Left`, `Top`, `Width` and `Height` (twips, 1440 to the inch of the screen's logical
+//! resolution, from the corner of the surrounding block) and `TabIndex`, which orders all controls of the form. The
+//! letter behind "&" in a label's caption leads to the control that is next in this order.
+class KORDAOUC_EXPORT FormBuilder
+{
+public:
+    FormBuilder();
+    ~FormBuilder();
+
+    //! Adds a kind of block, or replaces the one of that type.
+    void addKind(const QString &type, FormItemKind kind);
+
+    //! Makes the controls of the form on the window, which takes the form's `Caption` as title, its `Font` and its
+    //! size. Returns nothing, or the reason why the form can't be built: then the window is as it was before.
+    //! The widgets belong to the window; a builder that builds again forgets the window it built before.
+    [[nodiscard]] std::optional<QString> build(const FormBlock &form, QWidget *window);
+
+    //! The form as it is in the window now. Settings that nobody knows stand where they stood; the place of a control
+    //! is written anew only if it was moved. Without those controls that the host has deleted.
+    [[nodiscard]] FormBlock toBlock() const;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace kor

@@ -1,0 +1,244 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "frame/formitems.h"
+#include "frame/formplace.h"
+#include "frame/settingsmerge.h"
+
+#include <KorDaoUC/controlregistry.h>
+#include <KorDaoUC/convert.h>
+#include <KorDaoUC/formbuilder.h>
+#include <KorDaoUC/runtimeerror.h>
+#include <KorDaoUC/usercontrol.h>
+
+#include <QtCore/QPointer>
+#include <QtWidgets/QLabel>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+#include <vector>
+
+namespace kor {
+
+namespace {
+
+constexpr QLatin1String libraryPrefix("KorDaoUC.");
+
+FormItemKind controlKind(const QString &type)
+{
+    return {
+        [type](QWidget *parent) -> QWidget * { return ControlRegistry::create(type, parent); },
+        [](QWidget &widget, const PropertyBag &settings) {
+            static_cast<UserControl &>(widget).readProperties(settings);
+        },
+        [](const QWidget &widget, PropertyBag &settings) {
+            static_cast<const UserControl &>(widget).writeProperties(settings);
+        },
+    };
+}
+
+//! A block and the widget that was made of it.
+struct Item {
+    QPointer<QWidget> widget;
+    FormItemKind kind;
+    FormBlock block; //!< as loaded, without the blocks inside it
+    FormPlace place;
+    PropertyBag taken; //!< what the widget wrote right after loading
+    std::vector<Item> children;
+
+    [[nodiscard]] PropertyBag present() const
+    {
+        PropertyBag settings;
+        place.write(*widget, settings);
+        kind.write(*widget, settings);
+        return settings;
+    }
+};
+
+FormBlock blockOf(const Item &item)
+{
+    FormBlock block = item.block;
+    block.properties = mergeSettings(item.block.properties, item.taken, item.present());
+    for (const Item &child : item.children) {
+        if (child.widget)
+            block.children.push_back(blockOf(child));
+    }
+    return block;
+}
+
+QString described(const FormBlock &block) { return block.name.isEmpty() ? block.type : block.type + u' ' + block.name; }
+
+//! The items in the order of Tab: by TabIndex, those without one behind the others as they stand in the file.
+class TabOrder
+{
+public:
+    void add(const Item &item)
+    {
+        const QString key = QStringLiteral("TabIndex");
+        constexpr int last = std::numeric_limits<int>::max();
+        const PropertyBag &settings = item.block.properties;
+        m_stops.push_back({settings.contains(key) ? CLng(settings.ReadProperty(key)) : last, item.widget});
+        for (const Item &child : item.children)
+            add(child);
+    }
+
+    void apply()
+    {
+        std::stable_sort(m_stops.begin(), m_stops.end(),
+                         [](const Stop &left, const Stop &right) { return left.index < right.index; });
+        QWidget *next = nullptr;
+        for (auto stop = m_stops.rbegin(); stop != m_stops.rend(); ++stop) {
+            if (auto *label = qobject_cast<QLabel *>(stop->widget)) {
+                if (label->text().contains(u'&'))
+                    label->setBuddy(next);
+            } else if (stop->widget->focusPolicy() & Qt::TabFocus) {
+                if (next)
+                    QWidget::setTabOrder(stop->widget, next);
+                next = stop->widget;
+            }
+        }
+    }
+
+private:
+    struct Stop {
+        int index;
+        QWidget *widget;
+    };
+    std::vector<Stop> m_stops;
+};
+
+//! A window while controls are put on it: unless finished, it is afterwards as it was.
+class Construction
+{
+public:
+    explicit Construction(QWidget *window)
+        : m_window(window),
+          m_title(window->windowTitle()),
+          m_font(window->testAttribute(Qt::WA_SetFont) ? window->font() : QFont()),
+          m_size(window->size())
+    {
+    }
+    ~Construction()
+    {
+        if (m_finished)
+            return;
+        qDeleteAll(m_topLevel);
+        m_window->setWindowTitle(m_title);
+        m_window->setFont(m_font);
+        m_window->resize(m_size);
+    }
+    Q_DISABLE_COPY_MOVE(Construction)
+
+    void add(QWidget *widget)
+    {
+        if (widget->parentWidget() == m_window)
+            m_topLevel.push_back(widget);
+    }
+    void finish() { m_finished = true; }
+
+private:
+    QWidget *m_window;
+    QString m_title;
+    QFont m_font;
+    QSize m_size;
+    std::vector<QWidget *> m_topLevel;
+    bool m_finished = false;
+};
+
+} // namespace
+
+class FormBuilder::Private
+{
+public:
+    [[nodiscard]] std::optional<FormItemKind> kindOf(const QString &type) const;
+    [[nodiscard]] std::optional<QString> unknownClass(const FormBlock &block) const;
+    Item make(const FormBlock &block, QWidget *parent, Construction &construction);
+    void fill(Item &item, const FormBlock &block, Construction &construction);
+
+    QHash<QString, FormItemKind> kinds = readyMadeItems();
+    std::optional<Item> form;
+    QString current; //!< the block that is being made, for messages
+};
+
+FormBuilder::FormBuilder() : d(std::make_unique<Private>()) {}
+FormBuilder::~FormBuilder() = default;
+
+void FormBuilder::addKind(const QString &type, FormItemKind kind) { d->kinds.insert(type, std::move(kind)); }
+
+std::optional<FormItemKind> FormBuilder::Private::kindOf(const QString &type) const
+{
+    if (const auto kind = kinds.constFind(type); kind != kinds.cend())
+        return *kind;
+    if (type.startsWith(libraryPrefix) && ControlRegistry::names().contains(type.sliced(libraryPrefix.size())))
+        return controlKind(type);
+    return std::nullopt;
+}
+
+std::optional<QString> FormBuilder::Private::unknownClass(const FormBlock &block) const
+{
+    for (const FormBlock &child : block.children) {
+        if (!kindOf(child.type))
+            return QStringLiteral("%1: the class %2 is not known").arg(described(child), child.type);
+        if (const std::optional<QString> reason = unknownClass(child))
+            return reason;
+    }
+    return std::nullopt;
+}
+
+Item FormBuilder::Private::make(const FormBlock &block, QWidget *parent, Construction &construction)
+{
+    current = described(block);
+    FormItemKind kind = *kindOf(block.type);
+    FormPlace place(block.properties, FormPlace::Extent::PlaceAndSize);
+    QWidget *widget = kind.create(parent);
+    if (!widget)
+        throw RunTimeError(ErrorNumber::InvalidProcedureCall, QStringLiteral("the control could not be made"));
+    construction.add(widget);
+    widget->setObjectName(block.name);
+    Item item{widget, std::move(kind), {block.type, block.name, block.properties, {}}, place, {}, {}};
+    fill(item, block, construction);
+    widget->show();
+    return item;
+}
+
+void FormBuilder::Private::fill(Item &item, const FormBlock &block, Construction &construction)
+{
+    item.kind.read(*item.widget, block.properties);
+    item.place.apply(*item.widget);
+    item.taken = item.present();
+    for (const FormBlock &child : block.children)
+        item.children.push_back(make(child, item.widget, construction));
+}
+
+std::optional<QString> FormBuilder::build(const FormBlock &form, QWidget *window)
+{
+    if (form.type != u"Form")
+        return QStringLiteral("%1: a form is a block of the class Form").arg(described(form));
+    if (std::optional<QString> reason = d->unknownClass(form))
+        return reason;
+
+    Construction construction(window);
+    try {
+        d->current = described(form);
+        Item item{window,
+                  {{}, readForm, writeForm},
+                  {form.type, form.name, form.properties, {}},
+                  FormPlace(form.properties, FormPlace::Extent::SizeOnly),
+                  {},
+                  {}};
+        d->fill(item, form, construction);
+        TabOrder order;
+        for (const Item &child : item.children)
+            order.add(child);
+        order.apply();
+        d->form = std::move(item);
+    } catch (const RunTimeError &error) {
+        return QStringLiteral("%1: error %2").arg(d->current, QString::fromUtf8(error.what()));
+    }
+    construction.finish();
+    return std::nullopt;
+}
+
+FormBlock FormBuilder::toBlock() const { return d->form && d->form->widget ? blockOf(*d->form) : FormBlock(); }
+
+} // namespace kor

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "frame/formplace.h"
+
+#include "constituents/twips.h"
+
+#include <KorDaoUC/convert.h>
+#include <KorDaoUC/runtimeerror.h>
+
+#include <QtWidgets/QWidget>
+
+#include <array>
+#include <cmath>
+#include <span>
+
+namespace kor {
+
+namespace {
+
+constexpr double furthestTwips = 1e6; // some 17 metres
+
+//! One of the four numbers of a place.
+struct Side {
+    QLatin1String key;
+    int (QRect::*pixels)() const;
+    void (QRect::*setPixels)(int);
+    int (*toPixels)(const QWidget *, double);
+    double (*twipsPerPixel)(const QWidget *);
+};
+
+constexpr std::array sides{
+    Side{QLatin1String("Left"), &QRect::x, &QRect::moveLeft, toPixelsX, twipsPerPixelX},
+    Side{QLatin1String("Top"), &QRect::y, &QRect::moveTop, toPixelsY, twipsPerPixelY},
+    Side{QLatin1String("Width"), &QRect::width, &QRect::setWidth, toPixelsX, twipsPerPixelX},
+    Side{QLatin1String("Height"), &QRect::height, &QRect::setHeight, toPixelsY, twipsPerPixelY},
+};
+
+std::span<const Side> sidesOf(FormPlace::Extent extent)
+{
+    return extent == FormPlace::Extent::SizeOnly ? std::span<const Side>(sides).last(2) : std::span<const Side>(sides);
+}
+
+} // namespace
+
+FormPlace::FormPlace(const PropertyBag &settings, Extent extent) : m_extent(extent)
+{
+    for (const Side &side : sidesOf(extent)) {
+        if (!settings.contains(side.key))
+            continue;
+        const QVariant value = settings.ReadProperty(side.key);
+        if (!(std::abs(CDbl(value)) <= furthestTwips))
+            throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+        m_settings.append(side.key, value);
+    }
+}
+
+void FormPlace::apply(QWidget &widget)
+{
+    QRect place(QPoint(0, 0), widget.sizeHint());
+    if (m_extent == Extent::SizeOnly)
+        place = widget.geometry();
+    for (const Side &side : sidesOf(m_extent)) {
+        if (m_settings.contains(side.key))
+            (place.*side.setPixels)(side.toPixels(&widget, CDbl(m_settings.ReadProperty(side.key))));
+    }
+    if (m_extent == Extent::SizeOnly)
+        widget.resize(place.size());
+    else
+        widget.setGeometry(place);
+    m_placed = widget.geometry();
+}
+
+void FormPlace::write(const QWidget &widget, PropertyBag &settings) const
+{
+    const QRect now = widget.geometry();
+    for (const Side &side : sidesOf(m_extent)) {
+        const int pixels = (now.*side.pixels)();
+        if (pixels != (m_placed.*side.pixels)())
+            settings.append(side.key, qRound(pixels * side.twipsPerPixel(&widget)));
+        else if (m_settings.contains(side.key))
+            settings.append(side.key, m_settings.ReadProperty(side.key));
+    }
+}
+
+} // namespace kor
