@@ -33,8 +33,9 @@ double DigitReader::toDouble() const
     }
     if (m_mantissa == 0)
         return 0;
+    constexpr int mantissaDigits = std::numeric_limits<quint64>::digits10 + 1;
     std::array<char, 40> text;
-    char *end = std::to_chars(text.data(), text.data() + text.size(), m_mantissa).ptr;
+    char *end = std::to_chars(text.data(), text.data() + mantissaDigits, m_mantissa).ptr;
     *end++ = 'e';
     end = std::to_chars(end, text.data() + text.size(), scale).ptr;
     double value = 0;
