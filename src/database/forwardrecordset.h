@@ -27,8 +27,7 @@ protected:
     //! Stands on the first row. To be called once, by the maker, after construction.
     void begin(int fieldCount);
 
-    //! Whether the connection under the rows is still the one they were opened on. Asked before each of the others
-    //! but release(), except before the first fetch().
+    //! Whether the connection under the rows is open. Asked before each of the following but release().
     [[nodiscard]] virtual bool isConnected() const = 0;
     //! Fetches one row; false at the end. Throws databaseFailure() when the database fails.
     [[nodiscard]] virtual bool fetch() = 0;

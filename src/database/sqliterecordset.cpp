@@ -6,11 +6,14 @@
 
 #include <KorDaoUC/variant.h>
 
+#include <QtCore/QPointer>
 #include <QtSql/QSqlDriver>
 #include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
 #include <QtSql/QSqlResult>
 
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <limits>
 #include <sqlite3.h>
@@ -49,18 +52,28 @@ QByteArray blobOf(sqlite3_stmt *row, int index)
     return {bytes, sqlite3_column_bytes(row, index)};
 }
 
+QVariant valueOf(sqlite3_stmt *row, int index)
+{
+    switch (sqlite3_column_type(row, index)) {
+    case SQLITE_INTEGER: return integerValue(sqlite3_column_int64(row, index));
+    case SQLITE_FLOAT: return sqlite3_column_double(row, index);
+    case SQLITE_TEXT: return textOf(row, index);
+    case SQLITE_BLOB: return normalized(blobOf(row, index));
+    default: return null();
+    }
+}
+
 class SqliteRecordset final : public ForwardRecordset
 {
 public:
     SqliteRecordset(QSqlDriver &driver, const QString &statement)
-        : ForwardRecordset(statement), m_query(driver.createResult())
+        : ForwardRecordset(statement), m_driver(&driver), m_query(driver.createResult())
     {
         m_query.setForwardOnly(true);
         if (!m_query.prepare(statement)) {
             throw databaseFailure(m_query.lastError(), DatabaseTask::Open, statement);
         }
-        m_row = currentRow();
-        const int columns = sqlite3_column_count(m_row);
+        const int columns = sqlite3_column_count(currentRow());
         if (columns == 0) {
             throw databaseFailure(QStringLiteral("The statement gives no rows"), DatabaseTask::Open, statement);
         }
@@ -68,43 +81,51 @@ public:
     }
 
 private:
-    //! The driver's statement; null as soon as the host has closed or removed the connection.
-    sqlite3_stmt *currentRow() const { return pointerIn<sqlite3_stmt>(m_query.result()->handle()); }
+    bool isConnected() const override { return m_driver && m_driver->isOpen(); }
 
-    bool isConnected() const override
+    //! The driver's statement, asked for anew at each use: it is gone as soon as the host closes the connection, and
+    //! stays so when the host opens it again.
+    sqlite3_stmt *currentRow() const
     {
-        m_row = currentRow();
-        return m_row != nullptr;
+        auto *const row = pointerIn<sqlite3_stmt>(m_query.result()->handle());
+        if (!row) {
+            throw connectionLost(DatabaseTask::Read, statement());
+        }
+        return row;
     }
 
     bool fetch() override
     {
-        switch (sqlite3_step(m_row)) {
-        case SQLITE_ROW: return true;
+        sqlite3_stmt *const row = currentRow();
+        switch (sqlite3_step(row)) {
+        case SQLITE_ROW: {
+            const int held = std::min(sqlite3_column_count(row), int(m_dictionaryEntry.size()));
+            for (int i = 0; i < held; ++i) {
+                m_dictionaryEntry[std::size_t(i)] = valueOf(row, i);
+            }
+            return true;
+        }
         case SQLITE_DONE: return false;
         default:
-            const char *const text = sqlite3_errmsg(sqlite3_db_handle(m_row));
+            const char *const text = sqlite3_errmsg(sqlite3_db_handle(row));
             throw databaseFailure(QString::fromUtf8(text), DatabaseTask::Read, statement());
         }
     }
 
     QVariant valueAt(int index) const override
     {
-        switch (sqlite3_column_type(m_row, index)) {
-        case SQLITE_INTEGER: return integerValue(sqlite3_column_int64(m_row, index));
-        case SQLITE_FLOAT: return sqlite3_column_double(m_row, index);
-        case SQLITE_TEXT: return textOf(m_row, index);
-        case SQLITE_BLOB: return normalized(blobOf(m_row, index));
-        default: return null();
-        }
+        const auto place = std::size_t(index);
+        return place < m_dictionaryEntry.size() ? m_dictionaryEntry[place] : valueOf(currentRow(), index);
     }
 
-    QString nameAt(int index) const override { return QString::fromUtf8(sqlite3_column_name(m_row, index)); }
+    QString nameAt(int index) const override { return QString::fromUtf8(sqlite3_column_name(currentRow(), index)); }
 
     void release() override { m_query.clear(); }
 
+    QPointer<QSqlDriver> m_driver;
     QSqlQuery m_query;
-    mutable sqlite3_stmt *m_row = nullptr; // asked of the toolkit by isConnected(), before every look at a row
+    // Nearly all rows are entries of a dictionary, key and name: read at once, with one question for the statement.
+    std::array<QVariant, 2> m_dictionaryEntry;
 };
 
 } // namespace

@@ -377,9 +377,14 @@ void tst_SqlDatabase::connectionClosedUnderRows()
 
 void tst_SqlDatabase::connectionReopenedUnderRows()
 {
-    const auto rows = open("SELECT id FROM towary");
+    const auto rows = open("SELECT id, nazwa, id + 10 FROM towary");
+    QCOMPARE(rows->FieldValue(2), QVariant(11));
     m_connection->close();
     QVERIFY(m_connection->reopen());
+    if (m_way == Way::Sqlite) {
+        QCOMPARE(errorNumberOf([&] { (void)rows->FieldValue(2); }), 3146);
+        QCOMPARE(errorNumberOf([&] { (void)rows->FieldName(0); }), 3146);
+    }
     if (isPostgres()) {
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Query results lost")));
     }
