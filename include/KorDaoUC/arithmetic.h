@@ -7,8 +7,7 @@
 
 #include <QtCore/QVariant>
 
-namespace kor
-{
+namespace kor {
 
 //! The sum of two Variants. Null if either is; two texts are joined; a text beside a number is read as a number (error
 //! 13 when it is none). The result has the wider of the two types and widens further instead of overflowing: Byte to

@@ -11,8 +11,7 @@
 #include <compare>
 #include <optional>
 
-namespace kor
-{
+namespace kor {
 
 //! Compares two Variants. Nothing when either is Null. Empty counts as 0 beside a number and as "" beside a text; a
 //! number is always less than a text; texts are compared by code unit or, with Text, without regard to case.

@@ -9,8 +9,7 @@
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
-namespace kor
-{
+namespace kor {
 
 //! The number that a text begins with, 0 when there is none. Blanks are skipped; "." is the decimal point in every
 //! locale; reading stops at the first character that can't belong to the number.

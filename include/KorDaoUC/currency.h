@@ -8,8 +8,7 @@
 
 #include <compare>
 
-namespace kor
-{
+namespace kor {
 
 //! An amount with exactly four decimals, held as a count of ten-thousandths: 0.1 + 0.2 is 0.3.
 //!

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "plugin.h"
+#include "designer/plugin.h"
 
 #include <KorDaoUC/controlregistry.h>
 #include <KorDaoUC/propertybag.h>

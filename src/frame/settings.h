@@ -70,7 +70,8 @@ public:
         template <class Getter, class Setter>
         Row(const char *name, Getter getter, Setter setter, const QVariant &defaultValue,
             SettingUse rowUse = SettingUse::ReadAndWrite)
-            : key(QString::fromLatin1(name)), use(rowUse),
+            : key(QString::fromLatin1(name)),
+              use(rowUse),
               defaultOf([defaultValue](const Control &) { return defaultValue; }),
               read([getter](const Control &control) { return settingOf(std::invoke(getter, control)); }),
               apply([setter](Control &control, const QVariant &value) { assign(control, setter, value); })
@@ -157,8 +158,10 @@ template <class Control>
         else
             control.setFont(font);
     };
-    return typename SettingsTable<Control>::Row("Font", read, apply, QVariant())
-        .withDefault([](const Control &control) { return QVariant(control.ambientFont()); });
+    return
+        typename SettingsTable<Control>::Row("Font", read, apply, QVariant()).withDefault([](const Control &control) {
+            return QVariant(control.ambientFont());
+        });
 }
 
 } // namespace kor

@@ -95,7 +95,7 @@ void tst_LateBinding::errorsAreStandardExceptionsThatBeginWithTheirNumber()
 void tst_LateBinding::eventsGiveTheirArgumentsByReference()
 {
     m_number->show();
-    QVERIFY(connect(m_number.get(), SIGNAL(KeyPress(int&)), this, SLOT(swallow(int&))));
+    QVERIFY(connect(m_number.get(), SIGNAL(KeyPress(int &)), this, SLOT(swallow(int &))));
     auto *box = m_number->findChild<QLineEdit *>(QStringLiteral("txtNumber"));
     QTest::keyClicks(box, QStringLiteral("4567"));
     QCOMPARE(box->text(), QStringLiteral("467"));
@@ -110,11 +110,11 @@ void tst_LateBinding::everyEventOfTheContractIsThere()
             events << QString::fromLatin1(type->method(i).methodSignature());
     }
     const QString mouse = QStringLiteral("(int&,int&,float&,float&)");
-    QCOMPARE(events, (QStringList{QStringLiteral("Change()"), QStringLiteral("MouseDown") + mouse,
-                                  QStringLiteral("MouseMove") + mouse, QStringLiteral("MouseUp") + mouse,
-                                  QStringLiteral("Click()"), QStringLiteral("DblClick()"),
-                                  QStringLiteral("KeyDown(int&,int&)"), QStringLiteral("KeyPress(int&)"),
-                                  QStringLiteral("KeyUp(int&,int&)")}));
+    QCOMPARE(events,
+             (QStringList{QStringLiteral("Change()"), QStringLiteral("MouseDown") + mouse,
+                          QStringLiteral("MouseMove") + mouse, QStringLiteral("MouseUp") + mouse,
+                          QStringLiteral("Click()"), QStringLiteral("DblClick()"), QStringLiteral("KeyDown(int&,int&)"),
+                          QStringLiteral("KeyPress(int&)"), QStringLiteral("KeyUp(int&,int&)")}));
 }
 
 void tst_LateBinding::valueIsTheUserProperty()
@@ -138,7 +138,8 @@ void tst_LateBinding::settingsAreReadAndWrittenByName()
 {
     const QMetaType bagType = QMetaType::fromName("kor::PropertyBag");
     QVERIFY(bagType.isValid());
-    const std::unique_ptr<void, std::function<void(void *)>> bag(bagType.create(), [&](void *p) { bagType.destroy(p); });
+    const std::unique_ptr<void, std::function<void(void *)>> bag(bagType.create(),
+                                                                 [&](void *p) { bagType.destroy(p); });
     m_number->setProperty("MaxLength", 7);
     const QGenericArgument argument("kor::PropertyBag&", bag.get());
     QVERIFY(QMetaObject::invokeMethod(m_number.get(), "writeProperties", Qt::DirectConnection, argument));
