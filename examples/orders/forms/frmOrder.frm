@@ -1,0 +1,2 @@
+Begin Form frmOrder
+End

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "order.h"
+
+namespace orders {
+
+std::optional<OrderProblem> problemOf(const Order &order)
+{
+    if (!(order.discount >= 0 && order.discount <= 100))
+        return OrderProblem{OrderField::Discount, QStringLiteral("Rabat musi leżeć między 0 a 100 %.")};
+    if (order.total < 0)
+        return OrderProblem{OrderField::Total, QStringLiteral("Wartość zamówienia nie może być ujemna.")};
+    if (order.advance < 0)
+        return OrderProblem{OrderField::Advance, QStringLiteral("Zaliczka nie może być ujemna.")};
+    if (order.advance > order.total)
+        return OrderProblem{OrderField::Advance, QStringLiteral("Zaliczka nie może przekraczać wartości zamówienia.")};
+    return std::nullopt;
+}
+
+} // namespace orders
