@@ -47,7 +47,12 @@ private:
         return false;
     }
 
-    QVariant valueAt(int index) const override { return normalized(m_query.value(index)); }
+    QVariant valueAt(int index) const override
+    {
+        const QVariant value = m_query.value(index);
+        return value.isValid() ? normalized(value) : null(); // the ODBC driver gives a NULL text without a type
+    }
+
     QString nameAt(int index) const override { return m_query.record().fieldName(index); }
     void release() override { m_query.clear(); }
 
