@@ -36,9 +36,6 @@ function(kor_library layer)
     set_property(GLOBAL APPEND PROPERTY KOR_LINK_LIBRARIES ${ARG_LINK})
     # moc must see the classes of the public headers, which live away from their sources
     list(TRANSFORM ARG_PUBLIC_HEADERS PREPEND ${PROJECT_SOURCE_DIR}/include/KorDaoUC/)
-    if(ARG_RULES) # a header among the rules is seen there, and only there
-        list(REMOVE_ITEM ARG_PUBLIC_HEADERS ${ARG_RULES})
-    endif()
     if(ARG_RULES)
         add_library(kor_${layer}_rules OBJECT ${ARG_RULES})
         target_include_directories(kor_${layer}_rules PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include <KorDaoUC/controlregistry.h>
+#include <KorDaoUC/korcombo.h>
 #include <KorDaoUC/kornumber.h>
 
 namespace kor {
@@ -16,6 +17,7 @@ void add(const char *name)
 //! The controls of the library, in its order.
 const bool controlsAdded = [] {
     add<KorNumber>("KorNumber");
+    add<KorCombo>("KorCombo");
     return true;
 }();
 

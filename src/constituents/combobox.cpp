@@ -1,0 +1,319 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/combobox.h"
+
+#include "constituents/dropliststyle.h"
+#include "constituents/entrymodel.h"
+#include "constituents/errorguard.h"
+#include "constituents/focustracker.h"
+#include "constituents/keycodes.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QScreen>
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QStyleOptionComboBox>
+
+#include <algorithm>
+
+namespace kor {
+
+namespace {
+
+constexpr int visibleEntries = 12;
+constexpr int usualLetters = 12;    // that the field has room for, where the form leaves it the choice
+constexpr int fewestLetters = 3;    // that it can be pressed together to
+constexpr int mostListLetters = 80; // of a name that the open list makes room for
+constexpr int mostNamesMeasured = 50;
+
+QString characterOf(int code, int shift)
+{
+    const char16_t character = (shift & ~ShiftState::Shift) ? 0 : plainCharacter(code, shift);
+    return character ? QString(QChar(character)) : QString();
+}
+
+} // namespace
+
+ComboBox::ComboBox(QWidget *parent) : QComboBox(parent), m_entries(new EntryModel(this))
+{
+    // The toolkit selects the first entry of its own accord, unless it has something to show in place of none.
+    setPlaceholderText(QStringLiteral(" "));
+    setModel(m_entries);
+    setFocusPolicy(Qt::StrongFocus); // a wheel that passes by gives no focus
+    setMaxVisibleItems(visibleEntries);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // the other policies measure every name
+    setMinimumContentsLength(usualLetters);
+    followStyle();
+
+    auto *list = qobject_cast<QListView *>(view());
+    list->setUniformItemSizes(true);
+    list->setTextElideMode(Qt::ElideRight);
+    list->installEventFilter(this); // after the toolkit's own filter, so it is asked first
+    list->viewport()->installEventFilter(this);
+    m_list = list;
+
+    if (parent)
+        parent->installEventFilter(this);
+    connect(this, &QComboBox::currentIndexChanged, this, &ComboBox::raiseChange);
+    connect(m_entries, &QAbstractItemModel::modelReset, this, &ComboBox::fitListSoon);
+    connect(m_entries, &QAbstractItemModel::rowsInserted, this, &ComboBox::fitListSoon);
+}
+
+// --- entries and selection
+
+void ComboBox::setListIndex(int index)
+{
+    if (index < -1 || index >= count())
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    act([&] { setCurrentIndex(index); });
+}
+
+QString ComboBox::List(int index) const { return m_entries->name(index); }
+int ComboBox::indexOf(const QString &name) const { return m_entries->indexOf(name); }
+void ComboBox::AddItem(const QString &name) { m_entries->append(name); }
+void ComboBox::AddItems(const QStringList &names) { m_entries->append(names); }
+
+void ComboBox::Clear()
+{
+    m_selected = -1; // not news to anybody
+    m_entries->clear();
+}
+
+// A handler of Click may delete the control, which the toolkit does not survive in the middle of its own work.
+template <class Action>
+void ComboBox::act(Action &&action)
+{
+    ++m_acting;
+    action();
+    --m_acting;
+    raiseChange();
+}
+
+void ComboBox::raiseChange()
+{
+    if (m_acting > 0 || currentIndex() == m_selected)
+        return;
+    m_selected = currentIndex();
+    Q_EMIT Click();
+}
+
+// --- keys and mouse on the closed field
+
+void ComboBox::keyPressEvent(QKeyEvent *event)
+{
+    const QPointer<ComboBox> self = this;
+    guarded(this, [&] {
+        if (!FocusTracker::instance().settle() || !self)
+            event->accept();
+        else if (isDropped())
+            QCoreApplication::sendEvent(m_list, event);
+        else
+            press(event);
+    });
+}
+
+void ComboBox::press(QKeyEvent *event)
+{
+    const QPointer<ComboBox> self = this;
+    event->accept();
+    const int ownCode = keyCode(*event);
+    const int ownShift = shiftState(event->modifiers());
+    int code = ownCode;
+    int shift = ownShift;
+    if (ownCode != Key::None)
+        Q_EMIT KeyDown(code, shift);
+    if (!self || (code == Key::None && ownCode != Key::None))
+        return;
+    if (code == ownCode && shift == ownShift) {
+        actAs(event);
+        return;
+    }
+    QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift), characterOf(code, shift));
+    actAs(&other);
+    event->setAccepted(other.isAccepted());
+}
+
+void ComboBox::actAs(QKeyEvent *event)
+{
+    const bool isArrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    if (isArrow && event->modifiers().testFlag(Qt::ControlModifier)) {
+        // The toolkit leaves arrows with Ctrl alone; here they move like the plain ones.
+        QKeyEvent plain(QEvent::KeyPress, event->key(), event->modifiers() & ~Qt::ControlModifier);
+        act([&] { QComboBox::keyPressEvent(&plain); });
+        return;
+    }
+    const bool isCharacter = keyAscii(*event) >= Key::Space;
+    if (!event->text().isEmpty() && !isCharacter) {
+        event->ignore(); // the form's: Enter, Escape, a menu's letter
+        return;
+    }
+    if (isCharacter) {
+        const bool goesOn = m_searching.isValid() && m_searching.elapsed() < QApplication::keyboardInputInterval();
+        if (event->key() == Qt::Key_Space && goesOn) {
+            // A blank inside a name is searched for; it would open the list otherwise.
+            QKeyEvent blank(QEvent::KeyPress, 0, Qt::NoModifier, event->text());
+            m_searching.start();
+            act([&] { QComboBox::keyPressEvent(&blank); });
+            return;
+        }
+        if (event->key() != Qt::Key_Space)
+            m_searching.start();
+    }
+    act([&] { QComboBox::keyPressEvent(event); });
+}
+
+void ComboBox::mousePressEvent(QMouseEvent *event)
+{
+    const QPointer<ComboBox> self = this;
+    guarded(this, [&] {
+        if (FocusTracker::instance().settle() && self)
+            act([&] { QComboBox::mousePressEvent(event); });
+    });
+    event->accept();
+}
+
+void ComboBox::wheelEvent(QWheelEvent *event)
+{
+    if (!hasFocus()) {
+        event->ignore(); // the form scrolls
+        return;
+    }
+    guarded(this, [&] { act([&] { QComboBox::wheelEvent(event); }); });
+}
+
+// --- the open list
+
+bool ComboBox::isDropped() const { return m_list && m_list->isVisible(); }
+
+bool ComboBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == parent()) {
+        if (event->type() == QEvent::StyleChange)
+            followStyle();
+        return false;
+    }
+    bool isTaken = false;
+    guarded(this, [&] { isTaken = filterList(watched, event); });
+    return isTaken;
+}
+
+bool ComboBox::filterList(QObject *watched, QEvent *event)
+{
+    if (!isDropped())
+        return false;
+    const QPointer<ComboBox> self = this;
+    if (watched == m_list && event->type() == QEvent::KeyPress) {
+        auto *key = static_cast<QKeyEvent *>(event);
+        event->accept();
+        int code = keyCode(*key);
+        int shift = shiftState(key->modifiers());
+        if (code != Key::None) {
+            Q_EMIT KeyDown(code, shift);
+            if (!self || code == Key::None)
+                return true;
+        }
+        return acceptWith(watched, key);
+    }
+    if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonRelease)
+        return offerToToolkit(watched, event);
+    return false;
+}
+
+bool ComboBox::acceptWith(QObject *list, QKeyEvent *key)
+{
+    const bool isTab = key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab;
+    if (!isTab)
+        return offerToToolkit(list, key);
+    const QPointer<ComboBox> self = this;
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    offerToToolkit(list, &enter);
+    if (self)
+        focusNextPrevChild(key->key() == Qt::Key_Tab);
+    return true;
+}
+
+// The toolkit's own filter of the list accepts entries. It is asked from here, so that Click comes when it is done.
+bool ComboBox::offerToToolkit(QObject *watched, QEvent *event)
+{
+    const QPointer<ComboBox> self = this;
+    QObject *toolkitFilter = m_list->parent();
+    bool isTaken = false;
+    act([&] { isTaken = toolkitFilter->eventFilter(watched, event); });
+    return isTaken || !self;
+}
+
+void ComboBox::showPopup()
+{
+    if (m_list)
+        m_list->setMinimumWidth(listWidth());
+    QComboBox::showPopup();
+}
+
+int ComboBox::listWidth() const
+{
+    // The longest names by their number of letters; measuring all of them would take longer than all the rest.
+    const QStringList &names = m_entries->names();
+    qsizetype longest = 0;
+    for (const QString &name : names)
+        longest = std::max(longest, name.size());
+    const QFontMetrics metrics(m_list->font());
+    int widest = 0;
+    int measured = 0;
+    for (auto name = names.cbegin(); name != names.cend() && measured < mostNamesMeasured; ++name) {
+        if (name->size() * 4 >= longest * 3) {
+            widest = std::max(widest, metrics.horizontalAdvance(name->left(mostListLetters * 2)));
+            ++measured;
+        }
+    }
+    const QStyle *look = m_list->style();
+    const int beside = look->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, m_list) +
+                       2 * (look->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, m_list) + 1 +
+                            look->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, m_list));
+    const int most = std::min(screen()->availableGeometry().width(), mostListLetters * metrics.averageCharWidth());
+    return std::max(width(), std::min(widest + beside, most));
+}
+
+void ComboBox::fitListSoon()
+{
+    if (!isDropped() || m_fitsSoon)
+        return;
+    m_fitsSoon = true;
+    QMetaObject::invokeMethod(
+        this, [this] { guarded(this, [this] { fitList(); }); }, Qt::QueuedConnection);
+}
+
+void ComboBox::fitList()
+{
+    m_fitsSoon = false;
+    if (!isDropped())
+        return;
+    if (count() == 0)
+        hidePopup();
+    else
+        showPopup();
+}
+
+// --- look and size
+
+void ComboBox::followStyle() { setStyle(DropListStyle::ofApplication()); }
+
+void ComboBox::changeEvent(QEvent *event)
+{
+    QComboBox::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        Q_EMIT heightChanged();
+}
+
+QSize ComboBox::minimumSizeHint() const
+{
+    // The toolkit's own goes through all entries in search of a picture.
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QSize letters(fewestLetters * fontMetrics().averageCharWidth(), fontMetrics().height());
+    const int narrowest = style()->sizeFromContents(QStyle::CT_ComboBox, &option, letters, this).width();
+    return {narrowest, sizeHint().height()};
+}
+
+} // namespace kor

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QPointer>
+#include <QtCore/QStringList>
+#include <QtWidgets/QComboBox>
+
+namespace kor {
+
+class EntryModel;
+
+//! The drop-down list of the controls: the toolkit's combo, not editable, with the classic order of events.
+//!
+//! No entry is selected until the user or the program selects one. Keys are offered as KeyDown before they act, also
+//! while the list is open; the handlers may swallow them with 0 or, while it is closed, turn them into others. The
+//! list opens at once however many entries it has.
+class ComboBox final : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit ComboBox(QWidget *parent);
+
+    [[nodiscard]] int ListIndex() const { return currentIndex(); }
+    //! Selects an entry, -1 none. Error 380 for an entry that does not exist; the old one then stays selected.
+    void setListIndex(int index);
+    [[nodiscard]] int ListCount() const { return count(); }
+    //! The name of an entry, "" for one that does not exist.
+    [[nodiscard]] QString List(int index) const;
+    //! The first entry of exactly this name, -1 when there is none.
+    [[nodiscard]] int indexOf(const QString &name) const;
+    void AddItem(const QString &name);
+    void AddItems(const QStringList &names);
+    //! Removes all entries. Raises nothing.
+    void Clear();
+
+    [[nodiscard]] bool isDropped() const;
+
+    void showPopup() override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    //! The selection has changed, by the user's or the program's doing.
+    void Click();
+    void KeyDown(int &KeyCode, int &Shift);
+    //! The font or the style, and with it the height, may have changed.
+    void heightChanged();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    //! Lets the toolkit do something that may change the selection, and raises Click once it is done with it.
+    template <class Action>
+    void act(Action &&action);
+    void raiseChange();
+    void press(QKeyEvent *event);
+    void actAs(QKeyEvent *event);
+    [[nodiscard]] bool filterList(QObject *watched, QEvent *event);
+    //! Tab accepts like Enter, and goes on to the next field.
+    bool acceptWith(QObject *list, QKeyEvent *key);
+    bool offerToToolkit(QObject *watched, QEvent *event);
+    void followStyle();
+    void fitListSoon();
+    void fitList();
+    [[nodiscard]] int listWidth() const;
+
+    EntryModel *m_entries;
+    QPointer<QAbstractItemView> m_list;
+    QElapsedTimer m_searching; //!< since the last character of a type-ahead
+    int m_selected = -1;       //!< the entry that Click was raised for
+    int m_acting = 0;
+    bool m_fitsSoon = false;
+};
+
+} // namespace kor

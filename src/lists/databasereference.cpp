@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "lists/databasereference.h"
+
+#include <KorDaoUC/sqldatabase.h>
+
+namespace kor {
+
+void DatabaseReference::set(Database *database)
+{
+    m_database = database;
+    m_own.reset();
+}
+
+void DatabaseReference::setObject(QObject *object)
+{
+    auto *database = qobject_cast<Database *>(object);
+    if (database || !object)
+        set(database);
+}
+
+void DatabaseReference::setConnection(const QString &name)
+{
+    m_own = name.isEmpty() ? nullptr : std::make_unique<SqlDatabase>(name);
+    m_database = m_own.get();
+}
+
+} // namespace kor

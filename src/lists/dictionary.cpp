@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "lists/dictionary.h"
+
+#include <KorDaoUC/variant.h>
+
+#include <algorithm>
+
+namespace kor {
+
+namespace {
+constexpr int worthAnIndex = 64; // keys
+}
+
+Dictionary::Dictionary(KeyEquality equality, const Locale &locale)
+    : m_equality(equality), m_locale(locale), m_index(equality, locale)
+{
+}
+
+void Dictionary::clear()
+{
+    m_keys.clear();
+    m_index.clear();
+    m_search = Search::Fresh;
+}
+
+void Dictionary::append(const QVariant &key)
+{
+    m_keys.append(key);
+    if (m_search == Search::Indexed)
+        m_index.append(key);
+}
+
+void Dictionary::append(const QList<QVariant> &keys)
+{
+    m_keys.append(keys);
+    if (m_search == Search::Indexed)
+        std::for_each(keys.cbegin(), keys.cend(), [this](const QVariant &key) { m_index.append(key); });
+}
+
+QVariant Dictionary::key(int place) const { return m_keys.value(place, null()); }
+
+int Dictionary::indexOf(const QVariant &wanted) const
+{
+    const QVariant known = normalized(wanted);
+    if (m_search == Search::Walked && count() >= worthAnIndex) {
+        std::for_each(m_keys.cbegin(), m_keys.cend(), [this](const QVariant &key) { m_index.append(key); });
+        m_search = Search::Indexed;
+    }
+    if (m_search == Search::Indexed)
+        return m_index.firstPlace(known, [&](int place) { return isSame(m_keys[place], known); });
+    m_search = Search::Walked;
+    const auto found =
+        std::find_if(m_keys.cbegin(), m_keys.cend(), [&](const QVariant &key) { return isSame(key, known); });
+    return found != m_keys.cend() ? static_cast<int>(found - m_keys.cbegin()) : -1;
+}
+
+bool Dictionary::isDifferent(const QVariant &left, const QVariant &right) const
+{
+    const auto isNothing = [](const QVariant &value) { return isNull(normalized(value)) || isMissing(value); };
+    return !isNothing(left) && !isNothing(right) && !isSame(left, right);
+}
+
+} // namespace kor

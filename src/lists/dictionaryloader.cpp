@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "lists/dictionaryloader.h"
+
+#include <KorDaoUC/convert.h>
+#include <KorDaoUC/database.h>
+
+#include <exception>
+#include <memory>
+
+namespace kor {
+
+namespace {
+
+void readRows(Recordset &recordset, DictionaryLoad &load, const Locale &locale)
+{
+    for (; !recordset.Eof(); recordset.MoveNext()) {
+        // The name first: a row whose name can't be read leaves no key behind.
+        const QString name = CStr(recordset.FieldValue(1), locale);
+        load.rows.append(recordset.FieldValue(0), name);
+    }
+    load.outcome = LoadOutcome::Loaded;
+}
+
+//! Closes the recordset; one that does not even close has failed.
+void close(Recordset &recordset, DictionaryLoad &load)
+{
+    try {
+        recordset.Close();
+    } catch (const std::exception &error) {
+        load.outcome = LoadOutcome::Failed;
+        load.failure = QString::fromUtf8(error.what());
+    }
+}
+
+} // namespace
+
+DictionaryLoad loadDictionary(Database &database, const QString &statement, const Locale &locale)
+{
+    DictionaryLoad load;
+    std::unique_ptr<Recordset> recordset;
+    try {
+        recordset = database.OpenRecordset(statement, OpenForwardOnly);
+        if (recordset && recordset->RecordCount() >= 1)
+            readRows(*recordset, load, locale);
+    } catch (const std::exception &error) {
+        load.outcome = LoadOutcome::Failed;
+        load.failure = QString::fromUtf8(error.what());
+    }
+    if (recordset)
+        close(*recordset, load);
+    return load;
+}
+
+} // namespace kor
