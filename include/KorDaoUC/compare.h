@@ -4,7 +4,6 @@
 
 #include <KorDaoUC/export.h>
 #include <KorDaoUC/locale.h>
-#include <KorDaoUC/textcomparison.h>
 
 #include <QtCore/QVariant>
 
@@ -12,6 +11,9 @@
 #include <optional>
 
 namespace kor {
+
+//! How texts are compared: by code unit, or as a dictionary would, without regard to case.
+enum class TextComparison { Binary, Text };
 
 //! Compares two Variants. Nothing when either is Null. Empty counts as 0 beside a number and as "" beside a text; a
 //! number is always less than a text; texts are compared by code unit or, with Text, without regard to case.

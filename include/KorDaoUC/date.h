@@ -8,8 +8,7 @@
 #include <QtCore/QDate>
 #include <QtCore/QVariant>
 
-namespace kor
-{
+namespace kor {
 
 // Dates run from 1 January 100 to 31 December 9999. Day 0 is 30 December 1899; a time alone is a time of day 0.
 

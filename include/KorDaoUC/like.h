@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <KorDaoUC/compare.h>
 #include <KorDaoUC/export.h>
-#include <KorDaoUC/textcomparison.h>
 
 #include <QtCore/QStringView>
 
-namespace kor
-{
+namespace kor {
 
 //! Whether the whole text matches a pattern: ? is any character, # a digit 0 to 9, * any number of characters, [list]
 //! one of the list, [!list] one that is not in it; ranges (a-z) ascend. A malformed pattern raises error 93, whatever

@@ -10,8 +10,7 @@
 
 class QLocale;
 
-namespace kor
-{
+namespace kor {
 
 //! What the run-time functions need to know of a country's habits: separators, currency, date patterns and names.
 //!

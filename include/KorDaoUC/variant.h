@@ -21,8 +21,23 @@ struct Missing {
 //! A Variant is a QVariant with this mapping: Empty = invalid; Null = std::nullptr_t; Boolean = bool; Byte = uchar;
 //! Integer = short; Long = int; Single = float; Double = double; Currency = kor::Currency; Date = QDate, or QDateTime
 //! when it carries a time; String = QString; Missing = kor::Missing. Whatever else a host hands in (qlonglong,
-//! QByteArray, QTime, a registered type) is Other until it is brought into one of these by normalized().
-enum class VariantType { Empty, Null, Boolean, Byte, Integer, Long, Single, Double, Currency, Date, String, Missing, Other };
+//! QByteArray, QTime, a registered type, a date outside the years 100 to 9999) is Other until it is brought into one of
+//! these by normalized().
+enum class VariantType {
+    Empty,
+    Null,
+    Boolean,
+    Byte,
+    Integer,
+    Long,
+    Single,
+    Double,
+    Currency,
+    Date,
+    String,
+    Missing,
+    Other
+};
 
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT VariantType variantType(const QVariant &value);
 
@@ -34,7 +49,8 @@ enum class VariantType { Empty, Null, Boolean, Byte, Integer, Long, Single, Doub
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT bool isMissing(const QVariant &value);
 
 //! The same value in the mapping above: a 64-bit integer that fits becomes a Long, a larger one a Double; a database
-//! NULL of any type (a null QVariant with a type) becomes Null; anything unknown becomes its text, or Empty.
+//! NULL of any type (a null QVariant with a type) and an invalid date become Null; anything unknown becomes its text,
+//! or Empty.
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT QVariant normalized(const QVariant &value);
 
 } // namespace kor

@@ -11,11 +11,9 @@
 #include <limits>
 #include <utility>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 bool isWhole(VariantType type)
 {

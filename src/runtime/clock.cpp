@@ -6,11 +6,9 @@
 
 #include <utility>
 
-namespace kor::Clock
-{
+namespace kor::Clock {
 
-namespace
-{
+namespace {
 
 struct Source {
     QMutex mutex;

@@ -10,11 +10,9 @@
 
 #include <cmath>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 template <typename T>
 const T &held(const QVariant &value)
@@ -98,8 +96,7 @@ bool looselyEqual(const QVariant &left, const QVariant &right, const Locale &loc
     return std::is_eq(compareNumbers(reading.toDouble(), leftText ? right : left));
 }
 
-namespace
-{
+namespace {
 
 //! One side is a declared variable, the other a Variant or declared as well, and exactly one of them is a text.
 std::partial_ordering compareTextWithNumber(const QVariant &left, const QVariant &right, bool asText, bool byCodeUnit,
@@ -128,12 +125,9 @@ std::optional<std::partial_ordering> compareDeclared(const QVariant &left, const
     switch (declared) {
     // Kept: against a Variant the declared type rules, and texts are then in dictionary order; between two declared
     // variables the text rules, by code unit.
-    case Declared::Left:
-        return compareTextWithNumber(left, right, leftText, false, locale);
-    case Declared::Right:
-        return compareTextWithNumber(left, right, rightText, false, locale);
-    case Declared::Both:
-        break;
+    case Declared::Left: return compareTextWithNumber(left, right, leftText, false, locale);
+    case Declared::Right: return compareTextWithNumber(left, right, rightText, false, locale);
+    case Declared::Both: break;
     }
     return compareTextWithNumber(left, right, true, mode == TextComparison::Binary, locale);
 }

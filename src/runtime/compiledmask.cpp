@@ -5,11 +5,9 @@
 #include <array>
 #include <memory>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 enum class Kind { Literal, Number, Date, Text };
 
@@ -24,22 +22,16 @@ Kind kindOf(QStringView picture)
             at = end < 0 ? picture.size() : end;
             break;
         }
-        case u'\\':
-            ++at;
-            break;
+        case u'\\': ++at; break;
         case u'0':
-        case u'#':
-            return Kind::Number;
+        case u'#': return Kind::Number;
         case u'@':
         case u'&':
         case u'<':
         case u'>':
-        case u'!':
-            return Kind::Text;
+        case u'!': return Kind::Text;
         case u'.':
-        case u'%':
-            number = true;
-            break;
+        case u'%': number = true; break;
         default:
             if (isDateMaskLetter(picture.sliced(at)))
                 return Kind::Date;
@@ -99,14 +91,10 @@ CompiledMask compile(QStringView mask)
     if (mask.isEmpty() || !std::holds_alternative<std::monostate>(named))
         return named;
     switch (kindOf(mask)) {
-    case Kind::Number:
-        return NumberMask::fromPicture(mask);
-    case Kind::Date:
-        return DateMask::fromPicture(mask);
-    case Kind::Text:
-        return TextMask::fromPicture(mask);
-    case Kind::Literal:
-        break;
+    case Kind::Number: return NumberMask::fromPicture(mask);
+    case Kind::Date: return DateMask::fromPicture(mask);
+    case Kind::Text: return TextMask::fromPicture(mask);
+    case Kind::Literal: break;
     }
     return LiteralMask{NumberMask::fromPicture(mask)};
 }

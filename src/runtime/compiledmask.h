@@ -8,8 +8,7 @@
 
 #include <variant>
 
-namespace kor
-{
+namespace kor {
 
 //! The named formats that are no picture in disguise.
 enum class NamedFormat { GeneralNumber, Currency, YesNo, TrueFalse, OnOff };

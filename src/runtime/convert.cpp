@@ -12,11 +12,9 @@
 #include <cmath>
 #include <limits>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 [[noreturn]] void mismatch() { throw RunTimeError(ErrorNumber::TypeMismatch); }
 [[noreturn]] void overflow() { throw RunTimeError(ErrorNumber::Overflow); }
@@ -80,8 +78,7 @@ bool IsNumeric(const QVariant &value, const Locale &locale)
     switch (variantType(value)) {
     case VariantType::Null:
     case VariantType::Missing:
-    case VariantType::Date:
-        return false;
+    case VariantType::Date: return false;
     case VariantType::String: {
         const NumberReading reading = readNumber(held<QString>(value), locale);
         return reading.isNumber() && std::isfinite(reading.toDouble());
@@ -90,40 +87,29 @@ bool IsNumeric(const QVariant &value, const Locale &locale)
         const QVariant known = normalized(value);
         return variantType(known) != VariantType::Empty && IsNumeric(known, locale);
     }
-    default:
-        return true;
+    default: return true;
     }
 }
 
 QString CStr(const QVariant &value, const Locale &locale)
 {
     switch (variantType(value)) {
-    case VariantType::Empty:
-        return {};
-    case VariantType::Null:
-        nullMisused();
-    case VariantType::Missing:
-        mismatch();
-    case VariantType::Boolean:
-        return held<bool>(value) ? QStringLiteral("True") : QStringLiteral("False");
-    case VariantType::Byte:
-        return QString::number(held<uchar>(value));
-    case VariantType::Integer:
-        return QString::number(held<short>(value));
-    case VariantType::Long:
-        return QString::number(held<int>(value));
+    case VariantType::Empty: return {};
+    case VariantType::Null: nullMisused();
+    case VariantType::Missing: mismatch();
+    case VariantType::Boolean: return held<bool>(value) ? QStringLiteral("True") : QStringLiteral("False");
+    case VariantType::Byte: return QString::number(held<uchar>(value));
+    case VariantType::Integer: return QString::number(held<short>(value));
+    case VariantType::Long: return QString::number(held<int>(value));
     case VariantType::Single:
         return numberText(Decimal::fromSingle(held<float>(value)), Decimal::singleDigits, locale.decimalSeparator);
     case VariantType::Double:
         return numberText(Decimal::fromDouble(held<double>(value)), Decimal::doubleDigits, locale.decimalSeparator);
     case VariantType::Currency:
         return numberText(Decimal::fromCurrency(held<Currency>(value)), 19, locale.decimalSeparator);
-    case VariantType::Date:
-        return generalDateText(momentOf(value), locale);
-    case VariantType::String:
-        return held<QString>(value);
-    case VariantType::Other:
-        break;
+    case VariantType::Date: return generalDateText(momentOf(value), locale);
+    case VariantType::String: return held<QString>(value);
+    case VariantType::Other: break;
     }
     return CStr(normalized(value), locale);
 }
@@ -131,36 +117,24 @@ QString CStr(const QVariant &value, const Locale &locale)
 double CDbl(const QVariant &value, const Locale &locale)
 {
     switch (variantType(value)) {
-    case VariantType::Empty:
-        return 0;
-    case VariantType::Null:
-        nullMisused();
-    case VariantType::Missing:
-        mismatch();
-    case VariantType::Boolean:
-        return held<bool>(value) ? -1 : 0;
-    case VariantType::Byte:
-        return held<uchar>(value);
-    case VariantType::Integer:
-        return held<short>(value);
-    case VariantType::Long:
-        return held<int>(value);
-    case VariantType::Single:
-        return static_cast<double>(held<float>(value));
-    case VariantType::Double:
-        return held<double>(value);
-    case VariantType::Currency:
-        return held<Currency>(value).toDouble();
-    case VariantType::Date:
-        return serialOf(momentOf(value));
+    case VariantType::Empty: return 0;
+    case VariantType::Null: nullMisused();
+    case VariantType::Missing: mismatch();
+    case VariantType::Boolean: return held<bool>(value) ? -1 : 0;
+    case VariantType::Byte: return held<uchar>(value);
+    case VariantType::Integer: return held<short>(value);
+    case VariantType::Long: return held<int>(value);
+    case VariantType::Single: return static_cast<double>(held<float>(value));
+    case VariantType::Double: return held<double>(value);
+    case VariantType::Currency: return held<Currency>(value).toDouble();
+    case VariantType::Date: return serialOf(momentOf(value));
     case VariantType::String: {
         const double number = readOrRefuse(value, locale).toDouble();
         if (std::isinf(number))
             overflow();
         return number;
     }
-    case VariantType::Other:
-        break;
+    case VariantType::Other: break;
     }
     return CDbl(normalized(value), locale);
 }
@@ -198,11 +172,8 @@ Currency CCur(const QVariant &value, const Locale &locale)
 {
     std::optional<Currency> result;
     switch (variantType(value)) {
-    case VariantType::Currency:
-        return held<Currency>(value);
-    case VariantType::Single:
-        result = Decimal::fromSingle(held<float>(value)).toCurrency();
-        break;
+    case VariantType::Currency: return held<Currency>(value);
+    case VariantType::Single: result = Decimal::fromSingle(held<float>(value)).toCurrency(); break;
     case VariantType::String: {
         const NumberReading reading = readOrRefuse(value, locale);
         if (reading.kind == NumberReading::Kind::Decimal) {
@@ -213,8 +184,7 @@ Currency CCur(const QVariant &value, const Locale &locale)
         }
         [[fallthrough]];
     }
-    default:
-        return Currency::fromDouble(CDbl(value, locale));
+    default: return Currency::fromDouble(CDbl(value, locale));
     }
     if (!result)
         overflow();

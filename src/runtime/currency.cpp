@@ -7,8 +7,7 @@
 
 #include <cmath>
 
-namespace kor
-{
+namespace kor {
 
 Currency Currency::fromDouble(double value)
 {

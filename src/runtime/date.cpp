@@ -10,20 +10,15 @@
 
 #include <cmath>
 
-namespace kor
-{
+namespace kor {
 
 bool IsDate(const QVariant &value, const Locale &locale)
 {
     switch (variantType(value)) {
-    case VariantType::Date:
-        return momentOf(value).date.isValid();
-    case VariantType::String:
-        return readDate(value.toString(), locale).has_value();
-    case VariantType::Other:
-        return IsDate(normalized(value), locale);
-    default:
-        return false;
+    case VariantType::Date: return momentOf(value).date.isValid();
+    case VariantType::String: return readDate(value.toString(), locale).has_value();
+    case VariantType::Other: return IsDate(normalized(value), locale);
+    default: return false;
     }
 }
 

@@ -6,11 +6,9 @@
 
 #include <KorDaoUC/format.h>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 char16_t lowered(QChar c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c.unicode() + 32) : c.unicode(); }
 
@@ -77,14 +75,10 @@ bool isDateMaskLetter(QStringView rest)
     case u's':
     case u'c':
     case u'/':
-    case u':':
-        return true;
-    case u't':
-        return runLength(rest, 0, 5) == 5;
-    case u'a':
-        return halfOfDayLength(rest) > 0;
-    default:
-        return false;
+    case u':': return true;
+    case u't': return runLength(rest, 0, 5) == 5;
+    case u'a': return halfOfDayLength(rest) > 0;
+    default: return false;
     }
 }
 
@@ -114,38 +108,24 @@ DateMask DateMask::fromPicture(QStringView picture)
         };
         bool isField = true;
         switch (letter) {
-        case u'd':
-            mask.append(days[take(6)]);
-            break;
-        case u'w':
-            mask.append(take(2) == 0 ? WeekDay : Week);
-            break;
+        case u'd': mask.append(days[take(6)]); break;
+        case u'w': mask.append(take(2) == 0 ? WeekDay : Week); break;
         case u'm': {
             const std::size_t run = take(afterHour ? 2 : 4);
             mask.append(!afterHour ? months[run] : run == 0 ? Minute : TwoDigitMinute);
             break;
         }
-        case u'q':
-            mask.append(Quarter);
-            break;
+        case u'q': mask.append(Quarter); break;
         case u'y': {
             const std::size_t run = take(4);
             length = run == 2 ? 2 : length; // three of them are a short year and a day of the year
             mask.append(years[run]);
             break;
         }
-        case u'h':
-            mask.append(take(2) == 0 ? Hour : TwoDigitHour);
-            break;
-        case u'n':
-            mask.append(take(2) == 0 ? Minute : TwoDigitMinute);
-            break;
-        case u's':
-            mask.append(take(2) == 0 ? Second : TwoDigitSecond);
-            break;
-        case u'c':
-            mask.append(GeneralDate);
-            return mask; // Kept: nothing behind the whole date is written
+        case u'h': mask.append(take(2) == 0 ? Hour : TwoDigitHour); break;
+        case u'n': mask.append(take(2) == 0 ? Minute : TwoDigitMinute); break;
+        case u's': mask.append(take(2) == 0 ? Second : TwoDigitSecond); break;
+        case u'c': mask.append(GeneralDate); return mask; // Kept: nothing behind the whole date is written
         case u'/':
             mask.append(DateSeparator);
             isField = false;
@@ -188,8 +168,7 @@ DateMask DateMask::fromPicture(QStringView picture)
             length = qMin<qsizetype>(2, rest.size());
             isField = false;
             break;
-        case u';':
-            return mask;
+        case u';': return mask;
         default:
             mask.append(Literal, rest.front().unicode());
             isField = false;
@@ -266,27 +245,13 @@ void DateMask::write(const Moment &moment, const Locale &locale, QString &out) c
 void DateMask::writePart(Item item, const Moment &moment, const Locale &locale, QString &out) const
 {
     switch (item.part) {
-    case DatePart::Literal:
-        out += QChar(item.literal);
-        break;
-    case DatePart::DateSeparator:
-        out += locale.dateSeparator;
-        break;
-    case DatePart::TimeSeparator:
-        out += locale.timeSeparator;
-        break;
-    case DatePart::GeneralDate:
-        out += generalDateText(moment, locale);
-        break;
-    case DatePart::ShortDate:
-        systemPattern(locale.shortDatePattern).write(moment, locale, out);
-        break;
-    case DatePart::LongDate:
-        systemPattern(locale.longDatePattern).write(moment, locale, out);
-        break;
-    case DatePart::LongTime:
-        systemPattern(locale.timePattern).write(moment, locale, out);
-        break;
+    case DatePart::Literal: out += QChar(item.literal); break;
+    case DatePart::DateSeparator: out += locale.dateSeparator; break;
+    case DatePart::TimeSeparator: out += locale.timeSeparator; break;
+    case DatePart::GeneralDate: out += generalDateText(moment, locale); break;
+    case DatePart::ShortDate: systemPattern(locale.shortDatePattern).write(moment, locale, out); break;
+    case DatePart::LongDate: systemPattern(locale.longDatePattern).write(moment, locale, out); break;
+    case DatePart::LongTime: systemPattern(locale.timePattern).write(moment, locale, out); break;
     default:
         if (item.part < DatePart::Hour)
             writeDatePart(item.part, moment.date, locale, out);
@@ -298,53 +263,22 @@ void DateMask::writePart(Item item, const Moment &moment, const Locale &locale, 
 void DateMask::writeDatePart(DatePart part, QDate date, const Locale &locale, QString &out) const
 {
     switch (part) {
-    case DatePart::Day:
-        writeNumber(date.day(), out);
-        break;
-    case DatePart::TwoDigitDay:
-        writeTwoDigits(date.day(), out);
-        break;
-    case DatePart::ShortDayName:
-        out += locale.shortDayNames.value(sundayBased(date));
-        break;
-    case DatePart::DayName:
-        out += locale.dayNames.value(sundayBased(date));
-        break;
-    case DatePart::WeekDay:
-        writeNumber(sundayBased(date) + 1, out);
-        break;
-    case DatePart::Week:
-        writeNumber(weekOf(date, locale.firstDayOfWeek), out);
-        break;
-    case DatePart::Month:
-        writeNumber(date.month(), out);
-        break;
-    case DatePart::TwoDigitMonth:
-        writeTwoDigits(date.month(), out);
-        break;
-    case DatePart::ShortMonthName:
-        out += locale.shortMonthNames.value(date.month() - 1);
-        break;
-    case DatePart::MonthName:
-        out += locale.monthNames.value(date.month() - 1);
-        break;
-    case DatePart::MonthNameBesideDay:
-        out += locale.monthNamesGenitive.value(date.month() - 1);
-        break;
-    case DatePart::Quarter:
-        writeNumber((date.month() + 2) / 3, out);
-        break;
-    case DatePart::DayOfYear:
-        writeNumber(date.dayOfYear(), out);
-        break;
-    case DatePart::TwoDigitYear:
-        writeTwoDigits(date.year() % 100, out);
-        break;
-    case DatePart::Year:
-        writeNumber(date.year(), out);
-        break;
-    default:
-        break;
+    case DatePart::Day: writeNumber(date.day(), out); break;
+    case DatePart::TwoDigitDay: writeTwoDigits(date.day(), out); break;
+    case DatePart::ShortDayName: out += locale.shortDayNames.value(sundayBased(date)); break;
+    case DatePart::DayName: out += locale.dayNames.value(sundayBased(date)); break;
+    case DatePart::WeekDay: writeNumber(sundayBased(date) + 1, out); break;
+    case DatePart::Week: writeNumber(weekOf(date, locale.firstDayOfWeek), out); break;
+    case DatePart::Month: writeNumber(date.month(), out); break;
+    case DatePart::TwoDigitMonth: writeTwoDigits(date.month(), out); break;
+    case DatePart::ShortMonthName: out += locale.shortMonthNames.value(date.month() - 1); break;
+    case DatePart::MonthName: out += locale.monthNames.value(date.month() - 1); break;
+    case DatePart::MonthNameBesideDay: out += locale.monthNamesGenitive.value(date.month() - 1); break;
+    case DatePart::Quarter: writeNumber((date.month() + 2) / 3, out); break;
+    case DatePart::DayOfYear: writeNumber(date.dayOfYear(), out); break;
+    case DatePart::TwoDigitYear: writeTwoDigits(date.year() % 100, out); break;
+    case DatePart::Year: writeNumber(date.year(), out); break;
+    default: break;
     }
 }
 
@@ -353,41 +287,18 @@ void DateMask::writeTimePart(DatePart part, QTime time, const Locale &locale, QS
     const bool afternoon = time.hour() >= 12;
     const int hour = m_twelveHours ? (time.hour() + 11) % 12 + 1 : time.hour();
     switch (part) {
-    case DatePart::Hour:
-        writeNumber(hour, out);
-        break;
-    case DatePart::TwoDigitHour:
-        writeTwoDigits(hour, out);
-        break;
-    case DatePart::Minute:
-        writeNumber(time.minute(), out);
-        break;
-    case DatePart::TwoDigitMinute:
-        writeTwoDigits(time.minute(), out);
-        break;
-    case DatePart::Second:
-        writeNumber(time.second(), out);
-        break;
-    case DatePart::TwoDigitSecond:
-        writeTwoDigits(time.second(), out);
-        break;
-    case DatePart::UpperAmPm:
-        out += QLatin1String(afternoon ? "PM" : "AM");
-        break;
-    case DatePart::LowerAmPm:
-        out += QLatin1String(afternoon ? "pm" : "am");
-        break;
-    case DatePart::UpperLetter:
-        out += QLatin1Char(afternoon ? 'P' : 'A');
-        break;
-    case DatePart::LowerLetter:
-        out += QLatin1Char(afternoon ? 'p' : 'a');
-        break;
-    case DatePart::LocaleAmPm:
-        out += afternoon ? locale.pmText : locale.amText;
-        break;
-    default:
-        break;
+    case DatePart::Hour: writeNumber(hour, out); break;
+    case DatePart::TwoDigitHour: writeTwoDigits(hour, out); break;
+    case DatePart::Minute: writeNumber(time.minute(), out); break;
+    case DatePart::TwoDigitMinute: writeTwoDigits(time.minute(), out); break;
+    case DatePart::Second: writeNumber(time.second(), out); break;
+    case DatePart::TwoDigitSecond: writeTwoDigits(time.second(), out); break;
+    case DatePart::UpperAmPm: out += QLatin1String(afternoon ? "PM" : "AM"); break;
+    case DatePart::LowerAmPm: out += QLatin1String(afternoon ? "pm" : "am"); break;
+    case DatePart::UpperLetter: out += QLatin1Char(afternoon ? 'P' : 'A'); break;
+    case DatePart::LowerLetter: out += QLatin1Char(afternoon ? 'p' : 'a'); break;
+    case DatePart::LocaleAmPm: out += afternoon ? locale.pmText : locale.amText; break;
+    default: break;
     }
 }
 

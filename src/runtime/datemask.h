@@ -10,8 +10,7 @@
 
 #include <vector>
 
-namespace kor
-{
+namespace kor {
 
 //! One thing that a date mask writes.
 enum class DatePart : quint8 {

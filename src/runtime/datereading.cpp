@@ -10,11 +10,9 @@
 
 #include <array>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 struct Token {
     enum class Kind { Number, MonthName, DayName, HalfOfDay, DateSeparator, TimeSeparator, Comma };

@@ -10,8 +10,7 @@
 
 #include <optional>
 
-namespace kor
-{
+namespace kor {
 
 //! The date, the time or both that a text says: numbers or month names in the locale's order, or in another order
 //! when that gives no date. A time alone belongs to day zero. Nothing when the text is no date.

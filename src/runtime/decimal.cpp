@@ -6,11 +6,9 @@
 #include <cmath>
 #include <limits>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 //! Reads what to_chars wrote in scientific form: d.dddde+xx.
 Decimal fromScientific(const char *begin, const char *end)

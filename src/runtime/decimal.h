@@ -9,8 +9,7 @@
 #include <array>
 #include <optional>
 
-namespace kor
-{
+namespace kor {
 
 //! A number as the decimal digits people see: 0.d1d2d3... x 10^exponent, without leading or trailing zeros.
 //!

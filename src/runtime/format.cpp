@@ -13,11 +13,9 @@
 #include <cmath>
 #include <optional>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 template <typename T>
 const T &held(const QVariant &value)
@@ -44,18 +42,12 @@ std::optional<Decimal> numberOfText(const QString &text, const Locale &locale)
 std::optional<Decimal> numberOf(const QVariant &value, const Locale &locale)
 {
     switch (variantType(value)) {
-    case VariantType::Double:
-        return Decimal::fromDouble(held<double>(value));
-    case VariantType::Single:
-        return Decimal::fromSingle(held<float>(value));
-    case VariantType::Currency:
-        return Decimal::fromCurrency(held<Currency>(value));
-    case VariantType::Long:
-        return Decimal::fromInteger(held<int>(value));
-    case VariantType::String:
-        return numberOfText(held<QString>(value), locale);
-    default:
-        return Decimal::fromDouble(CDbl(value, locale));
+    case VariantType::Double: return Decimal::fromDouble(held<double>(value));
+    case VariantType::Single: return Decimal::fromSingle(held<float>(value));
+    case VariantType::Currency: return Decimal::fromCurrency(held<Currency>(value));
+    case VariantType::Long: return Decimal::fromInteger(held<int>(value));
+    case VariantType::String: return numberOfText(held<QString>(value), locale);
+    default: return Decimal::fromDouble(CDbl(value, locale));
     }
 }
 
@@ -111,16 +103,11 @@ public:
         if (!number)
             return CStr(m_value, m_locale);
         switch (format) {
-        case NamedFormat::GeneralNumber:
-            return generalNumber(*number);
-        case NamedFormat::YesNo:
-            return number->isZero() ? m_locale.noText : m_locale.yesText;
-        case NamedFormat::TrueFalse:
-            return number->isZero() ? m_locale.falseText : m_locale.trueText;
-        case NamedFormat::OnOff:
-            return number->isZero() ? m_locale.offText : m_locale.onText;
-        case NamedFormat::Currency:
-            break;
+        case NamedFormat::GeneralNumber: return generalNumber(*number);
+        case NamedFormat::YesNo: return number->isZero() ? m_locale.noText : m_locale.yesText;
+        case NamedFormat::TrueFalse: return number->isZero() ? m_locale.falseText : m_locale.trueText;
+        case NamedFormat::OnOff: return number->isZero() ? m_locale.offText : m_locale.onText;
+        case NamedFormat::Currency: break;
         }
         MaskOutput out;
         writeCurrency(*number, m_locale, out);
@@ -166,12 +153,9 @@ private:
     [[nodiscard]] QString generalNumber(const Decimal &number) const
     {
         switch (variantType(m_value)) {
-        case VariantType::Single:
-            return CStr(m_value, m_locale);
-        case VariantType::Currency:
-            return CStr(m_value, m_locale);
-        default:
-            return numberText(number, Decimal::doubleDigits, m_locale.decimalSeparator);
+        case VariantType::Single: return CStr(m_value, m_locale);
+        case VariantType::Currency: return CStr(m_value, m_locale);
+        default: return numberText(number, Decimal::doubleDigits, m_locale.decimalSeparator);
         }
     }
 
@@ -198,14 +182,11 @@ QString Format(const QVariant &value, QStringView mask, const Locale &locale)
     const CompiledMask &compiled = compiledMask(mask);
     switch (variantType(value)) {
     case VariantType::Null:
-    case VariantType::Missing:
-        return formatNull(compiled, locale);
+    case VariantType::Missing: return formatNull(compiled, locale);
     case VariantType::Empty:
         return std::holds_alternative<TextMask>(compiled) ? Format(QString(), mask, locale) : QString();
-    case VariantType::Other:
-        return Format(normalized(value), mask, locale);
-    default:
-        return std::visit(Writer(value, locale), compiled);
+    case VariantType::Other: return Format(normalized(value), mask, locale);
+    default: return std::visit(Writer(value, locale), compiled);
     }
 }
 

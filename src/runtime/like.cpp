@@ -5,11 +5,9 @@
 
 #include <QtCore/QVarLengthArray>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 //! One element of a pattern. Lists refer to their text in the pattern, so that compiling allocates nothing.
 struct Element {
@@ -77,22 +75,14 @@ Pattern compile(QStringView pattern)
     Pattern elements;
     for (qsizetype at = 0; at < pattern.size(); ++at) {
         switch (const char16_t c = pattern[at].unicode()) {
-        case u'?':
-            elements.append({Element::Kind::Any, 0, {}});
-            break;
-        case u'#':
-            elements.append({Element::Kind::Digit, 0, {}});
-            break;
+        case u'?': elements.append({Element::Kind::Any, 0, {}}); break;
+        case u'#': elements.append({Element::Kind::Digit, 0, {}}); break;
         case u'*':
             if (elements.isEmpty() || elements.last().kind != Element::Kind::Star)
                 elements.append({Element::Kind::Star, 0, {}});
             break;
-        case u'[':
-            compileList(pattern, ++at, elements);
-            break;
-        default:
-            elements.append({Element::Kind::Character, c, {}});
-            break;
+        case u'[': compileList(pattern, ++at, elements); break;
+        default: elements.append({Element::Kind::Character, c, {}}); break;
         }
     }
     return elements;
@@ -103,16 +93,11 @@ bool matches(const Element &element, char16_t c, TextComparison mode)
     switch (element.kind) {
     case Element::Kind::Character:
         return element.character == c || (mode == TextComparison::Text && lower(element.character) == lower(c));
-    case Element::Kind::Any:
-        return true;
-    case Element::Kind::Digit:
-        return c >= u'0' && c <= u'9';
-    case Element::Kind::List:
-        return listHolds(element.list, c, mode);
-    case Element::Kind::ExcludingList:
-        return !listHolds(element.list, c, mode);
-    case Element::Kind::Star:
-        break;
+    case Element::Kind::Any: return true;
+    case Element::Kind::Digit: return c >= u'0' && c <= u'9';
+    case Element::Kind::List: return listHolds(element.list, c, mode);
+    case Element::Kind::ExcludingList: return !listHolds(element.list, c, mode);
+    case Element::Kind::Star: break;
     }
     return false;
 }

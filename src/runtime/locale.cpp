@@ -8,11 +8,9 @@
 #include <atomic>
 #include <list>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 QStringList words(const char16_t *text) { return QString::fromUtf16(text).split(u' '); }
 
@@ -120,8 +118,7 @@ Locale Locale::german()
     return locale;
 }
 
-namespace
-{
+namespace {
 
 QChar firstCharacter(const QString &text, QChar otherwise) { return text.isEmpty() ? otherwise : text.front(); }
 
@@ -260,8 +257,7 @@ Locale Locale::fromQLocale(const QLocale &locale)
     return result;
 }
 
-namespace
-{
+namespace {
 
 //! The process default and every locale that ever was it: callers hold references.
 class DefaultLocale

@@ -5,8 +5,7 @@
 #include <array>
 #include <charconv>
 
-namespace kor
-{
+namespace kor {
 
 QVarLengthArray<QStringView, 4> maskSections(QStringView mask)
 {
@@ -48,15 +47,9 @@ private:
         const char16_t c = m_picture[m_at++].unicode();
         switch (c) {
         case u'0':
-        case u'#':
-            takePlace(c == u'0');
-            break;
-        case u'.':
-            takePoint();
-            break;
-        case u',':
-            m_pendingCommas += 1;
-            break;
+        case u'#': takePlace(c == u'0'); break;
+        case u'.': takePoint(); break;
+        case u',': m_pendingCommas += 1; break;
         case u'%':
             // Kept: a second per-cent sign is written but does not multiply again.
             if (!m_percent)
@@ -69,16 +62,12 @@ private:
             if (!takeExponent(c))
                 literal(c);
             break;
-        case u'"':
-            takeQuoted();
-            break;
+        case u'"': takeQuoted(); break;
         case u'\\':
             if (m_at < m_picture.size())
                 literal(m_picture[m_at++].unicode());
             break;
-        default:
-            literal(c);
-            break;
+        default: literal(c); break;
         }
     }
 
@@ -218,12 +207,8 @@ void NumberSection::write(Decimal number, bool withSign, const Locale &locale, M
     int fractionPlace = 0;
     for (const Item item : m_items) {
         switch (item.part) {
-        case Part::Literal:
-            out.append(item.literal);
-            break;
-        case Part::IntegerDigit:
-            writeIntegerDigit(number, integerPlace++, locale, out);
-            break;
+        case Part::Literal: out.append(item.literal); break;
+        case Part::IntegerDigit: writeIntegerDigit(number, integerPlace++, locale, out); break;
         case Part::DecimalPoint:
             if (m_integerPlaces == 0)
                 writeAllInteger(number, 0, locale, out);
@@ -234,9 +219,7 @@ void NumberSection::write(Decimal number, bool withSign, const Locale &locale, M
             if (fractionPlace <= m_fractionZeros || fractionPlace <= number.count - number.exponent)
                 out.append(static_cast<char16_t>(number.digitAt(-fractionPlace)));
             break;
-        case Part::Exponent:
-            writeExponent(exponent, out);
-            break;
+        case Part::Exponent: writeExponent(exponent, out); break;
         }
     }
 }

@@ -11,8 +11,7 @@
 
 #include <vector>
 
-namespace kor
-{
+namespace kor {
 
 //! Where masks write to: most results fit without an allocation.
 using MaskOutput = QVarLengthArray<char16_t, 96>;

@@ -6,11 +6,9 @@
 #include <charconv>
 #include <limits>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 constexpr int exponentLimit = 100'000; // beyond any Double, and small enough to add up without overflow
 
@@ -101,8 +99,7 @@ double NumberReading::toDouble() const
     return negative ? -value : value;
 }
 
-namespace
-{
+namespace {
 
 //! One pass over a text; every step consumes what it knows and leaves the rest to the next.
 class NumberScanner

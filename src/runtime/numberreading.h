@@ -8,8 +8,7 @@
 
 #include <QtCore/QStringView>
 
-namespace kor
-{
+namespace kor {
 
 //! Decimal digits as they are read: mantissa x 10^scale. Digits beyond the nineteenth only count for the scale.
 class DigitReader

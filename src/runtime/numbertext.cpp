@@ -7,11 +7,9 @@
 #include <array>
 #include <charconv>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 using Buffer = QVarLengthArray<char16_t, 48>;
 

@@ -6,8 +6,7 @@
 
 #include <QtCore/QString>
 
-namespace kor
-{
+namespace kor {
 
 //! The shortest text of a number. Fixed form while it needs no more than `precision` digits on either side of the
 //! point, scientific form ("1E+16", "1,5E-07") beyond.

@@ -6,11 +6,9 @@
 
 #include <cmath>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 constexpr qint64 dayZeroJulian = 2'415'019;
 constexpr double secondsPerDay = 86'400;
@@ -23,8 +21,10 @@ QDate dayZero() { return QDate::fromJulianDay(dayZeroJulian); }
 
 bool isInCalendar(QDate date)
 {
+    if (!date.isValid())
+        return false;
     const auto day = static_cast<double>(date.toJulianDay() - dayZeroJulian);
-    return date.isValid() && day >= firstDay && day <= lastDay;
+    return day >= firstDay && day <= lastDay;
 }
 
 Moment momentOf(const QVariant &date)

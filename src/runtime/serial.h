@@ -8,8 +8,7 @@
 
 #include <optional>
 
-namespace kor
-{
+namespace kor {
 
 //! A point in time without a zone: what a Date variant holds.
 struct Moment {

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "runtime/textmask.h"
 
-namespace kor
-{
+namespace kor {
 
 TextMask::Section TextMask::Section::fromPicture(QStringView picture)
 {

@@ -4,8 +4,7 @@
 
 #include "runtime/numbermask.h"
 
-namespace kor
-{
+namespace kor {
 
 //! A mask for texts, compiled: @ & < > ! and a second section for what is empty or Null.
 class TextMask

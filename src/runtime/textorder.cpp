@@ -4,11 +4,9 @@
 
 #include <QtCore/QString>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 bool isMinor(QChar c) { return c == u'-' || c == u'\''; }
 

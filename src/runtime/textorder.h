@@ -4,8 +4,7 @@
 
 #include <QtCore/QStringView>
 
-namespace kor
-{
+namespace kor {
 
 //! The order of a dictionary: without regard to case, letters with marks behind the bare letter (a, ą, b), hyphens and
 //! apostrophes only where nothing else differs. Negative, zero or positive.

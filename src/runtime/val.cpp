@@ -7,11 +7,9 @@
 
 #include <cmath>
 
-namespace kor
-{
+namespace kor {
 
-namespace
-{
+namespace {
 
 //! Walks over a text as if it held no blanks.
 class BlankSkipper

@@ -9,35 +9,23 @@
 
 #include <utility>
 
-namespace kor
-{
+namespace kor {
 
 VariantType variantType(const QVariant &value)
 {
     switch (value.typeId()) {
-    case QMetaType::UnknownType:
-        return VariantType::Empty;
-    case QMetaType::Nullptr:
-        return VariantType::Null;
-    case QMetaType::Bool:
-        return VariantType::Boolean;
-    case QMetaType::UChar:
-        return VariantType::Byte;
-    case QMetaType::Short:
-        return VariantType::Integer;
-    case QMetaType::Int:
-        return VariantType::Long;
-    case QMetaType::Float:
-        return VariantType::Single;
-    case QMetaType::Double:
-        return VariantType::Double;
+    case QMetaType::UnknownType: return VariantType::Empty;
+    case QMetaType::Nullptr: return VariantType::Null;
+    case QMetaType::Bool: return VariantType::Boolean;
+    case QMetaType::UChar: return VariantType::Byte;
+    case QMetaType::Short: return VariantType::Integer;
+    case QMetaType::Int: return VariantType::Long;
+    case QMetaType::Float: return VariantType::Single;
+    case QMetaType::Double: return VariantType::Double;
     case QMetaType::QDate:
-    case QMetaType::QDateTime:
-        return VariantType::Date;
-    case QMetaType::QString:
-        return VariantType::String;
-    default:
-        break;
+    case QMetaType::QDateTime: return isInCalendar(momentOf(value).date) ? VariantType::Date : VariantType::Other;
+    case QMetaType::QString: return VariantType::String;
+    default: break;
     }
     if (value.metaType() == QMetaType::fromType<Currency>())
         return VariantType::Currency;
@@ -48,8 +36,7 @@ VariantType variantType(const QVariant &value)
 
 bool isMissing(const QVariant &value) { return value.metaType() == QMetaType::fromType<Missing>(); }
 
-namespace
-{
+namespace {
 
 template <typename Wide>
 QVariant longOrDouble(Wide value)
@@ -64,22 +51,18 @@ QVariant normalizedOther(const QVariant &value)
     switch (value.typeId()) {
     case QMetaType::SChar:
         return QVariant::fromValue(static_cast<short>(*static_cast<const signed char *>(value.constData())));
-    case QMetaType::Char:
-        return QVariant::fromValue(static_cast<short>(*static_cast<const char *>(value.constData())));
+    case QMetaType::Char: return QVariant::fromValue(static_cast<short>(*static_cast<const char *>(value.constData())));
     case QMetaType::UShort:
     case QMetaType::UInt:
     case QMetaType::ULong:
-    case QMetaType::ULongLong:
-        return longOrDouble(value.toULongLong());
+    case QMetaType::ULongLong: return longOrDouble(value.toULongLong());
     case QMetaType::Long:
-    case QMetaType::LongLong:
-        return longOrDouble(value.toLongLong());
-    case QMetaType::QChar:
-        return QString(value.toChar());
-    case QMetaType::QTime:
-        return value.toTime().isValid() ? dateVariant({dayZero(), value.toTime()}) : null();
-    default:
-        break;
+    case QMetaType::LongLong: return longOrDouble(value.toLongLong());
+    case QMetaType::QDate:
+    case QMetaType::QDateTime: return null(); // invalid, or of a year that no Date holds
+    case QMetaType::QChar: return QString(value.toChar());
+    case QMetaType::QTime: return value.toTime().isValid() ? dateVariant({dayZero(), value.toTime()}) : null();
+    default: break;
     }
     if (value.metaType().flags() & QMetaType::IsEnumeration)
         return longOrDouble(value.toLongLong());
@@ -91,18 +74,12 @@ QVariant normalizedOther(const QVariant &value)
 QVariant normalized(const QVariant &value)
 {
     switch (variantType(value)) {
-    case VariantType::Other:
-        return value.isNull() ? null() : normalizedOther(value);
-    case VariantType::Date: {
-        const Moment moment = momentOf(value);
-        return moment.date.isValid() ? dateVariant(moment) : null();
-    }
+    case VariantType::Other: return value.isNull() ? null() : normalizedOther(value);
+    case VariantType::Date: return dateVariant(momentOf(value));
     case VariantType::Empty:
     case VariantType::Null:
-    case VariantType::Missing:
-        return value;
-    default:
-        return value.isNull() ? null() : value;
+    case VariantType::Missing: return value;
+    default: return value.isNull() ? null() : value;
     }
 }
 

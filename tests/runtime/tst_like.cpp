@@ -4,7 +4,7 @@
 #include <KorDaoUC/RunTimeError>
 
 #include <QtCore/QElapsedTimer>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 using kor::TextComparison;
 

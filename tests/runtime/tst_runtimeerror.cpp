@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <KorDaoUC/RunTimeError>
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <string_view>
 

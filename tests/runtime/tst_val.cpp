@@ -3,7 +3,7 @@
 #include <KorDaoUC/Convert>
 #include <KorDaoUC/RunTimeError>
 
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 class tst_Val : public QObject
 {

@@ -15,8 +15,7 @@
 
 #include <functional>
 
-namespace
-{
+namespace {
 
 kor::Locale localeOf(const QString &name)
 {

@@ -14,8 +14,7 @@
 #include <QtCore/QSet>
 #include <QtCore/QTextStream>
 
-namespace
-{
+namespace {
 
 QString keyOf(const QString &file, const Vector &vector)
 {
@@ -56,9 +55,7 @@ void run(const VectorFile &file, const QSet<QString> &exceptions, Tally &tally, 
     for (const Vector &vector : file.vectors) {
         const Outcome outcome = evaluate(file.name, vector);
         switch (outcome.kind) {
-        case Outcome::Kind::Passed:
-            ++tally.passed;
-            break;
+        case Outcome::Kind::Passed: ++tally.passed; break;
         case Outcome::Kind::Skipped:
             ++tally.skipped;
             ++tally.missingFunctions[outcome.got];
