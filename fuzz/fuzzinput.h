@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <KorDaoUC/Locale>
+
+#include <QtCore/QByteArrayView>
+#include <QtCore/QString>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+//! The fuzzer's bytes, taken piece by piece. Takes zeros when they have run out.
+class FuzzInput
+{
+public:
+    FuzzInput(const uint8_t *data, std::size_t size) : m_bytes(reinterpret_cast<const char *>(data), qsizetype(size)) {}
+
+    template <typename Number>
+    Number take()
+    {
+        Number number = {};
+        std::memcpy(&number, m_bytes.data(), std::min(sizeof(Number), std::size_t(m_bytes.size())));
+        m_bytes = m_bytes.sliced(std::min(qsizetype(sizeof(Number)), m_bytes.size()));
+        return number;
+    }
+
+    //! Up to the next zero byte, or the rest.
+    QString takeText()
+    {
+        const qsizetype end = m_bytes.indexOf('\0');
+        const QString text = QString::fromUtf8(end < 0 ? m_bytes : m_bytes.first(end));
+        m_bytes = end < 0 ? QByteArrayView() : m_bytes.sliced(end + 1);
+        return text;
+    }
+
+    kor::Locale takeLocale()
+    {
+        switch (take<uint8_t>() % 4) {
+        case 0: return kor::Locale::english();
+        case 1: return kor::Locale::german();
+        case 2: {
+            kor::Locale locale = kor::Locale::polish();
+            locale.shortDatePattern = QStringLiteral("yyyy-MM-dd");
+            locale.dateSeparator = u'-';
+            return locale;
+        }
+        default: return kor::Locale::polish();
+        }
+    }
+
+private:
+    QByteArrayView m_bytes;
+};
+
+//! Stops the fuzzer with the property that does not hold.
+inline void require(bool holds, const char *property, const QString &about = {})
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "does not hold: %s (%s)\n", property, qPrintable(about));
+    std::abort();
+}
