@@ -47,25 +47,37 @@ DateMask oneDatePart(DatePart part)
     return mask;
 }
 
-bool isName(QStringView mask, const char *name) { return mask.compare(QLatin1String(name), Qt::CaseInsensitive) == 0; }
+bool isName(QStringView mask, QLatin1String name)
+{
+    return mask.size() == name.size() && mask.compare(name, Qt::CaseInsensitive) == 0;
+}
 
 CompiledMask compileNamed(QStringView mask)
 {
-    static constexpr std::pair<const char *, NamedFormat> named[] = {
-        {"General Number", NamedFormat::GeneralNumber},
-        {"Currency", NamedFormat::Currency},
-        {"Yes/No", NamedFormat::YesNo},
-        {"True/False", NamedFormat::TrueFalse},
-        {"On/Off", NamedFormat::OnOff},
+    constexpr qsizetype shortestName = 5;
+    if (mask.size() < shortestName || !mask.front().isLetter())
+        return std::monostate();
+    static constexpr std::pair<QLatin1String, NamedFormat> named[] = {
+        {QLatin1String("General Number"), NamedFormat::GeneralNumber},
+        {QLatin1String("Currency"), NamedFormat::Currency},
+        {QLatin1String("Yes/No"), NamedFormat::YesNo},
+        {QLatin1String("True/False"), NamedFormat::TrueFalse},
+        {QLatin1String("On/Off"), NamedFormat::OnOff},
     };
-    static constexpr std::pair<const char *, const char16_t *> numbers[] = {
-        {"Standard", u"#,##0.00"}, {"Fixed", u"0.00"}, {"Percent", u"0.00%"}, {"Scientific", u"0.00E+00"}};
-    static constexpr std::pair<const char *, const char16_t *> pictures[] = {
-        {"Medium Date", u"dd-mmm-yy"}, {"Medium Time", u"hh:nn AM/PM"}, {"Short Time", u"hh:nn"}};
-    static constexpr std::pair<const char *, DatePart> dates[] = {{"General Date", DatePart::GeneralDate},
-                                                                  {"Short Date", DatePart::ShortDate},
-                                                                  {"Long Date", DatePart::LongDate},
-                                                                  {"Long Time", DatePart::LongTime}};
+    static constexpr std::pair<QLatin1String, const char16_t *> numbers[] = {
+        {QLatin1String("Standard"), u"#,##0.00"},
+        {QLatin1String("Fixed"), u"0.00"},
+        {QLatin1String("Percent"), u"0.00%"},
+        {QLatin1String("Scientific"), u"0.00E+00"}};
+    static constexpr std::pair<QLatin1String, const char16_t *> pictures[] = {
+        {QLatin1String("Medium Date"), u"dd-mmm-yy"},
+        {QLatin1String("Medium Time"), u"hh:nn AM/PM"},
+        {QLatin1String("Short Time"), u"hh:nn"}};
+    static constexpr std::pair<QLatin1String, DatePart> dates[] = {
+        {QLatin1String("General Date"), DatePart::GeneralDate},
+        {QLatin1String("Short Date"), DatePart::ShortDate},
+        {QLatin1String("Long Date"), DatePart::LongDate},
+        {QLatin1String("Long Time"), DatePart::LongTime}};
     for (const auto &[name, format] : named) {
         if (isName(mask, name))
             return format;

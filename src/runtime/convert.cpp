@@ -81,7 +81,7 @@ bool IsNumeric(const QVariant &value, const Locale &locale)
     case VariantType::Date: return false;
     case VariantType::String: {
         const NumberReading reading = readNumber(held<QString>(value), locale);
-        return reading.isNumber() && std::isfinite(reading.toDouble());
+        return reading.isNumber() && reading.isFinite();
     }
     case VariantType::Other: {
         const QVariant known = normalized(value);
@@ -107,7 +107,11 @@ QString CStr(const QVariant &value, const Locale &locale)
         return numberText(Decimal::fromDouble(held<double>(value)), Decimal::doubleDigits, locale.decimalSeparator);
     case VariantType::Currency:
         return numberText(Decimal::fromCurrency(held<Currency>(value)), 19, locale.decimalSeparator);
-    case VariantType::Date: return generalDateText(momentOf(value), locale);
+    case VariantType::Date: {
+        MaskOutput out;
+        writeGeneralDate(momentOf(value), locale, out);
+        return textOf(out);
+    }
     case VariantType::String: return held<QString>(value);
     case VariantType::Other: break;
     }

@@ -4,8 +4,6 @@
 
 #include "runtime/compiledmask.h"
 
-#include <KorDaoUC/format.h>
-
 namespace kor {
 
 namespace {
@@ -22,23 +20,23 @@ int runLength(QStringView text, qsizetype at, int limit)
     return length;
 }
 
-void writeTwoDigits(int value, QString &out)
+void writeTwoDigits(int value, MaskOutput &out)
 {
-    out += QChar(u'0' + value / 10 % 10);
-    out += QChar(u'0' + value % 10);
+    out.append(static_cast<char16_t>(u'0' + value / 10 % 10));
+    out.append(static_cast<char16_t>(u'0' + value % 10));
 }
 
-void writeNumber(int value, QString &out)
+//! Of a year at most: four digits.
+void writeNumber(int value, MaskOutput &out)
 {
-    if (value < 10)
-        out += QChar(u'0' + value);
-    else if (value < 100)
-        writeTwoDigits(value, out);
-    else if (value > 999 && value < 10000) {
+    if (value >= 1000)
         writeTwoDigits(value / 100, out);
-        writeTwoDigits(value, out);
-    } else
-        out += QString::number(value);
+    else if (value >= 100)
+        out.append(static_cast<char16_t>(u'0' + value / 100));
+    if (value >= 10)
+        writeTwoDigits(value % 100, out);
+    else
+        out.append(static_cast<char16_t>(u'0' + value));
 }
 
 int sundayBased(QDate date) { return date.dayOfWeek() % 7; }
@@ -97,6 +95,7 @@ DateMask DateMask::fromPicture(QStringView picture)
     static constexpr DatePart months[] = {Month, TwoDigitMonth, ShortMonthName, MonthName};
     static constexpr DatePart years[] = {DayOfYear, TwoDigitYear, TwoDigitYear, Year};
     DateMask mask;
+    mask.m_items.reserve(static_cast<std::size_t>(picture.size()));
     bool afterHour = false; // an m that follows the hour means minutes
     for (qsizetype at = 0; at < picture.size();) {
         const QStringView rest = picture.sliced(at);
@@ -236,53 +235,65 @@ DateMask DateMask::fromSystemPattern(QStringView pattern)
     return mask;
 }
 
-void DateMask::write(const Moment &moment, const Locale &locale, QString &out) const
+struct DateMask::Fields {
+    const Moment &moment;
+    int year = 0;
+    int month = 0;
+    int day = 0;
+};
+
+void DateMask::write(const Moment &moment, const Locale &locale, MaskOutput &out) const
 {
+    Fields fields{moment};
+    moment.date.getDate(&fields.year, &fields.month, &fields.day);
     for (const Item item : m_items)
-        writePart(item, moment, locale, out);
+        writePart(item, fields, locale, out);
 }
 
-void DateMask::writePart(Item item, const Moment &moment, const Locale &locale, QString &out) const
+void DateMask::writePart(Item item, const Fields &fields, const Locale &locale, MaskOutput &out) const
 {
+    const Moment &moment = fields.moment;
     switch (item.part) {
-    case DatePart::Literal: out += QChar(item.literal); break;
-    case DatePart::DateSeparator: out += locale.dateSeparator; break;
-    case DatePart::TimeSeparator: out += locale.timeSeparator; break;
-    case DatePart::GeneralDate: out += generalDateText(moment, locale); break;
+    case DatePart::Literal: out.append(item.literal); break;
+    case DatePart::DateSeparator: out.append(locale.dateSeparator.unicode()); break;
+    case DatePart::TimeSeparator: out.append(locale.timeSeparator.unicode()); break;
+    case DatePart::GeneralDate: writeGeneralDate(moment, locale, out); break;
     case DatePart::ShortDate: systemPattern(locale.shortDatePattern).write(moment, locale, out); break;
     case DatePart::LongDate: systemPattern(locale.longDatePattern).write(moment, locale, out); break;
     case DatePart::LongTime: systemPattern(locale.timePattern).write(moment, locale, out); break;
     default:
         if (item.part < DatePart::Hour)
-            writeDatePart(item.part, moment.date, locale, out);
+            writeDatePart(item.part, fields, locale, out);
         else
             writeTimePart(item.part, moment.time, locale, out);
     }
 }
 
-void DateMask::writeDatePart(DatePart part, QDate date, const Locale &locale, QString &out) const
+void DateMask::writeDatePart(DatePart part, const Fields &fields, const Locale &locale, MaskOutput &out) const
 {
+    const QDate date = fields.moment.date;
+    const int month = fields.month;
     switch (part) {
-    case DatePart::Day: writeNumber(date.day(), out); break;
-    case DatePart::TwoDigitDay: writeTwoDigits(date.day(), out); break;
-    case DatePart::ShortDayName: out += locale.shortDayNames.value(sundayBased(date)); break;
-    case DatePart::DayName: out += locale.dayNames.value(sundayBased(date)); break;
+    case DatePart::Day: writeNumber(fields.day, out); break;
+    case DatePart::TwoDigitDay: writeTwoDigits(fields.day, out); break;
+    case DatePart::ShortDayName: appendText(locale.shortDayNames.value(sundayBased(date)), out); break;
+    case DatePart::DayName: appendText(locale.dayNames.value(sundayBased(date)), out); break;
     case DatePart::WeekDay: writeNumber(sundayBased(date) + 1, out); break;
     case DatePart::Week: writeNumber(weekOf(date, locale.firstDayOfWeek), out); break;
-    case DatePart::Month: writeNumber(date.month(), out); break;
-    case DatePart::TwoDigitMonth: writeTwoDigits(date.month(), out); break;
-    case DatePart::ShortMonthName: out += locale.shortMonthNames.value(date.month() - 1); break;
-    case DatePart::MonthName: out += locale.monthNames.value(date.month() - 1); break;
-    case DatePart::MonthNameBesideDay: out += locale.monthNamesGenitive.value(date.month() - 1); break;
-    case DatePart::Quarter: writeNumber((date.month() + 2) / 3, out); break;
+    case DatePart::Month: writeNumber(month, out); break;
+    case DatePart::TwoDigitMonth: writeTwoDigits(month, out); break;
+    case DatePart::ShortMonthName: appendText(locale.shortMonthNames.value(month - 1), out); break;
+    case DatePart::MonthName: appendText(locale.monthNames.value(month - 1), out); break;
+    case DatePart::MonthNameBesideDay: appendText(locale.monthNamesGenitive.value(month - 1), out); break;
+    case DatePart::Quarter: writeNumber((month + 2) / 3, out); break;
     case DatePart::DayOfYear: writeNumber(date.dayOfYear(), out); break;
-    case DatePart::TwoDigitYear: writeTwoDigits(date.year() % 100, out); break;
-    case DatePart::Year: writeNumber(date.year(), out); break;
+    case DatePart::TwoDigitYear: writeTwoDigits(fields.year % 100, out); break;
+    case DatePart::Year: writeNumber(fields.year, out); break;
     default: break;
     }
 }
 
-void DateMask::writeTimePart(DatePart part, QTime time, const Locale &locale, QString &out) const
+void DateMask::writeTimePart(DatePart part, QTime time, const Locale &locale, MaskOutput &out) const
 {
     const bool afternoon = time.hour() >= 12;
     const int hour = m_twelveHours ? (time.hour() + 11) % 12 + 1 : time.hour();
@@ -293,27 +304,25 @@ void DateMask::writeTimePart(DatePart part, QTime time, const Locale &locale, QS
     case DatePart::TwoDigitMinute: writeTwoDigits(time.minute(), out); break;
     case DatePart::Second: writeNumber(time.second(), out); break;
     case DatePart::TwoDigitSecond: writeTwoDigits(time.second(), out); break;
-    case DatePart::UpperAmPm: out += QLatin1String(afternoon ? "PM" : "AM"); break;
-    case DatePart::LowerAmPm: out += QLatin1String(afternoon ? "pm" : "am"); break;
-    case DatePart::UpperLetter: out += QLatin1Char(afternoon ? 'P' : 'A'); break;
-    case DatePart::LowerLetter: out += QLatin1Char(afternoon ? 'p' : 'a'); break;
-    case DatePart::LocaleAmPm: out += afternoon ? locale.pmText : locale.amText; break;
+    case DatePart::UpperAmPm: appendText(afternoon ? u"PM" : u"AM", out); break;
+    case DatePart::LowerAmPm: appendText(afternoon ? u"pm" : u"am", out); break;
+    case DatePart::UpperLetter: out.append(afternoon ? u'P' : u'A'); break;
+    case DatePart::LowerLetter: out.append(afternoon ? u'p' : u'a'); break;
+    case DatePart::LocaleAmPm: appendText(afternoon ? locale.pmText : locale.amText, out); break;
     default: break;
     }
 }
 
-QString generalDateText(const Moment &moment, const Locale &locale)
+void writeGeneralDate(const Moment &moment, const Locale &locale, MaskOutput &out)
 {
-    QString text;
     const bool timeOnly = moment.date == dayZero();
     if (!timeOnly)
-        systemPattern(locale.shortDatePattern).write(moment, locale, text);
+        systemPattern(locale.shortDatePattern).write(moment, locale, out);
     if (timeOnly || !moment.isMidnight()) {
         if (!timeOnly)
-            text += u' ';
-        systemPattern(locale.timePattern).write(moment, locale, text);
+            out.append(u' ');
+        systemPattern(locale.timePattern).write(moment, locale, out);
     }
-    return text;
 }
 
 } // namespace kor

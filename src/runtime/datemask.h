@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "runtime/maskoutput.h"
 #include "runtime/serial.h"
 
 #include <KorDaoUC/locale.h>
 
-#include <QtCore/QString>
+#include <QtCore/QStringView>
 
 #include <vector>
 
@@ -59,7 +60,7 @@ public:
     [[nodiscard]] static DateMask fromSystemPattern(QStringView pattern);
 
     void append(DatePart part, char16_t literal = 0);
-    void write(const Moment &moment, const Locale &locale, QString &out) const;
+    void write(const Moment &moment, const Locale &locale, MaskOutput &out) const;
 
 private:
     struct Item {
@@ -68,16 +69,17 @@ private:
     };
 
     void appendHalfOfDay(DatePart part);
-    void writePart(Item item, const Moment &moment, const Locale &locale, QString &out) const;
-    void writeDatePart(DatePart part, QDate date, const Locale &locale, QString &out) const;
-    void writeTimePart(DatePart part, QTime time, const Locale &locale, QString &out) const;
+    struct Fields;
+    void writePart(Item item, const Fields &fields, const Locale &locale, MaskOutput &out) const;
+    void writeDatePart(DatePart part, const Fields &fields, const Locale &locale, MaskOutput &out) const;
+    void writeTimePart(DatePart part, QTime time, const Locale &locale, MaskOutput &out) const;
 
     std::vector<Item> m_items;
     bool m_twelveHours = false;
 };
 
 //! Date and time as the locale writes them; midnight is left out, and so is the day of a time alone.
-[[nodiscard]] QString generalDateText(const Moment &moment, const Locale &locale);
+void writeGeneralDate(const Moment &moment, const Locale &locale, MaskOutput &out);
 
 //! Length of AM/PM, A/P or AMPM at the start of the text (any case), 0 when there is none.
 [[nodiscard]] qsizetype halfOfDayLength(QStringView text);

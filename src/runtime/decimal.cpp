@@ -74,8 +74,14 @@ Decimal Decimal::fromDouble(double value)
     if (!(magnitude > 0) || std::isinf(magnitude))
         return {};
     Decimal result;
+    // Amounts have few decimals. When so many ten-thousandths give the number back, they are its digits: no other
+    // number of fifteen digits is that close.
+    const double tenThousandths = magnitude < 1e11 ? std::nearbyint(magnitude * 10000) : 0;
     if (magnitude < 1e15 && magnitude == std::floor(magnitude)) {
         result = fromUnsigned(static_cast<quint64>(magnitude));
+    } else if (tenThousandths / 10000 == magnitude) {
+        result = fromUnsigned(static_cast<quint64>(tenThousandths));
+        result.exponent -= 4;
     } else {
         std::array<char, 32> text;
         // The shortest digits are the 15 wanted ones whenever there are no more than 15 of them; below the normal

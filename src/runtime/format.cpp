@@ -23,8 +23,6 @@ const T &held(const QVariant &value)
     return *static_cast<const T *>(value.constData());
 }
 
-QString textOf(const MaskOutput &out) { return QString(reinterpret_cast<const QChar *>(out.constData()), out.size()); }
-
 //! What a text is as a number: its digits or a truth value. Nothing when it is neither.
 std::optional<Decimal> numberOfText(const QString &text, const Locale &locale)
 {
@@ -136,10 +134,9 @@ public:
         const auto moment = dateOf(m_value, m_locale);
         if (!moment)
             return CStr(m_value, m_locale);
-        QString out;
-        out.reserve(40);
+        MaskOutput out;
         mask.write(*moment, m_locale, out);
-        return out;
+        return textOf(out);
     }
 
     QString operator()(const TextMask &mask) const

@@ -31,7 +31,10 @@ QVarLengthArray<QStringView, 4> maskSections(QStringView mask)
 class NumberSection::Compiler
 {
 public:
-    explicit Compiler(QStringView picture) : m_picture(picture) {}
+    explicit Compiler(QStringView picture) : m_picture(picture)
+    {
+        m_section.m_items.reserve(static_cast<std::size_t>(picture.size()));
+    }
 
     NumberSection compile()
     {
@@ -227,7 +230,9 @@ void NumberSection::write(Decimal number, bool withSign, const Locale &locale, M
 NumberMask NumberMask::fromPicture(QStringView picture)
 {
     NumberMask mask;
-    for (const QStringView section : maskSections(picture))
+    const auto sections = maskSections(picture);
+    mask.m_sections.reserve(static_cast<std::size_t>(sections.size()));
+    for (const QStringView section : sections)
         mask.m_sections.push_back(NumberSection::fromPicture(section));
     return mask;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "runtime/decimal.h"
+#include "runtime/maskoutput.h"
 
 #include <KorDaoUC/locale.h>
 
@@ -12,9 +13,6 @@
 #include <vector>
 
 namespace kor {
-
-//! Where masks write to: most results fit without an allocation.
-using MaskOutput = QVarLengthArray<char16_t, 96>;
 
 //! One section of a number mask, compiled.
 class NumberSection

@@ -109,14 +109,14 @@ public:
 
     NumberReading read()
     {
-        while (takeBlank() || takeSign() || takeOpeningBracket() || takeCurrencySymbol()) {
+        while (!isDigit(current()) && (takeBlank() || takeSign() || takeOpeningBracket() || takeCurrencySymbol())) {
         }
         if (current() == u'&' && !m_hasSign && !m_hasOpening && !m_hasCurrency)
             return readRadix();
         readDigits();
         if (!m_reading.digits.hasDigits() || !readExponentPart())
             return {};
-        while (takeBlank() || takeSign() || takeClosingBracket() || takeCurrencySymbol()) {
+        while (m_at < m_text.size() && (takeBlank() || takeSign() || takeClosingBracket() || takeCurrencySymbol())) {
         }
         if (m_at != m_text.size() || m_hasOpening != m_hasClosing)
             return {};

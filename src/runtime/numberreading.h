@@ -8,6 +8,9 @@
 
 #include <QtCore/QStringView>
 
+#include <limits>
+#include <optional>
+
 namespace kor {
 
 //! Decimal digits as they are read: mantissa x 10^scale. Digits beyond the nineteenth only count for the scale.
@@ -30,6 +33,7 @@ public:
     [[nodiscard]] bool hasDigits() const { return m_hasDigits; }
     //! Infinity when the number is too large.
     [[nodiscard]] double toDouble() const;
+    [[nodiscard]] bool isFinite() const { return m_scale < 280 || toDouble() <= std::numeric_limits<double>::max(); }
     [[nodiscard]] Decimal toDecimal() const;
 
 private:
@@ -53,6 +57,7 @@ struct NumberReading {
 
     [[nodiscard]] bool isNumber() const { return kind != Kind::NotANumber; }
     [[nodiscard]] double toDouble() const; //!< infinity when it does not fit
+    [[nodiscard]] bool isFinite() const { return kind == Kind::Radix || digits.isFinite(); }
 };
 
 [[nodiscard]] NumberReading readNumber(QStringView text, const Locale &locale);

@@ -30,8 +30,8 @@ bool isInCalendar(QDate date)
 Moment momentOf(const QVariant &date)
 {
     if (date.typeId() == QMetaType::QDate)
-        return {date.toDate()};
-    const QDateTime both = date.toDateTime();
+        return {*static_cast<const QDate *>(date.constData())};
+    const auto &both = *static_cast<const QDateTime *>(date.constData());
     return {both.date(), both.time()};
 }
 
