@@ -77,6 +77,9 @@ public:
         if (columns == 0) {
             throw databaseFailure(QStringLiteral("The statement gives no rows"), DatabaseTask::Open, statement);
         }
+        if (sqlite3_bind_parameter_count(currentRow()) > 0) { // SQLite itself would read them as NULL
+            throw databaseFailure(QStringLiteral("The statement has parameters"), DatabaseTask::Open, statement);
+        }
         begin(columns);
     }
 

@@ -84,6 +84,7 @@ private Q_SLOTS:
     void opensATableByItsName();
 
     void refusedStatementCarriesTheDriversText();
+    void statementWithParametersIsRefused();
     void statementWithoutRowsIsRefused();
     void emptySourceIsRefused();
     void otherRecordsetTypesAreRefused();
@@ -270,6 +271,13 @@ void tst_SqlDatabase::refusedStatementCarriesTheDriversText()
     QCOMPARE(errorNumberOf([this] { (void)open("SELEC id"); }), 3146);
     QCOMPARE(errorNumberOf([this] { (void)open("SELECT 1 FROM"); }), 3146);
     QCOMPARE(open("SELECT 1")->FieldValue(0), QVariant(1)); // the connection is none the worse
+}
+
+void tst_SqlDatabase::statementWithParametersIsRefused()
+{
+    QCOMPARE(errorNumberOf([this] { (void)open("SELECT id FROM towary WHERE id = ?"); }), 3146);
+    QCOMPARE(open("SELECT '?' FROM towary WHERE id = 1")->FieldValue(0), QVariant(QStringLiteral("?")));
+    QCOMPARE(open("SELECT '10:30' FROM towary WHERE id = 1")->FieldValue(0), QVariant(QStringLiteral("10:30")));
 }
 
 void tst_SqlDatabase::statementWithoutRowsIsRefused()
