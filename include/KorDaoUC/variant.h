@@ -41,10 +41,11 @@ enum class VariantType {
 
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT VariantType variantType(const QVariant &value);
 
-//! The Variant Null: no value. Not Empty, which is a value that was never given.
+//! The Variant Null: no value. Not Empty, which is a value that was never given. A null QVariant that has a type, as a
+//! database hands over its NULL, is Null as well.
 [[nodiscard]] inline QVariant null() { return QVariant::fromValue(nullptr); }
 [[nodiscard]] inline QVariant missing() { return QVariant::fromValue(Missing{}); }
-[[nodiscard]] inline bool isNull(const QVariant &value) { return value.typeId() == QMetaType::Nullptr; }
+[[nodiscard]] inline bool isNull(const QVariant &value) { return value.isValid() && value.isNull(); }
 [[nodiscard]] inline bool isEmpty(const QVariant &value) { return !value.isValid(); }
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT bool isMissing(const QVariant &value);
 

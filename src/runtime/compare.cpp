@@ -5,6 +5,7 @@
 
 #include <KorDaoUC/compare.h>
 #include <KorDaoUC/convert.h>
+#include <KorDaoUC/date.h>
 #include <KorDaoUC/runtimeerror.h>
 #include <KorDaoUC/variant.h>
 
@@ -98,6 +99,16 @@ bool looselyEqual(const QVariant &left, const QVariant &right, const Locale &loc
 
 namespace {
 
+//! A value as the number that its neighbour's type calls for: beside a date a text is read as a date.
+double numberBeside(const QVariant &value, const QVariant &neighbour, const Locale &locale)
+{
+    if (variantType(value) == VariantType::String && variantType(neighbour) == VariantType::Date)
+        return CDbl(CDate(value, locale), locale);
+    if (variantType(value) == VariantType::String && variantType(neighbour) == VariantType::Boolean)
+        return CBool(value, locale) ? -1 : 0;
+    return CDbl(value, locale);
+}
+
 //! One side is a declared variable, the other a Variant or declared as well, and exactly one of them is a text.
 std::partial_ordering compareTextWithNumber(const QVariant &left, const QVariant &right, bool asText, bool byCodeUnit,
                                             const Locale &locale)
@@ -107,7 +118,7 @@ std::partial_ordering compareTextWithNumber(const QVariant &left, const QVariant
         const QString rightText = CStr(right, locale);
         return fromInt(byCodeUnit ? leftText.compare(rightText) : compareByDictionary(leftText, rightText));
     }
-    return CDbl(left, locale) <=> CDbl(right, locale);
+    return numberBeside(left, right, locale) <=> numberBeside(right, left, locale);
 }
 
 } // namespace

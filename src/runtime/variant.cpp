@@ -13,9 +13,9 @@ namespace kor {
 
 VariantType variantType(const QVariant &value)
 {
+    if (value.isNull())
+        return value.isValid() ? VariantType::Null : VariantType::Empty;
     switch (value.typeId()) {
-    case QMetaType::UnknownType: return VariantType::Empty;
-    case QMetaType::Nullptr: return VariantType::Null;
     case QMetaType::Bool: return VariantType::Boolean;
     case QMetaType::UChar: return VariantType::Byte;
     case QMetaType::Short: return VariantType::Integer;
@@ -74,12 +74,10 @@ QVariant normalizedOther(const QVariant &value)
 QVariant normalized(const QVariant &value)
 {
     switch (variantType(value)) {
-    case VariantType::Other: return value.isNull() ? null() : normalizedOther(value);
+    case VariantType::Null: return null();
+    case VariantType::Other: return normalizedOther(value);
     case VariantType::Date: return dateVariant(momentOf(value));
-    case VariantType::Empty:
-    case VariantType::Null:
-    case VariantType::Missing: return value;
-    default: return value.isNull() ? null() : value;
+    default: return value;
     }
 }
 
