@@ -203,35 +203,36 @@ bool ComboBox::filterList(QObject *watched, QEvent *event)
 {
     if (!isDropped())
         return false;
-    const QPointer<ComboBox> self = this;
-    if (watched == m_list && event->type() == QEvent::KeyPress) {
-        auto *key = static_cast<QKeyEvent *>(event);
+    if (watched == m_list && event->type() == QEvent::ShortcutOverride) {
+        // Every key is the list's while it is open. The toolkit acts on this event already, so that the press itself
+        // would come to the closed field.
         event->accept();
-        int code = keyCode(*key);
-        int shift = shiftState(key->modifiers());
-        if (code != Key::None) {
-            Q_EMIT KeyDown(code, shift);
-            if (!self || code == Key::None)
-                return true;
-        }
-        return acceptWith(watched, key);
+        return true;
     }
+    if (watched == m_list && event->type() == QEvent::KeyPress)
+        return pressInList(static_cast<QKeyEvent *>(event));
     if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonRelease)
         return offerToToolkit(watched, event);
     return false;
 }
 
-bool ComboBox::acceptWith(QObject *list, QKeyEvent *key)
+bool ComboBox::pressInList(QKeyEvent *event)
 {
-    const bool isTab = key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab;
-    if (!isTab)
-        return offerToToolkit(list, key);
     const QPointer<ComboBox> self = this;
-    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-    offerToToolkit(list, &enter);
-    if (self)
-        focusNextPrevChild(key->key() == Qt::Key_Tab);
-    return true;
+    event->accept();
+    int code = keyCode(*event);
+    int shift = shiftState(event->modifiers());
+    if (code != Key::None) {
+        Q_EMIT KeyDown(code, shift);
+        if (!self || code == Key::None || !isDropped())
+            return true;
+    }
+    const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    QKeyEvent accepting(QEvent::ShortcutOverride, isTab ? Qt::Key_Return : event->key(), event->modifiers());
+    const bool isTaken = offerToToolkit(m_list, &accepting);
+    if (self && isTab) // accepts like Enter, and goes on to the next field
+        focusNextPrevChild(event->key() == Qt::Key_Tab);
+    return isTaken;
 }
 
 // The toolkit's own filter of the list accepts entries. It is asked from here, so that Click comes when it is done.

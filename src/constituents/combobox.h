@@ -63,8 +63,7 @@ private:
     void press(QKeyEvent *event);
     void actAs(QKeyEvent *event);
     [[nodiscard]] bool filterList(QObject *watched, QEvent *event);
-    //! Tab accepts like Enter, and goes on to the next field.
-    bool acceptWith(QObject *list, QKeyEvent *key);
+    [[nodiscard]] bool pressInList(QKeyEvent *event);
     bool offerToToolkit(QObject *watched, QEvent *event);
     void followStyle();
     void fitListSoon();
