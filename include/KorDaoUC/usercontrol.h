@@ -6,6 +6,7 @@
 #include <KorDaoUC/enumerations.h>
 #include <KorDaoUC/export.h>
 
+#include <QtCore/QPointer>
 #include <QtGui/QFont>
 #include <QtWidgets/QWidget>
 
@@ -86,6 +87,15 @@ protected:
     void setFocusClient(FocusClient *client);
     //! Reports a Let to the host; the name is the property's own.
     void propertyChanged(const char *name);
+    //! A Let that a constituent answers: sets the property there, then reports the change.
+    template <class Constituent, class Owner, class Argument, class Value>
+    void delegate(const char *name, Constituent *constituent, void (Owner::*setter)(Argument), const Value &value)
+    {
+        const QPointer<UserControl> self = this; // a handler of the constituent's Change may end the control
+        (constituent->*setter)(value);
+        if (self)
+            propertyChanged(name);
+    }
 
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;

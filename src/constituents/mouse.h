@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "constituents/errorguard.h"
 #include "constituents/keycodes.h"
 #include "constituents/twips.h"
 
@@ -26,5 +27,16 @@ struct MouseArguments {
     {
     }
 };
+
+//! Raises a mouse event of a control's own surface.
+template <class Control>
+void raiseMouse(Control *control, QMouseEvent *event, void (Control::*raise)(int &, int &, float &, float &))
+{
+    guarded(control, [&] {
+        MouseArguments mouse(control, *event);
+        (control->*raise)(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+    });
+    event->accept();
+}
 
 } // namespace kor

@@ -62,6 +62,11 @@ void TextBox::setTextKeepingCaret(const QString &text)
     });
 }
 
+void TextBox::setSelText(const QString &text)
+{
+    editing([&] { insert(text); });
+}
+
 int TextBox::SelStart() const { return hasSelectedText() ? selectionStart() : cursorPosition(); }
 
 void TextBox::setSelStart(int start) { setCursorPosition(std::clamp(start, 0, TextLength())); }
@@ -120,7 +125,7 @@ void TextBox::setAlignment(AlignmentType alignment)
 
 bool TextBox::event(QEvent *event)
 {
-    if (event->type() == QEvent::ShortcutOverride && m_clipboard == Clipboard::WholeText) {
+    if (event->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (clipboardCommand(keyCode(*key), shiftState(*key)) != ClipboardCommand::None) {
             event->accept();
@@ -166,9 +171,9 @@ void TextBox::press(QKeyEvent *event)
     event->accept();
     const int ownCode = keyCode(*event);
     const int ownShift = shiftState(*event);
-    const auto command =
-        m_clipboard == Clipboard::WholeText ? clipboardCommand(ownCode, ownShift) : ClipboardCommand::None;
-    if (command != ClipboardCommand::None)
+    const auto command = clipboardCommand(ownCode, ownShift);
+    const bool isDone = m_clipboard == Clipboard::WholeText && command != ClipboardCommand::None;
+    if (isDone)
         run(command);
     if (!self)
         return;
@@ -177,8 +182,12 @@ void TextBox::press(QKeyEvent *event)
     int shift = ownShift;
     if (ownCode != Key::None)
         Q_EMIT KeyDown(code, shift);
-    if (!self || command != ClipboardCommand::None || (code == Key::None && ownCode != Key::None))
+    if (!self || isDone || (code == Key::None && ownCode != Key::None))
         return;
+    if (code == ownCode && command != ClipboardCommand::None) {
+        run(command);
+        return;
+    }
     if (code != ownCode) {
         actAs(code, shift, event);
         return;
@@ -201,7 +210,9 @@ void TextBox::press(QKeyEvent *event)
 
 void TextBox::actAs(int code, int shift, QKeyEvent *event)
 {
-    if (code == Key::Backspace) {
+    if (const auto command = clipboardCommand(code, shift); command != ClipboardCommand::None) {
+        run(command);
+    } else if (code == Key::Backspace) {
         offerCharacter(Key::Backspace);
     } else if (const char16_t character = plainCharacter(code, shift); character && !(shift & ~ShiftState::Shift)) {
         offerCharacter(character);
@@ -275,22 +286,36 @@ void TextBox::keyReleaseEvent(QKeyEvent *event)
     });
 }
 
+QString TextBox::fitting(const QString &text) const
+{
+    return m_maxLength == 0 ? text : text.left(std::max(0, m_maxLength - TextLength() + SelLength()));
+}
+
 void TextBox::run(ClipboardCommand command)
 {
     QClipboard *clipboard = QGuiApplication::clipboard();
     if (command == ClipboardCommand::Paste) {
-        pasteWhole(clipboard->text());
+        paste(clipboard->text());
         return;
     }
-    clipboard->setText(selectedText());
-    if (command == ClipboardCommand::Cut && !isReadOnly())
+    if (hasSelectedText() || m_clipboard == Clipboard::WholeText)
+        clipboard->setText(selectedText());
+    if (command != ClipboardCommand::Cut || isReadOnly())
+        return;
+    if (m_clipboard == Clipboard::WholeText)
         setProgramText(QString());
+    else if (hasSelectedText())
+        editing([this] { del(); });
 }
 
-void TextBox::pasteWhole(const QString &text)
+void TextBox::paste(const QString &text)
 {
     if (isReadOnly())
         return;
+    if (m_clipboard == Clipboard::Selection) {
+        editing([&] { insert(fitting(text)); });
+        return;
+    }
     const QPointer<TextBox> self = this;
     setProgramText(text);
     if (self)
@@ -328,9 +353,11 @@ void TextBox::mouseReleaseEvent(QMouseEvent *event)
     const QPointer<TextBox> self = this;
     guarded(this, [&] {
         const Press press = std::exchange(m_press, Press::None);
-        if (event->button() == Qt::MiddleButton && m_clipboard == Clipboard::WholeText) {
-            if (press != Press::None && QGuiApplication::clipboard()->supportsSelection())
-                pasteWhole(QGuiApplication::clipboard()->text(QClipboard::Selection));
+        if (event->button() == Qt::MiddleButton) {
+            if (press != Press::None && QGuiApplication::clipboard()->supportsSelection()) {
+                setCursorPosition(cursorPositionAt(event->pos()));
+                paste(QGuiApplication::clipboard()->text(QClipboard::Selection));
+            }
         } else {
             editing([&] { QLineEdit::mouseReleaseEvent(event); });
         }
@@ -363,8 +390,7 @@ void TextBox::contextMenuEvent(QContextMenuEvent *event)
     if (!menu)
         return;
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (m_clipboard == Clipboard::WholeText)
-        takeOverClipboardActions(menu);
+    takeOverClipboardActions(menu);
     menu->popup(event->globalPos());
     event->accept();
 }
@@ -387,12 +413,16 @@ void TextBox::takeOverClipboardActions(QMenu *menu)
 
 void TextBox::dropEvent(QDropEvent *event)
 {
-    if (m_clipboard != Clipboard::WholeText) {
+    if (m_clipboard == Clipboard::Selection && m_maxLength == 0) {
         guarded(this, [&] { editing([&] { QLineEdit::dropEvent(event); }); });
         return;
     }
-    guarded(this, [&] { pasteWhole(event->mimeData()->text()); });
-    event->acceptProposedAction();
+    guarded(this, [&] {
+        setCursorPosition(cursorPositionAt(event->position().toPoint()));
+        paste(event->mimeData()->text());
+    });
+    event->setDropAction(Qt::CopyAction); // what did not fit must not be lost where it came from
+    event->accept();
 }
 
 void TextBox::paintEvent(QPaintEvent *event)

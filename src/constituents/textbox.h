@@ -23,7 +23,7 @@ class TextBox final : public QLineEdit
 public:
     //! Who answers copy, cut and paste, by key, context menu, drop or the middle button.
     enum class Clipboard {
-        Toolkit,   //!< the line edit, on the selection
+        Selection, //!< as usual: on the selection, after KeyDown; paste is cut to MaxLength
         WholeText, //!< copy takes the selection; cut takes it and empties the field; paste replaces the whole text
     };
 
@@ -38,6 +38,8 @@ public:
     void setSelStart(int start);
     [[nodiscard]] int SelLength() const { return static_cast<int>(selectedText().size()); }
     void setSelLength(int length);
+    //! Replaces the selection, as a program does: the caret goes behind the new text.
+    void setSelText(const QString &text);
     [[nodiscard]] int TextLength() const { return static_cast<int>(text().size()); }
 
     //! The most characters the user can type; 0 is no limit. A program's text is never cut.
@@ -87,6 +89,8 @@ private:
     enum class Press { None, Single, Double };
 
     [[nodiscard]] static ClipboardCommand clipboardCommand(int keyCode, int shift);
+    //! The beginning of a text that MaxLength allows in place of the selection.
+    [[nodiscard]] QString fitting(const QString &text) const;
     //! Runs what may change the text and raises Change when it is done: a handler may then set the text anew or delete
     //! the control, which the line edit could not bear in the middle of its own work.
     template <class Body>
@@ -97,11 +101,11 @@ private:
     bool offerCharacter(int keyAscii);
     void type(int keyAscii);
     void run(ClipboardCommand command);
-    void pasteWhole(const QString &text);
+    void paste(const QString &text);
     void takeOverClipboardActions(QMenu *menu);
     void updateFrame();
 
-    Clipboard m_clipboard = Clipboard::Toolkit;
+    Clipboard m_clipboard = Clipboard::Selection;
     BorderStyleType m_border = BorderStyleType::FixedSingle;
     AppearanceType m_appearance = AppearanceType::A3D;
     int m_maxLength = 0;

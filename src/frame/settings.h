@@ -86,6 +86,14 @@ public:
             return row;
         }
 
+        //! The same setting, read after those of a lower rank; all others have rank 0. Within a rank file order holds.
+        Row readAt(int rank) const
+        {
+            Row row = *this;
+            row.readRank = rank;
+            return row;
+        }
+
         //! Something that happens between two settings while they are read.
         static Row whileReading(std::function<void(Control &)> step)
         {
@@ -96,6 +104,7 @@ public:
 
         QString key;
         SettingUse use = SettingUse::ReadAndWrite;
+        int readRank = 0;
         std::function<QVariant(const Control &)> defaultOf;
         std::function<QVariant(const Control &)> read;
         std::function<void(Control &, const QVariant &)> apply;
@@ -117,7 +126,14 @@ public:
         }
     };
 
-    SettingsTable(std::initializer_list<Row> rows) : m_rows(rows) {}
+    SettingsTable(std::initializer_list<Row> rows) : m_rows(rows)
+    {
+        for (const Row &row : m_rows)
+            m_readOrder.push_back(&row);
+        std::stable_sort(m_readOrder.begin(), m_readOrder.end(),
+                         [](const Row *left, const Row *right) { return left->readRank < right->readRank; });
+    }
+    Q_DISABLE_COPY_MOVE(SettingsTable)
 
     void write(const Control &control, PropertyBag &bag) const
     {
@@ -129,20 +145,32 @@ public:
 
     void read(Control &control, const PropertyBag &bag) const
     {
-        for (const Row &row : m_rows) {
-            if (row.step)
-                row.step(control);
-            else if (row.use != SettingUse::WriteOnly)
-                row.apply(control, bag.ReadProperty(row.key, row.defaultOf(control)));
+        for (const Row *row : m_readOrder) {
+            if (row->step)
+                row->step(control);
+            else if (row->use != SettingUse::WriteOnly)
+                row->apply(control, bag.ReadProperty(row->key, row->defaultOf(control)));
         }
     }
 
 private:
     std::vector<Row> m_rows;
+    std::vector<const Row *> m_readOrder;
 };
 
 //! An Integer, as saved forms hold enumerations.
 [[nodiscard]] inline QVariant integer(short value) { return QVariant::fromValue(value); }
+
+//! A getter whose number saved forms hold as an Integer; a Long where that is too small for it.
+template <class Control>
+[[nodiscard]] auto asInteger(int (Control::*getter)() const)
+{
+    return [getter](const Control &control) {
+        const int value = (control.*getter)();
+        const auto narrow = static_cast<short>(value);
+        return narrow == value ? integer(narrow) : QVariant(value);
+    };
+}
 
 //! The row of the font. Its default is the ambient font, and a control that shows it goes on following it.
 template <class Control>

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include <KorDaoUC/controlregistry.h>
+#include <KorDaoUC/korclick.h>
 #include <KorDaoUC/korcombo.h>
 #include <KorDaoUC/kornumber.h>
 
@@ -18,6 +19,7 @@ void add(const char *name)
 const bool controlsAdded = [] {
     add<KorNumber>("KorNumber");
     add<KorCombo>("KorCombo");
+    add<KorClick>("KorClick");
     return true;
 }();
 

@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/commandbutton.h"
+#include "constituents/fieldlayout.h"
+#include "constituents/focustracker.h"
+#include "constituents/keycodes.h"
+#include "constituents/textbox.h"
+#include "frame/settings.h"
+#include "small/clickrules.h"
+
+#include <KorDaoUC/korclick.h>
+#include <KorDaoUC/variant.h>
+
+#include <QtCore/QPointer>
+
+using namespace kor;
+
+class KorClick::Private final : public FocusClient
+{
+public:
+    explicit Private(KorClick *control)
+        : q(control),
+          back(new QWidget(control)),
+          box(new TextBox(back)),
+          button(new CommandButton(CommandButton::Sign::Dots, back))
+    {
+    }
+
+    void keyDown(int &code, int &shift);
+    void clear();
+    std::optional<Complaint> boxLeft(QWidget *left) override;
+
+    KorClick *q;
+    QWidget *back;
+    TextBox *box;
+    CommandButton *button;
+    QVariant value = null();
+    bool blockUpDown = false;
+    bool dirty = false;
+
+    static const SettingsTable<KorClick> settings;
+};
+
+const SettingsTable<KorClick> KorClick::Private::settings = {
+    {"BackColor", &KorClick::BackColor, &KorClick::setBackColor, WindowBackground},
+    {"ForeColor", &KorClick::ForeColor, &KorClick::setForeColor, WindowText},
+    {"Enabled", &KorClick::Enabled, &KorClick::setEnabled, true},
+    // Kept: old forms are read so, key by key
+    {"Enabled", &KorClick::Enabled, &KorClick::setEnabled, true, SettingUse::ReadOnly},
+    fontSetting<KorClick>(),
+    {"BorderStyle", &KorClick::BorderStyle, &KorClick::setBorderStyle, integer(1)},
+    {"Appearance", &KorClick::Appearance, &KorClick::setAppearance, integer(1)},
+    {"BlockUpDown", &KorClick::BlockUpDown, &KorClick::setBlockUpDown, false},
+    {"Text", &KorClick::Text, &KorClick::setText, QString()},
+    // A start collapses the selection, so the length comes after it; the text of the selection is in "Text" already.
+    SettingsTable<KorClick>::Row("SelLength", asInteger(&KorClick::SelLength), &KorClick::setSelLength, integer(0))
+        .readAt(1),
+    {"SelText", &KorClick::SelText, [](KorClick &, const QVariant &) {}, QString()},
+    {"SelStart", asInteger(&KorClick::SelStart), &KorClick::setSelStart, integer(0)},
+    {"LockedText", &KorClick::Locked, &KorClick::setLocked, false}, // Kept: the name that saved forms have
+    {"Value", &KorClick::Value, &KorClick::setValue, null()},
+    {"MaxLength", asInteger(&KorClick::MaxLength), &KorClick::setMaxLength, integer(0)},
+    {"EnabledClick", &KorClick::EnabledClick, &KorClick::setEnabledClick, true},
+    {"ToolButText", &KorClick::ToolButText, &KorClick::setToolButText, QString()},
+    SettingsTable<KorClick>::Row::whileReading([](KorClick &c) { c.d->dirty = false; }),
+};
+
+KorClick::KorClick(QWidget *parent) : UserControl(parent), d(std::make_unique<Private>(this))
+{
+    d->back->setObjectName(QStringLiteral("picBack"));
+    d->box->setObjectName(QStringLiteral("txtClick"));
+    d->button->setObjectName(QStringLiteral("cmdClick"));
+    setMainConstituent(d->box);
+    setFocusClient(d.get());
+
+    connect(d->box, &TextBox::Change, this, [this] {
+        d->dirty = true;
+        Q_EMIT Change();
+    });
+    connect(d->button, &CommandButton::Click, this, &KorClick::Click);
+    connect(d->box, &TextBox::DblClick, this, &KorClick::DblClick);
+    connect(d->box, &TextBox::KeyDown, this, [this](int &code, int &shift) { d->keyDown(code, shift); });
+    connect(d->box, &TextBox::KeyPress, this, &KorClick::KeyPress);
+    connect(d->box, &TextBox::KeyUp, this, &KorClick::KeyUp);
+    connect(d->box, &TextBox::MouseDown, this, &KorClick::MouseDown);
+    connect(d->box, &TextBox::MouseMove, this, &KorClick::MouseMove);
+    connect(d->box, &TextBox::MouseUp, this, &KorClick::MouseUp);
+    initProperties();
+}
+
+KorClick::~KorClick() = default;
+
+void KorClick::initProperties()
+{
+    d->blockUpDown = false;
+    d->value = null();
+}
+
+void KorClick::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
+void KorClick::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+
+void KorClick::layoutConstituents()
+{
+    d->back->setGeometry(rect());
+    const auto place = layoutField(d->back->rect(), d->button->widthBeside(height()), layoutDirection());
+    d->box->setGeometry(place.field);
+    d->button->setGeometry(place.end);
+}
+
+QSize KorClick::sizeHint() const
+{
+    const QSize box = d->box->sizeHint();
+    return {box.width() + d->button->widthBeside(box.height()), box.height()};
+}
+
+// --- events
+
+void KorClick::Private::keyDown(int &code, int &shift)
+{
+    const QPointer<KorClick> self = q;
+    switch (judgeClickKey(code, shift, {blockUpDown, box->Locked()})) {
+    case ClickKeyAnswer::ReportAndSwallow:
+        Q_EMIT q->KeyDown(code, shift);
+        code = Key::None;
+        return;
+    case ClickKeyAnswer::AskHost:
+        code = Key::None;
+        if (button->isEnabled())
+            Q_EMIT q->Click();
+        return;
+    case ClickKeyAnswer::ClearAndPassOn: clear(); [[fallthrough]];
+    case ClickKeyAnswer::PassOn: break;
+    }
+    if (self)
+        Q_EMIT q->KeyDown(code, shift);
+}
+
+void KorClick::Private::clear()
+{
+    value = null(); // before the text, so that a handler of Change finds both
+    const QPointer<KorClick> self = q;
+    box->setProgramText(QString());
+    if (self)
+        q->propertyChanged("Value");
+}
+
+std::optional<Complaint> KorClick::Private::boxLeft(QWidget *left)
+{
+    if (left == button)
+        Q_EMIT q->CmdLostFocus();
+    return std::nullopt;
+}
+
+// --- properties
+
+BorderStyleType KorClick::BorderStyle() const { return d->box->BorderStyle(); }
+void KorClick::setBorderStyle(BorderStyleType style)
+{
+    delegate("BorderStyle", d->box, &TextBox::setBorderStyle, style);
+}
+
+AppearanceType KorClick::Appearance() const { return d->box->Appearance(); }
+void KorClick::setAppearance(AppearanceType look) { delegate("Appearance", d->box, &TextBox::setAppearance, look); }
+
+QVariant KorClick::Value() const { return d->value; }
+
+void KorClick::setValue(const QVariant &value)
+{
+    d->value = value;
+    propertyChanged("Value");
+}
+
+bool KorClick::BlockUpDown() const { return d->blockUpDown; }
+
+void KorClick::setBlockUpDown(bool block)
+{
+    d->blockUpDown = block;
+    propertyChanged("BlockUpDown");
+}
+
+bool KorClick::DataChanged() const { return d->dirty; }
+void KorClick::setDataChanged(bool changed) { d->dirty = changed; }
+
+QString KorClick::Text() const { return d->box->text(); }
+void KorClick::setText(const QString &text) { delegate("Text", d->box, &TextBox::setProgramText, text); }
+
+bool KorClick::Locked() const { return d->box->Locked(); }
+void KorClick::setLocked(bool locked) { delegate("Locked", d->box, &TextBox::setLocked, locked); }
+
+int KorClick::SelLength() const { return d->box->SelLength(); }
+void KorClick::setSelLength(int length) { delegate("SelLength", d->box, &TextBox::setSelLength, length); }
+
+QString KorClick::SelText() const { return d->box->selectedText(); }
+void KorClick::setSelText(const QString &text) { delegate("SelText", d->box, &TextBox::setSelText, text); }
+
+int KorClick::SelStart() const { return d->box->SelStart(); }
+void KorClick::setSelStart(int start) { delegate("SelStart", d->box, &TextBox::setSelStart, start); }
+
+int KorClick::hWnd() const { return static_cast<int>(effectiveWinId()); }
+
+int KorClick::MaxLength() const { return d->box->MaxLength(); }
+void KorClick::setMaxLength(int length) { delegate("MaxLength", d->box, &TextBox::setMaxLength, length); }
+
+bool KorClick::EnabledClick() const { return d->button->isEnabledTo(d->back); }
+void KorClick::setEnabledClick(bool enabled) { delegate("EnabledClick", d->button, &QWidget::setEnabled, enabled); }
+
+QString KorClick::ToolButText() const { return d->button->text(); }
+
+void KorClick::setToolButText(const QString &text)
+{
+    d->button->setText(text);
+    layoutConstituents();
+    propertyChanged("ToolButText");
+}

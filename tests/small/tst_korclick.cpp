@@ -1,0 +1,672 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/deletion.h"
+#include "support/eventlog.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/KorClick>
+#include <KorDaoUC/PropertyBag>
+#include <KorDaoUC/RunTimeError>
+#include <KorDaoUC/Variant>
+
+#include <QtGui/QClipboard>
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QPushButton>
+
+#include <memory>
+
+using namespace kor;
+using namespace kor::test;
+
+//! The click field, driven by keyboard and mouse.
+class tst_KorClick : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+
+    void textAndValueAreIndependent();
+    void theButtonAsksTheHost();
+    void keysRaiseTheirEvents_data();
+    void keysRaiseTheirEvents();
+    void deleteInAnUnlockedFieldDeletesCharactersOnly();
+    void deleteInALockedFieldClearsTextAndValue();
+    void handlersFindBothClearedOnDelete();
+    void backspaceInALockedFieldDoesNothing();
+    void lockedFieldTakesNoTypingNorPaste();
+    void maxLengthCutsTypingAndPastingNotTheProgram();
+    void hostSwallowsAPaste();
+    void enabledClickOffSilencesButtonAndKeys();
+    void clicksOnADisabledButtonStayInside();
+    void leavingTheButtonRaisesCmdLostFocus();
+    void aChooserOpenedFromClickIsNoLossOfFocus();
+    void enterPressesTheFocusedButton();
+    void enterInTheTextGoesToTheDialogsDefaultButton();
+    void mouseEventsComeFromTheText();
+    void wheelChangesNothing();
+    void typingSetsDataChanged();
+    void selectionIsDelegated();
+    void buttonShowsItsText();
+    void layoutFollowsSizeAndDirection();
+    void deletionInsideAHandlerIsSafe_data();
+    void deletionInsideAHandlerIsSafe();
+
+    void settingsAreWrittenInTheirOrder();
+    void settingsRoundTrip();
+    void selectionIsLoadedStartFirst();
+    void selTextIsReadAndNotApplied();
+    void lockedIsStoredAsLockedText();
+    void loadingRaisesChangeOnceAndClearsTheFlag();
+    void everyLetButDataChangedReportsItsProperty();
+
+private:
+    std::unique_ptr<Stage> m_stage;
+    KorClick *m_click = nullptr;
+    QLineEdit *m_box = nullptr;
+    QPushButton *m_button = nullptr;
+    bool enter();
+};
+
+void tst_KorClick::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    m_stage = std::make_unique<Stage>();
+    m_click = m_stage->place(new KorClick);
+    m_box = m_click->findChild<QLineEdit *>(QStringLiteral("txtClick"));
+    m_button = m_click->findChild<QPushButton *>(QStringLiteral("cmdClick"));
+    QVERIFY(m_click->findChild<QWidget *>(QStringLiteral("picBack")));
+}
+
+bool tst_KorClick::enter()
+{
+    if (!m_stage->open())
+        return false;
+    m_click->setFocus();
+    settle();
+    return QApplication::focusWidget() == m_box;
+}
+
+void tst_KorClick::textAndValueAreIndependent()
+{
+    QVERIFY(isNull(m_click->Value()));
+    m_click->setText(QStringLiteral("Hurtownia Rolna"));
+    QVERIFY(isNull(m_click->Value()));
+    EventLog log(m_click);
+    m_click->setValue(17);
+    QCOMPARE(m_click->Text(), QStringLiteral("Hurtownia Rolna"));
+    QCOMPARE(log.take(), QString());
+    m_click->setText(QString());
+    QCOMPARE(m_click->Value(), QVariant(17));
+    QCOMPARE(m_click->Value().typeId(), int(QMetaType::Int));
+}
+
+void tst_KorClick::theButtonAsksTheHost()
+{
+    QVERIFY(enter());
+    connect(m_click, &KorClick::Click, this, [this] {
+        m_click->setText(QStringLiteral("Kowalski"));
+        m_click->setValue(3);
+    });
+    EventLog log(m_click);
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    QCOMPARE(m_click->Text(), QStringLiteral("Kowalski"));
+    QCOMPARE(m_click->Value(), QVariant(3));
+    QCOMPARE(log.take(), QStringLiteral("Change Click")); // the log listens after the host
+    QCOMPARE(QApplication::focusWidget(), m_button);
+}
+
+void tst_KorClick::keysRaiseTheirEvents_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<bool>("blockUpDown");
+    QTest::addColumn<QString>("events");
+    QTest::addColumn<bool>("offered"); // to the form, when the field has no use for it
+    const int none = 0;
+    const int shift = Qt::ShiftModifier;
+    const int ctrl = Qt::ControlModifier;
+    const int alt = Qt::AltModifier;
+    // clang-format off
+    QTest::newRow("Down passes")                        << int(Qt::Key_Down)  << none  << false << QStringLiteral("KeyDown(40,0)") << true;
+    QTest::newRow("Down, blocked, is only reported")    << int(Qt::Key_Down)  << none  << true  << QStringLiteral("KeyDown(40,0)") << false;
+    QTest::newRow("Up, blocked, is only reported")      << int(Qt::Key_Up)    << none  << true  << QStringLiteral("KeyDown(38,0)") << false;
+    QTest::newRow("Ctrl+Down, blocked")                 << int(Qt::Key_Down)  << ctrl  << true  << QStringLiteral("KeyDown(40,2)") << false;
+    QTest::newRow("Shift+Down, blocked, passes")        << int(Qt::Key_Down)  << shift << true  << QStringLiteral("KeyDown(40,1)") << true;
+    QTest::newRow("Alt+Down asks")                      << int(Qt::Key_Down)  << alt   << false << QStringLiteral("Click") << false;
+    QTest::newRow("Alt+Down, blocked, asks")            << int(Qt::Key_Down)  << alt   << true  << QStringLiteral("Click") << false;
+    QTest::newRow("Alt+Left asks")                      << int(Qt::Key_Left)  << alt   << false << QStringLiteral("Click") << false;
+    QTest::newRow("Alt+Right is a key")                 << int(Qt::Key_Right) << alt   << false << QStringLiteral("KeyDown(39,4)") << true;
+    QTest::newRow("Alt+Shift+Down is a key")            << int(Qt::Key_Down)  << (alt | shift) << false << QStringLiteral("KeyDown(40,5)") << true;
+    QTest::newRow("Left is a key")                      << int(Qt::Key_Left)  << none  << false << QStringLiteral("KeyDown(37,0)") << false;
+    QTest::newRow("F4 asks")                            << int(Qt::Key_F4)    << none  << false << QStringLiteral("Click") << false;
+    QTest::newRow("Shift+F4 asks")                      << int(Qt::Key_F4)    << shift << false << QStringLiteral("Click") << false;
+    QTest::newRow("F5 is a key")                        << int(Qt::Key_F5)    << none  << false << QStringLiteral("KeyDown(116,0)") << true;
+    QTest::newRow("a letter")                           << int(Qt::Key_A)     << none  << false << QStringLiteral("KeyDown(65,0) KeyPress(97) Change") << false;
+    // clang-format on
+}
+
+void tst_KorClick::keysRaiseTheirEvents()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(bool, blockUpDown);
+    class Form : public Stage
+    {
+    public:
+        QList<int> keys;
+
+    protected:
+        void keyPressEvent(QKeyEvent *event) override { keys << event->key(); }
+    };
+    auto form = std::make_unique<Form>();
+    auto *formKeys = &form->keys;
+    form->place(m_click);
+    m_stage = std::move(form);
+    QVERIFY(enter());
+    m_click->setBlockUpDown(blockUpDown);
+    EventLog log(m_click);
+    QTest::keyPress(m_box, static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers));
+    QTEST(log.take(), "events");
+    QTEST(formKeys->contains(key), "offered");
+    QTest::keyRelease(m_box, static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers));
+    QVERIFY(log.take().startsWith(QStringLiteral("KeyUp(")));
+}
+
+void tst_KorClick::deleteInAnUnlockedFieldDeletesCharactersOnly()
+{
+    QVERIFY(enter());
+    m_click->setValue(5);
+    setField(m_box, QStringLiteral("a[bc]d"));
+    EventLog log(m_click);
+    QTest::keyPress(m_box, Qt::Key_Delete);
+    QCOMPARE(field(m_box), QStringLiteral("a|d"));
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(46,0) Change"));
+    QCOMPARE(m_click->Value(), QVariant(5));
+}
+
+void tst_KorClick::deleteInALockedFieldClearsTextAndValue()
+{
+    QVERIFY(enter());
+    m_click->setLocked(true);
+    m_click->setText(QStringLiteral("Kowalski"));
+    m_click->setValue(5);
+    m_click->setDataChanged(false);
+    EventLog log(m_click);
+    QTest::keyPress(m_box, Qt::Key_Delete);
+    QCOMPARE(m_click->Text(), QString());
+    QVERIFY(isNull(m_click->Value()));
+    QVERIFY(m_click->DataChanged());
+    QCOMPARE(log.take(), QStringLiteral("Change KeyDown(46,0)"));
+    m_click->setText(QStringLiteral("x"));
+    m_click->setValue(5);
+    static_cast<void>(log.take());
+    QTest::keyPress(m_box, Qt::Key_Delete, Qt::ShiftModifier | Qt::ControlModifier);
+    QCOMPARE(log.take(), QStringLiteral("Change KeyDown(46,3)"));
+    QVERIFY(isNull(m_click->Value()));
+    QTest::keyPress(m_box, Qt::Key_Delete);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(46,0)")); // the text was empty already
+}
+
+void tst_KorClick::handlersFindBothClearedOnDelete()
+{
+    QVERIFY(enter());
+    m_click->setLocked(true);
+    m_click->setText(QStringLiteral("Kowalski"));
+    m_click->setValue(5);
+    QVariant seen;
+    connect(m_click, &KorClick::Change, this, [&] { seen = m_click->Value(); });
+    QTest::keyPress(m_box, Qt::Key_Delete);
+    QVERIFY(isNull(seen));
+}
+
+void tst_KorClick::backspaceInALockedFieldDoesNothing()
+{
+    QVERIFY(enter());
+    m_click->setLocked(true);
+    m_click->setText(QStringLiteral("abc"));
+    m_click->setValue(5);
+    m_box->selectAll();
+    EventLog log(m_click);
+    QTest::keyPress(m_box, Qt::Key_Backspace);
+    QCOMPARE(m_click->Text(), QStringLiteral("abc"));
+    QCOMPARE(m_click->Value(), QVariant(5));
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(8,0) KeyPress(8)"));
+}
+
+void tst_KorClick::lockedFieldTakesNoTypingNorPaste()
+{
+    QVERIFY(enter());
+    m_click->setText(QStringLiteral("abc"));
+    m_click->setLocked(true);
+    QGuiApplication::clipboard()->setText(QStringLiteral("obcy"));
+    QTest::keyClicks(m_box, QStringLiteral("x"));
+    QTest::keyClick(m_box, Qt::Key_V, Qt::ControlModifier);
+    QTest::keyClick(m_box, Qt::Key_Insert, Qt::ShiftModifier);
+    QCOMPARE(m_click->Text(), QStringLiteral("abc"));
+    m_box->setSelection(1, 2);
+    QTest::keyClick(m_box, Qt::Key_X, Qt::ControlModifier);
+    QCOMPARE(m_click->Text(), QStringLiteral("abc"));
+    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("bc")); // cut copies
+}
+
+void tst_KorClick::maxLengthCutsTypingAndPastingNotTheProgram()
+{
+    QVERIFY(enter());
+    m_click->setMaxLength(4);
+    m_click->setText(QStringLiteral("Hurtownia"));
+    QCOMPARE(m_click->Text(), QStringLiteral("Hurtownia"));
+    QTest::keyClicks(m_box, QStringLiteral("x"));
+    QCOMPARE(m_click->Text(), QStringLiteral("Hurtownia"));
+    setField(m_box, QStringLiteral("a[b]c"));
+    QGuiApplication::clipboard()->setText(QStringLiteral("12345"));
+    EventLog log(m_click);
+    QTest::keyPress(m_box, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(field(m_box), QStringLiteral("a12|c"));
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(86,2) Change"));
+    QVERIFY_EXCEPTION_THROWN(m_click->setMaxLength(-1), RunTimeError);
+    QCOMPARE(m_click->MaxLength(), 4);
+}
+
+void tst_KorClick::hostSwallowsAPaste()
+{
+    QVERIFY(enter());
+    connect(m_click, &KorClick::KeyDown, this, [](int &code, int &shift) {
+        if (code == 'V' && shift == 2)
+            code = 0;
+    });
+    QGuiApplication::clipboard()->setText(QStringLiteral("12345"));
+    QTest::keyPress(m_box, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(m_click->Text(), QString());
+}
+
+void tst_KorClick::enabledClickOffSilencesButtonAndKeys()
+{
+    QVERIFY(enter());
+    m_click->setEnabledClick(false);
+    QVERIFY(!m_button->isEnabled());
+    EventLog log(m_click);
+    log.ignore({QStringLiteral("KeyUp")});
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    QTest::keyClick(m_box, Qt::Key_F4);
+    QTest::keyClick(m_box, Qt::Key_Down, Qt::AltModifier);
+    QTest::keyClick(m_box, Qt::Key_Left, Qt::AltModifier);
+    QCOMPARE(log.take(), QString());
+    m_click->setEnabledClick(true);
+    QTest::keyClick(m_box, Qt::Key_F4);
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+    m_click->setEnabled(false);
+    QVERIFY(m_click->EnabledClick()); // its own setting, whatever the control around it
+}
+
+void tst_KorClick::clicksOnADisabledButtonStayInside()
+{
+    class Form : public QWidget
+    {
+    public:
+        int presses = 0;
+
+    protected:
+        void mousePressEvent(QMouseEvent *) override { ++presses; }
+        void mouseReleaseEvent(QMouseEvent *) override { ++presses; }
+        void mouseDoubleClickEvent(QMouseEvent *) override { ++presses; }
+    };
+    Form form;
+    m_click->setParent(&form);
+    m_click->setGeometry(10, 10, 160, 26);
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    m_click->setEnabledClick(false);
+    QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, m_button->mapTo(&form, m_button->rect().center()));
+    QTest::mouseDClick(form.windowHandle(), Qt::LeftButton, {}, m_button->mapTo(&form, m_button->rect().center()));
+    QCOMPARE(form.presses, 0);
+    QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, QPoint(2, 2));
+    QCOMPARE(form.presses, 2);
+    delete m_click;
+}
+
+void tst_KorClick::leavingTheButtonRaisesCmdLostFocus()
+{
+    QVERIFY(enter());
+    EventLog log(m_click);
+    log.ignore({QStringLiteral("KeyUp"), QStringLiteral("KeyDown")});
+    QTest::keyClick(m_box, Qt::Key_Tab);
+    settle();
+    QCOMPARE(QApplication::focusWidget(), m_button);
+    QCOMPARE(log.take(), QString());
+    QTest::keyClick(m_button, Qt::Key_Tab);
+    settle();
+    QCOMPARE(QApplication::focusWidget(), m_stage->button());
+    QCOMPARE(log.take(), QStringLiteral("CmdLostFocus"));
+    m_button->setFocus();
+    settle();
+    m_box->setFocus();
+    settle();
+    QCOMPARE(log.take(), QStringLiteral("CmdLostFocus")); // also when it stays in the control
+}
+
+void tst_KorClick::aChooserOpenedFromClickIsNoLossOfFocus()
+{
+    QVERIFY(enter());
+    connect(m_click, &KorClick::Click, this, [this] {
+        QDialog chooser(m_stage.get());
+        QLineEdit search(&chooser);
+        QTimer::singleShot(50, &chooser, [&] {
+            QTest::keyClicks(&search, QStringLiteral("Kow"));
+            QTest::keyClick(&chooser, Qt::Key_Escape);
+        });
+        chooser.exec();
+        m_click->setText(search.text());
+    });
+    EventLog log(m_click);
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    m_stage->activateWindow();
+    settle();
+    QCOMPARE(log.take(), QStringLiteral("Change Click"));
+    QTRY_COMPARE(QApplication::focusWidget(), m_button);
+    settle();
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_KorClick::enterPressesTheFocusedButton()
+{
+    QVERIFY(enter());
+    m_button->setFocus();
+    settle();
+    EventLog log(m_click);
+    QTest::keyClick(m_button, Qt::Key_Return);
+    QTest::keyClick(m_button, Qt::Key_Enter);
+    QTest::keyClick(m_button, Qt::Key_Space);
+    QCOMPARE(log.take(), QStringLiteral("Click Click Click"));
+}
+
+void tst_KorClick::enterInTheTextGoesToTheDialogsDefaultButton()
+{
+    QDialog dialog;
+    m_click->setParent(&dialog);
+    auto *accept = new QPushButton(QStringLiteral("OK"), &dialog);
+    accept->move(10, 60);
+    connect(accept, &QPushButton::clicked, &dialog, &QDialog::accept);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    m_box->setFocus();
+    settle();
+    EventLog log(m_click);
+    log.ignore({QStringLiteral("KeyUp")});
+    QTest::keyClick(m_box, Qt::Key_Return);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(13,0) KeyPress(13)"));
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
+    delete m_click;
+}
+
+void tst_KorClick::mouseEventsComeFromTheText()
+{
+    QVERIFY(enter());
+    EventLog log(m_click);
+    log.ignore({QStringLiteral("MouseMove")});
+    QTest::mouseClick(m_box, Qt::RightButton, Qt::ControlModifier);
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(2,2) MouseUp(2,2)"));
+    QTest::mouseClick(m_box, Qt::LeftButton);
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0)")); // Click is the button's
+    QTest::mouseDClick(m_box, Qt::LeftButton);
+    QTest::mouseRelease(m_box, Qt::LeftButton);
+    QCOMPARE(log.take(), QStringLiteral("DblClick MouseUp(1,0)"));
+    QTest::mousePress(m_button, Qt::LeftButton);
+    QTest::mouseRelease(m_button, Qt::LeftButton);
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+}
+
+void tst_KorClick::wheelChangesNothing()
+{
+    QVERIFY(m_stage->open());
+    m_click->setText(QStringLiteral("abc"));
+    EventLog log(m_click);
+    const QPointF at = m_box->rect().center();
+    QWheelEvent wheel(at, m_box->mapToGlobal(at), {}, QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                      false);
+    QApplication::sendEvent(m_box, &wheel);
+    QApplication::sendEvent(m_button, &wheel);
+    QCOMPARE(m_click->Text(), QStringLiteral("abc"));
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_KorClick::typingSetsDataChanged()
+{
+    QVERIFY(enter());
+    QVERIFY(!m_click->DataChanged());
+    bool seen = false;
+    connect(m_click, &KorClick::Change, this, [&] { seen = m_click->DataChanged(); });
+    QTest::keyClicks(m_box, QStringLiteral("a"));
+    QVERIFY(seen);
+    m_click->setDataChanged(false);
+    m_click->setText(QStringLiteral("a"));
+    QVERIFY(!m_click->DataChanged()); // the text is the same
+}
+
+void tst_KorClick::selectionIsDelegated()
+{
+    m_click->setText(QStringLiteral("abcdef"));
+    m_click->setSelStart(2);
+    m_click->setSelLength(3);
+    QCOMPARE(field(m_box), QStringLiteral("ab[cde]f"));
+    QCOMPARE(m_click->SelText(), QStringLiteral("cde"));
+    m_click->setSelText(QStringLiteral("X"));
+    QCOMPARE(field(m_box), QStringLiteral("abX|f"));
+    m_click->setSelLength(99);
+    QCOMPARE(field(m_box), QStringLiteral("abX[f]"));
+    m_click->setSelStart(1);
+    QCOMPARE(field(m_box), QStringLiteral("a|bXf"));
+}
+
+void tst_KorClick::buttonShowsItsText()
+{
+    QVERIFY(m_stage->open());
+    const int bare = m_button->width();
+    m_click->setToolButText(QStringLiteral("Wybierz"));
+    QCOMPARE(m_button->text(), QStringLiteral("Wybierz"));
+    QVERIFY(m_button->width() > bare);
+    QVERIFY(m_button->width() > m_button->fontMetrics().horizontalAdvance(m_button->text()));
+    m_click->setToolButText(QString());
+    QCOMPARE(m_button->width(), bare);
+}
+
+void tst_KorClick::layoutFollowsSizeAndDirection()
+{
+    QVERIFY(m_stage->open());
+    for (const int width : {200, 60, 20, 1, 0}) {
+        m_click->resize(width, 30);
+        QCOMPARE(m_box->width() + m_button->width(), width);
+        QCOMPARE(m_box->height(), 30);
+        QVERIFY(m_button->width() <= m_box->width());
+        QCOMPARE(m_button->x(), m_box->width());
+    }
+    m_click->setLayoutDirection(Qt::RightToLeft);
+    m_click->resize(150, 26);
+    QCOMPARE(m_button->x(), 0);
+    QCOMPARE(m_box->x(), m_button->width());
+}
+
+void tst_KorClick::deletionInsideAHandlerIsSafe_data()
+{
+    QTest::addColumn<QString>("event");
+    for (const char *event :
+         {"Change", "CmdLostFocus", "Click", "Click by key", "DblClick", "KeyDown", "KeyDown blocked", "KeyPress",
+          "KeyUp", "MouseDown", "MouseUp", "Change by Delete", "Change by Text"})
+        QTest::newRow(event) << QString::fromLatin1(event);
+}
+
+void tst_KorClick::deletionInsideAHandlerIsSafe()
+{
+    QFETCH(QString, event);
+    QVERIFY(enter());
+    setField(m_box, QStringLiteral("12|"));
+    m_click->setBlockUpDown(event.endsWith(QStringLiteral("blocked")));
+    m_click->setLocked(event.endsWith(QStringLiteral("Delete")));
+    const QPointer<QLineEdit> box = m_box;
+    const QPointer<QPushButton> button = m_button;
+    if (event == u"CmdLostFocus") {
+        m_button->setFocus();
+        settle();
+    }
+    const DeletionOn deletion(m_click, event.section(QLatin1Char(' '), 0, 0));
+    QVERIFY(deletion.isListening());
+
+    if (event == u"CmdLostFocus") {
+        m_stage->button()->setFocus();
+    } else if (event == u"Click") {
+        QTest::mousePress(button, Qt::LeftButton);
+        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(3, 3), button->mapToGlobal(QPointF(3, 3)),
+                            Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(button, &release);
+    } else if (event == u"Click by key") {
+        QTest::keyPress(box, Qt::Key_F4);
+    } else if (event == u"Change by Delete") {
+        QTest::keyPress(box, Qt::Key_Delete);
+    } else if (event == u"Change by Text") {
+        m_click->setText(QStringLiteral("inny"));
+    } else if (event == u"KeyDown blocked") {
+        QTest::keyPress(box, Qt::Key_Down);
+    } else if (event.startsWith(u"Key") || event == u"Change") {
+        QTest::keyPress(box, Qt::Key_3);
+        if (box)
+            QTest::keyRelease(box, Qt::Key_3);
+    } else {
+        for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
+            if (!box)
+                break;
+            const QPointF at(5, 5);
+            QMouseEvent mouse(kind, at, box->mapToGlobal(at), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+            QApplication::sendEvent(box, &mouse);
+        }
+    }
+    settle();
+    QVERIFY(deletion.isDone());
+}
+
+// --- settings
+
+namespace {
+
+QString keysOf(const PropertyBag &bag)
+{
+    QStringList keys;
+    for (const auto &[key, value] : bag.entries())
+        keys << key;
+    return keys.join(QLatin1Char(' '));
+}
+
+void setEverything(KorClick &click)
+{
+    click.setBackColor(0x00C0FFFF);
+    click.setForeColor(0x00800000);
+    click.setEnabled(false);
+    QFont font = click.Font();
+    font.setItalic(true);
+    font.setPointSize(13);
+    click.setFont(font);
+    click.setBorderStyle(BorderStyleType::None);
+    click.setAppearance(AppearanceType::Flat);
+    click.setBlockUpDown(true);
+    click.setText(QStringLiteral("Hurtownia"));
+    click.setSelStart(2);
+    click.setSelLength(4);
+    click.setLocked(true);
+    click.setValue(QStringLiteral("H7"));
+    click.setMaxLength(30);
+    click.setEnabledClick(false);
+    click.setToolButText(QStringLiteral("..."));
+}
+
+} // namespace
+
+void tst_KorClick::settingsAreWrittenInTheirOrder()
+{
+    KorClick click;
+    setEverything(click);
+    PropertyBag bag;
+    click.writeProperties(bag);
+    QCOMPARE(
+        keysOf(bag),
+        QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Appearance BlockUpDown Text SelLength SelText "
+                       "SelStart LockedText Value MaxLength EnabledClick ToolButText"));
+    for (const char *key : {"BorderStyle", "Appearance", "SelLength", "SelStart", "MaxLength"})
+        QCOMPARE(bag.ReadProperty(QString::fromLatin1(key)).typeId(), int(QMetaType::Short));
+}
+
+void tst_KorClick::settingsRoundTrip()
+{
+    KorClick click;
+    setEverything(click);
+    PropertyBag bag;
+    click.writeProperties(bag);
+    KorClick loaded;
+    loaded.readProperties(bag);
+    PropertyBag again;
+    loaded.writeProperties(again);
+    QCOMPARE(again, bag);
+    loaded.readProperties(PropertyBag());
+    PropertyBag none;
+    loaded.writeProperties(none);
+    QVERIFY(none.isEmpty());
+}
+
+void tst_KorClick::selectionIsLoadedStartFirst()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("SelLength"), 3);
+    bag.append(QStringLiteral("SelStart"), 1);
+    bag.append(QStringLiteral("Text"), QStringLiteral("abcdef"));
+    m_click->readProperties(bag);
+    QCOMPARE(field(m_box), QStringLiteral("a[bcd]ef"));
+}
+
+void tst_KorClick::selTextIsReadAndNotApplied()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("Text"), QStringLiteral("abcdef"));
+    bag.append(QStringLiteral("SelLength"), 2);
+    bag.append(QStringLiteral("SelText"), QStringLiteral("XYZ"));
+    m_click->readProperties(bag);
+    QCOMPARE(field(m_box), QStringLiteral("[ab]cdef"));
+}
+
+void tst_KorClick::lockedIsStoredAsLockedText()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("Locked"), true);
+    m_click->readProperties(bag);
+    QVERIFY(!m_click->Locked());
+    bag.append(QStringLiteral("LockedText"), true);
+    m_click->readProperties(bag);
+    QVERIFY(m_click->Locked());
+}
+
+void tst_KorClick::loadingRaisesChangeOnceAndClearsTheFlag()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("Text"), QStringLiteral("abc"));
+    EventLog log(m_click);
+    m_click->readProperties(bag);
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+    QVERIFY(!m_click->DataChanged());
+}
+
+void tst_KorClick::everyLetButDataChangedReportsItsProperty()
+{
+    QStringList changed;
+    connect(m_click, &UserControl::PropertyChanged, this, [&](const QString &name) { changed << name; });
+    m_click->setDataChanged(true);
+    QVERIFY(changed.isEmpty());
+    setEverything(*m_click);
+    QCOMPARE(
+        changed.join(QLatin1Char(' ')),
+        QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Appearance BlockUpDown Text SelStart SelLength "
+                       "Locked Value MaxLength EnabledClick ToolButText"));
+    changed.clear();
+    m_click->setSelText(QStringLiteral("x"));
+    QCOMPARE(changed, QStringList{QStringLiteral("SelText")});
+}
+
+QTEST_MAIN(tst_KorClick)
+#include "tst_korclick.moc"
