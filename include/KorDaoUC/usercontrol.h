@@ -83,6 +83,9 @@ protected:
     //! Names the constituent whose look is the control's: it takes colours and font, and the control's focus.
     void setMainConstituent(QWidget *constituent);
     [[nodiscard]] QWidget *mainConstituent() const;
+    //! Whether the form shows through the main constituent in place of its background colour.
+    [[nodiscard]] bool isBackTransparent() const;
+    void setBackTransparent(bool transparent);
     //! Names who hears of the focus; part of the control, and gone with it.
     void setFocusClient(FocusClient *client);
     //! Reports a Let to the host; the name is the property's own.

@@ -71,6 +71,8 @@ void FieldColors::applyTo(QWidget *widget) const
         palette.setColor(QPalette::Button, toQColor(back, theme));
     if (fore != WindowText)
         palette.setColor(QPalette::ButtonText, toQColor(fore, theme));
+    if (isBackTransparent)
+        palette.setColor(QPalette::Base, Qt::transparent);
     widget->setPalette(palette);
 }
 

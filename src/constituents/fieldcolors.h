@@ -13,6 +13,7 @@ namespace kor {
 struct FieldColors {
     OLE_COLOR back = WindowBackground;
     OLE_COLOR fore = WindowText;
+    bool isBackTransparent = false;
 
     void applyTo(QWidget *widget) const;
 };

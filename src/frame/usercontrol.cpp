@@ -38,6 +38,14 @@ void UserControl::setMainConstituent(QWidget *constituent)
 
 QWidget *UserControl::mainConstituent() const { return d->main; }
 
+bool UserControl::isBackTransparent() const { return d->colors.isBackTransparent; }
+
+void UserControl::setBackTransparent(bool transparent)
+{
+    d->colors.isBackTransparent = transparent;
+    d->colors.applyTo(d->main);
+}
+
 OLE_COLOR UserControl::BackColor() const { return d->colors.back; }
 
 void UserControl::setBackColor(OLE_COLOR color)

@@ -4,6 +4,7 @@
 #include <KorDaoUC/korclick.h>
 #include <KorDaoUC/korcombo.h>
 #include <KorDaoUC/kornumber.h>
+#include <KorDaoUC/korupdown.h>
 
 namespace kor {
 
@@ -20,6 +21,7 @@ const bool controlsAdded = [] {
     add<KorNumber>("KorNumber");
     add<KorCombo>("KorCombo");
     add<KorClick>("KorClick");
+    add<KorUpDown>("KorUpDown");
     return true;
 }();
 

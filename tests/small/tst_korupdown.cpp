@@ -1,0 +1,519 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/deletion.h"
+#include "support/eventlog.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/KorUpDown>
+#include <KorDaoUC/PropertyBag>
+#include <KorDaoUC/RunTimeError>
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+
+#include <memory>
+
+using namespace kor;
+using namespace kor::test;
+
+//! The spin field, driven by keyboard and mouse.
+class tst_KorUpDown : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+
+    void aFreshFieldShowsText1();
+    void valueBelowOneIsZero();
+    void valueIsWrittenIntoTheText();
+    void valueOutOfRangeIsRefused();
+    void theFloorsZeroIsTakenLiterally();
+    void typedNumbersBecomeTheValue();
+    void typedNumbersOutOfRangeLeaveTheValue();
+    void leavingClampsToTheRange();
+    void leavingWithLettersShowsTheMinimum();
+    void leavingAFreshFieldInRangeChangesNothing();
+    void arrowsStepTextAndValue();
+    void arrowsTakeNoFocusAndStopAtTheEnds();
+    void clicksOnAGreyArrowStayInside();
+    void arrowsStepFromTheValueWhateverTheText();
+    void upAndDownKeysStep();
+    void hostSwallowsAStep();
+    void wheelStepsOnlyWithTheFocus();
+    void narrowingTheRangeMovesTheValueNotTheText();
+    void incrementBelowOneIsRefused();
+    void keysAndClicksComeFromTheText();
+    void mouseEventsComeFromTheSurface();
+    void backStyleLetsTheFormShowThrough();
+    void deletionInsideAHandlerIsSafe_data();
+    void deletionInsideAHandlerIsSafe();
+
+    void settingsAreWrittenInTheirOrder();
+    void settingsRoundTrip();
+    void theRangeIsNotSaved();
+    void aStoredValueOutOfRangeIsIgnored();
+    void aStoredTextStaysWhenTheValueAgrees();
+
+private:
+    std::unique_ptr<Stage> m_stage;
+    KorUpDown *m_spin = nullptr;
+    QLineEdit *m_box = nullptr;
+    QAbstractButton *m_up = nullptr;
+    QAbstractButton *m_down = nullptr;
+    bool enter(const QString &typed = {});
+    void leave();
+};
+
+void tst_KorUpDown::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    m_stage = std::make_unique<Stage>();
+    m_spin = m_stage->place(new KorUpDown);
+    m_box = m_spin->findChild<QLineEdit *>(QStringLiteral("txtUpDown"));
+    auto *arrows = m_spin->findChild<QWidget *>(QStringLiteral("cmdUpDown"));
+    m_up = arrows->findChild<QAbstractButton *>(QStringLiteral("cmdUp"));
+    m_down = arrows->findChild<QAbstractButton *>(QStringLiteral("cmdDown"));
+}
+
+bool tst_KorUpDown::enter(const QString &typed)
+{
+    if (!m_stage->open())
+        return false;
+    m_spin->setFocus();
+    settle();
+    if (!typed.isEmpty()) {
+        m_box->selectAll();
+        QTest::keyClicks(m_box, typed);
+    }
+    return QApplication::focusWidget() == m_box;
+}
+
+void tst_KorUpDown::leave()
+{
+    m_stage->button()->setFocus();
+    settle();
+}
+
+void tst_KorUpDown::aFreshFieldShowsText1()
+{
+    QCOMPARE(m_spin->Text(), QStringLiteral("Text1"));
+    QCOMPARE(m_spin->Value(), 0);
+    QCOMPARE(m_spin->Min(), 0);
+    QCOMPARE(m_spin->Max(), 10);
+    QCOMPARE(m_spin->Increment(), 1);
+    PropertyBag bag;
+    m_spin->writeProperties(bag);
+    QVERIFY(bag.isEmpty());
+}
+
+void tst_KorUpDown::valueBelowOneIsZero()
+{
+    m_spin->setValue(7);
+    m_spin->setValue(-5);
+    QCOMPARE(m_spin->Value(), 0);
+    QCOMPARE(m_spin->Text(), QStringLiteral("0"));
+    m_spin->setValue(7);
+    m_spin->setValue(0);
+    QCOMPARE(m_spin->Value(), 0);
+    m_spin->setMin(-20);
+    m_spin->setValue(-5);
+    QCOMPARE(m_spin->Value(), 0);
+}
+
+void tst_KorUpDown::valueIsWrittenIntoTheText()
+{
+    EventLog log(m_spin);
+    m_spin->setValue(7);
+    QCOMPARE(m_spin->Text(), QStringLiteral("7"));
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+    m_spin->setValue(7);
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_KorUpDown::valueOutOfRangeIsRefused()
+{
+    m_spin->setValue(7);
+    EventLog log(m_spin);
+    try {
+        m_spin->setValue(11);
+        QFAIL("no error");
+    } catch (const RunTimeError &error) {
+        QCOMPARE(error.number(), 380);
+    }
+    QCOMPARE(m_spin->Value(), 7);
+    QCOMPARE(m_spin->Text(), QStringLiteral("7"));
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_KorUpDown::theFloorsZeroIsTakenLiterally()
+{
+    m_spin->setMin(1);
+    m_spin->setValue(5);
+    QVERIFY_EXCEPTION_THROWN(m_spin->setValue(-5), RunTimeError);
+    QCOMPARE(m_spin->Value(), 5);
+}
+
+void tst_KorUpDown::typedNumbersBecomeTheValue()
+{
+    QVERIFY(enter(QStringLiteral("8")));
+    QCOMPARE(m_spin->Value(), 8);
+    EventLog log(m_spin);
+    QTest::keyClick(m_box, Qt::Key_Backspace);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(8,0) KeyPress(8) Change KeyUp(8,0)"));
+    QCOMPARE(m_spin->Value(), 0);
+    QCOMPARE(m_spin->Text(), QString()); // a value that came from the text is not written back
+}
+
+void tst_KorUpDown::typedNumbersOutOfRangeLeaveTheValue()
+{
+    QVERIFY(enter(QStringLiteral("8")));
+    EventLog log(m_spin);
+    log.ignore({QStringLiteral("KeyDown"), QStringLiteral("KeyPress"), QStringLiteral("KeyUp")});
+    QTest::keyClicks(m_box, QStringLiteral("5"));
+    QCOMPARE(m_spin->Text(), QStringLiteral("85"));
+    QCOMPARE(m_spin->Value(), 8);
+    QCOMPARE(log.take(), QStringLiteral("Change")); // raised all the same
+    m_spin->setText(QStringLiteral("99999999999"));
+    QCOMPARE(m_spin->Value(), 8);
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+}
+
+void tst_KorUpDown::leavingClampsToTheRange()
+{
+    m_spin->setMin(0);
+    m_spin->setMax(100);
+    QVERIFY(enter(QStringLiteral("250")));
+    Messages messages;
+    leave();
+    QCOMPARE(m_spin->Text(), QStringLiteral("100"));
+    QCOMPARE(m_spin->Value(), 100);
+    QVERIFY(messages.take().isEmpty());
+}
+
+void tst_KorUpDown::leavingWithLettersShowsTheMinimum()
+{
+    m_spin->setMin(1);
+    m_spin->setMax(100);
+    QVERIFY(enter(QStringLiteral("abc")));
+    leave();
+    QCOMPARE(m_spin->Text(), QStringLiteral("1"));
+    QCOMPARE(m_spin->Value(), 1);
+}
+
+void tst_KorUpDown::leavingAFreshFieldInRangeChangesNothing()
+{
+    QVERIFY(enter());
+    EventLog log(m_spin);
+    leave();
+    QCOMPARE(m_spin->Text(), QStringLiteral("Text1"));
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_KorUpDown::arrowsStepTextAndValue()
+{
+    QVERIFY(enter(QStringLiteral("5")));
+    EventLog log(m_spin);
+    QTest::mouseClick(m_up, Qt::LeftButton);
+    QCOMPARE(m_spin->Text(), QStringLiteral("6"));
+    QCOMPARE(m_spin->Value(), 6);
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+    QTest::mouseClick(m_down, Qt::LeftButton);
+    QTest::mouseClick(m_down, Qt::LeftButton);
+    QCOMPARE(m_spin->Text(), QStringLiteral("4"));
+    m_spin->setIncrement(3);
+    QTest::mouseClick(m_up, Qt::LeftButton);
+    QCOMPARE(m_spin->Text(), QStringLiteral("7"));
+}
+
+void tst_KorUpDown::arrowsTakeNoFocusAndStopAtTheEnds()
+{
+    QVERIFY(m_stage->open());
+    leave();
+    m_spin->setIncrement(4);
+    for (int i = 0; i < 5; ++i)
+        QTest::mouseClick(m_up, Qt::LeftButton);
+    QCOMPARE(m_spin->Value(), 10);
+    QVERIFY(!m_up->isEnabled());
+    QVERIFY(m_down->isEnabled());
+    for (int i = 0; i < 5; ++i)
+        QTest::mouseClick(m_down, Qt::LeftButton);
+    QCOMPARE(m_spin->Text(), QStringLiteral("0"));
+    QVERIFY(!m_down->isEnabled());
+    QCOMPARE(QApplication::focusWidget(), m_stage->button());
+}
+
+void tst_KorUpDown::clicksOnAGreyArrowStayInside()
+{
+    QVERIFY(m_stage->open());
+    EventLog log(m_spin);
+    log.ignore({QStringLiteral("MouseMove")});
+    const QPoint at = m_down->mapTo(m_stage.get(), m_down->rect().center());
+    QVERIFY(!m_down->isEnabled());
+    QTest::mouseClick(m_stage->windowHandle(), Qt::LeftButton, {}, at);
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_KorUpDown::arrowsStepFromTheValueWhateverTheText()
+{
+    QVERIFY(enter(QStringLiteral("8")));
+    QTest::keyClicks(m_box, QStringLiteral("5"));
+    QTest::mouseClick(m_up, Qt::LeftButton);
+    QCOMPARE(m_spin->Text(), QStringLiteral("9"));
+}
+
+void tst_KorUpDown::upAndDownKeysStep()
+{
+    QVERIFY(enter(QStringLiteral("5")));
+    EventLog log(m_spin);
+    QTest::keyPress(m_box, Qt::Key_Up);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(38,0) Change"));
+    QCOMPARE(m_spin->Text(), QStringLiteral("6"));
+    QTest::keyPress(m_box, Qt::Key_Down);
+    QTest::keyPress(m_box, Qt::Key_Down);
+    QCOMPARE(m_spin->Text(), QStringLiteral("4"));
+    QTest::keyPress(m_box, Qt::Key_Up, Qt::ControlModifier);
+    QCOMPARE(m_spin->Text(), QStringLiteral("4"));
+}
+
+void tst_KorUpDown::hostSwallowsAStep()
+{
+    QVERIFY(enter(QStringLiteral("5")));
+    connect(m_spin, &KorUpDown::KeyDown, this, [](int &code, int &) { code = 0; });
+    QTest::keyPress(m_box, Qt::Key_Up);
+    QCOMPARE(m_spin->Text(), QStringLiteral("5"));
+}
+
+void tst_KorUpDown::wheelStepsOnlyWithTheFocus()
+{
+    QVERIFY(m_stage->open());
+    m_spin->setValue(5);
+    leave();
+    const auto turn = [this](int angle) {
+        bool isTaken = false;
+        for (QWidget *place = m_box; place != m_stage.get() && !isTaken; place = place->parentWidget()) {
+            const QPointF at(3, 3);
+            QWheelEvent wheel(at, m_box->mapToGlobal(at), {}, QPoint(0, angle), Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(place, &wheel);
+            isTaken = wheel.isAccepted();
+        }
+        return isTaken;
+    };
+    QVERIFY(!turn(120)); // the form scrolls
+    QCOMPARE(m_spin->Value(), 5);
+    QCOMPARE(m_spin->Text(), QStringLiteral("5"));
+    m_spin->setFocus();
+    settle();
+    QVERIFY(turn(120));
+    QCOMPARE(m_spin->Text(), QStringLiteral("6"));
+    turn(-240);
+    QCOMPARE(m_spin->Text(), QStringLiteral("4"));
+    turn(60);
+    QCOMPARE(m_spin->Text(), QStringLiteral("4"));
+    turn(60); // fine wheels send parts of a notch
+    QCOMPARE(m_spin->Text(), QStringLiteral("5"));
+}
+
+void tst_KorUpDown::narrowingTheRangeMovesTheValueNotTheText()
+{
+    m_spin->setValue(8);
+    EventLog log(m_spin);
+    m_spin->setMax(5);
+    QCOMPARE(m_spin->Value(), 5);
+    QCOMPARE(m_spin->Text(), QStringLiteral("8"));
+    QCOMPARE(log.take(), QString());
+    QVERIFY(enter());
+    leave();
+    QCOMPARE(m_spin->Text(), QStringLiteral("5"));
+}
+
+void tst_KorUpDown::incrementBelowOneIsRefused()
+{
+    QVERIFY_EXCEPTION_THROWN(m_spin->setIncrement(0), RunTimeError);
+    QVERIFY_EXCEPTION_THROWN(m_spin->setMaxLength(-1), RunTimeError);
+    QVERIFY_EXCEPTION_THROWN(m_spin->setBackStyle(2), RunTimeError);
+    QCOMPARE(m_spin->Increment(), 1);
+}
+
+void tst_KorUpDown::keysAndClicksComeFromTheText()
+{
+    QVERIFY(enter());
+    EventLog log(m_spin);
+    QTest::keyClick(m_box, Qt::Key_A);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(65,0) KeyPress(97) Change KeyUp(65,0)"));
+    QTest::mouseClick(m_box, Qt::LeftButton);
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+}
+
+void tst_KorUpDown::mouseEventsComeFromTheSurface()
+{
+    QVERIFY(enter());
+    EventLog log(m_spin);
+    log.ignore({QStringLiteral("MouseMove")});
+    QTest::mouseClick(m_spin, Qt::RightButton, Qt::ShiftModifier, QPoint(1, 1));
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(2,1) MouseUp(2,1)"));
+}
+
+void tst_KorUpDown::backStyleLetsTheFormShowThrough()
+{
+    QVERIFY(m_stage->open());
+    m_spin->setBorderStyle(BorderStyleType::None);
+    m_spin->setText(QString());
+    QPalette palette = m_stage->palette();
+    palette.setColor(QPalette::Window, Qt::yellow);
+    m_stage->setPalette(palette);
+    const auto inside = [this] { return m_stage->grab().toImage().pixelColor(m_spin->pos() + QPoint(40, 5)); };
+    m_spin->setBackColor(0x000000FF);
+    QCOMPARE(inside(), QColor(Qt::red));
+    m_spin->setBackStyle(0);
+    QCOMPARE(inside(), QColor(Qt::yellow));
+    m_spin->setBackColor(0x0000FF00);
+    QCOMPARE(inside(), QColor(Qt::yellow));
+    m_spin->setBackStyle(1);
+    QCOMPARE(inside(), QColor(Qt::green));
+}
+
+void tst_KorUpDown::deletionInsideAHandlerIsSafe_data()
+{
+    QTest::addColumn<QString>("event");
+    for (const char *event : {"Change", "Change by arrow", "Change by key", "Change by wheel", "Change on leaving",
+                              "Change by Value", "Click", "KeyDown", "KeyPress", "KeyUp", "MouseDown", "MouseUp"})
+        QTest::newRow(event) << QString::fromLatin1(event);
+}
+
+void tst_KorUpDown::deletionInsideAHandlerIsSafe()
+{
+    QFETCH(QString, event);
+    QVERIFY(enter());
+    const QPointer<QLineEdit> box = m_box;
+    const QPointer<KorUpDown> spin = m_spin;
+    if (event.endsWith(QStringLiteral("leaving")))
+        m_box->setText(QStringLiteral("99"));
+    const DeletionOn deletion(m_spin, event.section(QLatin1Char(' '), 0, 0));
+    QVERIFY(deletion.isListening());
+    const auto mouse = [](QWidget *target, QEvent::Type type) {
+        QMouseEvent sent(type, QPointF(2, 2), target->mapToGlobal(QPointF(2, 2)), Qt::LeftButton,
+                         type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(target, &sent);
+    };
+    if (event.endsWith(QStringLiteral("arrow"))) {
+        QTest::mousePress(m_up, Qt::LeftButton);
+        mouse(m_up, QEvent::MouseButtonRelease);
+    } else if (event.endsWith(QStringLiteral("key"))) {
+        QTest::keyPress(box, Qt::Key_Up);
+    } else if (event.endsWith(QStringLiteral("wheel"))) {
+        QWheelEvent wheel({3, 3}, m_box->mapToGlobal(QPointF(3, 3)), {}, QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(m_spin, &wheel);
+    } else if (event.endsWith(QStringLiteral("leaving"))) {
+        leave();
+    } else if (event.endsWith(QStringLiteral("Value"))) {
+        m_spin->setValue(3);
+    } else if (event.startsWith(QStringLiteral("Mouse"))) {
+        mouse(spin, QEvent::MouseButtonPress);
+        if (spin)
+            mouse(spin, QEvent::MouseButtonRelease);
+    } else if (event == u"Click") {
+        mouse(box, QEvent::MouseButtonPress);
+        mouse(box, QEvent::MouseButtonRelease);
+    } else {
+        QTest::keyPress(box, Qt::Key_3);
+        if (box)
+            QTest::keyRelease(box, Qt::Key_3);
+    }
+    settle();
+    QVERIFY(deletion.isDone());
+}
+
+// --- settings
+
+namespace {
+
+QString keysOf(const PropertyBag &bag)
+{
+    QStringList keys;
+    for (const auto &[key, value] : bag.entries())
+        keys << key;
+    return keys.join(QLatin1Char(' '));
+}
+
+void setEverything(KorUpDown &spin)
+{
+    spin.setBackColor(0x00C0FFFF);
+    spin.setForeColor(0x00800000);
+    spin.setEnabled(false);
+    QFont font = spin.Font();
+    font.setPointSize(15);
+    spin.setFont(font);
+    spin.setBackStyle(0);
+    spin.setBorderStyle(BorderStyleType::None);
+    spin.setMax(500);
+    spin.setValue(7);
+    spin.setMaxLength(4);
+    spin.setIncrement(5);
+}
+
+} // namespace
+
+void tst_KorUpDown::settingsAreWrittenInTheirOrder()
+{
+    setEverything(*m_spin);
+    PropertyBag bag;
+    m_spin->writeProperties(bag);
+    QCOMPARE(keysOf(bag),
+             QStringLiteral("BackColor ForeColor Enabled Font BackStyle BorderStyle Text Value MaxLength Increment"));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("BackStyle")).typeId(), int(QMetaType::Short));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("MaxLength")).typeId(), int(QMetaType::Int));
+}
+
+void tst_KorUpDown::settingsRoundTrip()
+{
+    setEverything(*m_spin);
+    PropertyBag bag;
+    m_spin->writeProperties(bag);
+    KorUpDown loaded;
+    QStringList order;
+    connect(&loaded, &UserControl::PropertyChanged, this, [&](const QString &name) { order << name; });
+    loaded.readProperties(bag);
+    PropertyBag again;
+    loaded.writeProperties(again);
+    QCOMPARE(again, bag);
+    QCOMPARE(order.join(QLatin1Char(' ')),
+             QStringLiteral(
+                 "BackColor ForeColor Enabled Enabled Font BackStyle BorderStyle Text Value Increment MaxLength"));
+}
+
+void tst_KorUpDown::theRangeIsNotSaved()
+{
+    m_spin->setMin(-3);
+    m_spin->setMax(500);
+    PropertyBag bag;
+    m_spin->writeProperties(bag);
+    QVERIFY(bag.isEmpty());
+}
+
+void tst_KorUpDown::aStoredValueOutOfRangeIsIgnored()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("Text"), QStringLiteral("250"));
+    bag.append(QStringLiteral("Value"), 250);
+    m_spin->readProperties(bag);
+    QCOMPARE(m_spin->Text(), QStringLiteral("250"));
+    QCOMPARE(m_spin->Value(), 0);
+}
+
+void tst_KorUpDown::aStoredTextStaysWhenTheValueAgrees()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("Text"), QStringLiteral("007"));
+    bag.append(QStringLiteral("Value"), 7);
+    EventLog log(m_spin);
+    m_spin->readProperties(bag);
+    QCOMPARE(m_spin->Text(), QStringLiteral("007"));
+    QCOMPARE(m_spin->Value(), 7);
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+}
+
+QTEST_MAIN(tst_KorUpDown)
+#include "tst_korupdown.moc"
