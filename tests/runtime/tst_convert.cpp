@@ -112,14 +112,15 @@ void tst_Convert::numericTexts()
     QFETCH(QString, text);
     QFETCH(QVariant, english);
     QFETCH(QVariant, polish);
-    for (const auto &[locale, expected] :
-         {std::pair(Locale::english(), english), std::pair(Locale::polish(), polish)}) {
+    const auto check = [&](const Locale &locale, const QVariant &expected) {
         QCOMPARE(kor::IsNumeric(text, locale), expected.isValid());
         if (expected.isValid())
             QCOMPARE(kor::CDbl(text, locale), expected.toDouble());
         else
             QVERIFY(errorOf([&] { return kor::CDbl(text, locale); }) != 0);
-    }
+    };
+    check(Locale::english(), english);
+    check(Locale::polish(), polish);
 }
 
 void tst_Convert::numericValues_data()
