@@ -290,7 +290,7 @@ void tst_KorNumber::boundsAreSingles()
     number.setMaxValue(QStringLiteral("0,5"));
     QCOMPARE(number.MaxValue(), QVariant(0.5F));
     QCOMPARE(number.MaxValue().typeId(), int(QMetaType::Float));
-    QVERIFY_EXCEPTION_THROWN(number.setMaxValue(QStringLiteral("abc")), RunTimeError);
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, number.setMaxValue(QStringLiteral("abc")));
     QCOMPARE(number.MaxValue(), QVariant(0.5F));
 }
 

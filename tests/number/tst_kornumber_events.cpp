@@ -508,7 +508,7 @@ void tst_KorNumberEvents::outOfRangeEnumerationsAreRefused()
         }
         QCOMPARE(number.property(name), before);
     }
-    QVERIFY_EXCEPTION_THROWN(number.setMaxLength(-1), RunTimeError);
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, number.setMaxLength(-1));
 }
 
 QTEST_MAIN(tst_KorNumberEvents)
