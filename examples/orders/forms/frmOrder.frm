@@ -1,2 +1,288 @@
+' The form of the order desk. Places are twips: 15 to a pixel at 96 dots per inch.
 Begin Form frmOrder
+   Caption = "Zamówienia"
+   Width = 11400
+   Height = 5400
+   Begin Frame fraOrder
+      Caption = "Zamówienie"
+      Left = 180
+      Top = 120
+      Width = 11040
+      Height = 1995
+      Begin Label lblNumber
+         Caption = "Numer:"
+         Alignment = 1%
+         Left = 150
+         Top = 420
+         Width = 1350
+         Height = 360
+      End
+      Begin TextBox txtNumber
+         Left = 1620
+         Top = 420
+         Width = 2250
+         Height = 360
+         Locked = True
+      End
+      Begin Label lblDate
+         Caption = "Data:"
+         Alignment = 1%
+         Left = 4050
+         Top = 420
+         Width = 1125
+         Height = 360
+      End
+      Begin TextBox txtDate
+         Left = 5295
+         Top = 420
+         Width = 1650
+         Height = 360
+         Locked = True
+      End
+      Begin Label lblCustomer
+         Caption = "&Klient:"
+         Alignment = 1%
+         Left = 150
+         Top = 930
+         Width = 1350
+         Height = 360
+         TabIndex = 1
+      End
+      Begin KorDaoUC.KorCombo cmbCustomer
+         Left = 1620
+         Top = 930
+         Width = 9210
+         Height = 360
+         TabIndex = 2
+         SQL = "SELECT id, name FROM customers ORDER BY sort_name"
+         Slownik = "customers"
+         CanBeNull = True
+         NullString = "(bez klienta)"
+         ToolTipText = "Klient, dla którego jest zamówienie; F5 wczytuje listę na nowo"
+      End
+      Begin Label lblAddress
+         Left = 1620
+         Top = 1380
+         Width = 9210
+         Height = 360
+      End
+   End
+   Begin Frame fraTerms
+      Caption = "Warunki"
+      Left = 180
+      Top = 2235
+      Width = 11040
+      Height = 1560
+      Begin Label lblTerms
+         Caption = "&Płatność:"
+         Alignment = 1%
+         Left = 150
+         Top = 420
+         Width = 1350
+         Height = 360
+         TabIndex = 3
+      End
+      Begin KorDaoUC.KorCombo cmbTerms
+         Left = 1620
+         Top = 420
+         Width = 2250
+         Height = 360
+         TabIndex = 4
+         SQL = "LIST G;Gotówka|K;Karta płatnicza|Z;Za pobraniem|P7;Przelew 7 dni|P14;Przelew 14 dni|P30;Przelew 30 dni|P60;Przelew 60 dni"
+         ToolTipText = "Sposób i termin zapłaty"
+      End
+      Begin Label lblDiscount
+         Caption = "&Rabat:"
+         Alignment = 1%
+         Left = 4050
+         Top = 420
+         Width = 1125
+         Height = 360
+         TabIndex = 5
+      End
+      Begin KorDaoUC.KorNumber numDiscount
+         Left = 5295
+         Top = 420
+         Width = 1650
+         Height = 360
+         TabIndex = 6
+         MaxLength = 6
+         MaskPicture = "0.00"
+         MaxValue = 100!
+         CheckRange = True
+         ToolTipText = "Rabat od 0 do 100 procent"
+      End
+      Begin Label lblPercent
+         Caption = "%"
+         Left = 7035
+         Top = 420
+         Width = 450
+         Height = 360
+      End
+      Begin Label lblTotal
+         Caption = "&Wartość:"
+         Alignment = 1%
+         Left = 150
+         Top = 930
+         Width = 1350
+         Height = 360
+         TabIndex = 7
+      End
+      Begin KorDaoUC.KorNumber numTotal
+         Left = 1620
+         Top = 930
+         Width = 1755
+         Height = 360
+         TabIndex = 8
+         MaxLength = 12
+         ToolTipText = "Wartość brutto po rabacie"
+      End
+      Begin Label lblTotalUnit
+         Caption = "zł"
+         Left = 3465
+         Top = 930
+         Width = 450
+         Height = 360
+      End
+      Begin Label lblAdvance
+         Caption = "&Zaliczka:"
+         Alignment = 1%
+         Left = 4050
+         Top = 930
+         Width = 1125
+         Height = 360
+         TabIndex = 9
+      End
+      Begin KorDaoUC.KorNumber numAdvance
+         Left = 5295
+         Top = 930
+         Width = 1650
+         Height = 360
+         TabIndex = 10
+         MaxLength = 12
+         ToolTipText = "Kwota wpłacona z góry"
+      End
+      Begin Label lblAdvanceUnit
+         Caption = "zł"
+         Left = 7035
+         Top = 930
+         Width = 450
+         Height = 360
+      End
+      Begin Label lblDue
+         Caption = "Do zapłaty:"
+         Alignment = 1%
+         Left = 7560
+         Top = 930
+         Width = 1275
+         Height = 360
+      End
+      Begin KorDaoUC.KorNumber numDue
+         BackColor = &H8000000F&
+         Left = 8955
+         Top = 930
+         Width = 1560
+         Height = 360
+         Locked = True
+      End
+      Begin Label lblDueUnit
+         Caption = "zł"
+         Left = 10605
+         Top = 930
+         Width = 225
+         Height = 360
+      End
+   End
+   Begin Label lblRemarks
+      Caption = "Uwa&gi:"
+      Alignment = 1%
+      Left = 330
+      Top = 3960
+      Width = 1350
+      Height = 360
+      TabIndex = 11
+   End
+   Begin TextBox txtRemarks
+      Left = 1800
+      Top = 3960
+      Width = 9210
+      Height = 360
+      TabIndex = 12
+      MaxLength = 200
+   End
+   Begin CommandButton cmdFirst
+      Left = 180
+      Top = 4740
+      Width = 600
+      Height = 480
+      TabIndex = 13
+      ToolTipText = "Pierwsze zamówienie (Ctrl+Home)"
+   End
+   Begin CommandButton cmdPrevious
+      Left = 810
+      Top = 4740
+      Width = 600
+      Height = 480
+      TabIndex = 14
+      ToolTipText = "Poprzednie zamówienie (Ctrl+PgUp)"
+   End
+   Begin Label lblPosition
+      Alignment = 2%
+      Left = 1440
+      Top = 4740
+      Width = 1800
+      Height = 480
+   End
+   Begin CommandButton cmdNext
+      Left = 3270
+      Top = 4740
+      Width = 600
+      Height = 480
+      TabIndex = 15
+      ToolTipText = "Następne zamówienie (Ctrl+PgDn)"
+   End
+   Begin CommandButton cmdLast
+      Left = 3900
+      Top = 4740
+      Width = 600
+      Height = 480
+      TabIndex = 16
+      ToolTipText = "Ostatnie zamówienie (Ctrl+End)"
+   End
+   Begin CommandButton cmdFind
+      Caption = "Szuk&aj..."
+      Left = 5205
+      Top = 4740
+      Width = 1410
+      Height = 480
+      TabIndex = 17
+      ToolTipText = "Szukaj po numerze lub kliencie (Ctrl+F)"
+   End
+   Begin CommandButton cmdNew
+      Caption = "&Nowe"
+      Left = 6735
+      Top = 4740
+      Width = 1410
+      Height = 480
+      TabIndex = 18
+      ToolTipText = "Nowe zamówienie (Ctrl+N)"
+   End
+   Begin CommandButton cmdSave
+      Caption = "Zapi&sz"
+      Left = 8265
+      Top = 4740
+      Width = 1410
+      Height = 480
+      TabIndex = 19
+      ToolTipText = "Zapisz zamówienie (Ctrl+S)"
+   End
+   Begin CommandButton cmdDelete
+      Caption = "&Usuń"
+      Left = 9795
+      Top = 4740
+      Width = 1410
+      Height = 480
+      TabIndex = 20
+      ToolTipText = "Usuń zamówienie (Ctrl+Del)"
+   End
 End

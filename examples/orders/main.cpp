@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "orderstore.h"
+#include "orderwindow.h"
+#include "pictures.h"
+
+#include <KorDaoUC/Locale>
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QDir>
+#include <QtCore/QStandardPaths>
+#include <QtCore/QTemporaryDir>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMessageBox>
+
+#include <algorithm>
+#include <cstdio>
+#include <string_view>
+
+namespace {
+
+QString standardDatabase()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    QDir().mkpath(folder);
+    return QDir(folder).filePath(QStringLiteral("zamowienia.sqlite"));
+}
+
+void complain(const QString &text, bool isShown)
+{
+    std::fprintf(stderr, "orders: %s\n", qPrintable(text));
+    if (isShown)
+        QMessageBox::critical(nullptr, QStringLiteral("Zamówienia"), text);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QString screenshotsName = QStringLiteral("screenshots");
+    const bool isPictured = std::any_of(argv + 1, argv + argc, [](const char *argument) {
+        return std::string_view(argument).starts_with("--screenshots");
+    });
+    if (isPictured) // no screen is needed, and the pictures are the same everywhere
+    {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        if (!qEnvironmentVariableIsSet("QT_LOGGING_RULES"))
+            qputenv("QT_LOGGING_RULES", "qt.qpa.*=false"); // what a platform without windows cannot do
+    }
+
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("orders"));
+    QApplication::setOrganizationName(QStringLiteral("KorDaoUC"));
+    QApplication::setApplicationVersion(QStringLiteral(KORDAOUC_VERSION));
+    QApplication::setApplicationDisplayName(QStringLiteral("Zamówienia"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Zamówienia: an order desk, the sample application of KorDaoUC."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption database(
+        QStringLiteral("database"),
+        QStringLiteral("The SQLite file of the orders; made with sample data if it is not there."),
+        QStringLiteral("file"));
+    const QCommandLineOption screenshots(screenshotsName,
+                                         QStringLiteral("Leaves pictures of all windows in a folder and ends."),
+                                         QStringLiteral("folder"));
+    parser.addOptions({database, screenshots});
+    parser.process(application);
+
+    // The desk speaks Polish whatever the system does.
+    kor::Locale::setSystemDefault(kor::Locale::polish());
+    if (isPictured) {
+        QApplication::setStyle(QStringLiteral("Fusion"));
+        QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
+    }
+    const QTemporaryDir temporary; // pictures are taken of fresh data
+    QString file = isPictured ? temporary.filePath(QStringLiteral("zamowienia.sqlite")) : QString();
+    if (parser.isSet(database))
+        file = parser.value(database);
+    else if (!isPictured)
+        file = standardDatabase();
+    try {
+        orders::OrderStore store(file);
+        orders::OrderWindow window(store);
+        if (isPictured)
+            return orders::takePictures(window, parser.value(screenshots)) ? 0 : 1;
+        window.show();
+        return QApplication::exec();
+    } catch (const orders::StoreError &error) {
+        complain(error.text(), !isPictured);
+    } catch (const std::exception &error) {
+        complain(QString::fromUtf8(error.what()), !isPictured);
+    }
+    return 1;
+}

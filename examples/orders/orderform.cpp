@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "orderform.h"
+
+#include "orderstore.h"
+#include "textboxkind.h"
+
+#include <KorDaoUC/Convert>
+#include <KorDaoUC/Database>
+#include <KorDaoUC/FormFile>
+#include <KorDaoUC/Format>
+#include <KorDaoUC/KorCombo>
+#include <KorDaoUC/KorNumber>
+#include <KorDaoUC/Variant>
+
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+
+#include <cmath>
+#include <stdexcept>
+
+namespace orders {
+
+namespace {
+
+const QString formFile = QStringLiteral(":/orders/forms/frmOrder.frm");
+
+double numberOr0(const QVariant &value) { return kor::isNull(value) ? 0 : kor::CDbl(value); }
+
+qint64 groszeOf(const KorNumber &field) { return std::llround(numberOr0(field.Value()) * 100); }
+
+void setGrosze(KorNumber &field, qint64 grosze) { field.setValue(static_cast<double>(grosze) / 100); }
+
+[[noreturn]] void refuse(const QString &reason)
+{
+    throw std::runtime_error((formFile + QStringLiteral(": ") + reason).toStdString());
+}
+
+} // namespace
+
+OrderForm::OrderForm(const OrderStore &store, kor::Database &database, QWidget *parent)
+    : QWidget(parent), m_store(store)
+{
+    const kor::FormResult loaded = kor::FormFile::load(formFile);
+    if (!loaded.form)
+        refuse(QStringLiteral("%1: %2").arg(loaded.error.line).arg(loaded.error.reason));
+    m_builder.addKind(QStringLiteral("TextBox"), textBoxKind());
+    if (const std::optional<QString> reason = m_builder.build(*loaded.form, this))
+        refuse(*reason);
+    setMinimumSize(size());
+
+    m_customer = part<KorCombo>("cmbCustomer");
+    m_terms = part<KorCombo>("cmbTerms");
+    m_discount = part<KorNumber>("numDiscount");
+    m_total = part<KorNumber>("numTotal");
+    m_advance = part<KorNumber>("numAdvance");
+    m_due = part<KorNumber>("numDue");
+    m_number = part<QLineEdit>("txtNumber");
+    m_date = part<QLineEdit>("txtDate");
+    m_remarks = part<QLineEdit>("txtRemarks");
+    m_address = part<QLabel>("lblAddress");
+    m_position = part<QLabel>("lblPosition");
+
+    m_customer->setdatabase(&database);
+    m_customer->Refresh();
+    m_terms->Refresh();
+    connectFields();
+}
+
+OrderForm::~OrderForm() = default;
+
+template <class Widget>
+Widget *OrderForm::part(const char *name) const
+{
+    auto *found = findChild<Widget *>(QString::fromLatin1(name));
+    if (!found)
+        refuse(QStringLiteral("%1 is missing").arg(QLatin1String(name)));
+    return found;
+}
+
+QPushButton *OrderForm::button(const char *name) const { return part<QPushButton>(name); }
+
+void OrderForm::connectFields()
+{
+    // What is only shown is no stop of the Tab key.
+    m_due->setFocusPolicy(Qt::NoFocus);
+    m_due->focusProxy()->setFocusPolicy(Qt::ClickFocus);
+
+    connect(m_customer, &KorCombo::Click, this, [this] {
+        showAddress();
+        Q_EMIT edited();
+    });
+    connect(m_terms, &KorCombo::Click, this, &OrderForm::edited);
+    connect(m_discount, &KorNumber::Change, this, &OrderForm::edited);
+    for (const KorNumber *amount : {m_total, m_advance}) {
+        connect(amount, &KorNumber::Change, this, [this] {
+            showDue();
+            Q_EMIT edited();
+        });
+    }
+    connect(m_remarks, &QLineEdit::textChanged, this, &OrderForm::edited);
+}
+
+void OrderForm::setOrder(const Order &order)
+{
+    m_shown = order;
+    m_number->setText(order.number.isEmpty() ? QStringLiteral("(nowe)") : order.number);
+    m_date->setText(kor::Format(order.date, u"Short Date"));
+    m_customer->setValue(order.customer ? kor::normalized(*order.customer) : kor::null());
+    m_terms->setValue(order.paymentTerms);
+    m_discount->setValue(order.discount);
+    setGrosze(*m_total, order.total);
+    setGrosze(*m_advance, order.advance);
+    m_remarks->setText(order.remarks);
+    m_remarks->home(false);
+    showAddress();
+    showDue();
+    // As the fields give it back: what they round is no change of the clerk's.
+    m_unchanged = this->order();
+    Q_EMIT edited();
+}
+
+Order OrderForm::order() const
+{
+    Order order = m_shown;
+    const QVariant customer = m_customer->Value();
+    order.customer = kor::isNull(customer) ? std::nullopt : std::optional<qint64>(kor::CLng(customer));
+    order.paymentTerms = kor::CStr(m_terms->Value());
+    order.discount = numberOr0(m_discount->Value());
+    order.total = groszeOf(*m_total);
+    order.advance = groszeOf(*m_advance);
+    order.remarks = m_remarks->text();
+    return order;
+}
+
+void OrderForm::setPosition(const QString &text) { m_position->setText(text); }
+
+void OrderForm::focusFirstField() { m_customer->setFocus(Qt::OtherFocusReason); }
+
+void OrderForm::focusField(OrderField field)
+{
+    switch (field) {
+    case OrderField::Discount: m_discount->setFocus(Qt::OtherFocusReason); break;
+    case OrderField::Advance: m_advance->setFocus(Qt::OtherFocusReason); break;
+    case OrderField::Total: m_total->setFocus(Qt::OtherFocusReason); break;
+    }
+}
+
+void OrderForm::showAddress()
+{
+    const QVariant customer = m_customer->Value();
+    QString address;
+    try {
+        if (!kor::isNull(customer))
+            address = m_store.addressOf(kor::CLng(customer));
+    } catch (const StoreError &error) {
+        address = error.text(); // the order itself can be edited all the same
+    }
+    m_address->setText(address);
+}
+
+void OrderForm::showDue() { setGrosze(*m_due, groszeOf(*m_total) - groszeOf(*m_advance)); }
+
+} // namespace orders

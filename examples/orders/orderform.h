@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "order.h"
+
+#include <KorDaoUC/FormBuilder>
+
+#include <QtWidgets/QWidget>
+
+class KorCombo;
+class KorNumber;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace kor {
+class Database;
+}
+
+namespace orders {
+
+class OrderStore;
+
+//! The order as the clerk sees it: the controls of the form file, and the way from an order to them and back.
+class OrderForm : public QWidget
+{
+    Q_OBJECT
+
+public:
+    //! Builds the form. Raises std::runtime_error when the form file does not fit the program.
+    OrderForm(const OrderStore &store, kor::Database &database, QWidget *parent = nullptr);
+    ~OrderForm() override;
+
+    //! Shows an order; from now on it counts as unchanged.
+    void setOrder(const Order &order);
+    //! The order as it stands in the fields now.
+    [[nodiscard]] Order order() const;
+    //! Whether the clerk has changed anything since setOrder().
+    [[nodiscard]] bool isChanged() const { return order() != m_unchanged; }
+
+    void setPosition(const QString &text);
+    //! Puts the cursor where a new order begins, or where one must be mended.
+    void focusFirstField();
+    void focusField(OrderField field);
+
+    [[nodiscard]] QPushButton *button(const char *name) const;
+
+Q_SIGNALS:
+    //! The order in the fields has changed.
+    void edited();
+
+private:
+    template <class Widget>
+    Widget *part(const char *name) const;
+    void connectFields();
+    void showAddress();
+    void showDue();
+
+    const OrderStore &m_store;
+    kor::FormBuilder m_builder;
+    Order m_shown;
+    Order m_unchanged;
+    KorCombo *m_customer = nullptr;
+    KorCombo *m_terms = nullptr;
+    KorNumber *m_discount = nullptr;
+    KorNumber *m_total = nullptr;
+    KorNumber *m_advance = nullptr;
+    KorNumber *m_due = nullptr;
+    QLineEdit *m_number = nullptr;
+    QLineEdit *m_date = nullptr;
+    QLineEdit *m_remarks = nullptr;
+    QLabel *m_address = nullptr;
+    QLabel *m_position = nullptr;
+};
+
+} // namespace orders

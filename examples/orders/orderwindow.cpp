@@ -1,0 +1,243 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "orderwindow.h"
+
+#include "orderstore.h"
+#include "searchdialog.h"
+
+#include <KorDaoUC/Clock>
+#include <KorDaoUC/SqlDatabase>
+
+#include <QtCore/QFileInfo>
+#include <QtGui/QAction>
+#include <QtGui/QCloseEvent>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QStatusBar>
+#include <QtWidgets/QStyle>
+
+namespace orders {
+
+namespace {
+
+constexpr int messageTime = 5000; // milliseconds
+
+//! A question with the answers in words; the last one is also that of the Escape key.
+int ask(QWidget *parent, const QString &title, const QString &text, const QStringList &answers)
+{
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
+    QList<QAbstractButton *> buttons;
+    for (const QString &answer : answers)
+        buttons << box.addButton(answer, QMessageBox::ActionRole);
+    box.setDefaultButton(static_cast<QPushButton *>(buttons.first()));
+    box.setEscapeButton(buttons.last());
+    box.exec();
+    parent->activateWindow(); // not every window system does so by itself
+    return static_cast<int>(buttons.indexOf(box.clickedButton()));
+}
+
+void warn(QWidget *parent, const QString &title, const QString &text)
+{
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
+    box.exec();
+    parent->activateWindow();
+}
+
+} // namespace
+
+OrderWindow::OrderWindow(OrderStore &store)
+    : m_store(store),
+      m_database(std::make_unique<kor::SqlDatabase>(store.connection())),
+      m_form(new OrderForm(store, *m_database, this)),
+      m_cursor(store.ids())
+{
+    setCentralWidget(m_form);
+    statusBar()->addPermanentWidget(new QLabel(QFileInfo(store.connection().databaseName()).fileName()));
+    makeActions();
+    connect(m_form, &OrderForm::edited, this, &OrderWindow::updateState);
+    showOrder(m_cursor.first());
+    m_form->focusFirstField();
+}
+
+OrderWindow::~OrderWindow() = default;
+
+void OrderWindow::makeActions()
+{
+    const auto goTo = [this](std::optional<qint64> (OrderCursor::*where)() const) {
+        return [this, where] { go((m_cursor.*where)()); };
+    };
+    const auto add = [this](QMenu *menu, const QString &text, const QKeySequence &key, const char *button,
+                            const std::function<void()> &work) {
+        QAction *action = menu->addAction(text, key, this, [this, work] { guarded(work); });
+        if (button)
+            connect(m_form->button(button), &QPushButton::clicked, action, &QAction::trigger);
+        return action;
+    };
+
+    QMenu *order = menuBar()->addMenu(QStringLiteral("Za&mówienie"));
+    add(order, QStringLiteral("&Nowe"), Qt::CTRL | Qt::Key_N, "cmdNew", [this] { startNew(); });
+    m_save = add(order, QStringLiteral("&Zapisz"), Qt::CTRL | Qt::Key_S, "cmdSave", [this] { (void)save(); });
+    m_undo = add(order, QStringLiteral("&Cofnij zmiany"), Qt::CTRL | Qt::Key_R, nullptr,
+                 [this] { showOrder(m_cursor.current()); });
+    m_remove = add(order, QStringLiteral("&Usuń..."), Qt::CTRL | Qt::Key_Delete, "cmdDelete", [this] { remove(); });
+    order->addSeparator();
+    add(order, QStringLiteral("Za&kończ"), Qt::CTRL | Qt::Key_Q, nullptr, [this] { close(); });
+
+    QMenu *move = menuBar()->addMenu(QStringLiteral("Prz&ejdź"));
+    add(move, QStringLiteral("&Pierwsze"), Qt::CTRL | Qt::Key_Home, "cmdFirst", goTo(&OrderCursor::first));
+    add(move, QStringLiteral("P&oprzednie"), Qt::CTRL | Qt::Key_PageUp, "cmdPrevious", goTo(&OrderCursor::previous));
+    add(move, QStringLiteral("&Następne"), Qt::CTRL | Qt::Key_PageDown, "cmdNext", goTo(&OrderCursor::next));
+    add(move, QStringLiteral("&Ostatnie"), Qt::CTRL | Qt::Key_End, "cmdLast", goTo(&OrderCursor::last));
+    move->addSeparator();
+    add(move, QStringLiteral("&Szukaj..."), Qt::CTRL | Qt::Key_F, "cmdFind", [this] { search(); });
+
+    QMenu *help = menuBar()->addMenu(QStringLiteral("Pomo&c"));
+    add(help, QStringLiteral("&O programie"), {}, nullptr, [this] { about(); });
+
+    m_form->button("cmdFirst")->setIcon(style()->standardIcon(QStyle::SP_MediaSkipBackward));
+    m_form->button("cmdPrevious")->setIcon(style()->standardIcon(QStyle::SP_MediaSeekBackward));
+    m_form->button("cmdNext")->setIcon(style()->standardIcon(QStyle::SP_MediaSeekForward));
+    m_form->button("cmdLast")->setIcon(style()->standardIcon(QStyle::SP_MediaSkipForward));
+}
+
+void OrderWindow::guarded(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (const StoreError &error) {
+        warn(this, QStringLiteral("Baza danych"), error.text());
+    }
+}
+
+OrderWindow::Choice OrderWindow::askAboutChanges()
+{
+    const int answer = ask(this, QStringLiteral("Zamówienia"), QStringLiteral("Zapisać zmiany?"),
+                           {QStringLiteral("&Zapisz"), QStringLiteral("&Nie zapisuj"), QStringLiteral("&Anuluj")});
+    return answer == 0 ? Choice::Save : answer == 1 ? Choice::Discard : Choice::Cancel;
+}
+
+bool OrderWindow::mayLeave()
+{
+    if (!m_form->isChanged())
+        return true;
+    switch (askAboutChanges()) {
+    case Choice::Save: return save();
+    case Choice::Discard: return true;
+    case Choice::Cancel: break;
+    }
+    return false;
+}
+
+bool OrderWindow::save()
+{
+    const Order order = m_form->order();
+    if (const std::optional<OrderProblem> problem = problemOf(order)) {
+        warn(this, QStringLiteral("Zamówienie"), problem->text);
+        m_form->focusField(problem->field);
+        return false;
+    }
+    const Order saved = m_store.save(order);
+    if (order.id == 0)
+        m_cursor.append(saved.id);
+    m_form->setOrder(saved);
+    statusBar()->showMessage(QStringLiteral("Zapisano zamówienie %1.").arg(saved.number), messageTime);
+    return true;
+}
+
+void OrderWindow::remove()
+{
+    const Order order = m_form->order();
+    if (order.id == 0)
+        return;
+    const QString question = QStringLiteral("Usunąć zamówienie %1 razem z jego pozycjami?").arg(order.number);
+    if (ask(this, QStringLiteral("Zamówienia"), question, {QStringLiteral("&Usuń"), QStringLiteral("&Anuluj")}) != 0)
+        return;
+    m_store.remove(order.id);
+    m_cursor.removeCurrent();
+    showOrder(m_cursor.current());
+    statusBar()->showMessage(QStringLiteral("Usunięto zamówienie %1.").arg(order.number), messageTime);
+}
+
+void OrderWindow::go(std::optional<qint64> id)
+{
+    // The keys stay in force at both ends: otherwise they would reach the field and change it.
+    if (!id)
+        statusBar()->showMessage(QStringLiteral("Dalej nie ma zamówień."), messageTime);
+    else if (id != m_cursor.current() && mayLeave())
+        showOrder(id);
+}
+
+void OrderWindow::startNew()
+{
+    if (!mayLeave())
+        return;
+    showOrder(std::nullopt);
+    m_form->focusFirstField();
+}
+
+void OrderWindow::search()
+{
+    if (!mayLeave())
+        return;
+    SearchDialog dialog(m_store, this);
+    if (dialog.exec() == QDialog::Accepted)
+        showOrder(dialog.chosen());
+}
+
+void OrderWindow::showOrder(std::optional<qint64> id)
+{
+    if (!id) {
+        m_cursor.goToNew();
+        Order order;
+        order.date = kor::Clock::today();
+        m_form->setOrder(order);
+        return;
+    }
+    m_cursor.goTo(*id);
+    if (const std::optional<Order> order = m_store.order(*id)) {
+        m_form->setOrder(*order);
+        return;
+    }
+    m_cursor.removeCurrent();
+    warn(this, QStringLiteral("Zamówienia"), QStringLiteral("Zamówienie zostało tymczasem usunięte."));
+    showOrder(m_cursor.current());
+}
+
+void OrderWindow::updateState()
+{
+    const Order order = m_form->order();
+    const bool isNew = order.id == 0;
+    const bool isChanged = m_form->isChanged();
+    setWindowTitle(isNew ? QStringLiteral("Nowe zamówienie[*] – Zamówienia")
+                         : QStringLiteral("%1[*] – Zamówienia").arg(order.number));
+    setWindowModified(isChanged);
+    m_form->setPosition(m_cursor.text());
+    m_save->setEnabled(isNew || isChanged);
+    m_undo->setEnabled(isChanged);
+    m_remove->setEnabled(!isNew);
+    m_form->button("cmdSave")->setEnabled(m_save->isEnabled());
+    m_form->button("cmdDelete")->setEnabled(m_remove->isEnabled());
+    for (const char *name : {"cmdFirst", "cmdPrevious"})
+        m_form->button(name)->setEnabled(m_cursor.previous().has_value());
+    m_form->button("cmdNext")->setEnabled(m_cursor.next().has_value());
+    m_form->button("cmdLast")->setEnabled(m_cursor.last().has_value() && m_cursor.current() != m_cursor.last());
+}
+
+void OrderWindow::about()
+{
+    QMessageBox::about(this, QStringLiteral("O programie"),
+                       QStringLiteral("<b>Zamówienia</b><p>Przykładowy program biblioteki KorDaoUC %1.</p>"
+                                      "<p>Dane są przykładowe; firmy i osoby są zmyślone.</p>")
+                           .arg(QStringLiteral(KORDAOUC_VERSION)));
+}
+
+void OrderWindow::closeEvent(QCloseEvent *event)
+{
+    bool mayClose = false;
+    guarded([&] { mayClose = mayLeave(); });
+    event->setAccepted(mayClose);
+}
+
+} // namespace orders

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ordercursor.h"
+#include "orderform.h"
+
+#include <QtWidgets/QMainWindow>
+
+#include <functional>
+#include <memory>
+
+class QAction;
+
+namespace kor {
+class SqlDatabase;
+}
+
+namespace orders {
+
+class OrderStore;
+
+//! The order desk's window: menu, form and status bar over one store.
+class OrderWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit OrderWindow(OrderStore &store);
+    ~OrderWindow() override;
+
+    [[nodiscard]] OrderForm &form() { return *m_form; }
+    //! Opens the search; the order chosen there is shown.
+    void search();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    enum class Choice { Save, Discard, Cancel };
+
+    void makeActions();
+    void guarded(const std::function<void()> &work);
+    [[nodiscard]] Choice askAboutChanges();
+    [[nodiscard]] bool mayLeave();
+    [[nodiscard]] bool save();
+    void remove();
+    void go(std::optional<qint64> id);
+    void startNew();
+    void showOrder(std::optional<qint64> id);
+    void updateState();
+    void about();
+
+    OrderStore &m_store;
+    std::unique_ptr<kor::SqlDatabase> m_database;
+    OrderForm *m_form;
+    OrderCursor m_cursor;
+    QAction *m_save = nullptr;
+    QAction *m_remove = nullptr;
+    QAction *m_undo = nullptr;
+};
+
+} // namespace orders

@@ -1,0 +1,464 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "orders/orderstore.h"
+#include "orders/orderwindow.h"
+#include "orders/pictures.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/Clock>
+#include <KorDaoUC/KorCombo>
+#include <KorDaoUC/KorNumber>
+#include <KorDaoUC/Locale>
+
+#include <QtCore/QDir>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
+#include <QtGui/QImage>
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTreeWidget>
+
+#include <functional>
+#include <memory>
+
+using orders::Order;
+using orders::OrderStore;
+using orders::OrderWindow;
+
+namespace {
+
+//! A number as the Polish locale groups it.
+QString grouped(const char *number) { return QString::fromLatin1(number).replace(u' ', u'\u00A0'); }
+
+//! Answers the dialogs that come up by keys, one entry each, and remembers what they said.
+class Clerk : public QObject
+{
+public:
+    Clerk()
+    {
+        connect(&m_timer, &QTimer::timeout, this, &Clerk::look);
+        m_timer.start(5);
+    }
+    void willPress(std::initializer_list<int> keys) { m_answers.insert(m_answers.end(), keys); }
+    [[nodiscard]] QString heard() const { return m_heard.join(u'|'); }
+
+private:
+    void look()
+    {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box || box == m_answered || !box->isActiveWindow())
+            return;
+        m_answered = box;
+        m_heard << box->text();
+        const int key = m_answers.empty() ? int(Qt::Key_Escape) : m_answers.front();
+        if (!m_answers.empty())
+            m_answers.erase(m_answers.begin());
+        // A letter is that of a button, with Alt as on the form.
+        const bool isLetter = key >= Qt::Key_A && key <= Qt::Key_Z;
+        QTest::keyClick(box, static_cast<Qt::Key>(key), isLetter ? Qt::AltModifier : Qt::NoModifier);
+    }
+
+    QTimer m_timer;
+    std::vector<int> m_answers;
+    QPointer<QMessageBox> m_answered;
+    QStringList m_heard;
+};
+
+//! The control around the widget with the focus, or that widget itself.
+QString focusName()
+{
+    const QWidget *widget = QApplication::focusWidget();
+    if (widget && qobject_cast<const kor::UserControl *>(widget->parentWidget()))
+        widget = widget->parentWidget();
+    return widget ? widget->objectName() : QString();
+}
+
+void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    kor::test::settle();
+}
+
+void type(const QString &text)
+{
+    for (const QChar character : text) // Polish letters too, which keyClicks() does not know
+        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key(character.toUpper().unicode()),
+                            QString(character), Qt::NoModifier);
+    kor::test::settle();
+}
+
+} // namespace
+
+//! The order desk in the hands of a clerk who leaves the mouse alone.
+class tst_OrderWindow : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase()
+    {
+        kor::Locale::setSystemDefault(kor::Locale::polish());
+        kor::Clock::setSource([] { return QDate(2026, 11, 21); });
+        const OrderStore created(m_fresh.filePath(QStringLiteral("fresh.sqlite")));
+    }
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(QFile::copy(m_fresh.filePath(QStringLiteral("fresh.sqlite")), file()));
+        m_clerk = std::make_unique<Clerk>();
+        start();
+    }
+    void cleanup()
+    {
+        m_window.reset();
+        m_store.reset();
+        m_clerk.reset();
+    }
+
+    void startsOnTheFirstOrder()
+    {
+        QCOMPARE(m_window->windowTitle(), QStringLiteral("ZAM/2025/0001[*] – Zamówienia"));
+        QCOMPARE(position(), QStringLiteral("1 z 1000"));
+        QCOMPARE(number("numTotal")->Text(), grouped("3 575,99"));
+        QCOMPARE(number("numDue")->Text(), grouped("1 795,99"));
+        QCOMPARE(focusName(), QStringLiteral("cmbCustomer"));
+        QVERIFY(!m_window->isWindowModified());
+    }
+
+    void tabWalksThroughTheFields()
+    {
+        QStringList stops;
+        for (int presses = 0; presses < 6; ++presses) {
+            stops << focusName();
+            press(Qt::Key_Tab);
+        }
+        QCOMPARE(stops.join(u' '), QStringLiteral("cmbCustomer cmbTerms numDiscount numTotal numAdvance txtRemarks"));
+        QVERIFY(!m_window->isWindowModified()); // looking changes nothing
+    }
+
+    void lettersLeadToTheFields_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<QString>("name");
+
+        // clang-format off
+        QTest::newRow("K for Klient")   << int(Qt::Key_K) << "cmbCustomer";
+        QTest::newRow("P for Płatność") << int(Qt::Key_P) << "cmbTerms";
+        QTest::newRow("R for Rabat")    << int(Qt::Key_R) << "numDiscount";
+        QTest::newRow("W for Wartość")  << int(Qt::Key_W) << "numTotal";
+        QTest::newRow("Z for Zaliczka") << int(Qt::Key_Z) << "numAdvance";
+        QTest::newRow("G for Uwagi")    << int(Qt::Key_G) << "txtRemarks";
+        // clang-format on
+    }
+    void lettersLeadToTheFields()
+    {
+        QFETCH(const int, key);
+        QFETCH(const QString, name);
+        part<QWidget>(name == u"numTotal" ? "numAdvance" : "numTotal")->setFocus();
+        kor::test::settle();
+        press(static_cast<Qt::Key>(key), Qt::AltModifier);
+        QCOMPARE(focusName(), name);
+    }
+
+    void everyLetterIsUsedOnce()
+    {
+        QHash<QChar, QStringList> users;
+        const auto note = [&users](const QString &text) {
+            const qsizetype at = text.indexOf(u'&');
+            if (at >= 0)
+                users[text.at(at + 1).toUpper()] << text;
+        };
+        for (const auto *label : m_window->findChildren<QLabel *>())
+            note(label->text());
+        for (const auto *button : m_window->findChildren<QPushButton *>())
+            note(button->text());
+        for (const auto *action : m_window->menuBar()->actions())
+            note(action->text());
+        for (const QStringList &texts : users)
+            QVERIFY2(texts.size() == 1, qPrintable(texts.join(u' ')));
+        QVERIFY(users.size() >= 12);
+    }
+
+    void aClerkEntersAndSavesAnOrder()
+    {
+        press(Qt::Key_N, Qt::ControlModifier);
+        QCOMPARE(position(), QStringLiteral("nowe (1001)"));
+        QCOMPARE(focusName(), QStringLiteral("cmbCustomer"));
+        press(Qt::Key_Down); // the first customer behind the null entry
+        press(Qt::Key_Tab);
+        press(Qt::Key_Home); // cash
+        press(Qt::Key_Tab);
+        type(QStringLiteral("2.5")); // the point types the comma
+        press(Qt::Key_Tab);
+        type(QStringLiteral("1234,567"));
+        press(Qt::Key_Tab);
+        QCOMPARE(number("numTotal")->Text(), grouped("1 234,57"));
+        type(QStringLiteral("100"));
+        press(Qt::Key_Tab);
+        QCOMPARE(number("numDue")->Text(), grouped("1 134,57"));
+        type(QStringLiteral("Zażółć"));
+        QVERIFY(m_window->isWindowModified());
+        press(Qt::Key_S, Qt::ControlModifier);
+
+        QVERIFY(!m_window->isWindowModified());
+        QCOMPARE(position(), QStringLiteral("1001 z 1001"));
+        restart();
+        press(Qt::Key_End, Qt::ControlModifier);
+        const Order saved = m_window->form().order();
+        QCOMPARE(saved.number, QStringLiteral("ZAM/2026/0340"));
+        QCOMPARE(saved.date, QDate(2026, 11, 21));
+        QVERIFY(saved.customer);
+        QCOMPARE(saved.paymentTerms, QStringLiteral("G"));
+        QCOMPARE(saved.discount, 2.5);
+        QCOMPARE(saved.total, 123457);
+        QCOMPARE(saved.advance, 10000);
+        QCOMPARE(saved.remarks, QStringLiteral("Zażółć"));
+        QVERIFY(m_store->order(saved.id) == saved);
+    }
+
+    void savesWhileTheNumberIsStillBeingTyped()
+    {
+        focus("numTotal");
+        type(QStringLiteral("5000,5"));
+        press(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(m_store->order(1)->total, 500050);
+        QVERIFY(!m_window->isWindowModified());
+        press(Qt::Key_Tab);
+        QVERIFY(!m_window->isWindowModified());
+    }
+
+    void anEmptyNumberCountsAsZero()
+    {
+        focus("numAdvance");
+        press(Qt::Key_Delete);
+        press(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(m_store->order(1)->advance, 0);
+    }
+
+    void theNullEntryIsAnOrderWithoutCustomer()
+    {
+        press(Qt::Key_Home);
+        QCOMPARE(part<KorCombo>("cmbCustomer")->Text(), QStringLiteral("(bez klienta)"));
+        QCOMPARE(part<QLabel>("lblAddress")->text(), QString());
+        press(Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(!m_store->order(1)->customer);
+    }
+
+    void aDiscountOutOfItsRangeGoesBackToTheField()
+    {
+        focus("numDiscount");
+        type(QStringLiteral("150"));
+        m_clerk->willPress({Qt::Key_Return});
+        press(Qt::Key_Tab);
+        QTRY_COMPARE(m_clerk->heard(),
+                     QStringLiteral("Przekroczony zakres liczby. Wprowadź liczbę z zakresu: [0...100]."));
+        QTRY_COMPARE(focusName(), QStringLiteral("numDiscount"));
+    }
+
+    void anAdvanceAboveTheTotalIsNotSaved()
+    {
+        focus("numAdvance");
+        type(QStringLiteral("9999"));
+        m_clerk->willPress({Qt::Key_Return});
+        press(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(m_clerk->heard(), QStringLiteral("Zaliczka nie może przekraczać wartości zamówienia."));
+        QTRY_COMPARE(focusName(), QStringLiteral("numAdvance"));
+        QVERIFY(m_window->isWindowModified());
+        QCOMPARE(m_store->order(1)->advance, 178000);
+    }
+
+    void keysMoveAmongTheOrders()
+    {
+        const std::pair<Qt::Key, int> keys[] = {
+            {Qt::Key_PageDown, 2},    {Qt::Key_PageDown, 3}, {Qt::Key_PageUp, 2}, {Qt::Key_End, 1000},
+            {Qt::Key_PageDown, 1000}, {Qt::Key_Home, 1},     {Qt::Key_PageUp, 1},
+        };
+        for (const auto &[key, place] : keys) {
+            press(key, Qt::ControlModifier);
+            QCOMPARE(position(), QStringLiteral("%1 z 1000").arg(place));
+        }
+        QVERIFY(m_clerk->heard().isEmpty());
+        QVERIFY(!m_window->findChild<QPushButton *>(QStringLiteral("cmdPrevious"))->isEnabled());
+        QVERIFY(m_window->findChild<QPushButton *>(QStringLiteral("cmdNext"))->isEnabled());
+    }
+
+    void noOrderOfTheSampleLooksChangedWhenItIsShown()
+    {
+        for (int place = 1; place < 120; ++place) {
+            press(Qt::Key_PageDown, Qt::ControlModifier);
+            QVERIFY2(!m_window->isWindowModified(), qPrintable(position()));
+            QVERIFY(m_window->form().order() == m_store->order(m_window->form().order().id));
+        }
+    }
+
+    void asksAboutChanges_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QString>("place");
+        QTest::addColumn<QString>("saved");
+
+        // clang-format off
+        QTest::newRow("save and go on")           << int(Qt::Key_Z)      << "2 z 1000" << "nowe";
+        QTest::newRow("Enter saves")              << int(Qt::Key_Return) << "2 z 1000" << "nowe";
+        QTest::newRow("go on without saving")     << int(Qt::Key_N)      << "2 z 1000" << "";
+        QTest::newRow("stay")                     << int(Qt::Key_A)      << "1 z 1000" << "";
+        QTest::newRow("Escape stays")             << int(Qt::Key_Escape) << "1 z 1000" << "";
+        // clang-format on
+    }
+    void asksAboutChanges()
+    {
+        QFETCH(const int, answer);
+        QFETCH(const QString, place);
+        QFETCH(const QString, saved);
+        focus("txtRemarks");
+        type(QStringLiteral("nowe"));
+        m_clerk->willPress({answer});
+        press(Qt::Key_PageDown, Qt::ControlModifier);
+        QCOMPARE(m_clerk->heard(), QStringLiteral("Zapisać zmiany?"));
+        QTRY_COMPARE(position(), place);
+        QCOMPARE(m_store->order(1)->remarks, saved);
+        QCOMPARE(m_window->isWindowModified(), place.startsWith(QStringLiteral("1 ")));
+    }
+
+    void closingAsksToo()
+    {
+        focus("txtRemarks");
+        type(QStringLiteral("x"));
+        m_clerk->willPress({Qt::Key_A, Qt::Key_N});
+        QVERIFY(!m_window->close());
+        QVERIFY(m_window->isVisible());
+        QVERIFY(m_window->close());
+        QCOMPARE(m_clerk->heard(), QStringLiteral("Zapisać zmiany?|Zapisać zmiany?"));
+        QCOMPARE(m_store->order(1)->remarks, QString());
+    }
+
+    void closingWithoutChangesAsksNothing()
+    {
+        QVERIFY(m_window->close());
+        QVERIFY(m_clerk->heard().isEmpty());
+    }
+
+    void undoBringsTheSavedOrderBack()
+    {
+        focus("numTotal");
+        type(QStringLiteral("1"));
+        QVERIFY(m_window->isWindowModified());
+        press(Qt::Key_R, Qt::ControlModifier);
+        QVERIFY(!m_window->isWindowModified());
+        QVERIFY(m_window->form().order() == m_store->order(1));
+    }
+
+    void deletingAsksFirst()
+    {
+        m_clerk->willPress({Qt::Key_A, Qt::Key_U});
+        press(Qt::Key_Delete, Qt::ControlModifier);
+        QVERIFY(m_store->order(1));
+        QTRY_VERIFY(m_window->isActiveWindow());
+        press(Qt::Key_Delete, Qt::ControlModifier);
+        QTRY_VERIFY(!m_store->order(1));
+        QCOMPARE(m_clerk->heard(), QStringLiteral("Usunąć zamówienie ZAM/2025/0001 razem z jego pozycjami?|Usunąć "
+                                                  "zamówienie ZAM/2025/0001 razem z jego pozycjami?"));
+        QCOMPARE(position(), QStringLiteral("1 z 999"));
+        QCOMPARE(m_window->form().order().number, QStringLiteral("ZAM/2025/0002"));
+    }
+
+    void searchGoesToTheOrderChosen()
+    {
+        QString choice;
+        QTimer::singleShot(100, this, [&choice] {
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("25/0123"));
+            const auto *list = QApplication::activeModalWidget()->findChild<QTreeWidget *>();
+            choice = list->currentItem() ? list->currentItem()->text(0) : QString();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        });
+        press(Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(choice, QStringLiteral("ZAM/2025/0123"));
+        QCOMPARE(m_window->form().order().number, choice);
+        QCOMPARE(position(), QStringLiteral("123 z 1000"));
+    }
+
+    void searchGivenUpChangesNothing()
+    {
+        QTimer::singleShot(100, this, [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); });
+        press(Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(position(), QStringLiteral("1 z 1000"));
+    }
+
+    void anOrderThatAnotherDeskDeletedIsSkipped()
+    {
+        m_store->remove(2);
+        m_clerk->willPress({Qt::Key_Return});
+        press(Qt::Key_PageDown, Qt::ControlModifier);
+        QCOMPARE(m_clerk->heard(), QStringLiteral("Zamówienie zostało tymczasem usunięte."));
+        QCOMPARE(m_window->form().order().number, QStringLiteral("ZAM/2025/0003"));
+    }
+
+    void aLostDatabaseIsAMessage()
+    {
+        QFile::remove(file());
+        QSqlDatabase connection = m_store->connection();
+        connection.close();
+        m_clerk->willPress({Qt::Key_Return});
+        press(Qt::Key_PageDown, Qt::ControlModifier);
+        QVERIFY(m_clerk->heard().contains(QStringLiteral("Czytanie zamówienia")));
+        QVERIFY(m_window->isVisible());
+    }
+
+    void picturesShowEveryWindow()
+    {
+        m_clerk.reset(); // the photographer answers the messages
+        const QTemporaryDir folder;
+        QVERIFY(orders::takePictures(*m_window, folder.path()));
+        const QStringList files = QDir(folder.path()).entryList({QStringLiteral("*.png")});
+        QCOMPARE(files.join(u' '), QStringLiteral("list.png order.png question.png range.png search.png"));
+        for (const QString &name : files) {
+            const QImage picture(folder.filePath(name));
+            QVERIFY2(picture.width() > 700 && picture.height() > 400, qPrintable(name));
+        }
+        QVERIFY(m_store->order(100).has_value());
+        QVERIFY(!m_window->isWindowModified());
+    }
+
+private:
+    [[nodiscard]] QString file() const { return m_folder->filePath(QStringLiteral("zamówienia.sqlite")); }
+    template <class Widget>
+    Widget *part(const char *name) const
+    {
+        return m_window->findChild<Widget *>(QString::fromLatin1(name));
+    }
+    [[nodiscard]] KorNumber *number(const char *name) const { return part<KorNumber>(name); }
+    [[nodiscard]] QString position() const { return part<QLabel>("lblPosition")->text(); }
+    void focus(const char *name)
+    {
+        part<QWidget>(name)->setFocus(Qt::TabFocusReason);
+        kor::test::settle();
+    }
+    void start()
+    {
+        m_store = std::make_unique<OrderStore>(file());
+        m_window = std::make_unique<OrderWindow>(*m_store);
+        m_window->show();
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        kor::test::settle();
+    }
+    void restart()
+    {
+        m_window.reset();
+        m_store.reset();
+        start();
+    }
+
+    QTemporaryDir m_fresh;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<OrderStore> m_store;
+    std::unique_ptr<OrderWindow> m_window;
+    std::unique_ptr<Clerk> m_clerk;
+};
+
+QTEST_MAIN(tst_OrderWindow)
+#include "tst_orderwindow.moc"
