@@ -38,6 +38,7 @@ QString characterOf(int code, int shift)
 
 ComboBox::ComboBox(QWidget *parent) : QComboBox(parent), m_entries(new EntryModel(this))
 {
+    followStyle();
     // The toolkit selects the first entry of its own accord, unless it has something to show in place of none.
     setPlaceholderText(QStringLiteral(" "));
     setModel(m_entries);
@@ -45,7 +46,7 @@ ComboBox::ComboBox(QWidget *parent) : QComboBox(parent), m_entries(new EntryMode
     setMaxVisibleItems(visibleEntries);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // the other policies measure every name
     setMinimumContentsLength(usualLetters);
-    followStyle();
+    setIconSize({0, 0}); // that policy makes room for one
 
     auto *list = qobject_cast<QListView *>(view());
     list->setUniformItemSizes(true);

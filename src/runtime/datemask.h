@@ -68,6 +68,7 @@ private:
         char16_t literal;
     };
 
+    class PictureCompiler;
     void appendHalfOfDay(DatePart part);
     struct Fields;
     void writePart(Item item, const Fields &fields, const Locale &locale, MaskOutput &out) const;

@@ -10,13 +10,13 @@ namespace kor {
 
 namespace {
 
-//! Reads what to_chars wrote in scientific form: d.dddde+xx.
-Decimal fromScientific(const char *begin, const char *end)
+//! Reads what to_chars wrote in scientific form, d.dddde+xx, and cuts it to so many digits.
+Decimal fromScientific(const char *begin, const char *end, int digits)
 {
     Decimal result;
     const char *at = begin;
     for (; at != end && *at != 'e'; ++at) {
-        if (*at != '.')
+        if (*at != '.' && result.count < digits)
             result.digits[static_cast<std::size_t>(result.count++)] = *at;
     }
     int power = 0;
@@ -83,16 +83,17 @@ Decimal Decimal::fromDouble(double value)
         result = fromUnsigned(static_cast<quint64>(tenThousandths));
         result.exponent -= 4;
     } else {
-        std::array<char, 32> text;
+        std::array<char, 48> text;
+        char *const last = text.data() + text.size();
         // The shortest digits are the 15 wanted ones whenever there are no more than 15 of them; below the normal
         // range a Double no longer holds 15 digits and the shortest form is no guide.
-        auto end = std::to_chars(text.data(), text.data() + text.size(), magnitude, std::chars_format::scientific).ptr;
-        result = fromScientific(text.data(), end);
+        const char *end = std::to_chars(text.data(), last, magnitude, std::chars_format::scientific).ptr;
+        result = fromScientific(text.data(), end, 17);
         if (result.count > doubleDigits || magnitude < std::numeric_limits<double>::min()) {
-            end = std::to_chars(text.data(), text.data() + text.size(), magnitude, std::chars_format::scientific,
-                                doubleDigits - 1)
-                      .ptr;
-            result = fromScientific(text.data(), end);
+            // to_chars rounds halves to even, people round them up: cut behind the sixteenth of many digits.
+            end = std::to_chars(text.data(), last, magnitude, std::chars_format::scientific, 29).ptr;
+            result = fromScientific(text.data(), end, doubleDigits + 1);
+            result.keepDigits(doubleDigits);
         }
     }
     result.negative = value < 0;
