@@ -133,14 +133,20 @@ void FocusTracker::complain(const Move &move, const Complaint &complaint)
     exclaim(move.window, complaint.text, complaint.title);
     if (!move.from)
         return;
-    if (move.from->isEnabled() && move.from->isVisible()) {
+    const bool canGoBack = move.from->isEnabled() && move.from->isVisible();
+    if (canGoBack) {
         // Where the focus went meanwhile was never entered, so nobody there may complain in turn.
         std::erase_if(m_moves, [&](const Move &other) { return other.window == move.window; });
         putBack(move.from);
-        return;
     }
-    for (const auto &control : clientsAround(move.from))
-        clientOf(control)->controlLeft();
+    if (move.from && complaint.afterwards)
+        complaint.afterwards();
+    if (canGoBack)
+        return;
+    for (const auto &control : clientsAround(move.from)) {
+        if (control)
+            clientOf(control)->controlLeft();
+    }
 }
 
 void FocusTracker::putBack(QWidget *box)

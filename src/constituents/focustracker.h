@@ -9,6 +9,7 @@
 #include <QtWidgets/QWidget>
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -19,6 +20,7 @@ namespace kor {
 struct Complaint {
     QString text;
     QString title;
+    std::function<void()> afterwards = {}; //!< what is left to do when the user is back
 };
 
 //! How the focus came into a box: by the user's own move, or put back after a message or from the control's pop-up.

@@ -19,6 +19,9 @@ namespace kor {
 class TextBox final : public QLineEdit
 {
     Q_OBJECT
+    // What a pop-up writes its choice to, by name.
+    Q_PROPERTY(QString Text READ text WRITE setProgramText DESIGNABLE false STORED false)
+    Q_PROPERTY(bool Locked READ Locked WRITE setLocked DESIGNABLE false STORED false)
 
 public:
     //! Who answers copy, cut and paste, by key, context menu, drop or the middle button.

@@ -3,6 +3,7 @@
 #include <KorDaoUC/controlregistry.h>
 #include <KorDaoUC/korclick.h>
 #include <KorDaoUC/korcombo.h>
+#include <KorDaoUC/kordate.h>
 #include <KorDaoUC/kornumber.h>
 #include <KorDaoUC/korupdown.h>
 
@@ -19,6 +20,7 @@ void add(const char *name)
 //! The controls of the library, in its order.
 const bool controlsAdded = [] {
     add<KorNumber>("KorNumber");
+    add<KorDate>("KorDate");
     add<KorCombo>("KorCombo");
     add<KorClick>("KorClick");
     add<KorUpDown>("KorUpDown");

@@ -57,8 +57,8 @@ public:
     [[nodiscard]] int take();
 };
 
-//! From now on in this test function, any warning of the toolkit is a failure. The offscreen platform's own complaint
-//! about size hints says nothing about us.
+//! From now on in this test function, any warning of the toolkit is a failure. The offscreen platform's own complaints
+//! about what it has no windows for say nothing about us.
 void failOnWarnings();
 
 //! Lets everything that waits happen: queued focus changes, posted events.

@@ -1,0 +1,199 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/monthview.h"
+
+#include "constituents/errorguard.h"
+#include "constituents/keycodes.h"
+
+#include <KorDaoUC/clock.h>
+#include <KorDaoUC/format.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QPointer>
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QTextCharFormat>
+#include <QtWidgets/QSpinBox>
+#include <QtWidgets/QTableView>
+
+#include <array>
+#include <utility>
+
+namespace kor {
+
+namespace {
+
+//! The toolkit's locale that has the names of ours. Names that a host made up are found nowhere; Polish stands in.
+[[nodiscard]] QLocale namedLike(const Locale &locale)
+{
+    const std::array candidates{QLocale::system(), QLocale(QLocale::Polish, QLocale::Poland),
+                                QLocale(QLocale::English, QLocale::UnitedStates),
+                                QLocale(QLocale::German, QLocale::Germany)};
+    for (const QLocale &candidate : candidates) {
+        const Locale habits = Locale::fromQLocale(candidate);
+        if (candidate.language() != QLocale::C && habits.monthNames == locale.monthNames &&
+            habits.dayNames == locale.dayNames)
+            return candidate;
+    }
+    return candidates[1];
+}
+
+[[nodiscard]] QColor between(const QColor &one, const QColor &other)
+{
+    return QColor((one.red() + other.red()) / 2, (one.green() + other.green()) / 2, (one.blue() + other.blue()) / 2);
+}
+
+} // namespace
+
+MonthView::MonthView(const Locale &locale, QWidget *parent) : QCalendarWidget(parent), m_locale(locale)
+{
+    setLocale(namedLike(locale));
+    setFirstDayOfWeek(locale.firstDayOfWeek);
+    setVerticalHeaderFormat(QCalendarWidget::ISOWeekNumbers);
+    setDateEditEnabled(false); // digits are not dates here
+    setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
+    auto *days = findChild<QTableView *>();
+    m_days = days;
+    m_canvas = days->viewport();
+    m_days->installEventFilter(this);
+    m_canvas->installEventFilter(this);
+    colorDays();
+    connect(this, &QCalendarWidget::selectionChanged, this, [this] {
+        setAccessibleDescription(Format(selectedDate(), QStringLiteral("Long Date"), m_locale));
+        m_isValueChangePending = true;
+        m_isSelChangePending = m_origin == Origin::User;
+        if (m_selectingDepth == 0)
+            raisePending();
+    });
+    // Enter, which the toolkit takes for a double click, never gets that far.
+    connect(this, &QCalendarWidget::activated, this, [this] {
+        m_isDblClickPending = true;
+        if (m_selectingDepth == 0)
+            raisePending();
+    });
+}
+
+template <class Body>
+void MonthView::selecting(Body &&body)
+{
+    ++m_selectingDepth;
+    body();
+    --m_selectingDepth;
+    if (m_selectingDepth == 0)
+        raisePending();
+}
+
+void MonthView::raisePending()
+{
+    const QPointer<MonthView> self = this;
+    if (std::exchange(m_isValueChangePending, false))
+        Q_EMIT ValueChanged();
+    if (self && std::exchange(m_isSelChangePending, false))
+        Q_EMIT SelChange();
+    if (self && std::exchange(m_isDblClickPending, false))
+        Q_EMIT DblClick();
+}
+
+void MonthView::setValue(QDate day)
+{
+    selecting([&] {
+        const QScopedValueRollback byProgram(m_origin, Origin::Program);
+        setSelectedDate(day);
+        setCurrentPage(selectedDate().year(), selectedDate().month());
+    });
+}
+
+void MonthView::turnYears(int years)
+{
+    selecting([&] {
+        setSelectedDate(selectedDate().addYears(years));
+        setCurrentPage(selectedDate().year(), selectedDate().month());
+    });
+}
+
+bool MonthView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (m_selectingDepth > 0)
+        return QCalendarWidget::eventFilter(watched, event); // on its way to the calendar
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        if (watched != m_days)
+            break;
+        press(static_cast<QKeyEvent *>(event));
+        return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+        if (watched != m_canvas)
+            break;
+        guarded(this, [&] { selecting([&] { QCoreApplication::sendEvent(watched, event); }); });
+        return true;
+    default: break;
+    }
+    return QCalendarWidget::eventFilter(watched, event);
+}
+
+bool MonthView::isYearBeingTyped() const
+{
+    const auto *year = findChild<QSpinBox *>();
+    return year && year->hasFocus();
+}
+
+void MonthView::keyPressEvent(QKeyEvent *event)
+{
+    if (m_selectingDepth > 0)
+        event->accept(); // the days have seen it, and say of no key that they used it
+    else if (isYearBeingTyped())
+        QCalendarWidget::keyPressEvent(event);
+    else
+        press(event);
+}
+
+void MonthView::press(QKeyEvent *event)
+{
+    const QPointer<MonthView> self = this;
+    guarded(this, [&] {
+        int code = keyCode(*event);
+        int shift = shiftState(*event);
+        if (code != Key::None)
+            Q_EMIT KeyDown(code, shift);
+        if (!self || code == Key::None || code == Key::Enter || code == Key::Space)
+            return; // Enter and Space select nothing new
+        if (shift == ShiftState::Ctrl && (code == Key::PageUp || code == Key::PageDown))
+            turnYears(code == Key::PageUp ? -1 : 1);
+        else
+            selecting([&] { QCoreApplication::sendEvent(m_days, event); });
+    });
+    event->accept(); // a calendar keeps every key, so that none is taken twice
+}
+
+void MonthView::changeEvent(QEvent *event)
+{
+    QCalendarWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_days)
+        colorDays();
+}
+
+void MonthView::colorDays()
+{
+    // The toolkit's pure red for free days is too dark on a dark theme and too glaring on a light one.
+    QTextCharFormat freeDay;
+    freeDay.setForeground(between(palette().color(QPalette::Text), QColor(Qt::red)));
+    setWeekdayTextFormat(Qt::Saturday, freeDay);
+    setWeekdayTextFormat(Qt::Sunday, freeDay);
+}
+
+void MonthView::paintCell(QPainter *painter, const QRect &place, QDate day) const
+{
+    QCalendarWidget::paintCell(painter, place, day);
+    if (day != Clock::today())
+        return;
+    painter->save();
+    painter->setPen(QPen(palette().color(day == selectedDate() ? QPalette::HighlightedText : QPalette::Highlight), 1));
+    painter->drawRect(place.adjusted(1, 1, -2, -2));
+    painter->restore();
+}
+
+} // namespace kor

@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "date/frmmonth.h"
+
+#include "constituents/errorguard.h"
+#include "constituents/keycodes.h"
+#include "constituents/monthview.h"
+#include "date/placement.h"
+
+#include <KorDaoUC/format.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QVariant>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QScreen>
+#include <QtWidgets/QVBoxLayout>
+
+#include <optional>
+#include <utility>
+
+namespace kor {
+
+namespace {
+
+bool isHandedBack = false;
+
+[[nodiscard]] std::optional<QString> written(QDate day, const QString &mask, const Locale &locale)
+{
+    try {
+        return Format(day, mask, locale);
+    } catch (const RunTimeError &) {
+        return std::nullopt; // a mask that writes nothing leaves the field as it is
+    }
+}
+
+} // namespace
+
+frmMonth::frmMonth(const Locale &locale, QWidget *owner)
+    : QFrame(owner, Qt::Popup | Qt::FramelessWindowHint), m_locale(locale), m_view(new MonthView(locale, this))
+{
+    setObjectName(QStringLiteral("frmMonth"));
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setAccessibleName(QStringLiteral("Kalendarz"));
+    m_view->setObjectName(QStringLiteral("viewMonth"));
+    m_view->setAccessibleName(QStringLiteral("Kalendarz"));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view);
+    setFocusProxy(m_view);
+
+    connect(m_view, &MonthView::SelChange, this, [this] { guarded(this, [&] { writeDay(); }); });
+    connect(m_view, &MonthView::DblClick, this, [this] { guarded(this, [&] { handBack(); }); });
+    connect(m_view, &MonthView::KeyDown, this, [this](int &code, int &) { keyDown(code); });
+}
+
+QObject *frmMonth::viewMonthObject() const { return m_view; }
+
+bool frmMonth::takeHandedBack() { return std::exchange(isHandedBack, false); }
+
+void frmMonth::showBeside(const QWidget *control)
+{
+    const QRect place(control->mapToGlobal(QPoint(0, 0)), control->size());
+    const QScreen *screen = QGuiApplication::screenAt(place.center());
+    if (!screen)
+        screen = control->screen();
+    ensurePolished();
+    adjustSize();
+    move(placePopup(screen->availableGeometry(), place, size()));
+    show();
+    m_view->setFocus(Qt::PopupFocusReason);
+}
+
+void frmMonth::writeDay()
+{
+    // A field that has gone away, and one without the property, leave the calendar as it is.
+    if (!m_field || m_field->metaObject()->indexOfProperty("Text") < 0)
+        return;
+    if (const QVariant locked = m_field->property("Locked"); locked.typeId() == QMetaType::Bool && locked.value<bool>())
+        return;
+    if (const auto text = written(m_view->Value(), m_mask, m_locale))
+        m_field->setProperty("Text", *text);
+}
+
+void frmMonth::handBack()
+{
+    const QPointer<frmMonth> self = this;
+    writeDay();
+    isHandedBack = true;
+    if (self)
+        hide();
+}
+
+void frmMonth::keyDown(int &code)
+{
+    switch (code) {
+    case Key::Enter:
+    case Key::Space:
+        code = Key::None;
+        handBack();
+        break;
+    case Key::Escape:
+    case Key::Tab:
+    case Key::F4:
+        code = Key::None;
+        hide();
+        break;
+    default: break;
+    }
+}
+
+void frmMonth::keyPressEvent(QKeyEvent *event)
+{
+    // What came up from the year above the days, while that is being typed, is not meant for the days.
+    guarded(this, [&] {
+        int code = keyCode(*event);
+        if (!m_view->isAncestorOf(focusWidget()) || focusWidget()->inherits("QTableView"))
+            QCoreApplication::sendEvent(m_view, event);
+        else if (code != Key::Enter && code != Key::Space)
+            keyDown(code);
+    });
+    event->accept();
+}
+
+void frmMonth::mousePressEvent(QMouseEvent *event)
+{
+    // The press beside the window closes it and then goes to whatever it hit; on the button it has done its work.
+    const auto hits = [event](const QWidget *widget) {
+        return widget && widget->rect().contains(widget->mapFromGlobal(event->globalPosition().toPoint()));
+    };
+    setAttribute(Qt::WA_NoMouseReplay, hits(m_opener));
+    QFrame::mousePressEvent(event);
+}
+
+void frmMonth::hideEvent(QHideEvent *event)
+{
+    QFrame::hideEvent(event);
+    guarded(this, [&] { Q_EMIT Closed(); });
+}
+
+} // namespace kor

@@ -1,0 +1,752 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/eventlog.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/Clock>
+#include <KorDaoUC/KorDate>
+#include <KorDaoUC/Locale>
+#include <KorDaoUC/UserControl>
+#include <KorDaoUC/Variant>
+
+#include <QtGui/QScreen>
+#include <QtTest/QtTest>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QCalendarWidget>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QTableView>
+#include <QtWidgets/QToolButton>
+
+#include <memory>
+
+using namespace kor;
+using namespace kor::test;
+
+namespace {
+const QDate today(2024, 3, 5);
+}
+
+//! The month calendar of a date field: opening, picking, closing, its place on the screen.
+class tst_KorDateCalendar : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    // opening
+    void opensOn_data();
+    void opensOn();
+    void openingRaisesClickAndWritesNothing();
+    void theButtonOpensAndBringsTheFocus();
+    void aSecondClickClosesWithoutClick();
+    void aSecondF4Closes();
+    void openingIsNoLeaving();
+    void oneWindowIsReused();
+    void theMaskIsHandedOverAtEveryOpening();
+    void enabledClickFalseSwitchesOffButtonAndKey();
+    void aDisabledButtonSwallowsItsClicks();
+    void nothingOpensAtDesignTime();
+    void aFieldLeftWithAWrongDateKeepsTheCalendarShut();
+    void altF4IsNotTheCalendarsKey();
+
+    // picking
+    void arrowsWriteAsTheyGo();
+    void keysMove_data();
+    void keysMove();
+    void acceptingKeysWriteAndClose_data();
+    void acceptingKeysWriteAndClose();
+    void closingKeysWriteNothing_data();
+    void closingKeysWriteNothing();
+    void escapeAfterMovingKeepsTheLastDateAndDataChanged();
+    void acceptingTheSameDayKeepsDataChanged();
+    void escapeOnTheSameDayLeavesDataChangedFalse();
+    void valueIsReadWhenTheBoxIsLeft();
+    void aReturnFromTheCalendarIsNoNewEntry();
+    void doubleClickPicksTheDay();
+    void clickWritesTheDayAndStaysOpen();
+    void pagingByMouseSelectsNothing();
+    void aLockedFieldIsNotWrittenTo();
+    void keysSentToTheWindowReachTheCalendar();
+    void focusInTheBoxClosesTheCalendar();
+    void hidingTheFieldClosesTheCalendar();
+    void deletingTheFieldUnloadsTheCalendar();
+    void aFieldThatIsGoneLeavesTheCalendarAsItIs();
+
+    // looks
+    void namesAndWeeksFollowTheLocale_data();
+    void namesAndWeeksFollowTheLocale();
+    void todayIsMarked();
+    void daysAreReadableInEveryTheme_data();
+    void daysAreReadableInEveryTheme();
+    void opensWhollyOnTheScreen_data();
+    void opensWhollyOnTheScreen();
+    void isNamedForScreenReaders();
+
+private:
+    std::unique_ptr<Stage> m_owner;
+    Stage *m_stage = nullptr;
+    KorDate *m_date = nullptr;
+    QLineEdit *m_box = nullptr;
+    QAbstractButton *m_button = nullptr;
+
+    [[nodiscard]] bool enter(const QVariant &value = null());
+    [[nodiscard]] QWidget *month() const { return m_date->findChild<QWidget *>(QStringLiteral("frmMonth")); }
+    [[nodiscard]] QCalendarWidget *view() const
+    {
+        return m_date->findChild<QCalendarWidget *>(QStringLiteral("viewMonth"));
+    }
+    [[nodiscard]] bool isOpen() const { return month() && month()->isVisible(); }
+    //! A key where the keyboard is.
+    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    //! The middle of a day's cell, and what it is in.
+    [[nodiscard]] QPoint placeOf(QDate day) const;
+    [[nodiscard]] QWidget *days() const { return view()->findChild<QTableView *>()->viewport(); }
+};
+
+void tst_KorDateCalendar::init()
+{
+    failOnWarnings();
+    Locale::setSystemDefault(Locale::polish());
+    Clock::setSource([] { return today; });
+    m_owner = std::make_unique<Stage>();
+    m_stage = m_owner.get();
+    m_date = m_stage->place(new KorDate);
+    m_box = m_date->findChild<QLineEdit *>(QStringLiteral("txtDate"));
+    m_button = m_date->findChild<QAbstractButton *>(QStringLiteral("cmdDate"));
+}
+
+void tst_KorDateCalendar::cleanup() { m_owner.reset(); }
+
+bool tst_KorDateCalendar::enter(const QVariant &value)
+{
+    m_date->setValue(value);
+    m_date->setDataChanged(false);
+    if (!m_stage->open())
+        return false;
+    m_date->setFocus();
+    settle();
+    return QApplication::focusWidget() == m_box;
+}
+
+void tst_KorDateCalendar::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyPress(QApplication::focusWidget(), key, modifiers);
+}
+
+QPoint tst_KorDateCalendar::placeOf(QDate day) const
+{
+    const auto *table = view()->findChild<QTableView *>();
+    // The first row and column are titles; weeks begin with the locale's first day, and never with the first row.
+    const QDate first(view()->yearShown(), view()->monthShown(), 1);
+    const int offset = (first.dayOfWeek() - view()->firstDayOfWeek() + 7) % 7;
+    const int cell = (offset == 0 ? 7 : offset) + day.day() - 1;
+    return table->visualRect(table->model()->index(1 + cell / 7, 1 + cell % 7)).center();
+}
+
+// --- opening
+
+void tst_KorDateCalendar::opensOn_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QDate>("day");
+    // clang-format off
+    QTest::newRow("an empty field: today")         << QString()                    << today;
+    QTest::newRow("15.03.1999: that day")          << QStringLiteral("15.03.1999") << QDate(1999, 3, 15);
+    QTest::newRow("a date still loosely typed")    << QStringLiteral("1503,99")    << today;
+    QTest::newRow("six digits still unchecked")    << QStringLiteral("150399")     << QDate(1999, 3, 15);
+    QTest::newRow("a day that there is not: today")<< QStringLiteral("31.02.2001") << today;
+    QTest::newRow("an old day")                    << QStringLiteral("01.01.1066") << QDate(1066, 1, 1);
+    QTest::newRow("the last day")                  << QStringLiteral("31.12.9999") << QDate(9999, 12, 31);
+    // clang-format on
+}
+
+void tst_KorDateCalendar::opensOn()
+{
+    QFETCH(QString, text);
+    QFETCH(QDate, day);
+    QVERIFY(enter());
+    QTest::keyClicks(m_box, text);
+    press(Qt::Key_F4);
+    QVERIFY(isOpen());
+    QCOMPARE(view()->selectedDate(), day);
+    QCOMPARE(view()->property("Value"), QVariant(day));
+    QCOMPARE(view()->monthShown(), day.month());
+    QCOMPARE(view()->yearShown(), day.year());
+    QCOMPARE(m_box->text(), text);
+}
+
+void tst_KorDateCalendar::openingRaisesClickAndWritesNothing()
+{
+    QVERIFY(enter(QDate(1999, 3, 15)));
+    EventLog log(m_date);
+    press(Qt::Key_F4);
+    QVERIFY(isOpen());
+    QCOMPARE(log.take(), QStringLiteral("Click KeyDown(115,0)"));
+    QVERIFY(!m_date->DataChanged());
+}
+
+void tst_KorDateCalendar::theButtonOpensAndBringsTheFocus()
+{
+    QVERIFY(m_stage->open());
+    m_stage->button()->setFocus();
+    settle();
+    EventLog log(m_date);
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    QVERIFY(isOpen());
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+    press(Qt::Key_Escape);
+    QCOMPARE(QApplication::focusWidget(), m_box);
+}
+
+void tst_KorDateCalendar::aSecondClickClosesWithoutClick()
+{
+    QVERIFY(enter(QDate(1999, 3, 15)));
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    QVERIFY(isOpen());
+    EventLog log(m_date);
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    QVERIFY(!isOpen());
+    m_button->click();
+    QVERIFY(isOpen());
+    (void)log.take();
+    m_button->click();
+    QVERIFY(!isOpen());
+    QCOMPARE(log.take(), QString());
+    // As the window system does it: the press beside the open window goes to that window, and is not handed on.
+    m_button->click();
+    const QPoint onButton = m_button->mapToGlobal(m_button->rect().center());
+    QTest::mousePress(month(), Qt::LeftButton, {}, month()->mapFromGlobal(onButton));
+    QVERIFY(!isOpen());
+    QVERIFY(month()->testAttribute(Qt::WA_NoMouseReplay));
+}
+
+void tst_KorDateCalendar::aSecondF4Closes()
+{
+    QVERIFY(enter());
+    press(Qt::Key_F4);
+    QVERIFY(isOpen());
+    EventLog log(m_date);
+    press(Qt::Key_F4);
+    QVERIFY(!isOpen());
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_KorDateCalendar::openingIsNoLeaving()
+{
+    Messages messages;
+    QVERIFY(enter());
+    QTest::keyClicks(m_box, QStringLiteral("99")); // no date
+    EventLog log(m_date);
+    press(Qt::Key_F4);
+    settle();
+    QVERIFY(isOpen());
+    QCOMPARE(log.take(), QStringLiteral("Click KeyDown(115,0)"));
+    press(Qt::Key_Escape);
+    settle();
+    QCOMPARE(log.take(), QString());
+    QCOMPARE(m_box->text(), QStringLiteral("99"));
+    QVERIFY(messages.take().isEmpty());
+}
+
+void tst_KorDateCalendar::oneWindowIsReused()
+{
+    QVERIFY(enter());
+    press(Qt::Key_F4);
+    const QPointer<QWidget> first = month();
+    press(Qt::Key_Escape);
+    QVERIFY(first && !first->isVisible());
+    press(Qt::Key_F4);
+    QCOMPARE(month(), first.data());
+    QCOMPARE(m_date->findChildren<QWidget *>(QStringLiteral("frmMonth")).size(), 1);
+    QCOMPARE(month()->property("ParentControl").value<QObject *>(), m_box);
+    QCOMPARE(month()->property("viewMonth").value<QObject *>(), view());
+}
+
+void tst_KorDateCalendar::theMaskIsHandedOverAtEveryOpening()
+{
+    QVERIFY(enter());
+    press(Qt::Key_F4);
+    QCOMPARE(month()->property("DateMask"), QVariant(QStringLiteral("Short Date")));
+    press(Qt::Key_Escape);
+    m_date->setFormatMask(QStringLiteral("yyyy-MM-dd"));
+    press(Qt::Key_F4);
+    QCOMPARE(month()->property("DateMask"), QVariant(QStringLiteral("yyyy-MM-dd")));
+    press(Qt::Key_Return);
+    QCOMPARE(m_box->text(), QStringLiteral("2024-03-05"));
+}
+
+void tst_KorDateCalendar::enabledClickFalseSwitchesOffButtonAndKey()
+{
+    m_date->setEnabledClick(false);
+    QVERIFY(enter());
+    EventLog log(m_date);
+    press(Qt::Key_F4);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(115,0)"));
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    m_button->click();
+    QCOMPARE(log.take(), QString());
+    QVERIFY(!isOpen());
+}
+
+void tst_KorDateCalendar::aDisabledButtonSwallowsItsClicks()
+{
+    class Form : public QWidget
+    {
+    public:
+        int presses = 0;
+
+    protected:
+        void mousePressEvent(QMouseEvent *) override { ++presses; }
+        void mouseReleaseEvent(QMouseEvent *) override { ++presses; }
+        void mouseDoubleClickEvent(QMouseEvent *) override { ++presses; }
+    };
+    Form form;
+    form.resize(200, 60);
+    auto *date = new KorDate(&form);
+    date->resize(160, 26);
+    date->setEnabledClick(false);
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    auto *button = date->findChild<QWidget *>(QStringLiteral("cmdDate"));
+    QTest::mouseClick(button, Qt::LeftButton);
+    QTest::mouseDClick(button, Qt::LeftButton);
+    QCOMPARE(form.presses, 0);
+}
+
+void tst_KorDateCalendar::nothingOpensAtDesignTime()
+{
+    UserControl::setUserMode(m_stage, false);
+    QVERIFY(enter());
+    m_button->click();
+    press(Qt::Key_F4);
+    QVERIFY(!isOpen());
+}
+
+void tst_KorDateCalendar::aFieldLeftWithAWrongDateKeepsTheCalendarShut()
+{
+    Messages messages;
+    auto *second = m_stage->place(new KorDate);
+    QVERIFY(enter());
+    QTest::keyClicks(m_box, QStringLiteral("99"));
+    QTest::mouseClick(second->findChild<QWidget *>(QStringLiteral("cmdDate")), Qt::LeftButton);
+    settle();
+    QCOMPARE(messages.take().size(), 1);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QVERIFY(!QApplication::activePopupWidget());
+}
+
+void tst_KorDateCalendar::altF4IsNotTheCalendarsKey()
+{
+    QVERIFY(enter());
+    EventLog log(m_date);
+    press(Qt::Key_F4, Qt::AltModifier);
+    QVERIFY(!isOpen());
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(115,4)"));
+}
+
+// --- picking
+
+void tst_KorDateCalendar::arrowsWriteAsTheyGo()
+{
+    QVERIFY(enter(QDate(1999, 3, 15)));
+    press(Qt::Key_F4);
+    EventLog log(m_date);
+    press(Qt::Key_Right);
+    QCOMPARE(m_box->text(), QStringLiteral("16.03.1999"));
+    press(Qt::Key_Down);
+    QCOMPARE(m_box->text(), QStringLiteral("23.03.1999"));
+    QVERIFY(isOpen());
+    QCOMPARE(log.take(), QStringLiteral("Change Change")); // the calendar's keys are not the field's
+    QVERIFY(m_date->DataChanged());
+}
+
+void tst_KorDateCalendar::keysMove_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QDate>("day");
+    const int ctrl = Qt::ControlModifier;
+    // clang-format off
+    QTest::newRow("Left")           << int(Qt::Key_Left)     << 0    << QDate(2004, 2, 28);
+    QTest::newRow("Right")          << int(Qt::Key_Right)    << 0    << QDate(2004, 3, 1);
+    QTest::newRow("Up")             << int(Qt::Key_Up)       << 0    << QDate(2004, 2, 22);
+    QTest::newRow("Down")           << int(Qt::Key_Down)     << 0    << QDate(2004, 3, 7);
+    QTest::newRow("Page Up")        << int(Qt::Key_PageUp)   << 0    << QDate(2004, 1, 29);
+    QTest::newRow("Page Down")      << int(Qt::Key_PageDown) << 0    << QDate(2004, 3, 29);
+    QTest::newRow("Home")           << int(Qt::Key_Home)     << 0    << QDate(2004, 2, 1);
+    QTest::newRow("Ctrl+Page Up")   << int(Qt::Key_PageUp)   << ctrl << QDate(2003, 2, 28);
+    QTest::newRow("Ctrl+Page Down") << int(Qt::Key_PageDown) << ctrl << QDate(2005, 2, 28);
+    QTest::newRow("a digit")        << int(Qt::Key_5)        << 0    << QDate(2004, 2, 29);
+    // clang-format on
+}
+
+void tst_KorDateCalendar::keysMove()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(QDate, day);
+    QVERIFY(enter(QDate(2004, 2, 29)));
+    press(Qt::Key_F4);
+    press(static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(view()->selectedDate(), day);
+    QCOMPARE(view()->monthShown(), day.month());
+    QCOMPARE(view()->yearShown(), day.year());
+    QCOMPARE(m_box->text(), day.toString(QStringLiteral("dd.MM.yyyy")));
+    QVERIFY(isOpen());
+}
+
+void tst_KorDateCalendar::acceptingKeysWriteAndClose_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("Enter") << int(Qt::Key_Return);
+    QTest::newRow("keypad Enter") << int(Qt::Key_Enter);
+    QTest::newRow("Space") << int(Qt::Key_Space);
+}
+
+void tst_KorDateCalendar::acceptingKeysWriteAndClose()
+{
+    QFETCH(int, key);
+    QVERIFY(enter());
+    press(Qt::Key_F4);
+    EventLog log(m_date);
+    press(static_cast<Qt::Key>(key));
+    QVERIFY(!isOpen());
+    QCOMPARE(field(m_box), QStringLiteral("[05.03.2024]"));
+    QCOMPARE(QApplication::focusWidget(), m_box);
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+}
+
+void tst_KorDateCalendar::closingKeysWriteNothing_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("Escape") << int(Qt::Key_Escape);
+    QTest::newRow("Tab ends in the text box") << int(Qt::Key_Tab);
+    QTest::newRow("Shift+Tab") << int(Qt::Key_Backtab);
+    QTest::newRow("F4") << int(Qt::Key_F4);
+}
+
+void tst_KorDateCalendar::closingKeysWriteNothing()
+{
+    QFETCH(int, key);
+    QVERIFY(enter());
+    press(Qt::Key_F4);
+    EventLog log(m_date);
+    press(static_cast<Qt::Key>(key));
+    settle();
+    QVERIFY(!isOpen());
+    QCOMPARE(m_box->text(), QString());
+    QCOMPARE(QApplication::focusWidget(), m_box);
+    QCOMPARE(log.take(), QString());
+    QVERIFY(!m_date->DataChanged());
+}
+
+void tst_KorDateCalendar::escapeAfterMovingKeepsTheLastDateAndDataChanged()
+{
+    QVERIFY(enter(QDate(1999, 3, 15)));
+    press(Qt::Key_F4);
+    press(Qt::Key_Right);
+    press(Qt::Key_Escape);
+    QCOMPARE(m_box->text(), QStringLiteral("16.03.1999"));
+    press(Qt::Key_Tab);
+    settle();
+    QVERIFY(m_date->DataChanged());
+    QCOMPARE(m_date->Value(), QVariant(QDate(1999, 3, 16)));
+}
+
+void tst_KorDateCalendar::acceptingTheSameDayKeepsDataChanged()
+{
+    QVERIFY(enter(QDate(1999, 3, 15)));
+    press(Qt::Key_F4);
+    press(Qt::Key_Return); // a deliberate choice, though of the same day
+    press(Qt::Key_Tab);
+    settle();
+    QVERIFY(m_date->DataChanged());
+    // The choice counts for one leaving only.
+    m_date->setFocus();
+    settle();
+    press(Qt::Key_Tab);
+    settle();
+    QVERIFY(!m_date->DataChanged());
+}
+
+void tst_KorDateCalendar::escapeOnTheSameDayLeavesDataChangedFalse()
+{
+    QVERIFY(enter(QDate(1999, 3, 15)));
+    press(Qt::Key_F4);
+    press(Qt::Key_Right);
+    press(Qt::Key_Left);
+    press(Qt::Key_Escape);
+    press(Qt::Key_Tab);
+    settle();
+    QVERIFY(!m_date->DataChanged());
+}
+
+void tst_KorDateCalendar::valueIsReadWhenTheBoxIsLeft()
+{
+    QVERIFY(enter(QDate(1999, 3, 15)));
+    press(Qt::Key_F4);
+    press(Qt::Key_Right);
+    press(Qt::Key_Return);
+    QCOMPARE(m_date->Value(), QVariant(QDate(1999, 3, 15)));
+    press(Qt::Key_Tab);
+    settle();
+    QCOMPARE(m_date->Value(), QVariant(QDate(1999, 3, 16)));
+}
+
+void tst_KorDateCalendar::aReturnFromTheCalendarIsNoNewEntry()
+{
+    QVERIFY(enter(QDate(1999, 3, 15)));
+    press(Qt::Key_F4);
+    press(Qt::Key_Right);
+    press(Qt::Key_Escape);
+    QTest::keyClicks(m_box, QStringLiteral("15.03.1999")); // what stood there when the user came
+    press(Qt::Key_Tab);
+    settle();
+    QVERIFY(!m_date->DataChanged());
+}
+
+void tst_KorDateCalendar::doubleClickPicksTheDay()
+{
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    press(Qt::Key_F4);
+    const QPoint place = placeOf(QDate(2004, 2, 20));
+    QTest::mouseClick(days(), Qt::LeftButton, {}, place);
+    QCOMPARE(m_box->text(), QStringLiteral("20.02.2004"));
+    QVERIFY(isOpen());
+    QTest::mouseDClick(days(), Qt::LeftButton, {}, place);
+    QVERIFY(!isOpen());
+    QCOMPARE(field(m_box), QStringLiteral("[20.02.2004]"));
+}
+
+void tst_KorDateCalendar::clickWritesTheDayAndStaysOpen()
+{
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    press(Qt::Key_F4);
+    EventLog log(m_date);
+    QTest::mouseClick(days(), Qt::LeftButton, {}, placeOf(QDate(2004, 2, 1)));
+    QCOMPARE(m_box->text(), QStringLiteral("01.02.2004"));
+    QVERIFY(isOpen());
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+}
+
+void tst_KorDateCalendar::pagingByMouseSelectsNothing()
+{
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    press(Qt::Key_F4);
+    auto *next = view()->findChild<QToolButton *>(QStringLiteral("qt_calendar_nextmonth"));
+    QVERIFY(next);
+    QTest::mouseClick(next, Qt::LeftButton);
+    QCOMPARE(view()->monthShown(), 3);
+    QCOMPARE(m_box->text(), QStringLiteral("15.02.2004"));
+    QVERIFY(isOpen());
+}
+
+void tst_KorDateCalendar::aLockedFieldIsNotWrittenTo()
+{
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    m_date->setLocked(true);
+    EventLog log(m_date);
+    press(Qt::Key_F4);
+    QVERIFY(isOpen());
+    press(Qt::Key_Right);
+    press(Qt::Key_Return);
+    QVERIFY(!isOpen());
+    QCOMPARE(m_box->text(), QStringLiteral("15.02.2004"));
+    QCOMPARE(log.take(), QStringLiteral("Click KeyDown(115,0)"));
+}
+
+void tst_KorDateCalendar::keysSentToTheWindowReachTheCalendar()
+{
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    press(Qt::Key_F4);
+    QTest::keyPress(month(), Qt::Key_Right);
+    QCOMPARE(m_box->text(), QStringLiteral("16.02.2004"));
+    QTest::keyPress(view(), Qt::Key_Right);
+    QCOMPARE(m_box->text(), QStringLiteral("17.02.2004"));
+    QTest::keyPress(view(), Qt::Key_F9);
+    QVERIFY(isOpen());
+    QTest::keyPress(view(), Qt::Key_Escape);
+    QVERIFY(!isOpen());
+}
+
+void tst_KorDateCalendar::focusInTheBoxClosesTheCalendar()
+{
+    QVERIFY(enter());
+    press(Qt::Key_F4);
+    m_box->setFocus();
+    QVERIFY(!isOpen());
+    press(Qt::Key_F4);
+    QTest::mouseClick(m_box, Qt::LeftButton);
+    QVERIFY(!isOpen());
+}
+
+void tst_KorDateCalendar::hidingTheFieldClosesTheCalendar()
+{
+    QVERIFY(enter());
+    press(Qt::Key_F4);
+    m_date->hide();
+    QVERIFY(!isOpen());
+}
+
+void tst_KorDateCalendar::deletingTheFieldUnloadsTheCalendar()
+{
+    QVERIFY(enter());
+    press(Qt::Key_F4);
+    const QPointer<QWidget> window = month();
+    delete m_date;
+    QVERIFY(!window);
+    settle();
+}
+
+void tst_KorDateCalendar::aFieldThatIsGoneLeavesTheCalendarAsItIs()
+{
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    press(Qt::Key_F4);
+    QObject stranger; // has no "Text"
+    month()->setProperty("ParentControl", QVariant::fromValue<QObject *>(&stranger));
+    press(Qt::Key_Right);
+    QVERIFY(isOpen());
+    month()->setProperty("ParentControl", QVariant::fromValue<QObject *>(nullptr));
+    press(Qt::Key_Right);
+    QCOMPARE(view()->selectedDate(), QDate(2004, 2, 17));
+    QCOMPARE(m_box->text(), QStringLiteral("15.02.2004"));
+}
+
+// --- looks
+
+void tst_KorDateCalendar::namesAndWeeksFollowTheLocale_data()
+{
+    QTest::addColumn<Locale>("locale");
+    QTest::addColumn<QString>("month");
+    QTest::addColumn<int>("firstDay");
+    QTest::newRow("Polish") << Locale::polish() << QStringLiteral("luty") << int(Qt::Monday);
+    QTest::newRow("English") << Locale::english() << QStringLiteral("February") << int(Qt::Sunday);
+    QTest::newRow("German") << Locale::german() << QStringLiteral("Februar") << int(Qt::Monday);
+}
+
+void tst_KorDateCalendar::namesAndWeeksFollowTheLocale()
+{
+    QFETCH(Locale, locale);
+    QFETCH(int, firstDay);
+    delete m_date;
+    Locale::setSystemDefault(locale);
+    m_date = m_stage->place(new KorDate);
+    m_box = m_date->findChild<QLineEdit *>(QStringLiteral("txtDate"));
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    press(Qt::Key_F4);
+    QTEST(view()->findChild<QToolButton *>(QStringLiteral("qt_calendar_monthbutton"))->text(), "month");
+    QCOMPARE(int(view()->firstDayOfWeek()), firstDay);
+    QCOMPARE(view()->verticalHeaderFormat(), QCalendarWidget::ISOWeekNumbers);
+}
+
+void tst_KorDateCalendar::todayIsMarked()
+{
+    QVERIFY(enter(QDate(2024, 3, 20)));
+    press(Qt::Key_F4);
+    const auto picture = [this] { return days()->grab().toImage(); };
+    const QImage marked = picture();
+    Clock::setSource([] { return QDate(2024, 3, 12); });
+    days()->update();
+    const QImage movedOn = picture();
+    QVERIFY(marked != movedOn);
+    const auto cell = [this](const QImage &image, QDate day) {
+        QRect around(0, 0, 12, 12);
+        around.moveCenter(placeOf(day));
+        return image.copy(around.adjusted(-8, -4, 8, 4));
+    };
+    QCOMPARE(cell(marked, QDate(2024, 3, 27)), cell(movedOn, QDate(2024, 3, 27)));
+}
+
+void tst_KorDateCalendar::daysAreReadableInEveryTheme_data()
+{
+    QTest::addColumn<QColor>("paper");
+    QTest::addColumn<QColor>("ink");
+    QTest::newRow("light") << QColor(Qt::white) << QColor(Qt::black);
+    QTest::newRow("dark") << QColor(35, 35, 35) << QColor(240, 240, 240);
+}
+
+void tst_KorDateCalendar::daysAreReadableInEveryTheme()
+{
+    QFETCH(QColor, paper);
+    QFETCH(QColor, ink);
+    const QPalette before = QApplication::palette();
+    QPalette theme = before;
+    theme.setColor(QPalette::Base, paper);
+    theme.setColor(QPalette::Text, ink);
+    QApplication::setPalette(theme);
+    QVERIFY(enter());
+    press(Qt::Key_F4);
+    const auto luminance = [](const QColor &color) {
+        const auto channel = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+        return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF()) + 0.0722 * channel(color.blueF());
+    };
+    const auto contrast = [&](const QColor &one, const QColor &other) {
+        const auto [low, high] = std::minmax(luminance(one), luminance(other));
+        return (high + 0.05) / (low + 0.05);
+    };
+    for (const auto day : {Qt::Saturday, Qt::Sunday}) {
+        const QColor shown = view()->weekdayTextFormat(day).foreground().color();
+        QVERIFY2(contrast(shown, paper) >= 4.5, qPrintable(shown.name()));
+    }
+    press(Qt::Key_Escape);
+    QApplication::setPalette(before);
+}
+
+void tst_KorDateCalendar::opensWhollyOnTheScreen_data()
+{
+    QTest::addColumn<QPoint>("where"); // -1, 0, 1: at the left, in the middle, at the right
+    QTest::addColumn<bool>("isBelow");
+    // clang-format off
+    QTest::newRow("middle")       << QPoint(0, 0)   << true;
+    QTest::newRow("upper left")   << QPoint(-1, -1) << true;
+    QTest::newRow("top")          << QPoint(0, -1)  << true;
+    QTest::newRow("upper right")  << QPoint(1, -1)  << true;
+    QTest::newRow("left")         << QPoint(-1, 0)  << true;
+    QTest::newRow("right")        << QPoint(1, 0)   << true;
+    QTest::newRow("lower left")   << QPoint(-1, 1)  << false;
+    QTest::newRow("bottom")       << QPoint(0, 1)   << false;
+    QTest::newRow("lower right")  << QPoint(1, 1)   << false;
+    // clang-format on
+}
+
+void tst_KorDateCalendar::opensWhollyOnTheScreen()
+{
+    QFETCH(QPoint, where);
+    QFETCH(bool, isBelow);
+    m_stage->setWindowFlag(Qt::FramelessWindowHint);
+    m_stage->setFixedSize(180, 70);
+    QVERIFY(m_stage->open());
+    const QRect screen = m_stage->screen()->availableGeometry();
+    const QSize room = screen.size() - m_stage->size();
+    m_stage->move(screen.x() + room.width() * (where.x() + 1) / 2,
+                  screen.y() + room.height() * (where.y() + 1) / 2 - (where.y() == 0 ? 160 : 0));
+    QTRY_VERIFY(screen.contains(m_stage->frameGeometry()));
+    QTest::qWait(20);
+    QVERIFY(enter());
+    press(Qt::Key_F4);
+    QVERIFY(QTest::qWaitForWindowExposed(month()));
+    const QRect calendar = month()->frameGeometry();
+    const QRect control(m_date->mapToGlobal(QPoint(0, 0)), m_date->size());
+    QVERIFY2(screen.contains(calendar), qPrintable(QStringLiteral("%1,%2").arg(calendar.x()).arg(calendar.y())));
+    QCOMPARE(isBelow ? calendar.top() : calendar.bottom(), isBelow ? control.bottom() + 1 : control.top() - 1);
+    if (control.left() + calendar.width() <= screen.right())
+        QCOMPARE(calendar.left(), control.left());
+    else
+        QCOMPARE(calendar.right(), screen.right());
+}
+
+void tst_KorDateCalendar::isNamedForScreenReaders()
+{
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    press(Qt::Key_F4);
+    QCOMPARE(view()->accessibleName(), QStringLiteral("Kalendarz"));
+    QCOMPARE(view()->accessibleDescription(), QStringLiteral("15 lutego 2004"));
+    QCOMPARE(m_button->accessibleName(), QStringLiteral("Kalendarz"));
+    press(Qt::Key_Right);
+    QCOMPARE(view()->accessibleDescription(), QStringLiteral("16 lutego 2004"));
+}
+
+QTEST_MAIN(tst_KorDateCalendar)
+#include "tst_kordate_calendar.moc"

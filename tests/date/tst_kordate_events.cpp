@@ -1,0 +1,687 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/eventlog.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/Clock>
+#include <KorDaoUC/ControlRegistry>
+#include <KorDaoUC/ErrorHandler>
+#include <KorDaoUC/KorDate>
+#include <KorDaoUC/Locale>
+#include <KorDaoUC/PropertyBag>
+#include <KorDaoUC/RunTimeError>
+#include <KorDaoUC/Variant>
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+
+#include <memory>
+
+using namespace kor;
+using namespace kor::test;
+
+namespace {
+const QDate today(2024, 3, 5);
+}
+
+//! What the host of a date field hears, may change, and finds saved.
+class tst_KorDateEvents : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void aDigitRaisesDownPressChangeUp();
+    void aDroppedCharacterRaisesNoKeyPress();
+    void backspaceRaisesKeyPress();
+    void enterAndEscapeRaiseNoKeyPress();
+    void keysThatStepRaiseNoKeyDown_data();
+    void keysThatStepRaiseNoKeyDown();
+    void blockedArrowsAreHandedToTheHost_data();
+    void blockedArrowsAreHandedToTheHost();
+    void changeRewrittenOnLeavingComesFirst();
+    void hostMayChangeOrSuppressTheCharacter();
+    void hostMaySwallowOrTurnTheKey();
+    void swallowedKeysAreNotOfferedToTheForm();
+    void clicksComeInTheirOrder();
+    void aDisabledFieldRaisesNothing();
+    void deletionInsideAHandlerIsSafe_data();
+    void deletionInsideAHandlerIsSafe();
+    void deletionWhileLeavingIsSafe();
+    void errorsOfHandlersAreRaisedAsTheErrorEvent();
+
+    void aFreshFieldStoresTodayOnly();
+    void anEmptyFieldOfDefaultsStoresNothing();
+    void settingsAreWrittenInTheirOrder();
+    void settingsRoundTrip();
+    void loadingRewritesNeitherTextNorValue();
+    void loadingRaisesChangeOnceAndClearsTheFlag();
+    void currentDateIsWrittenOnLoadingWithTheMaskHeldSoFar();
+    void currentDateIsTakenOnTheFirstShowing();
+    void nullIsSavedAndLoadedAsNull();
+    void initPropertiesWritesTodayWithTheMaskHeldBefore();
+    void everyLetReportsItsProperty();
+    void outOfRangeEnumerationsAreRefused();
+    void everyMemberIsReachedByItsName();
+    void isTheSecondControlOfTheLibrary();
+    void oneBorderIsDrawnAroundBoxAndButton();
+    void borderChangesTheLayout();
+
+private:
+    std::unique_ptr<Stage> m_owner;
+    Stage *m_stage = nullptr;
+    KorDate *m_date = nullptr;
+    QLineEdit *m_box = nullptr;
+
+    [[nodiscard]] bool enter(const QVariant &value = null());
+};
+
+void tst_KorDateEvents::init()
+{
+    failOnWarnings();
+    Locale::setSystemDefault(Locale::polish());
+    Clock::setSource([] { return today; });
+    m_owner = std::make_unique<Stage>();
+    m_stage = m_owner.get();
+    m_date = m_stage->place(new KorDate);
+    m_box = m_date->findChild<QLineEdit *>(QStringLiteral("txtDate"));
+}
+
+void tst_KorDateEvents::cleanup() { m_owner.reset(); }
+
+bool tst_KorDateEvents::enter(const QVariant &value)
+{
+    m_date->setValue(value);
+    m_date->setDataChanged(false);
+    if (!m_stage->open())
+        return false;
+    m_date->setFocus();
+    settle();
+    return QApplication::focusWidget() == m_box;
+}
+
+void tst_KorDateEvents::aDigitRaisesDownPressChangeUp()
+{
+    QVERIFY(enter());
+    EventLog log(m_date);
+    QTest::keyClick(m_box, Qt::Key_7);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(55,0) KeyPress(55) Change KeyUp(55,0)"));
+    QVERIFY(m_date->DataChanged());
+}
+
+void tst_KorDateEvents::aDroppedCharacterRaisesNoKeyPress()
+{
+    QVERIFY(enter());
+    EventLog log(m_date);
+    QTest::keyClick(m_box, Qt::Key_A);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(65,0) KeyUp(65,0)"));
+    QVERIFY(!m_date->DataChanged());
+}
+
+void tst_KorDateEvents::backspaceRaisesKeyPress()
+{
+    QVERIFY(enter());
+    EventLog log(m_date);
+    QTest::keyClick(m_box, Qt::Key_Backspace);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(8,0) KeyPress(8) KeyUp(8,0)"));
+    QVERIFY(!m_date->DataChanged()); // nothing to erase
+    QTest::keyClick(m_box, Qt::Key_1);
+    (void)log.take();
+    QTest::keyClick(m_box, Qt::Key_Backspace);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(8,0) KeyPress(8) Change KeyUp(8,0)"));
+}
+
+void tst_KorDateEvents::enterAndEscapeRaiseNoKeyPress()
+{
+    QVERIFY(enter());
+    EventLog log(m_date);
+    QTest::keyClick(m_box, Qt::Key_Return);
+    QTest::keyClick(m_box, Qt::Key_Escape);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(13,0) KeyUp(13,0) KeyDown(27,0) KeyUp(27,0)"));
+}
+
+void tst_KorDateEvents::keysThatStepRaiseNoKeyDown_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("events");
+    // clang-format off
+    QTest::newRow("Up")         << int(Qt::Key_Up)       << 0                        << QStringLiteral("Change KeyUp(38,0)");
+    QTest::newRow("Down")       << int(Qt::Key_Down)     << 0                        << QStringLiteral("Change KeyUp(40,0)");
+    QTest::newRow("Ctrl+Up")    << int(Qt::Key_Up)       << int(Qt::ControlModifier) << QStringLiteral("Change KeyUp(38,2)");
+    QTest::newRow("Page Up")    << int(Qt::Key_PageUp)   << 0                        << QStringLiteral("Change KeyUp(33,0)");
+    QTest::newRow("Page Down")  << int(Qt::Key_PageDown) << 0                        << QStringLiteral("Change KeyUp(34,0)");
+    QTest::newRow("Insert")     << int(Qt::Key_Insert)   << 0                        << QStringLiteral("Change KeyUp(45,0)");
+    QTest::newRow("Left")       << int(Qt::Key_Left)     << 0                        << QStringLiteral("KeyDown(37,0) KeyUp(37,0)");
+    QTest::newRow("Home")       << int(Qt::Key_Home)     << 0                        << QStringLiteral("KeyDown(36,0) KeyUp(36,0)");
+    QTest::newRow("F5")         << int(Qt::Key_F5)       << 0                        << QStringLiteral("KeyDown(116,0) KeyUp(116,0)");
+    // clang-format on
+}
+
+void tst_KorDateEvents::keysThatStepRaiseNoKeyDown()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QVERIFY(enter(QDate(2003, 2, 1)));
+    EventLog log(m_date);
+    QTest::keyClick(m_box, static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers));
+    QTEST(log.take(), "events");
+}
+
+void tst_KorDateEvents::blockedArrowsAreHandedToTheHost_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("events");
+    QTest::addColumn<QString>("text");
+    const QString same = QStringLiteral("01.02.2003");
+    // clang-format off
+    QTest::newRow("Up")          << int(Qt::Key_Up)     << 0                        << QStringLiteral("KeyDown(38,0)") << same;
+    QTest::newRow("Down")        << int(Qt::Key_Down)   << 0                        << QStringLiteral("KeyDown(40,0)") << same;
+    QTest::newRow("Ctrl+Up")     << int(Qt::Key_Up)     << int(Qt::ControlModifier) << QStringLiteral("KeyDown(38,2)") << same;
+    QTest::newRow("Ctrl+Down")   << int(Qt::Key_Down)   << int(Qt::ControlModifier) << QStringLiteral("KeyDown(40,2)") << same;
+    QTest::newRow("Shift+Up")    << int(Qt::Key_Up)     << int(Qt::ShiftModifier)   << QStringLiteral("Change") << QStringLiteral("02.02.2003");
+    QTest::newRow("Alt+Down")    << int(Qt::Key_Down)   << int(Qt::AltModifier)     << QStringLiteral("Change") << QStringLiteral("31.01.2003");
+    QTest::newRow("Page Up")     << int(Qt::Key_PageUp) << 0                        << QStringLiteral("Change") << QStringLiteral("08.02.2003");
+    // clang-format on
+}
+
+void tst_KorDateEvents::blockedArrowsAreHandedToTheHost()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QVERIFY(enter(QDate(2003, 2, 1)));
+    m_date->setBlockUpDown(true);
+    setField(m_box, QStringLiteral("01.02|.2003"));
+    EventLog log(m_date);
+    QTest::keyPress(m_box, static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers));
+    QTEST(log.take(), "events");
+    QTEST(m_box->text(), "text");
+}
+
+void tst_KorDateEvents::changeRewrittenOnLeavingComesFirst()
+{
+    QVERIFY(enter());
+    QTest::keyClicks(m_box, QStringLiteral("010203"));
+    EventLog log(m_date);
+    log.ignore({QStringLiteral("KeyUp"), QStringLiteral("KeyDown")});
+    QTest::keyClick(m_box, Qt::Key_Tab);
+    settle();
+    QCOMPARE(log.take(), QStringLiteral("Change Change")); // of the rewritten text, then of leaving
+}
+
+void tst_KorDateEvents::hostMayChangeOrSuppressTheCharacter()
+{
+    QVERIFY(enter());
+    connect(m_date, &KorDate::KeyPress, m_date, [](int &ascii) {
+        if (ascii == '1')
+            ascii = '2';
+        else if (ascii == '3')
+            ascii = 0;
+    });
+    QTest::keyClicks(m_box, QStringLiteral("134"));
+    QCOMPARE(field(m_box), QStringLiteral("24|"));
+}
+
+void tst_KorDateEvents::hostMaySwallowOrTurnTheKey()
+{
+    QVERIFY(enter());
+    connect(m_date, &KorDate::KeyDown, m_date, [](int &code, int &) {
+        if (code == '1')
+            code = 0;
+        else if (code == 114) // F3
+            code = '7';
+    });
+    QTest::keyClicks(m_box, QStringLiteral("12"));
+    QTest::keyClick(m_box, Qt::Key_F3);
+    QCOMPARE(field(m_box), QStringLiteral("27|"));
+}
+
+void tst_KorDateEvents::swallowedKeysAreNotOfferedToTheForm()
+{
+    class Form : public QWidget
+    {
+    public:
+        QList<int> keys;
+
+    protected:
+        void keyPressEvent(QKeyEvent *event) override { keys << event->key(); }
+    };
+    Form form;
+    m_date->setParent(&form);
+    form.show();
+    form.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&form));
+    m_date->setFocus();
+    settle();
+    for (const auto key : {Qt::Key_Up, Qt::Key_PageDown, Qt::Key_Insert, Qt::Key_A, Qt::Key_Return, Qt::Key_5})
+        QTest::keyClick(m_box, key);
+    m_date->setBlockUpDown(true);
+    QTest::keyClick(m_box, Qt::Key_Down);
+    QVERIFY(form.keys.isEmpty());
+    QTest::keyClick(m_box, Qt::Key_F9);
+    QCOMPARE(form.keys, QList<int>{Qt::Key_F9});
+    delete m_date;
+}
+
+void tst_KorDateEvents::clicksComeInTheirOrder()
+{
+    QVERIFY(enter());
+    EventLog log(m_date);
+    log.ignore({QStringLiteral("MouseMove")});
+    QTest::mouseClick(m_box, Qt::LeftButton, Qt::ShiftModifier);
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,1) MouseUp(1,1) Click"));
+    QTest::mouseClick(m_box, Qt::RightButton);
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(2,0) MouseUp(2,0)"));
+}
+
+void tst_KorDateEvents::aDisabledFieldRaisesNothing()
+{
+    m_date->setEnabled(false);
+    QVERIFY(m_stage->open());
+    EventLog log(m_date);
+    QTest::mouseClick(m_box, Qt::LeftButton);
+    QTest::mouseClick(m_date->findChild<QWidget *>(QStringLiteral("cmdDate")), Qt::LeftButton);
+    QTest::keyClick(m_box, Qt::Key_F4);
+    settle();
+    QCOMPARE(log.take(), QString());
+    QVERIFY(!QApplication::activePopupWidget());
+}
+
+void tst_KorDateEvents::deletionInsideAHandlerIsSafe_data()
+{
+    QTest::addColumn<QString>("event");
+    QTest::addColumn<QString>("cause");
+    const auto row = [](const char *event, const char *cause) {
+        QTest::addRow("%s by %s", event, cause) << QString::fromLatin1(event) << QString::fromLatin1(cause);
+    };
+    for (const char *cause : {"key", "step", "step back", "today", "paste", "value", "text", "leaving"})
+        row("Change", cause);
+    for (const char *event : {"KeyDown", "KeyPress", "KeyUp"})
+        row(event, "key");
+    row("KeyDown", "blocked arrow");
+    for (const char *event : {"MouseDown", "MouseUp", "Click", "DblClick"})
+        row(event, "mouse");
+    for (const char *cause : {"button", "F4"})
+        row("Click", cause);
+    row("KeyDown", "F4");
+    for (const char *cause : {"arrow in the calendar", "Enter in the calendar", "year in the calendar"})
+        row("Change", cause);
+}
+
+void tst_KorDateEvents::deletionInsideAHandlerIsSafe()
+{
+    QFETCH(QString, event);
+    QFETCH(QString, cause);
+    QVERIFY(enter(QDate(2003, 2, 1)));
+    const QPointer<KorDate> date = m_date;
+    const QPointer<QLineEdit> box = m_box;
+    if (cause.contains(u"calendar"))
+        QTest::keyClick(m_box, Qt::Key_F4);
+    const QMetaObject *type = m_date->metaObject();
+    const auto drop = [date] { delete date.data(); };
+    connect(m_date, &KorDate::Change, this, [=] { event == u"Change" ? drop() : void(); });
+    connect(m_date, &KorDate::Click, this, [=] { event == u"Click" ? drop() : void(); });
+    connect(m_date, &KorDate::DblClick, this, [=] { event == u"DblClick" ? drop() : void(); });
+    connect(m_date, &KorDate::KeyDown, this, [=] { event == u"KeyDown" ? drop() : void(); });
+    connect(m_date, &KorDate::KeyPress, this, [=] { event == u"KeyPress" ? drop() : void(); });
+    connect(m_date, &KorDate::KeyUp, this, [=] { event == u"KeyUp" ? drop() : void(); });
+    connect(m_date, &KorDate::MouseDown, this, [=] { event == u"MouseDown" ? drop() : void(); });
+    connect(m_date, &KorDate::MouseUp, this, [=] { event == u"MouseUp" ? drop() : void(); });
+    QVERIFY(type->indexOfSignal("Change()") >= 0);
+
+    const auto press = [&box](Qt::Key key) {
+        QTest::keyPress(box, key);
+        if (box)
+            QTest::keyRelease(box, key);
+    };
+    const auto inCalendar = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyPress(QApplication::activePopupWidget()->focusWidget(), key, modifiers);
+    };
+    if (cause == u"key")
+        press(Qt::Key_3);
+    else if (cause == u"step")
+        press(Qt::Key_Up);
+    else if (cause == u"step back")
+        press(Qt::Key_Down);
+    else if (cause == u"today")
+        press(Qt::Key_Insert);
+    else if (cause == u"paste")
+        QTest::keyPress(box, Qt::Key_X, Qt::ControlModifier);
+    else if (cause == u"blocked arrow") {
+        m_date->setBlockUpDown(true);
+        press(Qt::Key_Up);
+    } else if (cause == u"value")
+        m_date->setValue(null());
+    else if (cause == u"text")
+        m_date->setText(QStringLiteral("02.02.2003"));
+    else if (cause == u"leaving")
+        press(Qt::Key_Tab);
+    else if (cause == u"button")
+        m_date->findChild<QAbstractButton *>(QStringLiteral("cmdDate"))->click();
+    else if (cause == u"F4")
+        press(Qt::Key_F4);
+    else if (cause == u"arrow in the calendar")
+        inCalendar(Qt::Key_Right);
+    else if (cause == u"year in the calendar")
+        inCalendar(Qt::Key_PageUp, Qt::ControlModifier);
+    else if (cause == u"Enter in the calendar") {
+        m_box->setCursorPosition(0);
+        m_date->setFormatMask(QStringLiteral("yyyy"));
+        inCalendar(Qt::Key_Escape);
+        settle();
+        QTest::keyPress(box, Qt::Key_F4);
+        inCalendar(Qt::Key_Return);
+    } else {
+        for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                                QEvent::MouseButtonRelease}) {
+            if (!box)
+                break;
+            const QPointF at(5, 5);
+            QMouseEvent mouse(kind, at, box->mapToGlobal(at), Qt::LeftButton,
+                              kind == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(box, &mouse);
+        }
+    }
+    settle();
+    QVERIFY(!date);
+}
+
+void tst_KorDateEvents::deletionWhileLeavingIsSafe()
+{
+    // The second Change of an empty field is raised when the control as a whole is left.
+    QVERIFY(enter());
+    const QPointer<KorDate> date = m_date;
+    int count = 0;
+    connect(m_date, &KorDate::Change, this, [&count, date] {
+        if (++count == 2)
+            delete date.data();
+    });
+    QTest::keyClick(m_box, Qt::Key_Tab);
+    settle();
+    QVERIFY(!date);
+    QCOMPARE(QApplication::focusWidget(), m_stage->button());
+}
+
+void tst_KorDateEvents::errorsOfHandlersAreRaisedAsTheErrorEvent()
+{
+    QVERIFY(enter());
+    connect(m_date, &KorDate::Change, this, [] { throw RunTimeError(ErrorNumber::Overflow); });
+    QList<int> numbers;
+    connect(m_date, &UserControl::Error, this, [&](int &number, QString &, bool &handled) {
+        numbers << number;
+        handled = true;
+    });
+    QTest::keyClick(m_box, Qt::Key_Up);
+    QCOMPARE(numbers, QList<int>{6});
+    QTest::keyClick(m_box, Qt::Key_F4);
+    QTest::keyClick(QApplication::activePopupWidget()->focusWidget(), Qt::Key_Right);
+    QCOMPARE(numbers, (QList<int>{6, 6}));
+}
+
+// --- settings
+
+namespace {
+
+QStringList keysOf(const PropertyBag &bag)
+{
+    QStringList keys;
+    for (const auto &[key, value] : bag.entries())
+        keys << key;
+    return keys;
+}
+
+void setEverything(KorDate &date)
+{
+    date.setBackColor(0x00C0FFFF);
+    date.setForeColor(0x00800000);
+    date.setEnabled(false);
+    QFont font = date.Font();
+    font.setBold(true);
+    font.setPointSize(13);
+    date.setFont(font);
+    date.setBorderStyle(BorderStyleType::None);
+    date.setText(QStringLiteral("15.03.1999"));
+    date.setWhatsThisHelpID(77);
+    date.setLocked(true);
+    date.setCurrentDate(false);
+    date.setBlockUpDown(true);
+    date.setAppearance(AppearanceType::Flat);
+    date.setEnabledClick(false);
+    date.setFormatMask(QStringLiteral("yyyy-MM-dd"));
+    date.setToolTipText(QStringLiteral("Data dostawy"));
+}
+
+} // namespace
+
+void tst_KorDateEvents::aFreshFieldStoresTodayOnly()
+{
+    PropertyBag bag;
+    KorDate fresh;
+    fresh.writeProperties(bag);
+    QCOMPARE(keysOf(bag), (QStringList{QStringLiteral("Text"), QStringLiteral("Value")}));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("Value")), QVariant(today));
+}
+
+void tst_KorDateEvents::anEmptyFieldOfDefaultsStoresNothing()
+{
+    KorDate loaded;
+    loaded.readProperties(PropertyBag());
+    QVERIFY(isNull(loaded.Value()));
+    QCOMPARE(loaded.Text(), QString());
+    PropertyBag again;
+    loaded.writeProperties(again);
+    QCOMPARE(keysOf(again), QStringList());
+}
+
+void tst_KorDateEvents::settingsAreWrittenInTheirOrder()
+{
+    KorDate date;
+    setEverything(date);
+    date.setCurrentDate(true);
+    PropertyBag bag;
+    date.writeProperties(bag);
+    QCOMPARE(
+        keysOf(bag).join(QLatin1Char(' ')),
+        QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Text Value WhatsThisHelpID Locked CurrentDate "
+                       "BlockUpDown Appearance EnabledClick FormatMask ToolTipText"));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("Value")), QVariant(QDate(1999, 3, 15)));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("Text")), QVariant(QStringLiteral("15.03.1999")));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("BorderStyle")).typeId(), int(QMetaType::Short));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("Appearance")).typeId(), int(QMetaType::Short));
+}
+
+void tst_KorDateEvents::settingsRoundTrip()
+{
+    KorDate date;
+    setEverything(date);
+    PropertyBag bag;
+    date.writeProperties(bag);
+    KorDate loaded;
+    loaded.readProperties(bag);
+    PropertyBag again;
+    loaded.writeProperties(again);
+    QCOMPARE(again, bag);
+    QCOMPARE(loaded.Text(), QStringLiteral("15.03.1999"));
+    QVERIFY(!loaded.EnabledClick());
+}
+
+void tst_KorDateEvents::loadingRewritesNeitherTextNorValue()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("Text"), QStringLiteral("kiedyś"));
+    bag.append(QStringLiteral("Value"), QDate(1999, 3, 15));
+    bag.append(QStringLiteral("FormatMask"), QStringLiteral("yyyy-MM-dd"));
+    KorDate date;
+    date.readProperties(bag);
+    QCOMPARE(date.Text(), QStringLiteral("kiedyś"));
+    QCOMPARE(date.Value(), QVariant(QDate(1999, 3, 15)));
+}
+
+void tst_KorDateEvents::loadingRaisesChangeOnceAndClearsTheFlag()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("Text"), QStringLiteral("15.03.1999"));
+    bag.append(QStringLiteral("Value"), QDate(1999, 3, 15));
+    KorDate date;
+    EventLog log(&date);
+    date.readProperties(bag);
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+    QVERIFY(!date.DataChanged());
+}
+
+void tst_KorDateEvents::currentDateIsWrittenOnLoadingWithTheMaskHeldSoFar()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("Text"), QStringLiteral("15.03.1999"));
+    bag.append(QStringLiteral("Value"), QDate(1999, 3, 15));
+    bag.append(QStringLiteral("CurrentDate"), true);
+    bag.append(QStringLiteral("FormatMask"), QStringLiteral("yyyy-MM-dd"));
+    KorDate date;
+    date.readProperties(bag);
+    QCOMPARE(date.Value(), QVariant(today));
+    QCOMPARE(date.Text(), QStringLiteral("05.03.2024")); // the saved mask is read only later
+    QCOMPARE(date.FormatMask(), QStringLiteral("yyyy-MM-dd"));
+    date.readProperties(bag);
+    QCOMPARE(date.Text(), QStringLiteral("2024-03-05"));
+}
+
+void tst_KorDateEvents::currentDateIsTakenOnTheFirstShowing()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("CurrentDate"), true);
+    m_date->readProperties(bag);
+    m_date->setValue(QDate(1999, 3, 15));
+    m_date->setDataChanged(false);
+    EventLog log(m_date);
+    QVERIFY(m_stage->open());
+    QCOMPARE(m_date->Value(), QVariant(today));
+    QCOMPARE(m_date->Text(), QStringLiteral("15.03.1999")); // not rewritten here
+    QVERIFY(m_date->DataChanged());
+    QCOMPARE(log.take(), QString());
+    m_date->setValue(QDate(1999, 3, 15));
+    m_date->setDataChanged(false);
+    m_stage->hide();
+    m_stage->show();
+    QCOMPARE(m_date->Value(), QVariant(QDate(1999, 3, 15)));
+    QVERIFY(!m_date->DataChanged());
+}
+
+void tst_KorDateEvents::nullIsSavedAndLoadedAsNull()
+{
+    KorDate date;
+    date.setValue(null());
+    PropertyBag bag;
+    date.writeProperties(bag);
+    QCOMPARE(keysOf(bag), QStringList());
+    KorDate loaded;
+    loaded.readProperties(bag);
+    QVERIFY(isNull(loaded.Value()));
+}
+
+void tst_KorDateEvents::initPropertiesWritesTodayWithTheMaskHeldBefore()
+{
+    KorDate date;
+    date.setFormatMask(QStringLiteral("yyyy-MM-dd"));
+    date.setCurrentDate(true);
+    date.setBlockUpDown(true);
+    date.setValue(QDate(1999, 3, 15));
+    date.initProperties();
+    QCOMPARE(date.Text(), QStringLiteral("2024-03-05"));
+    QCOMPARE(date.FormatMask(), QStringLiteral("Short Date"));
+    QVERIFY(!date.CurrentDate());
+    QVERIFY(!date.BlockUpDown());
+}
+
+void tst_KorDateEvents::everyLetReportsItsProperty()
+{
+    KorDate date;
+    QStringList reported;
+    connect(&date, &UserControl::PropertyChanged, this, [&](const QString &name) { reported << name; });
+    setEverything(date);
+    date.setValue(null());
+    QCOMPARE(reported.join(QLatin1Char(' ')),
+             QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Text WhatsThisHelpID Locked CurrentDate "
+                            "BlockUpDown Appearance EnabledClick FormatMask ToolTipText Value"));
+}
+
+void tst_KorDateEvents::outOfRangeEnumerationsAreRefused()
+{
+    KorDate date;
+    for (const char *name : {"BorderStyle", "Appearance"}) {
+        const QVariant before = date.property(name);
+        try {
+            date.setProperty(name, 7);
+            QFAIL(name);
+        } catch (const RunTimeError &error) {
+            QCOMPARE(error.number(), 380);
+        }
+        QCOMPARE(date.property(name), before);
+    }
+}
+
+void tst_KorDateEvents::everyMemberIsReachedByItsName()
+{
+    const std::unique_ptr<QObject> date(ControlRegistry::create(QStringLiteral("KorDate"), nullptr));
+    QVERIFY(date);
+    for (const char *name :
+         {"BackColor", "ForeColor", "Enabled", "Font", "BorderStyle", "Text", "Value", "WhatsThisHelpID", "Locked",
+          "DataChanged", "CurrentDate", "BlockUpDown", "Appearance", "EnabledClick", "FormatMask", "ToolTipText"}) {
+        QVERIFY2(date->metaObject()->indexOfProperty(name) >= 0, name);
+        QVERIFY2(date->property(name).isValid(), name);
+    }
+    QVERIFY(QMetaObject::invokeMethod(date.get(), "Refresh"));
+    QCOMPARE(date->metaObject()->userProperty().name(), "Value");
+    QVERIFY(date->setProperty("Value", QVariant(QDate(1999, 3, 15))));
+    QCOMPARE(date->property("Text"), QVariant(QStringLiteral("15.03.1999")));
+    QVERIFY(date->setProperty("Value", null()));
+    QVERIFY(isNull(date->property("Value")));
+
+    QStringList events;
+    const QMetaObject &type = KorDate::staticMetaObject;
+    for (int i = type.methodOffset(); i < type.methodCount(); ++i) {
+        if (type.method(i).methodType() == QMetaMethod::Signal)
+            events << QString::fromLatin1(type.method(i).methodSignature());
+    }
+    QCOMPARE(events.join(QLatin1Char(' ')),
+             QStringLiteral("Change() Click() DblClick() KeyDown(int&,int&) KeyPress(int&) KeyUp(int&,int&) "
+                            "MouseDown(int&,int&,float&,float&) MouseMove(int&,int&,float&,float&) "
+                            "MouseUp(int&,int&,float&,float&)"));
+}
+
+void tst_KorDateEvents::isTheSecondControlOfTheLibrary()
+{
+    const QStringList names = ControlRegistry::names();
+    QCOMPARE(names.mid(0, 2), (QStringList{QStringLiteral("KorNumber"), QStringLiteral("KorDate")}));
+}
+
+void tst_KorDateEvents::oneBorderIsDrawnAroundBoxAndButton()
+{
+    QVERIFY(m_stage->open());
+    const auto *frame = m_date->findChild<QWidget *>(QStringLiteral("picBack"));
+    const auto *button = m_date->findChild<QWidget *>(QStringLiteral("cmdDate"));
+    QVERIFY(frame && button);
+    QCOMPARE(frame->geometry(), m_date->rect());
+    QVERIFY(!m_box->hasFrame());
+    QVERIFY(!m_box->geometry().intersects(button->geometry()));
+    QVERIFY(frame->rect().contains(m_box->geometry() | button->geometry()));
+    QVERIFY(frame->rect() != (m_box->geometry() | button->geometry())); // the border is around them
+    QCOMPARE(m_date->focusProxy(), m_box);
+}
+
+void tst_KorDateEvents::borderChangesTheLayout()
+{
+    QVERIFY(m_stage->open());
+    const auto *frame = m_date->findChild<QWidget *>(QStringLiteral("picBack"));
+    const auto *button = m_date->findChild<QWidget *>(QStringLiteral("cmdDate"));
+    m_date->setBorderStyle(BorderStyleType::None);
+    QCOMPARE(m_box->geometry() | button->geometry(), frame->rect());
+    m_date->setBorderStyle(BorderStyleType::FixedSingle);
+    QVERIFY((m_box->geometry() | button->geometry()) != frame->rect());
+}
+
+QTEST_MAIN(tst_KorDateEvents)
+#include "tst_kordate_events.moc"
