@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/commandbutton.h"
 #include "constituents/fieldframe.h"
+#include "constituents/fieldlayout.h"
 #include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
 #include "constituents/monthview.h"
@@ -21,9 +22,7 @@
 #include <QtCore/QPointer>
 #include <QtGui/QFocusEvent>
 #include <QtGui/QShowEvent>
-#include <QtWidgets/QStyle>
 
-#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -489,11 +488,9 @@ void KorDate::layoutConstituents()
 {
     d->frame->setGeometry(rect());
     const QRect inside = d->frame->inside();
-    const int buttonWidth = std::min(d->button->widthBeside(inside.height()), inside.width() / 2);
-    const QRect buttonPlace(inside.right() - buttonWidth + 1, inside.top(), buttonWidth, inside.height());
-    const QRect boxPlace = inside.adjusted(0, 0, -buttonWidth, 0);
-    d->box->setGeometry(QStyle::visualRect(layoutDirection(), inside, boxPlace));
-    d->button->setGeometry(QStyle::visualRect(layoutDirection(), inside, buttonPlace));
+    const auto place = layoutField(inside, d->button->widthBeside(inside.height()), layoutDirection());
+    d->box->setGeometry(place.field);
+    d->button->setGeometry(place.end);
 }
 
 QSize KorDate::sizeHint() const

@@ -160,8 +160,8 @@ void tst_DateRules::stepping_data()
     QTest::newRow("a week back")                << QVariant(QDate(2003, 3, 7))   << -7 << QVariant(day);
     QTest::newRow("over day zero")              << QVariant(QDate(1899, 12, 29)) << 1  << QVariant(QDate(1899, 12, 30));
     QTest::newRow("back over day zero")         << QVariant(QDate(1899, 12, 31)) << -7 << QVariant(QDate(1899, 12, 24));
-    QTest::newRow("keeps the time of day")      << QVariant(QDateTime(day, QTime(8, 15))) << 1
-                                                << QVariant(QDateTime(QDate(2003, 3, 1), QTime(8, 15)));
+    QTest::newRow("keeps the time of day")      << QVariant(QDateTime(day, QTime(8, 15), Qt::UTC)) << 1
+                                                << QVariant(QDateTime(QDate(2003, 3, 1), QTime(8, 15), Qt::UTC));
     QTest::newRow("a day number")               << QVariant(37680)               << 1  << QVariant(day.addDays(1));
     QTest::newRow("a text that is a date")      << QVariant(QStringLiteral("28.02.2003")) << 1 << QVariant(QDate(2003, 3, 1));
     QTest::newRow("the last day stays")         << QVariant(QDate(9999, 12, 31)) << 1  << QVariant(QDate(9999, 12, 31));

@@ -51,7 +51,8 @@ int Beeps::take() { return std::exchange(beepCount, 0); }
 
 void failOnWarnings()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support (propagateSizeHints|raise|grabbing))")));
+    QTest::failOnWarning(
+        QRegularExpression(QStringLiteral("^(?!This plugin does not support (propagateSizeHints|raise|grabbing))")));
 }
 
 void settle()
