@@ -1,0 +1,207 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include <KorDaoUC/KorCombo>
+#include <KorDaoUC/SqlDatabase>
+
+#include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlDriver>
+#include <QtSql/QSqlQuery>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
+
+#include <benchmark/benchmark.h>
+#include <functional>
+#include <sqlite3.h>
+#include <string>
+#include <utility>
+#include <vector>
+
+// A drop-down list from the first row of its dictionary to the choice of an entry.
+
+namespace {
+
+const QString statementText = QStringLiteral("SELECT id, name FROM t");
+
+QSqlDatabase dictionary(qint64 rows)
+{
+    const QString name = QString::number(rows);
+    if (QSqlDatabase::contains(name))
+        return QSqlDatabase::database(name);
+    QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+    connection.setDatabaseName(QStringLiteral(":memory:"));
+    if (!connection.open())
+        qFatal("no SQLite");
+    QSqlQuery query(connection);
+    query.exec(QStringLiteral("CREATE TABLE t (id INTEGER PRIMARY KEY, name TEXT)"));
+    query.exec(QStringLiteral("WITH RECURSIVE i (x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM i WHERE x < %1) "
+                              "INSERT INTO t SELECT x, 'Odbiorca żółty nr ' || x FROM i")
+                   .arg(rows));
+    return connection;
+}
+
+void fill(KorCombo &combo, kor::SqlDatabase &database)
+{
+    combo.setdatabase(&database);
+    combo.setSQL(statementText);
+    combo.Refresh();
+}
+
+// --- filling
+
+void refresh(benchmark::State &state)
+{
+    kor::SqlDatabase database(dictionary(state.range()));
+    KorCombo combo;
+    fill(combo, database);
+    combo.setListIndex(combo.ListCount() / 2); // which Refresh selects again
+    for (auto _ : state)
+        combo.Refresh();
+    state.SetLabel("goal sqlite3 2.5; addItem 0.5");
+}
+
+void rawStepping(benchmark::State &state)
+{
+    const QSqlDatabase connection = dictionary(state.range());
+    auto *const handle = *static_cast<sqlite3 *const *>(connection.driver()->handle().constData());
+    for (auto _ : state) {
+        std::vector<std::pair<sqlite3_int64, std::string>> entries;
+        sqlite3_stmt *statement = nullptr;
+        sqlite3_prepare_v2(handle, "SELECT id, name FROM t", -1, &statement, nullptr);
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            entries.emplace_back(sqlite3_column_int64(statement, 0),
+                                 reinterpret_cast<const char *>(sqlite3_column_text(statement, 1)));
+        }
+        sqlite3_finalize(statement);
+        benchmark::DoNotOptimize(entries);
+    }
+}
+
+void addItem(benchmark::State &state)
+{
+    const QSqlDatabase connection = dictionary(state.range());
+    QComboBox combo;
+    for (auto _ : state) {
+        combo.clear();
+        QSqlQuery query(connection);
+        query.setForwardOnly(true);
+        query.exec(statementText);
+        while (query.next())
+            combo.addItem(query.value(1).toString(), query.value(0));
+        combo.setCurrentIndex(combo.count() / 2);
+    }
+}
+
+// --- opening
+
+//! The first opening, as after each filling; the layout of the entries is part of it.
+void openAndClose(benchmark::State &state, QWidget &window, QComboBox *box, const std::function<void()> &fillAgain)
+{
+    window.show();
+    for (auto _ : state) {
+        state.PauseTiming();
+        fillAgain();
+        QApplication::processEvents();
+        state.ResumeTiming();
+        box->showPopup();
+        QApplication::processEvents(); // it is painted, too
+        state.PauseTiming();
+        box->hidePopup();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
+void openOwn(benchmark::State &state)
+{
+    kor::SqlDatabase database(dictionary(state.range()));
+    QWidget window;
+    KorCombo combo(&window);
+    fill(combo, database);
+    openAndClose(state, window, combo.findChild<QComboBox *>(), [&] { combo.Refresh(); });
+    state.SetLabel("goal combo 0.05");
+}
+
+void openStock(benchmark::State &state)
+{
+    QStringList names;
+    for (int i = 1; i <= state.range(); ++i)
+        names << QStringLiteral("Odbiorca żółty nr %1").arg(i);
+    QWidget window;
+    QComboBox combo(&window);
+    openAndClose(state, window, &combo, [&] {
+        combo.clear();
+        combo.addItems(names);
+    });
+}
+
+// --- choosing
+
+void valueByKey(benchmark::State &state)
+{
+    kor::SqlDatabase database(dictionary(state.range()));
+    KorCombo combo;
+    fill(combo, database);
+    const int count = combo.ListCount();
+    int key = 1;
+    combo.setValue(count);
+    combo.setValue(count);
+    for (auto _ : state) {
+        key = (key + 7919) % count + 1;
+        combo.setValue(key);
+    }
+}
+
+void findData(benchmark::State &state)
+{
+    QComboBox combo;
+    const int count = static_cast<int>(state.range());
+    for (int i = 1; i <= count; ++i)
+        combo.addItem(QStringLiteral("Odbiorca żółty nr %1").arg(i), i);
+    int key = 1;
+    for (auto _ : state) {
+        key = (key + 7919) % count + 1;
+        combo.setCurrentIndex(combo.findData(key));
+    }
+}
+
+void create(benchmark::State &state)
+{
+    QWidget form;
+    for (auto _ : state)
+        delete new KorCombo(&form);
+}
+
+void createStock(benchmark::State &state)
+{
+    QWidget form;
+    for (auto _ : state)
+        delete new QComboBox(&form);
+}
+
+BENCHMARK(refresh)->Name("Refresh/kor")->RangeMultiplier(10)->Range(1'000, 100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(rawStepping)
+    ->Name("Refresh/peer:sqlite3")
+    ->RangeMultiplier(10)
+    ->Range(1'000, 100'000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(addItem)
+    ->Name("Refresh/peer:addItem")
+    ->RangeMultiplier(10)
+    ->Range(1'000, 100'000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(openOwn)->Name("OpenList/kor")->Arg(100'000)->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(openStock)->Name("OpenList/peer:combo")->Arg(100'000)->Unit(benchmark::kMillisecond)->Iterations(2);
+BENCHMARK(valueByKey)->Name("Value/kor")->RangeMultiplier(10)->Range(1'000, 100'000);
+BENCHMARK(findData)->Name("Value/peer:findData")->RangeMultiplier(10)->Range(1'000, 100'000);
+BENCHMARK(create)->Name("CreateCombo/kor")->Unit(benchmark::kMicrosecond);
+BENCHMARK(createStock)->Name("CreateCombo/peer:combo")->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
