@@ -33,6 +33,8 @@ TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
         else
             Q_EMIT Change();
     });
+    connect(this, &QLineEdit::textChanged, this, [this] { m_leftSelection.reset(); });
+    connect(this, &QLineEdit::cursorPositionChanged, this, [this] { m_leftSelection.reset(); });
 }
 
 template <class Body>
@@ -64,12 +66,25 @@ void TextBox::setTextKeepingCaret(const QString &text)
 
 void TextBox::setSelText(const QString &text)
 {
+    const Selection replaced = selection(); // which may be kept in mind only
+    setSelection(replaced.start, replaced.length);
     editing([&] { insert(text); });
 }
 
-int TextBox::SelStart() const { return hasSelectedText() ? selectionStart() : cursorPosition(); }
+TextBox::Selection TextBox::selection() const
+{
+    if (hasSelectedText())
+        return {selectionStart(), selectionLength()};
+    return m_leftSelection.value_or(Selection{cursorPosition(), 0});
+}
 
-void TextBox::setSelStart(int start) { setCursorPosition(std::clamp(start, 0, TextLength())); }
+int TextBox::SelStart() const { return selection().start; }
+
+void TextBox::setSelStart(int start)
+{
+    m_leftSelection.reset();
+    setCursorPosition(std::clamp(start, 0, TextLength()));
+}
 
 void TextBox::setSelLength(int length)
 {
@@ -133,6 +148,22 @@ bool TextBox::event(QEvent *event)
         }
     }
     return QLineEdit::event(event);
+}
+
+void TextBox::focusInEvent(QFocusEvent *event)
+{
+    const auto left = std::exchange(m_leftSelection, std::nullopt);
+    QLineEdit::focusInEvent(event);
+    if (left && event->reason() == Qt::OtherFocusReason)
+        setSelection(left->start, left->length);
+}
+
+void TextBox::focusOutEvent(QFocusEvent *event)
+{
+    const Selection before = selection();
+    QLineEdit::focusOutEvent(event);
+    if (before.length > 0 && !hasSelectedText())
+        m_leftSelection = before;
 }
 
 TextBox::ClipboardCommand TextBox::clipboardCommand(int code, int shift)

@@ -8,6 +8,8 @@
 
 #include <QtWidgets/QLineEdit>
 
+#include <optional>
+
 class QMenu;
 
 namespace kor {
@@ -37,9 +39,11 @@ public:
     //! The same with the caret kept where it is, as far as the new text reaches.
     void setTextKeepingCaret(const QString &text);
 
+    //! The selection, which the box keeps in mind while it is shown without it, because the focus is elsewhere.
     [[nodiscard]] int SelStart() const;
     void setSelStart(int start);
-    [[nodiscard]] int SelLength() const { return static_cast<int>(selectedText().size()); }
+    [[nodiscard]] int SelLength() const { return selection().length; }
+    [[nodiscard]] QString SelText() const { return text().mid(selection().start, selection().length); }
     void setSelLength(int length);
     //! Replaces the selection, as a program does: the caret goes behind the new text.
     void setSelText(const QString &text);
@@ -76,6 +80,8 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
@@ -90,6 +96,12 @@ protected:
 private:
     enum class ClipboardCommand { None, Copy, Cut, Paste };
     enum class Press { None, Single, Double };
+    struct Selection {
+        int start;
+        int length;
+    };
+
+    [[nodiscard]] Selection selection() const;
 
     [[nodiscard]] static ClipboardCommand clipboardCommand(int keyCode, int shift);
     //! The beginning of a text that MaxLength allows in place of the selection.
@@ -114,6 +126,7 @@ private:
     int m_maxLength = 0;
     int m_whatsThisHelpID = 0;
     Press m_press = Press::None;
+    std::optional<Selection> m_leftSelection; //!< what was selected when the focus went
     int m_editingDepth = 0;
     bool m_isChangePending = false;
 };

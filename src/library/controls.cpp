@@ -4,6 +4,7 @@
 #include <KorDaoUC/korclick.h>
 #include <KorDaoUC/korcombo.h>
 #include <KorDaoUC/kordate.h>
+#include <KorDaoUC/kormultitext.h>
 #include <KorDaoUC/kornumber.h>
 #include <KorDaoUC/korupdown.h>
 
@@ -24,6 +25,7 @@ const bool controlsAdded = [] {
     add<KorCombo>("KorCombo");
     add<KorClick>("KorClick");
     add<KorUpDown>("KorUpDown");
+    add<KorMultiText>("KorMultiText");
     return true;
 }();
 

@@ -190,7 +190,7 @@ void KorClick::setLocked(bool locked) { delegate("Locked", d->box, &TextBox::set
 int KorClick::SelLength() const { return d->box->SelLength(); }
 void KorClick::setSelLength(int length) { delegate("SelLength", d->box, &TextBox::setSelLength, length); }
 
-QString KorClick::SelText() const { return d->box->selectedText(); }
+QString KorClick::SelText() const { return d->box->SelText(); }
 void KorClick::setSelText(const QString &text) { delegate("SelText", d->box, &TextBox::setSelText, text); }
 
 int KorClick::SelStart() const { return d->box->SelStart(); }

@@ -457,6 +457,18 @@ void tst_KorClick::selectionIsDelegated()
     QCOMPARE(field(m_box), QStringLiteral("abX[f]"));
     m_click->setSelStart(1);
     QCOMPARE(field(m_box), QStringLiteral("a|bXf"));
+
+    // A host's button asks for the selection after the focus has come to it.
+    QVERIFY(enter());
+    setField(m_box, QStringLiteral("a[bc]d"));
+    m_stage->button()->setFocus();
+    settle();
+    QCOMPARE(field(m_box), QStringLiteral("abc|d")); // shown in one field at a time
+    QCOMPARE(m_click->SelStart(), 1);
+    QCOMPARE(m_click->SelText(), QStringLiteral("bc"));
+    m_click->setSelText(QStringLiteral("X"));
+    QCOMPARE(m_click->Text(), QStringLiteral("aXd"));
+    QCOMPARE(m_click->SelLength(), 0);
 }
 
 void tst_KorClick::buttonShowsItsText()

@@ -1,0 +1,189 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/multilinetextbox.h"
+
+#include "constituents/errorguard.h"
+#include "constituents/focustracker.h"
+#include "constituents/keycodes.h"
+#include "constituents/linebreaks.h"
+
+#include <QtCore/QMimeData>
+#include <QtCore/QPointer>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace kor {
+
+namespace {
+
+QString plainTextOf(const QTextDocument &document)
+{
+    // Not toPlainText(): it turns hard blanks into soft ones.
+    return document.toRawText().replace(QChar::ParagraphSeparator, u'\n');
+}
+
+} // namespace
+
+MultiLineTextBox::MultiLineTextBox(QWidget *parent) : QPlainTextEdit(parent)
+{
+    connect(this, &QPlainTextEdit::textChanged, this, [this] {
+        if (m_editingDepth > 0)
+            m_isChangePending = true;
+        else
+            Q_EMIT Change();
+    });
+}
+
+template <class Body>
+void MultiLineTextBox::editing(Body &&body)
+{
+    ++m_editingDepth;
+    body();
+    --m_editingDepth;
+    if (m_editingDepth == 0 && std::exchange(m_isChangePending, false))
+        Q_EMIT Change();
+}
+
+QString MultiLineTextBox::Text() const { return fromEditorText(plainTextOf(*document()), m_original); }
+
+void MultiLineTextBox::setProgramText(const QString &text)
+{
+    const bool isNew = text != Text();
+    editing([&] {
+        m_original = text;
+        setPlainText(toEditorText(text));
+        m_isChangePending = isNew;
+    });
+}
+
+int MultiLineTextBox::SelStart() const { return fromEditorPosition(Text(), textCursor().selectionStart()); }
+
+void MultiLineTextBox::setSelStart(int start)
+{
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(toEditorPosition(Text(), start));
+    setTextCursor(cursor);
+}
+
+int MultiLineTextBox::SelLength() const { return fromEditorPosition(Text(), textCursor().selectionEnd()) - SelStart(); }
+
+void MultiLineTextBox::setSelLength(int length)
+{
+    const QString text = Text();
+    const int start = SelStart();
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(toEditorPosition(text, start));
+    cursor.setPosition(toEditorPosition(text, start + std::max(0, length)), QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
+void MultiLineTextBox::setMaxLength(int length)
+{
+    if (length < 0)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    m_maxLength = length;
+}
+
+int MultiLineTextBox::room() const
+{
+    return m_maxLength == 0 ? std::numeric_limits<int>::max()
+                            : std::max(0, m_maxLength - static_cast<int>(Text().size()) + SelLength());
+}
+
+// --- keyboard
+
+void MultiLineTextBox::keyPressEvent(QKeyEvent *event)
+{
+    const QPointer<MultiLineTextBox> self = this;
+    event->accept();
+    guarded(this, [&] {
+        if (FocusTracker::instance().settle() && self)
+            press(event);
+    });
+}
+
+void MultiLineTextBox::press(QKeyEvent *event)
+{
+    const QPointer<MultiLineTextBox> self = this;
+    const int ownCode = keyCode(*event);
+    const int ownShift = shiftState(*event);
+    int code = ownCode;
+    int shift = ownShift;
+    if (ownCode != Key::None)
+        Q_EMIT KeyDown(code, shift);
+    if (!self || (code == Key::None && ownCode != Key::None))
+        return;
+    if (code != ownCode)
+        actAs(code, shift, event);
+    else if (const int ascii = keyAscii(*event))
+        offerCharacter(ascii, event);
+    else
+        editing([&] { QPlainTextEdit::keyPressEvent(event); });
+}
+
+void MultiLineTextBox::actAs(int code, int shift, QKeyEvent *event)
+{
+    if (const char16_t character = plainCharacter(code, shift); character && !(shift & ~ShiftState::Shift)) {
+        offerCharacter(character, event);
+    } else {
+        QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift));
+        editing([&] { QPlainTextEdit::keyPressEvent(&other); });
+    }
+}
+
+void MultiLineTextBox::offerCharacter(int ascii, QKeyEvent *event)
+{
+    const QPointer<MultiLineTextBox> self = this;
+    const int own = keyAscii(*event);
+    Q_EMIT KeyPress(ascii);
+    if (!self || ascii == 0 || isReadOnly())
+        return;
+    if (ascii == Key::Enter)
+        type(QStringLiteral("\n"));
+    else if (ascii >= Key::Space)
+        type(QString(QChar(static_cast<char16_t>(ascii))));
+    else if (ascii == own)
+        editing([&] { QPlainTextEdit::keyPressEvent(event); });
+}
+
+void MultiLineTextBox::type(const QString &text)
+{
+    const QString kept = m_maxLength == 0 ? text : QString(text).replace(u'\n', lineBreakOf(m_original));
+    if (kept.size() > room())
+        return;
+    editing([&] {
+        insertPlainText(text);
+        ensureCursorVisible();
+    });
+}
+
+void MultiLineTextBox::keyReleaseEvent(QKeyEvent *event)
+{
+    event->accept();
+    if (event->isAutoRepeat())
+        return;
+    guarded(this, [&] {
+        int code = keyCode(*event);
+        int shift = shiftState(*event);
+        if (code != Key::None)
+            Q_EMIT KeyUp(code, shift);
+    });
+}
+
+void MultiLineTextBox::insertFromMimeData(const QMimeData *source)
+{
+    guarded(this, [&] {
+        QString text = toEditorText(source->text());
+        const int left = room();
+        while (QString(text).replace(u'\n', lineBreakOf(m_original)).size() > left)
+            text.chop(1);
+        editing([&] { insertPlainText(text); });
+    });
+}
+
+} // namespace kor

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtWidgets/QPlainTextEdit>
+
+namespace kor {
+
+//! The multi-line text box of the controls: the toolkit's plain text editor with the classic order of events.
+//!
+//! Positions count the characters of `Text()`, in which line breaks stay written as they came in.
+class MultiLineTextBox final : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit MultiLineTextBox(QWidget *parent);
+
+    [[nodiscard]] QString Text() const;
+    //! Sets the text as a program does: the caret goes to 0, nothing is selected, Change is raised if it changed.
+    void setProgramText(const QString &text);
+    [[nodiscard]] int SelStart() const;
+    void setSelStart(int start);
+    [[nodiscard]] int SelLength() const;
+    void setSelLength(int length);
+    //! The most characters the user can type or paste; 0 is no limit. A program's text is never cut.
+    [[nodiscard]] int MaxLength() const { return m_maxLength; }
+    void setMaxLength(int length);
+
+Q_SIGNALS:
+    void Change();
+    void KeyDown(int &KeyCode, int &Shift);
+    void KeyPress(int &KeyAscii);
+    void KeyUp(int &KeyCode, int &Shift);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void insertFromMimeData(const QMimeData *source) override;
+
+private:
+    //! Runs what may change the text and raises Change when it is done.
+    template <class Body>
+    void editing(Body &&body);
+    void press(QKeyEvent *event);
+    void actAs(int keyCode, int shift, QKeyEvent *event);
+    //! Raises KeyPress for the character and types what the handlers make of it.
+    void offerCharacter(int keyAscii, QKeyEvent *event);
+    void type(const QString &text);
+    [[nodiscard]] int room() const;
+
+    QString m_original; //!< the program's text, for its line breaks
+    int m_maxLength = 0;
+    int m_editingDepth = 0;
+    bool m_isChangePending = false;
+};
+
+} // namespace kor

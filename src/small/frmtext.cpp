@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "small/frmtext.h"
+
+#include "constituents/errorguard.h"
+#include "constituents/keycodes.h"
+#include "constituents/multilinetextbox.h"
+#include "constituents/twips.h"
+#include "small/multitextrules.h"
+
+#include <QtGui/QMouseEvent>
+
+#include <algorithm>
+
+namespace kor {
+
+frmText::frmText(QWidget *owner) : QWidget(owner, Qt::Popup), m_text(new MultiLineTextBox(this))
+{
+    setObjectName(QStringLiteral("frmText"));
+    m_text->setObjectName(QStringLiteral("txtMulti"));
+    setFocusProxy(m_text);
+    setAttribute(Qt::WA_NoMouseReplay); // the click that closes the form does not open it again
+    connect(m_text, &MultiLineTextBox::KeyDown, this, &frmText::keyDown);
+}
+
+void frmText::load()
+{
+    // A window without height could not be shown at all.
+    resize(std::max(1, toPixelsX(this, m_parentWidth)), std::max(1, toPixelsY(this, m_windowHeight)));
+}
+
+void frmText::resizeEvent(QResizeEvent *) { m_text->setGeometry(rect()); }
+
+void frmText::keyDown(int &code, int &shift)
+{
+    const PopupKeyAnswer answer = judgePopupKey(code, shift);
+    if (answer == PopupKeyAnswer::Edit)
+        return;
+    code = Key::None;
+    const QPointer<frmText> self = this;
+    if (answer == PopupKeyAnswer::HandBack && m_control)
+        m_control->setProperty("Text", m_text->Text());
+    if (self)
+        dismiss();
+}
+
+void frmText::dismiss()
+{
+    const QPointer<frmText> self = this;
+    m_isClosing = true;
+    hide();
+    if (!self)
+        return;
+    m_isClosing = false;
+    Q_EMIT Closed();
+}
+
+void frmText::mousePressEvent(QMouseEvent *event)
+{
+    event->accept();
+    if (!rect().contains(event->position().toPoint()))
+        guarded(this, [this] { dismiss(); });
+}
+
+void frmText::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    if (m_isClosing || event->spontaneous())
+        return;
+    QMetaObject::invokeMethod(
+        this, [this] { guarded(this, [this] { Q_EMIT Closed(); }); }, Qt::QueuedConnection);
+}
+
+} // namespace kor

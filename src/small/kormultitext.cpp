@@ -1,0 +1,244 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/commandbutton.h"
+#include "constituents/fieldlayout.h"
+#include "constituents/focustracker.h"
+#include "constituents/multilinetextbox.h"
+#include "constituents/textbox.h"
+#include "constituents/twips.h"
+#include "frame/settings.h"
+#include "small/frmtext.h"
+#include "small/multitextrules.h"
+
+#include <KorDaoUC/kormultitext.h>
+
+#include <QtCore/QPointer>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
+
+#include <utility>
+
+using namespace kor;
+
+class KorMultiText::Private final : public FocusClient
+{
+public:
+    explicit Private(KorMultiText *control)
+        : q(control), box(new TextBox(control)), button(new CommandButton(CommandButton::Sign::Arrow, control))
+    {
+    }
+
+    void open();
+    void createPopup();
+    void fillPopup();
+    void placeAndShowPopup();
+    void popupClosed();
+    void takeBack();
+    void boxEntered(QWidget *entered, FocusEntry) override;
+
+    KorMultiText *q;
+    TextBox *box;
+    CommandButton *button;
+    frmText *popup = nullptr; //!< created at the first opening, then kept
+    bool isTextAway = false;  //!< the editor has the text, and the field takes it back at its next focus
+    OpenDirectionType direction = OpenDirectionType::Down;
+    short openLines = 5;
+    bool dirty = false;
+
+    static const SettingsTable<KorMultiText> settings;
+};
+
+const SettingsTable<KorMultiText> KorMultiText::Private::settings = {
+    {"BackColor", &KorMultiText::BackColor, &KorMultiText::setBackColor, WindowBackground},
+    {"ForeColor", &KorMultiText::ForeColor, &KorMultiText::setForeColor, WindowText},
+    {"Enabled", &KorMultiText::Enabled, &KorMultiText::setEnabled, true},
+    fontSetting<KorMultiText>(),
+    {"BorderStyle", &KorMultiText::BorderStyle, &KorMultiText::setBorderStyle, integer(1)},
+    {"Alignment", &KorMultiText::Alignment, &KorMultiText::setAlignment, integer(0)},
+    {"OpenDrection", &KorMultiText::OpenDrection, &KorMultiText::setOpenDrection, integer(1)},
+    {"EnabledClick", &KorMultiText::EnabledClick, &KorMultiText::setEnabledClick, true},
+    {"Text", &KorMultiText::Text, &KorMultiText::setText, QString()},
+    {"MaxLength", &KorMultiText::MaxLength, &KorMultiText::setMaxLength, 0},
+    {"OpenLines", &KorMultiText::OpenLines, &KorMultiText::setOpenLines, integer(5)},
+    // Last, so that the text that is loaded does not set it
+    {"DataChanged", &KorMultiText::DataChanged, &KorMultiText::setDataChanged, false},
+};
+
+KorMultiText::KorMultiText(QWidget *parent) : UserControl(parent), d(std::make_unique<Private>(this))
+{
+    d->box->setObjectName(QStringLiteral("txtText"));
+    d->button->setObjectName(QStringLiteral("cmdClick"));
+    setMainConstituent(d->box);
+    setFocusClient(d.get());
+
+    connect(d->box, &TextBox::Change, this, [this] {
+        d->dirty = true;
+        Q_EMIT Change();
+    });
+    connect(d->button, &CommandButton::Click, this, [this] { d->open(); });
+    connect(d->box, &TextBox::DblClick, this, &KorMultiText::DblClick);
+    connect(d->box, &TextBox::KeyDown, this, &KorMultiText::KeyDown);
+    connect(d->box, &TextBox::KeyPress, this, &KorMultiText::KeyPress);
+    connect(d->box, &TextBox::KeyUp, this, &KorMultiText::KeyUp);
+    connect(d->box, &TextBox::MouseDown, this, &KorMultiText::MouseDown);
+    connect(d->box, &TextBox::MouseMove, this, &KorMultiText::MouseMove);
+    connect(d->box, &TextBox::MouseUp, this, &KorMultiText::MouseUp);
+    initProperties();
+}
+
+KorMultiText::~KorMultiText() = default;
+
+void KorMultiText::initProperties()
+{
+    d->direction = OpenDirectionType::Down;
+    d->openLines = 5;
+    d->dirty = false;
+}
+
+void KorMultiText::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
+void KorMultiText::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+
+void KorMultiText::layoutConstituents()
+{
+    const auto place = layoutField(rect(), d->button->widthBeside(height()), layoutDirection());
+    d->box->setGeometry(place.field);
+    d->button->setGeometry(place.end);
+}
+
+QSize KorMultiText::sizeHint() const
+{
+    const QSize box = d->box->sizeHint();
+    return {box.width() + d->button->widthBeside(box.height()), box.height()};
+}
+
+// --- the editor
+
+void KorMultiText::Private::open()
+{
+    if (!q->UserMode())
+        return;
+    if (!popup)
+        createPopup();
+    fillPopup();
+    placeAndShowPopup();
+}
+
+void KorMultiText::Private::createPopup()
+{
+    popup = new frmText(q);
+    const auto width = static_cast<float>(q->width() * twipsPerPixelX(q));
+    const auto lineHeight = static_cast<float>(box->height() * twipsPerPixelY(box));
+    popup->setProperty("ParentWidth", width);
+    popup->setProperty("WindowHeight", static_cast<float>(openLines) * lineHeight);
+    // Kept: size and limit are those of the first opening; hosts that set them later have always met the old ones
+    popup->txtMulti()->setMaxLength(box->MaxLength());
+    popup->load();
+    popup->setParentControl(q);
+    connect(popup, &frmText::Closed, q, [this] { popupClosed(); });
+}
+
+void KorMultiText::Private::fillPopup()
+{
+    MultiLineTextBox *text = popup->txtMulti();
+    text->setFont(box->font());
+    text->setPalette(box->palette());
+    text->setProgramText(box->text());
+    text->setSelStart(box->SelStart());
+    text->setSelLength(box->SelLength());
+    isTextAway = true;
+}
+
+void KorMultiText::Private::placeAndShowPopup()
+{
+    const QRect control(q->mapToGlobal(QPoint(0, 0)), q->size());
+    const QScreen *screen = QGuiApplication::screenAt(control.center());
+    if (!screen)
+        screen = q->screen();
+    popup->setGeometry(QRect(placeTextPopup(control, popup->size(), screen->geometry()), popup->size()));
+    popup->show();
+    popup->txtMulti()->setFocus(Qt::PopupFocusReason);
+}
+
+void KorMultiText::Private::popupClosed()
+{
+    if (isTextAway && box->isVisible() && box->isEnabled() && q->isActiveWindow())
+        FocusTracker::instance().putBack(box);
+    else
+        takeBack(); // the user is in another window by now, and the text must not be lost
+}
+
+void KorMultiText::Private::boxEntered(QWidget *entered, FocusEntry)
+{
+    if (entered == box)
+        takeBack();
+}
+
+void KorMultiText::Private::takeBack()
+{
+    if (!std::exchange(isTextAway, false))
+        return;
+    const QPointer<KorMultiText> self = q;
+    const QString text = popup->txtMulti()->Text();
+    const int start = popup->txtMulti()->SelStart();
+    const int length = popup->txtMulti()->SelLength();
+    const auto show = [&](const QString &shown) {
+        box->setProgramText(shown);
+        if (!self)
+            return;
+        box->setSelStart(start);
+        box->setSelLength(length);
+    };
+    show(text);
+    if (self && box->text().endsWith(u'\t'))
+        show(box->text().chopped(1));
+    if (self)
+        popup->hide();
+}
+
+// --- properties
+
+BorderStyleType KorMultiText::BorderStyle() const { return d->box->BorderStyle(); }
+void KorMultiText::setBorderStyle(BorderStyleType style)
+{
+    delegate("BorderStyle", d->box, &TextBox::setBorderStyle, style);
+}
+
+AlignmentType KorMultiText::Alignment() const { return d->box->Alignment(); }
+void KorMultiText::setAlignment(AlignmentType side) { delegate("Alignment", d->box, &TextBox::setAlignment, side); }
+
+OpenDirectionType KorMultiText::OpenDrection() const { return d->direction; }
+
+void KorMultiText::setOpenDrection(OpenDirectionType direction)
+{
+    if (direction != OpenDirectionType::Up && direction != OpenDirectionType::Down)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    d->direction = direction;
+    propertyChanged("OpenDrection");
+}
+
+bool KorMultiText::EnabledClick() const { return d->button->isEnabledTo(this); }
+void KorMultiText::setEnabledClick(bool enabled) { delegate("EnabledClick", d->button, &QWidget::setEnabled, enabled); }
+
+QString KorMultiText::Text() const { return d->box->text(); }
+void KorMultiText::setText(const QString &text) { delegate("Text", d->box, &TextBox::setProgramText, text); }
+
+int KorMultiText::MaxLength() const { return d->box->MaxLength(); }
+void KorMultiText::setMaxLength(int length) { delegate("MaxLength", d->box, &TextBox::setMaxLength, length); }
+
+short KorMultiText::OpenLines() const { return d->openLines; }
+
+void KorMultiText::setOpenLines(short lines)
+{
+    if (lines < 0)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    d->openLines = lines;
+    propertyChanged("OpenLines");
+}
+
+bool KorMultiText::DataChanged() const { return d->dirty; }
+
+void KorMultiText::setDataChanged(bool changed)
+{
+    d->dirty = changed;
+    propertyChanged("DataChanged");
+}

@@ -1,0 +1,571 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/deletion.h"
+#include "support/eventlog.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/KorMultiText>
+#include <KorDaoUC/PropertyBag>
+#include <KorDaoUC/RunTimeError>
+
+#include <QtGui/QClipboard>
+#include <QtGui/QScreen>
+#include <QtTest/QtTest>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QPlainTextEdit>
+
+#include <memory>
+
+using namespace kor;
+using namespace kor::test;
+
+//! The multi-line text field and its pop-up editor, driven by keyboard and mouse.
+class tst_KorMultiText : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+
+    void theEditorIsCreatedAtTheFirstPress();
+    void textCaretAndSelectionGoOverAndBack();
+    void closingKeysGiveTheTextBack_data();
+    void closingKeysGiveTheTextBack();
+    void aClickOutsideActsLikeEscape();
+    void aSecondClickOnTheButtonOnlyCloses();
+    void plainArrowsAndEnterEdit();
+    void aTrailingTabIsDropped();
+    void onlyOneTrailingTabIsDropped();
+    void eachOpeningArmsOneTakingBack();
+    void reopeningShowsTheFieldsTextAgain();
+    void lineBreaksComeBackAsTheyCameIn();
+    void hardBlanksComeBack();
+    void editorIsParentWidthByWindowHeight();
+    void sizeIsThatOfTheFirstOpening();
+    void noLinesAskForNoHeight();
+    void placementAtTheScreensEdges_data();
+    void placementAtTheScreensEdges();
+    void maxLengthLimitsTheEditorToo();
+    void enabledClickSwitchesTheButton();
+    void nothingOpensAtDesignTime();
+    void everyChangeSetsDataChanged();
+    void eventsComeFromTheField();
+    void editorFollowsColorsAndFont();
+    void deletionInsideAHandlerIsSafe_data();
+    void deletionInsideAHandlerIsSafe();
+
+    void settingsAreWrittenInTheirOrder();
+    void settingsRoundTrip();
+    void defaultsAreStoredNowhere();
+    void storedFlagWinsOverTheLoadedText();
+    void outOfRangeIsRefused();
+
+private:
+    std::unique_ptr<Stage> m_stage;
+    KorMultiText *m_text = nullptr;
+    QLineEdit *m_box = nullptr;
+    QAbstractButton *m_button = nullptr;
+    [[nodiscard]] bool open();
+    [[nodiscard]] QWidget *popup() const { return m_text->findChild<QWidget *>(QStringLiteral("frmText")); }
+    [[nodiscard]] QPlainTextEdit *editor() const
+    {
+        return m_text->findChild<QPlainTextEdit *>(QStringLiteral("txtMulti"));
+    }
+};
+
+void tst_KorMultiText::init()
+{
+    // The offscreen platform says of every pop-up what it can't do.
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin)")));
+    m_stage = std::make_unique<Stage>();
+    m_text = m_stage->place(new KorMultiText);
+    m_box = m_text->findChild<QLineEdit *>(QStringLiteral("txtText"));
+    m_button = m_text->findChild<QAbstractButton *>(QStringLiteral("cmdClick"));
+}
+
+bool tst_KorMultiText::open()
+{
+    if (!m_stage->isVisible() && !m_stage->open())
+        return false;
+    settle();
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    settle();
+    return popup() && popup()->isVisible() && QApplication::focusWidget() == editor();
+}
+
+void tst_KorMultiText::theEditorIsCreatedAtTheFirstPress()
+{
+    QVERIFY(!popup());
+    QVERIFY(open());
+    const QPointer<QWidget> first = popup();
+    QCOMPARE(first->property("ParentControl").value<QObject *>(), m_text);
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    QVERIFY(!first->isVisible());
+    QVERIFY(open());
+    QCOMPARE(popup(), first.data());
+}
+
+void tst_KorMultiText::textCaretAndSelectionGoOverAndBack()
+{
+    m_text->setText(QStringLiteral("Proszę dzwonić"));
+    m_box->setSelection(2, 3);
+    QVERIFY(open());
+    QCOMPARE(editor()->toPlainText(), QStringLiteral("Proszę dzwonić"));
+    QCOMPARE(editor()->textCursor().selectionStart(), 2);
+    QCOMPARE(editor()->textCursor().selectionEnd(), 5);
+    QTest::keyClicks(editor(), QStringLiteral("X"));
+    QTest::keyClick(editor(), Qt::Key_Right, Qt::ShiftModifier);
+    EventLog log(m_text);
+    QTest::keyClick(editor(), Qt::Key_F4);
+    settle();
+    QCOMPARE(field(m_box), QStringLiteral("PrX[ę] dzwonić"));
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+}
+
+void tst_KorMultiText::closingKeysGiveTheTextBack_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::newRow("Escape") << int(Qt::Key_Escape) << 0;
+    QTest::newRow("Tab") << int(Qt::Key_Tab) << 0;
+    QTest::newRow("Shift+Tab") << int(Qt::Key_Backtab) << int(Qt::ShiftModifier);
+    QTest::newRow("F4") << int(Qt::Key_F4) << 0;
+    QTest::newRow("Alt+Up") << int(Qt::Key_Up) << int(Qt::AltModifier);
+    QTest::newRow("Alt+Down") << int(Qt::Key_Down) << int(Qt::AltModifier);
+}
+
+void tst_KorMultiText::closingKeysGiveTheTextBack()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QVERIFY(open());
+    QTest::keyClicks(editor(), QStringLiteral("nowy"));
+    QCOMPARE(m_text->Text(), QString()); // not yet
+    EventLog log(m_text);
+    QTest::keyClick(editor(), static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers));
+    settle();
+    QVERIFY(!popup()->isVisible());
+    QCOMPARE(field(m_box), QStringLiteral("nowy|"));
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+    QCOMPARE(QApplication::focusWidget(), m_box);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("!"));
+    QCOMPARE(m_text->Text(), QStringLiteral("nowy!"));
+}
+
+void tst_KorMultiText::aClickOutsideActsLikeEscape()
+{
+    QVERIFY(open());
+    QTest::keyClicks(editor(), QStringLiteral("nowy"));
+    QTest::mouseClick(popup(), Qt::LeftButton, {}, QPoint(-20, -60));
+    settle();
+    QVERIFY(!popup()->isVisible());
+    QCOMPARE(m_text->Text(), QStringLiteral("nowy"));
+    QCOMPARE(QApplication::focusWidget(), m_box);
+}
+
+void tst_KorMultiText::aSecondClickOnTheButtonOnlyCloses()
+{
+    QVERIFY(open());
+    // As the window system sends it: to the window under the pointer, while the pop-up is open.
+    QTest::mouseClick(m_stage->windowHandle(), Qt::LeftButton, {},
+                      m_button->mapTo(m_stage.get(), m_button->rect().center()));
+    settle();
+    QVERIFY(!popup()->isVisible());
+    QCOMPARE(QApplication::focusWidget(), m_box);
+    QVERIFY(open());
+}
+
+void tst_KorMultiText::plainArrowsAndEnterEdit()
+{
+    QVERIFY(open());
+    QTest::keyClicks(editor(), QStringLiteral("ab"));
+    QTest::keyClick(editor(), Qt::Key_Return);
+    QTest::keyClicks(editor(), QStringLiteral("c"));
+    QTest::keyClick(editor(), Qt::Key_Up);
+    QTest::keyClicks(editor(), QStringLiteral("X"));
+    QTest::keyClick(editor(), Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY(popup()->isVisible());
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    QCOMPARE(m_text->Text(), QStringLiteral("ab\nc"));
+}
+
+void tst_KorMultiText::aTrailingTabIsDropped()
+{
+    QVERIFY(open());
+    editor()->insertPlainText(QStringLiteral("abc\t")); // pasted, as the key itself closes the editor
+    EventLog log(m_text);
+    QTest::keyClick(editor(), Qt::Key_F4);
+    settle();
+    QCOMPARE(field(m_box), QStringLiteral("abc|"));
+    QCOMPARE(log.take(), QStringLiteral("Change Change"));
+}
+
+void tst_KorMultiText::onlyOneTrailingTabIsDropped()
+{
+    QVERIFY(open());
+    editor()->insertPlainText(QStringLiteral("a\tb\t\t"));
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    QCOMPARE(m_text->Text(), QStringLiteral("a\tb\t"));
+}
+
+void tst_KorMultiText::eachOpeningArmsOneTakingBack()
+{
+    QVERIFY(open());
+    QTest::keyClicks(editor(), QStringLiteral("pierwszy"));
+    QTest::keyClick(editor(), Qt::Key_Tab);
+    settle();
+    m_text->setText(QStringLiteral("z programu"));
+    m_stage->button()->setFocus();
+    settle();
+    m_text->setFocus();
+    settle();
+    QCOMPARE(m_text->Text(), QStringLiteral("z programu"));
+}
+
+void tst_KorMultiText::reopeningShowsTheFieldsTextAgain()
+{
+    QVERIFY(open());
+    QTest::keyClicks(editor(), QStringLiteral("pierwszy"));
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    m_text->setText(QStringLiteral("drugi"));
+    QVERIFY(open());
+    QCOMPARE(editor()->toPlainText(), QStringLiteral("drugi"));
+}
+
+void tst_KorMultiText::lineBreaksComeBackAsTheyCameIn()
+{
+    const QString stored = QStringLiteral("jeden\r\ndwa\r\ntrzy");
+    m_text->setText(stored);
+    m_box->setSelection(7, 3); // "dwa"
+    EventLog log(m_text);
+    QVERIFY(open());
+    QCOMPARE(editor()->textCursor().selectedText(), QStringLiteral("dwa"));
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    QCOMPARE(m_text->Text(), stored);
+    QCOMPARE(m_box->selectedText(), QStringLiteral("dwa"));
+    QCOMPARE(log.take(), QString());
+    QVERIFY(open());
+    QTest::keyClick(editor(), Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClick(editor(), Qt::Key_Return);
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    QCOMPARE(m_text->Text(), stored + QStringLiteral("\r\n"));
+}
+
+void tst_KorMultiText::hardBlanksComeBack()
+{
+    const QString stored = QStringLiteral("1\u00A0234,50 zł");
+    m_text->setText(stored);
+    QVERIFY(open());
+    QTest::keyClick(editor(), Qt::Key_Tab);
+    settle();
+    QCOMPARE(m_text->Text(), stored);
+}
+
+void tst_KorMultiText::editorIsParentWidthByWindowHeight()
+{
+    m_text->setOpenLines(7);
+    QVERIFY(open());
+    QCOMPARE(popup()->size(), QSize(m_text->width(), 7 * m_box->height()));
+    const float twipsPerPixel = 1440.0F / static_cast<float>(m_text->logicalDpiX());
+    QCOMPARE(popup()->property("ParentWidth").value<float>(), static_cast<float>(m_text->width()) * twipsPerPixel);
+    QCOMPARE(popup()->property("WindowHeight").value<float>(), static_cast<float>(7 * m_box->height()) * twipsPerPixel);
+    QCOMPARE(editor()->size(), popup()->size());
+}
+
+void tst_KorMultiText::sizeIsThatOfTheFirstOpening()
+{
+    QVERIFY(open());
+    const QSize size = popup()->size();
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    m_text->setOpenLines(9);
+    m_text->setMaxLength(2);
+    m_text->resize(220, 40);
+    QVERIFY(open());
+    QCOMPARE(popup()->size(), size);
+    QTest::keyClicks(editor(), QStringLiteral("12345"));
+    QCOMPARE(editor()->toPlainText(), QStringLiteral("12345"));
+}
+
+void tst_KorMultiText::noLinesAskForNoHeight()
+{
+    m_text->setOpenLines(0);
+    QVERIFY(open());
+    QCOMPARE(popup()->property("WindowHeight").value<float>(), 0.0F);
+    QVERIFY(popup()->height() <= 1);
+    QTest::keyClicks(editor(), QStringLiteral("ok"));
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    QCOMPARE(m_text->Text(), QStringLiteral("ok"));
+}
+
+void tst_KorMultiText::placementAtTheScreensEdges_data()
+{
+    QTest::addColumn<QString>("edge");
+    for (const char *edge : {"middle", "top", "bottom", "left", "right", "bottom right"})
+        QTest::newRow(edge) << QString::fromLatin1(edge);
+}
+
+void tst_KorMultiText::placementAtTheScreensEdges()
+{
+    QFETCH(QString, edge);
+    m_stage->setWindowFlag(Qt::FramelessWindowHint);
+    m_text->setGeometry(0, 0, 160, 26);
+    m_stage->setFixedSize(160, 120);
+    const QRect screen = m_stage->screen()->geometry();
+    QPoint at = screen.center();
+    if (edge.contains(QLatin1String("top")))
+        at.setY(screen.top());
+    if (edge.contains(QLatin1String("bottom"))) {
+        at.setY(screen.bottom() + 1 - 120);
+        m_text->move(0, 94);
+    }
+    if (edge.contains(QLatin1String("left")))
+        at.setX(screen.left() + 2); // the offscreen platform lets no window come nearer
+    if (edge.contains(QLatin1String("right")))
+        at.setX(screen.right() + 1 - 160);
+    m_stage->move(at);
+    QVERIFY(m_stage->open());
+    QTRY_COMPARE(m_stage->pos(), at);
+    QVERIFY(open());
+    const QRect control(m_text->mapToGlobal(QPoint(0, 0)), m_text->size());
+    const QRect place = popup()->geometry();
+    QVERIFY2(screen.contains(place), QTest::toString(place));
+    QCOMPARE(place.left(), control.left());
+    if (edge.contains(QLatin1String("bottom")))
+        QCOMPARE(place.bottom() + 1, control.top());
+    else
+        QCOMPARE(place.top(), control.bottom() + 1);
+
+    // Now wider than the control, which only a control that has shrunk since the first opening can see.
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    const bool isAtRight = edge.contains(QLatin1String("right"));
+    m_text->setGeometry(isAtRight ? 100 : 0, m_text->y(), 60, 26);
+    QVERIFY(open());
+    const int left = m_text->mapToGlobal(QPoint(0, 0)).x();
+    QCOMPARE(popup()->geometry().x(), isAtRight ? left - (160 - 60) : left);
+    QVERIFY(screen.contains(popup()->geometry()));
+}
+
+void tst_KorMultiText::maxLengthLimitsTheEditorToo()
+{
+    m_text->setMaxLength(5);
+    QVERIFY(open());
+    QTest::keyClicks(editor(), QStringLiteral("1234567"));
+    QTest::keyClick(editor(), Qt::Key_Return);
+    QCOMPARE(editor()->toPlainText(), QStringLiteral("12345"));
+    editor()->selectAll();
+    QApplication::clipboard()->setText(QStringLiteral("abcdefgh"));
+    QTest::keyClick(editor(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(editor()->toPlainText(), QStringLiteral("abcde"));
+}
+
+void tst_KorMultiText::enabledClickSwitchesTheButton()
+{
+    m_text->setEnabledClick(false);
+    QVERIFY(!m_button->isEnabled());
+    QVERIFY(!open());
+    QVERIFY(!popup());
+    m_text->setEnabledClick(true);
+    QVERIFY(open());
+}
+
+void tst_KorMultiText::nothingOpensAtDesignTime()
+{
+    UserControl::setUserMode(m_stage.get(), false);
+    QVERIFY(!open());
+    QVERIFY(!popup());
+}
+
+void tst_KorMultiText::everyChangeSetsDataChanged()
+{
+    QVERIFY(!m_text->DataChanged());
+    QVERIFY(open());
+    QTest::keyClicks(editor(), QStringLiteral("a"));
+    QVERIFY(!m_text->DataChanged());
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    QVERIFY(m_text->DataChanged());
+    m_text->setDataChanged(false);
+    QTest::keyClicks(m_box, QStringLiteral("b"));
+    QVERIFY(m_text->DataChanged());
+    m_text->setDataChanged(false);
+    m_text->setText(QStringLiteral("c"));
+    QVERIFY(m_text->DataChanged());
+}
+
+void tst_KorMultiText::eventsComeFromTheField()
+{
+    QVERIFY(open());
+    EventLog log(m_text);
+    log.ignore({QStringLiteral("MouseMove")});
+    QTest::keyClicks(editor(), QStringLiteral("a"));
+    QCOMPARE(log.take(), QString()); // the editor's keys are its own
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+    QTest::keyClick(m_box, Qt::Key_F4);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(115,0) KeyUp(115,0)"));
+    QTest::keyClick(m_box, Qt::Key_B);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(66,0) KeyPress(98) Change KeyUp(66,0)"));
+    QTest::mouseClick(m_box, Qt::LeftButton);
+    QTest::mouseDClick(m_box, Qt::LeftButton);
+    QTest::mouseRelease(m_box, Qt::LeftButton);
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0) DblClick MouseUp(1,0)"));
+}
+
+void tst_KorMultiText::editorFollowsColorsAndFont()
+{
+    QFont font = m_text->Font();
+    font.setPointSize(17);
+    m_text->setFont(font);
+    m_text->setBackColor(0x0000FFFF);
+    m_text->setForeColor(0x000000FF);
+    QVERIFY(open());
+    QCOMPARE(editor()->font().pointSize(), 17);
+    QCOMPARE(editor()->palette().color(QPalette::Base), QColor(Qt::yellow));
+    QCOMPARE(editor()->palette().color(QPalette::Text), QColor(Qt::red));
+}
+
+void tst_KorMultiText::deletionInsideAHandlerIsSafe_data()
+{
+    QTest::addColumn<QString>("event");
+    for (const char *event : {"Change by Tab", "Change by Escape", "Change by tab dropped", "Change by outside click",
+                              "Change by typing", "KeyDown", "KeyPress", "KeyUp", "MouseDown", "MouseUp", "DblClick"})
+        QTest::newRow(event) << QString::fromLatin1(event);
+}
+
+void tst_KorMultiText::deletionInsideAHandlerIsSafe()
+{
+    QFETCH(QString, event);
+    QVERIFY(open());
+    const QPointer<QLineEdit> box = m_box;
+    const QPointer<QPlainTextEdit> text = editor();
+    const QString way = event.section(QLatin1Char(' '), 2);
+    if (way.isEmpty() || way == u"typing") {
+        QTest::keyClick(text, Qt::Key_Escape);
+        settle();
+    } else {
+        editor()->insertPlainText(way == u"tab dropped" ? QStringLiteral("\t") : QStringLiteral("x"));
+    }
+    const DeletionOn deletion(m_text, event.section(QLatin1Char(' '), 0, 0));
+    QVERIFY(deletion.isListening());
+    if (way == u"Tab" || way == u"Escape" || way == u"tab dropped") {
+        QTest::keyPress(text, way == u"Tab" ? Qt::Key_Tab : Qt::Key_Escape);
+    } else if (way == u"outside click") {
+        QMouseEvent press(QEvent::MouseButtonPress, QPointF(-50, -90), QPointF(1, 1), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(popup(), &press);
+    } else if (event.startsWith(u"Key") || way == u"typing") {
+        QTest::keyPress(box, Qt::Key_3);
+        if (box)
+            QTest::keyRelease(box, Qt::Key_3);
+    } else {
+        for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
+            if (!box)
+                break;
+            const QPointF at(5, 5);
+            QMouseEvent mouse(kind, at, box->mapToGlobal(at), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+            QApplication::sendEvent(box, &mouse);
+        }
+    }
+    settle();
+    QVERIFY(deletion.isDone());
+}
+
+// --- settings
+
+namespace {
+
+QString keysOf(const PropertyBag &bag)
+{
+    QStringList keys;
+    for (const auto &[key, value] : bag.entries())
+        keys << key;
+    return keys.join(QLatin1Char(' '));
+}
+
+void setEverything(KorMultiText &text)
+{
+    text.setBackColor(0x00C0FFFF);
+    text.setForeColor(0x00800000);
+    text.setEnabled(false);
+    QFont font = text.Font();
+    font.setPointSize(15);
+    text.setFont(font);
+    text.setBorderStyle(BorderStyleType::None);
+    text.setAlignment(AlignmentType::Right_Justify);
+    text.setOpenDrection(OpenDirectionType::Up);
+    text.setEnabledClick(false);
+    text.setText(QStringLiteral("jeden\r\ndwa"));
+    text.setMaxLength(2000);
+    text.setOpenLines(12);
+    text.setDataChanged(true);
+}
+
+} // namespace
+
+void tst_KorMultiText::settingsAreWrittenInTheirOrder()
+{
+    setEverything(*m_text);
+    PropertyBag bag;
+    m_text->writeProperties(bag);
+    QCOMPARE(keysOf(bag),
+             QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Alignment OpenDrection EnabledClick "
+                            "Text MaxLength OpenLines DataChanged"));
+}
+
+void tst_KorMultiText::settingsRoundTrip()
+{
+    setEverything(*m_text);
+    PropertyBag bag;
+    m_text->writeProperties(bag);
+    KorMultiText loaded;
+    loaded.readProperties(bag);
+    PropertyBag again;
+    loaded.writeProperties(again);
+    QCOMPARE(again, bag);
+    loaded.readProperties(PropertyBag());
+    PropertyBag none;
+    loaded.writeProperties(none);
+    QVERIFY(none.isEmpty());
+}
+
+void tst_KorMultiText::defaultsAreStoredNowhere()
+{
+    PropertyBag bag;
+    m_text->writeProperties(bag);
+    QVERIFY(bag.isEmpty());
+    QCOMPARE(m_text->OpenLines(), short(5));
+    QCOMPARE(m_text->OpenDrection(), OpenDirectionType::Down);
+    QVERIFY(m_text->EnabledClick());
+}
+
+void tst_KorMultiText::storedFlagWinsOverTheLoadedText()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("DataChanged"), false);
+    bag.append(QStringLiteral("Text"), QStringLiteral("abc"));
+    m_text->readProperties(bag);
+    QVERIFY(!m_text->DataChanged());
+    bag.append(QStringLiteral("DataChanged"), true);
+    m_text->readProperties(bag);
+    QVERIFY(m_text->DataChanged());
+}
+
+void tst_KorMultiText::outOfRangeIsRefused()
+{
+    QVERIFY_EXCEPTION_THROWN(m_text->setOpenDrection(static_cast<OpenDirectionType>(2)), RunTimeError);
+    QVERIFY_EXCEPTION_THROWN(m_text->setOpenLines(-1), RunTimeError);
+    QVERIFY_EXCEPTION_THROWN(m_text->setAlignment(static_cast<AlignmentType>(3)), RunTimeError);
+    QVERIFY_EXCEPTION_THROWN(m_text->setMaxLength(-1), RunTimeError);
+    QCOMPARE(m_text->OpenDrection(), OpenDirectionType::Down);
+}
+
+QTEST_MAIN(tst_KorMultiText)
+#include "tst_kormultitext.moc"
