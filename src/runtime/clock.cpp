@@ -17,8 +17,9 @@ struct Source {
 
 Source &source()
 {
-    static Source instance;
-    return instance;
+    // Never destroyed: a host's static objects may still ask while the process ends.
+    static auto *const instance = new Source;
+    return *instance;
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "runtime/compiledmask.h"
 
 #include <array>
-#include <memory>
 
 namespace kor {
 
@@ -111,21 +110,25 @@ CompiledMask compile(QStringView mask)
     return LiteralMask{NumberMask::fromPicture(mask)};
 }
 
-//! A small direct-mapped cache: a form uses few masks, and a collision only costs a compilation.
+//! A small direct-mapped cache: a form uses few masks, and a collision only costs a compilation. Its places are reused
+//! as they are, so that not even that allocates.
 template <typename Compiled, Compiled (*compileText)(QStringView)>
 class MaskCache
 {
 public:
     const Compiled &get(QStringView text)
     {
-        auto &slot = m_slots[slotOf(text)];
-        if (!slot || slot->text != text)
-            slot = std::make_unique<Entry>(Entry{text.toString(), compileText(text)});
-        return slot->compiled;
+        Entry &entry = m_entries[slotOf(text)];
+        if (entry.text != text) {
+            entry.compiled = compileText(text);
+            entry.text.resize(0);
+            entry.text.append(text);
+        }
+        return entry.compiled;
     }
-    void clear() { m_slots = {}; }
 
 private:
+    //! At first the empty text, whose mask is the default one.
     struct Entry {
         QString text;
         Compiled compiled;
@@ -143,7 +146,7 @@ private:
         return hash % slotCount;
     }
 
-    std::array<std::unique_ptr<Entry>, slotCount> m_slots;
+    std::array<Entry, slotCount> m_entries;
 };
 
 using PictureCache = MaskCache<CompiledMask, compile>;
@@ -166,11 +169,5 @@ PatternCache &patterns()
 const CompiledMask &compiledMask(QStringView mask) { return pictures().get(mask); }
 
 const DateMask &systemPattern(QStringView pattern) { return patterns().get(pattern); }
-
-void forgetCompiledMasks()
-{
-    pictures().clear();
-    patterns().clear();
-}
 
 } // namespace kor

@@ -26,7 +26,5 @@ using CompiledMask = std::variant<std::monostate, NamedFormat, NumberMask, DateM
 [[nodiscard]] const CompiledMask &compiledMask(QStringView mask);
 //! The same for a date or time pattern of the system.
 [[nodiscard]] const DateMask &systemPattern(QStringView pattern);
-//! Forgets what this thread has compiled, so that measurements can start cold.
-void forgetCompiledMasks();
 
 } // namespace kor

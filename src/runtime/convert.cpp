@@ -75,14 +75,15 @@ Integer toInteger(const QVariant &value, const Locale &locale)
 
 bool IsNumeric(const QVariant &value, const Locale &locale)
 {
+    // Asked at every key press, mostly of a text. (A Null text is an empty one here, and not numeric either way.)
+    if (value.typeId() == QMetaType::QString) {
+        const NumberReading reading = readNumber(held<QString>(value), locale);
+        return reading.isNumber() && reading.isFinite();
+    }
     switch (variantType(value)) {
     case VariantType::Null:
     case VariantType::Missing:
     case VariantType::Date: return false;
-    case VariantType::String: {
-        const NumberReading reading = readNumber(held<QString>(value), locale);
-        return reading.isNumber() && reading.isFinite();
-    }
     case VariantType::Other: {
         const QVariant known = normalized(value);
         return variantType(known) != VariantType::Empty && IsNumeric(known, locale);

@@ -8,8 +8,7 @@
 #include <KorDaoUC/locale.h>
 
 #include <QtCore/QStringView>
-
-#include <vector>
+#include <QtCore/QVarLengthArray>
 
 namespace kor {
 
@@ -75,7 +74,7 @@ private:
     void writeDatePart(DatePart part, const Fields &fields, const Locale &locale, MaskOutput &out) const;
     void writeTimePart(DatePart part, QTime time, const Locale &locale, MaskOutput &out) const;
 
-    std::vector<Item> m_items;
+    QVarLengthArray<Item, 16> m_items;
     bool m_twelveHours = false;
 };
 

@@ -61,10 +61,7 @@ void DateMask::appendHalfOfDay(DatePart part)
 class DateMask::PictureCompiler
 {
 public:
-    explicit PictureCompiler(QStringView picture) : m_picture(picture)
-    {
-        m_mask.m_items.reserve(static_cast<std::size_t>(picture.size()));
-    }
+    explicit PictureCompiler(QStringView picture) : m_picture(picture) {}
 
     DateMask compile()
     {

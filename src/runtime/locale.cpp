@@ -299,8 +299,9 @@ private:
 
 DefaultLocale &defaultLocale()
 {
-    static DefaultLocale instance;
-    return instance;
+    // Never destroyed: a host's static objects may still format while the process ends.
+    static auto *const instance = new DefaultLocale;
+    return *instance;
 }
 
 } // namespace

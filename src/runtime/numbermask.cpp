@@ -31,10 +31,7 @@ QVarLengthArray<QStringView, 4> maskSections(QStringView mask)
 class NumberSection::Compiler
 {
 public:
-    explicit Compiler(QStringView picture) : m_picture(picture)
-    {
-        m_section.m_items.reserve(static_cast<std::size_t>(picture.size()));
-    }
+    explicit Compiler(QStringView picture) : m_picture(picture) {}
 
     NumberSection compile()
     {
@@ -231,7 +228,7 @@ NumberMask NumberMask::fromPicture(QStringView picture)
 {
     NumberMask mask;
     const auto sections = maskSections(picture);
-    mask.m_sections.reserve(static_cast<std::size_t>(sections.size()));
+    mask.m_sections.reserve(sections.size());
     for (const QStringView section : sections)
         mask.m_sections.push_back(NumberSection::fromPicture(section));
     return mask;
@@ -239,7 +236,7 @@ NumberMask NumberMask::fromPicture(QStringView picture)
 
 void NumberMask::write(const Decimal &number, const Locale &locale, MaskOutput &out) const
 {
-    std::size_t section = 0;
+    qsizetype section = 0;
     if (number.negative && m_sections.size() > 1 && !m_sections[1].isEmpty())
         section = 1;
     else if (number.isZero() && m_sections.size() > 2 && !m_sections[2].isEmpty())

@@ -196,12 +196,15 @@ private:
 
     void readDigits()
     {
-        while (m_at < m_text.size()) {
-            const char16_t c = m_text[m_at].unicode();
+        const char16_t *const text = m_text.utf16();
+        const qsizetype size = m_text.size();
+        const char16_t point = m_locale.decimalSeparator.unicode();
+        while (m_at < size) {
+            const char16_t c = text[m_at];
             if (isDigit(c)) {
                 m_reading.digits.takeDigit(c);
                 ++m_at;
-            } else if (c == m_locale.decimalSeparator.unicode() && !m_reading.digits.isInFraction()) {
+            } else if (c == point && !m_reading.digits.isInFraction()) {
                 m_reading.digits.takeDecimalPoint();
                 ++m_at;
             } else if (!takeGroupSeparator()) {

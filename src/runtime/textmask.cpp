@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "runtime/textmask.h"
 
+#include "runtime/numbermask.h"
+
 namespace kor {
 
 TextMask::Section TextMask::Section::fromPicture(QStringView picture)

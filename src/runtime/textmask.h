@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "runtime/numbermask.h"
+#include "runtime/maskoutput.h"
+
+#include <QtCore/QStringView>
+
+#include <vector>
 
 namespace kor {
 
