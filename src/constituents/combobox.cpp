@@ -28,12 +28,6 @@ constexpr int fewestLetters = 3;    // that it can be pressed together to
 constexpr int mostListLetters = 80; // of a name that the open list makes room for
 constexpr int mostNamesMeasured = 50;
 
-QString characterOf(int code, int shift)
-{
-    const char16_t character = (shift & ~ShiftState::Shift) ? 0 : plainCharacter(code, shift);
-    return character ? QString(QChar(character)) : QString();
-}
-
 } // namespace
 
 ComboBox::ComboBox(QWidget *parent) : QComboBox(parent), m_entries(new EntryModel(this))
@@ -131,7 +125,7 @@ void ComboBox::press(QKeyEvent *event)
         actAs(event);
         return;
     }
-    QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift), characterOf(code, shift));
+    QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift), plainText(code, shift));
     actAs(&other);
     event->setAccepted(other.isAccepted());
 }

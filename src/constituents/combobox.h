@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "constituents/entrybox.h"
+
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QPointer>
-#include <QtCore/QStringList>
 #include <QtWidgets/QComboBox>
 
 namespace kor {
@@ -16,25 +17,21 @@ class EntryModel;
 //! No entry is selected until the user or the program selects one. Keys are offered as KeyDown before they act, also
 //! while the list is open; the handlers may swallow them with 0 or, while it is closed, turn them into others. The
 //! list opens at once however many entries it has.
-class ComboBox final : public QComboBox
+class ComboBox final : public QComboBox, public EntryBox
 {
     Q_OBJECT
 
 public:
     explicit ComboBox(QWidget *parent);
 
-    [[nodiscard]] int ListIndex() const { return currentIndex(); }
-    //! Selects an entry, -1 none. Error 380 for an entry that does not exist; the old one then stays selected.
-    void setListIndex(int index);
-    [[nodiscard]] int ListCount() const { return count(); }
-    //! The name of an entry, "" for one that does not exist.
-    [[nodiscard]] QString List(int index) const;
-    //! The first entry of exactly this name, -1 when there is none.
-    [[nodiscard]] int indexOf(const QString &name) const;
-    void AddItem(const QString &name);
-    void AddItems(const QStringList &names);
-    //! Removes all entries. Raises nothing.
-    void Clear();
+    [[nodiscard]] int ListIndex() const override { return currentIndex(); }
+    void setListIndex(int index) override;
+    [[nodiscard]] int ListCount() const override { return count(); }
+    [[nodiscard]] QString List(int index) const override;
+    [[nodiscard]] int indexOf(const QString &name) const override;
+    void AddItem(const QString &name) override;
+    void AddItems(const QStringList &names) override;
+    void Clear() override;
 
     [[nodiscard]] bool isDropped() const;
 

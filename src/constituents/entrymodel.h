@@ -10,7 +10,7 @@ namespace kor {
 //! The names that a list shows. Any number of them is added or removed in one step, with one notification.
 //!
 //! A prefix search through match(), as the toolkit's views do while the user types, finds by beginsAsTyped().
-class EntryModel final : public QAbstractListModel
+class EntryModel : public QAbstractListModel
 {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
 
     void append(const QString &name);
     void append(const QStringList &names);
-    void clear();
+    virtual void clear();
 
     [[nodiscard]] int count() const { return static_cast<int>(m_names.size()); }
     //! The name at a place, "" where there is none.

@@ -170,6 +170,12 @@ char16_t plainCharacter(int code, int shiftState)
     return shifted ? found->shifted : found->plain;
 }
 
+QString plainText(int code, int shiftState)
+{
+    const char16_t character = (shiftState & ~ShiftState::Shift) ? 0 : plainCharacter(code, shiftState);
+    return character ? QString(QChar(character)) : QString();
+}
+
 int keyAscii(const QKeyEvent &event)
 {
     const bool ctrl = event.modifiers().testFlag(Qt::ControlModifier);

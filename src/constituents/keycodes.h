@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QtCore/QString>
 #include <QtCore/Qt>
 
 class QKeyEvent;
@@ -54,6 +55,8 @@ enum Code : int { None = 0, Shift = 1, Ctrl = 2, Alt = 4 };
 [[nodiscard]] Qt::Key toolkitKey(int keyCode);
 //! The character that a plain key types (letters small unless shifted), 0 for a key that types none.
 [[nodiscard]] char16_t plainCharacter(int keyCode, int shiftState);
+//! The same as a text, "" for none; with Ctrl or Alt a key types none.
+[[nodiscard]] QString plainText(int keyCode, int shiftState);
 
 //! The KeyAscii of a key press: the UTF-16 code of the character, 8, 13 and 27 for Backspace, Enter and Escape; 0 when
 //! the press is no character (Ctrl+letter, Alt+letter, Delete, an arrow). AltGr characters are characters.

@@ -4,6 +4,8 @@
 #include <KorDaoUC/korclick.h>
 #include <KorDaoUC/korcombo.h>
 #include <KorDaoUC/kordate.h>
+#include <KorDaoUC/korlist.h>
+#include <KorDaoUC/korlistcheck.h>
 #include <KorDaoUC/kormultitext.h>
 #include <KorDaoUC/kornumber.h>
 #include <KorDaoUC/korupdown.h>
@@ -24,6 +26,8 @@ const bool controlsAdded = [] {
     add<KorDate>("KorDate");
     add<KorCombo>("KorCombo");
     add<KorClick>("KorClick");
+    add<KorList>("KorList");
+    add<KorListCheck>("KorListCheck");
     add<KorUpDown>("KorUpDown");
     add<KorMultiText>("KorMultiText");
     return true;

@@ -1,0 +1,409 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/listbox.h"
+
+#include "constituents/entrymodel.h"
+#include "constituents/errorguard.h"
+#include "constituents/focustracker.h"
+#include "constituents/keycodes.h"
+#include "constituents/mouse.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace kor {
+
+namespace {
+
+constexpr int usualRows = 6; // and letters that the list has room for, where the form leaves it the choice
+constexpr int usualLetters = 20;
+constexpr int fewestLetters = 3; // that it can be pressed together to
+constexpr int followingStep = 50; // milliseconds
+
+//! Gives every entry the list's one height and no width of its own, so that none is measured, and keeps it to one line.
+class EntryDelegate final : public QStyledItemDelegate
+{
+public:
+    explicit EntryDelegate(ListBox *list) : QStyledItemDelegate(list), m_list(list) {}
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const override
+    {
+        return {1, m_list->rowHeight()};
+    }
+    [[nodiscard]] QString displayText(const QVariant &value, const QLocale &locale) const override
+    {
+        return QStyledItemDelegate::displayText(value, locale).replace(QChar::LineSeparator, QLatin1Char(' '));
+    }
+
+private:
+    ListBox *m_list;
+};
+
+} // namespace
+
+ListBox::ListBox(QWidget *parent) : ListBox(new EntryModel, parent) {}
+
+ListBox::ListBox(EntryModel *entries, QWidget *parent) : QListView(parent), m_entries(entries)
+{
+    entries->setParent(this);
+    setModel(entries);
+    setItemDelegate(new EntryDelegate(this));
+    setUniformItemSizes(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setFocusPolicy(Qt::StrongFocus);    // a wheel that passes by gives no focus
+    viewport()->setMouseTracking(true); // MouseMove comes without a button too
+    setAppearance(AppearanceType::A3D);
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, &ListBox::raiseChange);
+}
+
+// --- entries and selection
+
+void ListBox::setListIndex(int index)
+{
+    if (index < -1 || index >= ListCount())
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    act([&] { select(index); });
+}
+
+int ListBox::ListCount() const { return m_entries->count(); }
+QString ListBox::List(int index) const { return m_entries->name(index); }
+int ListBox::indexOf(const QString &name) const { return m_entries->indexOf(name); }
+void ListBox::AddItem(const QString &name) { m_entries->append(name); }
+void ListBox::AddItems(const QStringList &names) { m_entries->append(names); }
+
+void ListBox::Clear()
+{
+    m_selected = -1; // not news to anybody
+    m_entries->clear();
+}
+
+void ListBox::select(int index)
+{
+    ++m_acting;
+    if (index < 0)
+        selectionModel()->clear();
+    else
+        setCurrentIndex(m_entries->index(index));
+    --m_acting;
+}
+
+// A handler of Click may delete the control, which the toolkit does not survive in the middle of its own work.
+template <class Action>
+void ListBox::act(Action &&action)
+{
+    ++m_acting;
+    action();
+    --m_acting;
+    raiseChange();
+}
+
+void ListBox::raiseChange()
+{
+    if (m_acting > 0 || ListIndex() == m_selected)
+        return;
+    m_selected = ListIndex();
+    Q_EMIT Click();
+}
+
+// Whatever makes an entry the current one, an assistive tool among them, selects it: there is no other notion of it.
+QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex &index, const QEvent *) const
+{
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+// --- keys
+
+void ListBox::keyPressEvent(QKeyEvent *event)
+{
+    const QPointer<ListBox> self = this;
+    guarded(this, [&] {
+        if (FocusTracker::instance().settle() && self)
+            press(event);
+        else
+            event->accept();
+    });
+}
+
+void ListBox::press(QKeyEvent *event)
+{
+    const QPointer<ListBox> self = this;
+    event->accept();
+    const int ownCode = keyCode(*event);
+    const int ownShift = shiftState(*event);
+    int code = ownCode;
+    int shift = ownShift;
+    if (ownCode != Key::None)
+        Q_EMIT KeyDown(code, shift);
+    if (!self || (code == Key::None && ownCode != Key::None))
+        return;
+    if (code == ownCode && shift == ownShift) {
+        actAs(event);
+        return;
+    }
+    QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift), plainText(code, shift));
+    actAs(&other);
+    event->setAccepted(other.isAccepted());
+}
+
+void ListBox::actAs(QKeyEvent *event)
+{
+    if (move(event->key()))
+        return;
+    if (keyAscii(*event) < Key::Space) {
+        event->ignore(); // the form's: Enter, Escape, a menu's letter
+        return;
+    }
+    if (event->key() != Qt::Key_Space || !pressSpace())
+        type(event->text());
+}
+
+//! Whether the key is one that moves. There is one column, so Left and Right are Up and Down.
+bool ListBox::move(int key)
+{
+    const int last = ListCount() - 1;
+    const int page = std::max(1, visibleRows() - 1);
+    int target = ListIndex();
+    switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Left: --target; break;
+    case Qt::Key_Down:
+    case Qt::Key_Right: ++target; break;
+    case Qt::Key_PageUp: target -= page; break;
+    case Qt::Key_PageDown: target += page; break;
+    case Qt::Key_Home: target = 0; break;
+    case Qt::Key_End: target = last; break;
+    default: return false;
+    }
+    if (last >= 0)
+        setListIndex(std::clamp(target, 0, last));
+    return true;
+}
+
+void ListBox::type(const QString &text)
+{
+    const bool goesOn = m_searching.isValid() && m_searching.elapsed() < QApplication::keyboardInputInterval();
+    if (text == QLatin1String(" ") && !goesOn)
+        return; // no name begins with it
+    m_searching.start();
+    act([&] { keyboardSearch(text); });
+}
+
+// --- mouse
+
+void ListBox::mousePressEvent(QMouseEvent *event)
+{
+    const QPointer<ListBox> self = this;
+    guarded(this, [&] {
+        if (FocusTracker::instance().settle() && self)
+            press(*event);
+    });
+    event->accept();
+}
+
+void ListBox::press(const QMouseEvent &event)
+{
+    const QPointer<ListBox> self = this;
+    m_pressed |= event.button();
+    MouseArguments mouse(this, event);
+    Q_EMIT MouseDown(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+    if (!self || event.button() != Qt::LeftButton)
+        return;
+    m_mouse = event.position().toPoint();
+    if (const int entry = entryAt(m_mouse.y()); entry >= 0)
+        select(entry);
+    pressedAt(m_mouse);
+}
+
+void ListBox::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPointer<ListBox> self = this;
+    guarded(this, [&] {
+        MouseArguments mouse(this, *event);
+        Q_EMIT MouseMove(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+        if (!self || !m_pressed.testFlag(Qt::LeftButton))
+            return;
+        if (!event->buttons().testFlag(Qt::LeftButton)) {
+            m_pressed = {}; // released where nobody saw it, over a message that a handler showed
+            m_following.stop();
+            raiseChange();
+            return;
+        }
+        m_mouse = event->position().toPoint();
+        followMouse();
+    });
+    event->accept();
+}
+
+void ListBox::followMouse()
+{
+    const int last = ListCount() - 1;
+    if (last < 0)
+        return;
+    const int entry = entryAt(m_mouse.y());
+    select(entry < 0 ? last : std::min(entry, last));
+    const bool isBeyond = m_mouse.y() < 0 || m_mouse.y() >= viewport()->height();
+    if (isBeyond && !m_following.isActive())
+        m_following.start(followingStep, this);
+    else if (!isBeyond)
+        m_following.stop();
+}
+
+void ListBox::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() == m_following.timerId())
+        guarded(this, [this] { followMouse(); });
+    else
+        QListView::timerEvent(event);
+}
+
+void ListBox::mouseReleaseEvent(QMouseEvent *event)
+{
+    const QPointer<ListBox> self = this;
+    guarded(this, [&] {
+        if (!m_pressed.testFlag(event->button()))
+            return;
+        m_pressed.setFlag(event->button(), false);
+        const bool isLeft = event->button() == Qt::LeftButton;
+        if (isLeft)
+            m_following.stop();
+        MouseArguments mouse(this, *event);
+        Q_EMIT MouseUp(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+        if (self && isLeft)
+            releasedAt(event->position().toPoint());
+        if (self && isLeft)
+            raiseChange();
+    });
+    event->accept();
+}
+
+void ListBox::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const QPointer<ListBox> self = this;
+    guarded(this, [&] {
+        const QPoint place = event->position().toPoint();
+        if (event->button() != Qt::LeftButton || entryAt(place.y()) < 0) {
+            press(*event);
+            return;
+        }
+        m_pressed |= event->button();
+        m_mouse = place;
+        Q_EMIT DblClick();
+        if (self)
+            pressedAt(place);
+    });
+    event->accept();
+}
+
+int ListBox::entryAt(int y) const
+{
+    const int top = indexAt({0, 0}).row();
+    if (y < 0)
+        return top - 1 < 0 ? top : top - 1;
+    if (y >= viewport()->height())
+        return top < 0 ? -1 : top + visibleRows();
+    return indexAt({0, y}).row();
+}
+
+// --- focus
+
+// The toolkit's own would make the first entry the current one.
+void ListBox::focusInEvent(QFocusEvent *event)
+{
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+void ListBox::focusOutEvent(QFocusEvent *event)
+{
+    const QPointer<ListBox> self = this;
+    QListView::focusOutEvent(event);
+    guarded(this, [&] {
+        if (self && !m_pressed)
+            raiseChange();
+    });
+}
+
+// --- look and size
+
+AppearanceType ListBox::Appearance() const
+{
+    return frameShape() == QFrame::StyledPanel ? AppearanceType::A3D : AppearanceType::Flat;
+}
+
+void ListBox::setAppearance(AppearanceType appearance)
+{
+    switch (appearance) {
+    case AppearanceType::Flat: setFrameStyle(QFrame::Box | QFrame::Plain); break;
+    case AppearanceType::A3D: setFrameStyle(QFrame::StyledPanel | QFrame::Sunken); break;
+    default: throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    }
+    Q_EMIT heightChanged();
+}
+
+QStyleOptionViewItem ListBox::entryOption() const
+{
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.features |= QStyleOptionViewItem::HasDisplay;
+    option.text = QStringLiteral("X");
+    return option;
+}
+
+int ListBox::rowHeight() const
+{
+    const QStyleOptionViewItem option = entryOption();
+    return std::max(1, style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).height());
+}
+
+int ListBox::visibleRows() const { return std::max(1, viewport()->height() / rowHeight()); }
+
+int ListBox::heightOfWholeRows(int height) const
+{
+    const int frame = 2 * frameWidth();
+    const int rows = std::max(1, (height - frame) / rowHeight());
+    return rows * rowHeight() + frame;
+}
+
+QSize ListBox::sizeHint() const
+{
+    const int width = usualLetters * fontMetrics().averageCharWidth() + verticalScrollBar()->sizeHint().width();
+    return {width + 2 * frameWidth(), usualRows * rowHeight() + 2 * frameWidth()};
+}
+
+QSize ListBox::minimumSizeHint() const
+{
+    const int width = fewestLetters * fontMetrics().averageCharWidth() + verticalScrollBar()->sizeHint().width();
+    return {width + 2 * frameWidth(), heightOfWholeRows(0)};
+}
+
+void ListBox::changeEvent(QEvent *event)
+{
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        Q_EMIT heightChanged();
+}
+
+void ListBox::paintEvent(QPaintEvent *event)
+{
+    QListView::paintEvent(event);
+    if (!hasFocus() || ListIndex() >= 0)
+        return;
+    // Without a selected entry nothing else would show that the list has the focus.
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    focus.rect = QRect(0, 0, viewport()->width(), rowHeight());
+    focus.backgroundColor = palette().color(QPalette::Base);
+    focus.state |= QStyle::State_KeyboardFocusChange;
+    QPainter painter(viewport());
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+}
+
+} // namespace kor

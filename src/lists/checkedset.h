@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QHash>
+#include <QtCore/QString>
+
+#include <vector>
+
+namespace kor {
+
+//! A set of checked keys, written as one text: every key with the separator behind it, the last one too ("1;5;7;").
+//!
+//! A key is in the set when it stands there between two separators, one being thought before the first key. So a last
+//! key without a separator behind it is not in the set, order and repetition don't matter, and a key that has the
+//! separator inside itself is found too, though "1;2;" may then stand for one key or for two.
+class CheckedSet
+{
+public:
+    CheckedSet(const QString &keys, const QString &separator);
+
+    [[nodiscard]] bool contains(QStringView key) const;
+    //! The set with the separator before the first key.
+    [[nodiscard]] const QString &text() const { return m_text; }
+
+private:
+    void takeApart();
+
+    QString m_separator;
+    QString m_text;
+    bool m_isTakenApart = false;
+    //! What stands between two separators that follow each other, and where: the last such place, linked to the one
+    //! before it.
+    QHash<QStringView, qsizetype> m_places;
+    struct Place {
+        qsizetype start;
+        qsizetype before; //!< index of the place before it with the same text, -1 for none
+    };
+    std::vector<Place> m_pieces;
+};
+
+} // namespace kor

@@ -1,0 +1,273 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/entrybox.h"
+#include "constituents/keycodes.h"
+#include "lists/databasereference.h"
+#include "lists/dictionary.h"
+#include "lists/dictionaryloader.h"
+#include "lists/dictionaryrules.h"
+#include "lists/dictionarysource.h"
+
+#include <KorDaoUC/dictionarycontrol.h>
+#include <KorDaoUC/variant.h>
+
+#include <QtCore/QLoggingCategory>
+#include <QtCore/QPointer>
+
+#include <algorithm>
+
+Q_LOGGING_CATEGORY(listsLog, "kordaouc.lists", QtInfoMsg)
+
+namespace kor {
+
+class DictionaryControl::Private
+{
+public:
+    Private(DictionaryControl *control, const DictionaryRules &ownRules) : q(control), rules(ownRules) {}
+
+    void select(int found);
+    void clicked();
+    [[nodiscard]] bool fill(SourceKind kind);
+    void add(const DictionaryRows &rows);
+
+    DictionaryControl *q;
+    DictionaryRules rules;
+    EntryBox *box = nullptr;
+    Locale locale = Locale::systemDefault();
+    Dictionary dictionary{rules.equality, locale}; //!< key i belongs to entry i of the box
+    DatabaseReference database;
+    QString sql;
+    QString slownik;
+    QString nullString;
+    bool canBeNull = false;
+    bool dirty = false;
+    bool isRestoring = false; //!< Refresh() selects again what was selected
+    bool blockClick = false;
+    bool blockUpDown = false;
+};
+
+DictionaryControl::DictionaryControl(QWidget *parent, const DictionaryRules &rules)
+    : UserControl(parent), d(std::make_unique<Private>(this, rules))
+{
+}
+
+DictionaryControl::~DictionaryControl() = default;
+
+void DictionaryControl::setEntryBox(EntryBox *box)
+{
+    d->box = box;
+    setMainConstituent(dynamic_cast<QWidget *>(box));
+}
+
+void DictionaryControl::initProperties()
+{
+    d->nullString = QStringLiteral("...");
+    d->dirty = false;
+    d->blockUpDown = false;
+    d->blockClick = false;
+}
+
+void DictionaryControl::loadNoEntries() { Clear(); }
+
+void DictionaryControl::loadNullEntry()
+{
+    if (d->canBeNull)
+        AddEntry(null(), d->nullString);
+    d->dirty = false;
+}
+
+// --- entries
+
+void DictionaryControl::AddEntry(const QVariant &wartosc, const QString &nazwa)
+{
+    d->dictionary.append(wartosc);
+    d->box->AddItem(nazwa);
+}
+
+void DictionaryControl::Private::add(const DictionaryRows &rows)
+{
+    dictionary.append(rows.keys);
+    box->AddItems(rows.names);
+}
+
+void DictionaryControl::Clear()
+{
+    d->dictionary.clear();
+    d->box->Clear();
+}
+
+QVariant DictionaryControl::Exists(const QVariant &val) const { return d->dictionary.contains(val); }
+bool DictionaryControl::HasValues() const { return !d->dictionary.isEmpty(); }
+int DictionaryControl::ListCount() const { return d->box->ListCount(); }
+QVariant DictionaryControl::keyAt(int place) const { return d->dictionary.key(place); }
+
+void DictionaryControl::Refresh()
+{
+    const QPointer<DictionaryControl> self = this;
+    if (canReload() && !reload())
+        return;
+    if (self)
+        raiseRefreshed();
+}
+
+bool DictionaryControl::canReload() const { return d->database.get() || sourceKind(d->sql) == SourceKind::List; }
+
+bool DictionaryControl::reload()
+{
+    const QPointer<DictionaryControl> self = this;
+    const QVariant before = ListIndex() >= 0 ? Value() : QVariant();
+    Clear();
+    if (d->canBeNull)
+        AddEntry(null(), d->nullString);
+    if (!d->fill(sourceKind(d->sql)))
+        return false;
+
+    d->isRestoring = true;
+    setValue(before);
+    d->isRestoring = false;
+    d->dirty = false;
+    if (d->dictionary.isDifferent(Value(), before))
+        d->clicked();
+    if (self)
+        update();
+    return self;
+}
+
+bool DictionaryControl::Private::fill(SourceKind kind)
+{
+    if (kind == SourceKind::List)
+        add(parseInlineList(sql));
+    if (kind != SourceKind::Select)
+        return true;
+    const DictionaryLoad load = loadDictionary(*database.get(), sql, locale);
+    if (load.outcome == LoadOutcome::Failed)
+        qCDebug(listsLog, "Refresh ended early: %ls", qUtf16Printable(load.failure));
+    add(load.rows);
+    return load.outcome == LoadOutcome::Loaded;
+}
+
+// --- selection
+
+int DictionaryControl::ListIndex() const { return d->box->ListIndex(); }
+
+void DictionaryControl::setListIndex(int index)
+{
+    const QPointer<DictionaryControl> self = this;
+    d->box->setListIndex(index);
+    if (self && d->rules.indexReport == IndexReport::Reported)
+        propertyChanged("ListIndex");
+}
+
+QVariant DictionaryControl::Value() const { return keyAt(ListIndex()); }
+
+void DictionaryControl::setValue(const QVariant &key)
+{
+    if (HasValues())
+        d->select(d->dictionary.indexOf(key));
+}
+
+QString DictionaryControl::Text() const { return d->box->List(ListIndex()); }
+
+void DictionaryControl::setText(const QString &name)
+{
+    if (HasValues())
+        d->select(d->box->indexOf(name));
+}
+
+void DictionaryControl::Private::select(int found)
+{
+    const QPointer<DictionaryControl> self = q;
+    box->setListIndex(std::max(found, 0));
+    if (self && found == 0)
+        clicked(); // Kept: hosts count on a click for the first entry, even where it was selected before
+}
+
+void DictionaryControl::boxClicked() { d->clicked(); }
+
+void DictionaryControl::Private::clicked()
+{
+    if (isRestoring)
+        return;
+    dirty = true;
+    if (!blockClick)
+        q->raiseClick();
+}
+
+// --- keyboard
+
+void DictionaryControl::boxKeyDown(int &code, int &shift)
+{
+    if (code == Key::F5) {
+        code = Key::None;
+        Refresh();
+        return;
+    }
+    const auto isBlockedArrow = [&] { return d->blockUpDown && (code == Key::Up || code == Key::Down); };
+    if (d->rules.blockedArrows == BlockedArrows::WithholdTheEvent) {
+        if (!isBlockedArrow())
+            raiseKeyDown(code, shift);
+        return;
+    }
+    const QPointer<DictionaryControl> self = this;
+    raiseKeyDown(code, shift);
+    if (self && isBlockedArrow() && (shift == ShiftState::None || shift == ShiftState::Ctrl))
+        code = Key::None;
+}
+
+// --- settings
+
+void DictionaryControl::setdatabase(Database *database) { d->database.set(database); }
+void DictionaryControl::setdatabase(QObject *database) { d->database.setObject(database); }
+void DictionaryControl::setdatabase(const QString &connectionName) { d->database.setConnection(connectionName); }
+
+QString DictionaryControl::SQL() const { return d->sql; }
+
+void DictionaryControl::setSQL(const QString &source)
+{
+    d->sql = source;
+    propertyChanged("SQL");
+}
+
+QString DictionaryControl::Slownik() const { return d->slownik; }
+
+void DictionaryControl::setSlownik(const QString &name)
+{
+    d->slownik = name;
+    propertyChanged("Slownik");
+}
+
+bool DictionaryControl::CanBeNull() const { return d->canBeNull; }
+
+void DictionaryControl::setCanBeNull(bool canBeNull)
+{
+    d->canBeNull = canBeNull;
+    propertyChanged("CanBeNull");
+}
+
+QString DictionaryControl::NullString() const { return d->nullString; }
+
+void DictionaryControl::setNullString(const QString &name)
+{
+    d->nullString = name;
+    propertyChanged("NullString");
+}
+
+bool DictionaryControl::DataChanged() const { return d->dirty; }
+void DictionaryControl::setDataChanged(bool changed) { d->dirty = changed; }
+bool DictionaryControl::BlockClick() const { return d->blockClick; }
+
+void DictionaryControl::setBlockClick(bool block)
+{
+    d->blockClick = block;
+    propertyChanged("BlockClick");
+}
+
+bool DictionaryControl::BlockUpDown() const { return d->blockUpDown; }
+
+void DictionaryControl::setBlockUpDown(bool block)
+{
+    d->blockUpDown = block;
+    propertyChanged("BlockUpDown");
+}
+
+} // namespace kor

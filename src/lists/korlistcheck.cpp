@@ -1,0 +1,185 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/checklistbox.h"
+#include "frame/settings.h"
+#include "lists/checkedset.h"
+#include "lists/dictionaryrules.h"
+
+#include <KorDaoUC/convert.h>
+#include <KorDaoUC/korlistcheck.h>
+#include <KorDaoUC/locale.h>
+#include <KorDaoUC/runtimeerror.h>
+#include <KorDaoUC/variant.h>
+
+#include <QtCore/QPointer>
+
+#include <vector>
+
+using namespace kor;
+
+class KorListCheck::Private
+{
+public:
+    explicit Private(KorListCheck *control) : q(control), box(new CheckListBox(control)) {}
+
+    //! A key as it stands in a set.
+    [[nodiscard]] QString keyText(int place) const;
+    //! A set of the checked entries, each by what the function says of its place.
+    template <class PartOf>
+    [[nodiscard]] QString joinChecked(PartOf partOf) const;
+
+    KorListCheck *q;
+    CheckListBox *box;
+    Locale locale = Locale::systemDefault();
+    QString separator;
+    QString valueChecked; //!< the set that was read or written last, which is what is saved
+    QString textChecked;
+
+    static const SettingsTable<KorListCheck> settings;
+};
+
+const SettingsTable<KorListCheck> KorListCheck::Private::settings = {
+    SettingsTable<KorListCheck>::Row::whileReading([](KorListCheck &c) { c.loadNoEntries(); }),
+    {"BackColor", &KorListCheck::BackColor, &KorListCheck::setBackColor, WindowBackground},
+    {"ForeColor", &KorListCheck::ForeColor, &KorListCheck::setForeColor, WindowText},
+    {"Enabled", &KorListCheck::Enabled, &KorListCheck::setEnabled, true},
+    {"HelpText", &KorListCheck::HelpText, &KorListCheck::setHelpText, QString()},
+    fontSetting<KorListCheck>(),
+    {"SQL", &KorListCheck::SQL, &KorListCheck::setSQL, QString()},
+    {"Slownik", &KorListCheck::Slownik, &KorListCheck::setSlownik, QString()},
+    {"CanBeNull", &KorListCheck::CanBeNull, &KorListCheck::setCanBeNull, false},
+    {"NullString", &KorListCheck::NullString, &KorListCheck::setNullString, QStringLiteral("...")},
+    SettingsTable<KorListCheck>::Row::whileReading([](KorListCheck &c) { c.loadNullEntry(); }),
+    // Kept: old forms hold it twice
+    {"BackColor", &KorListCheck::BackColor, &KorListCheck::setBackColor, WindowBackground},
+    {"Appearance", &KorListCheck::Appearance, &KorListCheck::setAppearance, integer(1)},
+    {"BorderStyle", &KorListCheck::BorderStyle, &KorListCheck::setBorderStyle, integer(0)},
+    {"BlockUpDown", &KorListCheck::BlockUpDown, &KorListCheck::setBlockUpDown, false},
+    {"ToolTipText", &KorListCheck::ToolTipText, &KorListCheck::setToolTipText, QString()},
+    {"BlockClick", &KorListCheck::BlockClick, &KorListCheck::setBlockClick, false},
+    // Kept: the sets are saved as they were last read or written, and loading them checks nothing, for want of entries
+    {"ValueChecked", [](const KorListCheck &c) { return c.d->valueChecked; },
+     [](KorListCheck &c, const QVariant &v) { c.d->valueChecked = CStr(v); }, QString()},
+    // Kept: old forms may hold the key, which never was the database
+    {"Database", [](const KorListCheck &) { return integer(0); }, [](KorListCheck &, const QVariant &) {}, integer(0)},
+    {"Separator", &KorListCheck::Separator, &KorListCheck::setSavedSeparator, QStringLiteral(";")},
+    {"TextChecked", [](const KorListCheck &c) { return c.d->textChecked; },
+     [](KorListCheck &c, const QVariant &v) { c.d->textChecked = CStr(v); }, QString()},
+};
+
+KorListCheck::KorListCheck(QWidget *parent) : ListControl(parent, checkListRules), d(std::make_unique<Private>(this))
+{
+    d->box->setObjectName(QStringLiteral("CheckList"));
+    setListBox(d->box);
+    connect(d->box, &CheckListBox::ItemCheck, this, [this](int &item) {
+        if (!BlockClick())
+            Q_EMIT ItemCheck(item);
+    });
+    connect(d->box, &ListBox::DblClick, this, &KorListCheck::DblClick);
+    connect(d->box, &ListBox::MouseDown, this, &KorListCheck::MouseDown);
+    connect(d->box, &ListBox::MouseMove, this, &KorListCheck::MouseMove);
+    connect(d->box, &ListBox::MouseUp, this, &KorListCheck::MouseUp);
+    initProperties();
+}
+
+KorListCheck::~KorListCheck() = default;
+
+void KorListCheck::initProperties()
+{
+    ListControl::initProperties();
+    d->separator = QStringLiteral(";");
+    d->valueChecked.clear();
+    d->textChecked.clear();
+}
+
+void KorListCheck::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
+void KorListCheck::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+
+void KorListCheck::Refresh()
+{
+    const QPointer<KorListCheck> self = this;
+    if (canReload()) {
+        const QString checked = ValueChecked();
+        if (!reload())
+            return;
+        setValueChecked(checked);
+    }
+    if (self)
+        Q_EMIT Refreshed();
+}
+
+// --- checked sets
+
+QString KorListCheck::Private::keyText(int place) const
+{
+    const QVariant key = q->keyAt(place);
+    return isNull(key) ? QString() : CStr(key, locale);
+}
+
+template <class PartOf>
+QString KorListCheck::Private::joinChecked(PartOf partOf) const
+{
+    QString set;
+    for (int i = 0; i < box->ListCount(); ++i) {
+        if (box->Selected(i))
+            set.append(partOf(i)).append(separator);
+    }
+    return set;
+}
+
+QString KorListCheck::ValueChecked() const
+{
+    d->valueChecked = d->joinChecked([this](int place) { return d->keyText(place); });
+    return d->valueChecked;
+}
+
+void KorListCheck::setValueChecked(const QString &keys)
+{
+    if (HasValues()) {
+        const QPointer<KorListCheck> self = this;
+        const CheckedSet set(keys, d->separator);
+        std::vector<bool> checks(static_cast<std::size_t>(ListCount()));
+        for (std::size_t i = 0; i < checks.size(); ++i)
+            checks[i] = set.contains(d->keyText(static_cast<int>(i)));
+        d->box->setSelected(checks);
+        if (!self)
+            return;
+        d->valueChecked = set.text();
+    }
+    propertyChanged("ValueChecked");
+}
+
+QString KorListCheck::TextChecked() const
+{
+    d->textChecked = d->joinChecked([this](int place) { return d->box->List(place); });
+    return d->textChecked;
+}
+
+bool KorListCheck::Selected() const { return ListIndex() >= 0 && d->box->Selected(ListIndex()); }
+
+void KorListCheck::setSelected(bool checked)
+{
+    const QPointer<KorListCheck> self = this;
+    d->box->setSelected(ListIndex(), checked);
+    if (self)
+        propertyChanged("Selected");
+}
+
+int KorListCheck::SelCount() const { return d->box->SelCount(); }
+
+// --- settings
+
+QString KorListCheck::Separator() const { return d->separator; }
+
+void KorListCheck::setSeparator(const QString &separator)
+{
+    if (UserMode())
+        throw RunTimeError(ErrorNumber::SetNotSupportedAtRunTime);
+    setSavedSeparator(separator);
+}
+
+void KorListCheck::setSavedSeparator(const QString &separator)
+{
+    d->separator = separator;
+    propertyChanged("Separator");
+}

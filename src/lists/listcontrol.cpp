@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/listbox.h"
+
+#include <KorDaoUC/listcontrol.h>
+#include <KorDaoUC/runtimeerror.h>
+
+namespace kor {
+
+class ListControl::Private
+{
+public:
+    ListBox *box = nullptr;
+    BorderStyleType borderStyle = BorderStyleType::None;
+    QString toolTipText;
+};
+
+ListControl::ListControl(QWidget *parent, const DictionaryRules &rules)
+    : DictionaryControl(parent, rules), d(std::make_unique<Private>())
+{
+}
+
+ListControl::~ListControl() = default;
+
+void ListControl::setListBox(ListBox *box)
+{
+    d->box = box;
+    setEntryBox(box);
+    connect(box, &ListBox::Click, this, &ListControl::boxClicked);
+    connect(box, &ListBox::KeyDown, this, &ListControl::boxKeyDown);
+    connect(box, &ListBox::heightChanged, this, [this] { layoutConstituents(); });
+}
+
+void ListControl::initProperties()
+{
+    DictionaryControl::initProperties();
+    d->borderStyle = BorderStyleType::None;
+    d->toolTipText.clear();
+}
+
+void ListControl::layoutConstituents()
+{
+    const int whole = d->box->heightOfWholeRows(height());
+    d->box->setGeometry(0, 0, width(), whole);
+    resize(width(), whole);
+}
+
+AppearanceType ListControl::Appearance() const { return d->box->Appearance(); }
+
+void ListControl::setAppearance(AppearanceType appearance)
+{
+    d->box->setAppearance(appearance);
+    propertyChanged("Appearance");
+}
+
+BorderStyleType ListControl::BorderStyle() const { return d->borderStyle; }
+
+void ListControl::setBorderStyle(BorderStyleType style)
+{
+    if (style != BorderStyleType::None && style != BorderStyleType::FixedSingle)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    d->borderStyle = style;
+    propertyChanged("BorderStyle");
+}
+
+int ListControl::hWnd() const { return static_cast<int>(effectiveWinId()); }
+
+QString ListControl::ToolTipText() const { return d->toolTipText; }
+
+void ListControl::setToolTipText(const QString &text)
+{
+    d->toolTipText = text;
+    propertyChanged("ToolTipText");
+}
+
+QString ListControl::HelpText() const { return d->box->toolTip(); }
+void ListControl::setHelpText(const QString &text) { d->box->setToolTip(text); }
+
+} // namespace kor
