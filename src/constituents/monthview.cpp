@@ -11,12 +11,16 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 #include <QtCore/QScopedValueRollback>
+#include <QtGui/QIcon>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
+#include <QtGui/QPixmap>
 #include <QtGui/QTextCharFormat>
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QTableView>
+#include <QtWidgets/QToolButton>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -39,6 +43,26 @@ namespace {
     return candidates[1];
 }
 
+//! An arrow to the left (-1) or to the right (1), fine enough for any scaling of the screen.
+[[nodiscard]] QIcon arrow(int direction, QSize size, const QColor &color)
+{
+    constexpr int fineness = 4;
+    QPixmap picture(size * fineness);
+    picture.setDevicePixelRatio(fineness);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    const double step = std::min(size.width(), size.height()) / 5.0;
+    const QPointF middle(size.width() / 2.0, size.height() / 2.0);
+    painter.drawPolygon(QPolygonF{middle + QPointF(direction * step, 0),
+                                  middle + QPointF(-direction * step, -1.5 * step),
+                                  middle + QPointF(-direction * step, 1.5 * step)});
+    painter.end();
+    return QIcon(picture);
+}
+
 [[nodiscard]] QColor between(const QColor &one, const QColor &other)
 {
     return QColor((one.red() + other.red()) / 2, (one.green() + other.green()) / 2, (one.blue() + other.blue()) / 2);
@@ -58,6 +82,7 @@ MonthView::MonthView(const Locale &locale, QWidget *parent) : QCalendarWidget(pa
     m_canvas = days->viewport();
     m_days->installEventFilter(this);
     m_canvas->installEventFilter(this);
+    plainBar();
     colorDays();
     connect(this, &QCalendarWidget::selectionChanged, this, [this] {
         setAccessibleDescription(Format(selectedDate(), QStringLiteral("Long Date"), m_locale));
@@ -176,8 +201,27 @@ void MonthView::changeEvent(QEvent *event)
         colorDays();
 }
 
+QSize MonthView::sizeHint() const
+{
+    constexpr int rows = 7; // the toolkit sets them so close that a finger or a shaky hand takes the wrong day
+    return QCalendarWidget::sizeHint() + QSize(0, rows * fontMetrics().height() / 3);
+}
+
+//! Takes the sign away that the toolkit lays over the name of the month.
+void MonthView::plainBar()
+{
+    if (auto *month = findChild<QToolButton *>(QStringLiteral("qt_calendar_monthbutton")))
+        month->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
+}
+
 void MonthView::colorDays()
 {
+    // The toolkit's arrows are pictures of fixed colours.
+    const QColor onBar = palette().color(QPalette::HighlightedText);
+    for (const auto &[name, sign] : {std::pair("qt_calendar_prevmonth", -1), std::pair("qt_calendar_nextmonth", 1)}) {
+        if (auto *button = findChild<QToolButton *>(QString::fromLatin1(name)))
+            button->setIcon(arrow(layoutDirection() == Qt::RightToLeft ? -sign : sign, button->iconSize(), onBar));
+    }
     // The toolkit's pure red for free days is too dark on a dark theme and too glaring on a light one.
     QTextCharFormat freeDay;
     freeDay.setForeground(between(palette().color(QPalette::Text), QColor(Qt::red)));

@@ -25,6 +25,7 @@ public:
     [[nodiscard]] QDate Value() const { return selectedDate(); }
     //! Selects a day and turns to its month, without SelChange.
     void setValue(QDate day);
+    [[nodiscard]] QSize sizeHint() const override;
 
 Q_SIGNALS:
     void ValueChanged();
@@ -52,6 +53,7 @@ private:
     void turnYears(int years);
     [[nodiscard]] bool isYearBeingTyped() const;
     void colorDays();
+    void plainBar();
 
     const Locale &m_locale;
     QWidget *m_days = nullptr;   //!< the table of the days, which has the keyboard

@@ -41,7 +41,7 @@ frmMonth::frmMonth(const Locale &locale, QWidget *owner)
     : QFrame(owner, Qt::Popup | Qt::FramelessWindowHint), m_locale(locale), m_view(new MonthView(locale, this))
 {
     setObjectName(QStringLiteral("frmMonth"));
-    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
     setAccessibleName(QStringLiteral("Kalendarz"));
     m_view->setObjectName(QStringLiteral("viewMonth"));
     m_view->setAccessibleName(QStringLiteral("Kalendarz"));
