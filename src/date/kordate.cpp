@@ -7,6 +7,7 @@
 #include "constituents/keycodes.h"
 #include "constituents/monthview.h"
 #include "constituents/textbox.h"
+#include "date/accessibledate.h"
 #include "date/daterules.h"
 #include "date/frmmonth.h"
 #include "frame/settings.h"
@@ -113,6 +114,7 @@ KorDate::KorDate(QWidget *parent) : UserControl(parent), d(std::make_unique<Priv
     d->button->setObjectName(QStringLiteral("cmdDate"));
     d->button->setFocusPolicy(Qt::NoFocus); // a click on it brings the focus to the box
     d->button->setAccessibleName(QStringLiteral("Kalendarz"));
+    makeDatesAccessible();
     setMainConstituent(d->box);
     setFocusClient(d.get());
 
@@ -335,6 +337,7 @@ bool KorDate::Private::bringsUserBack(const QEvent &event)
 void KorDate::showEvent(QShowEvent *event)
 {
     UserControl::showEvent(event);
+    passNameOn(this, d->box);
     if (std::exchange(d->isFirstShowing, false) && d->currentDate) {
         d->value = Clock::today(); // Kept: the text is not written anew here
         d->dirty = true;
@@ -354,6 +357,7 @@ void KorDate::Private::boxEntered(QWidget *, FocusEntry entry)
 {
     if (entry == FocusEntry::Moved)
         enteredText = box->text();
+    passNameOn(q, box);
     box->selectAll();
 }
 

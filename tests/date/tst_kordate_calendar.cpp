@@ -9,11 +9,13 @@
 #include <KorDaoUC/UserControl>
 #include <KorDaoUC/Variant>
 
+#include <QtGui/QAccessible>
 #include <QtGui/QScreen>
 #include <QtTest/QtTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCalendarWidget>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QTableView>
 #include <QtWidgets/QToolButton>
@@ -83,6 +85,7 @@ private Q_SLOTS:
     void opensWhollyOnTheScreen_data();
     void opensWhollyOnTheScreen();
     void isNamedForScreenReaders();
+    void screenReadersGetNameValueAndState();
 
 private:
     std::unique_ptr<Stage> m_owner;
@@ -746,6 +749,32 @@ void tst_KorDateCalendar::isNamedForScreenReaders()
     QCOMPARE(m_button->accessibleName(), QStringLiteral("Kalendarz"));
     press(Qt::Key_Right);
     QCOMPARE(view()->accessibleDescription(), QStringLiteral("16 lutego 2004"));
+}
+
+void tst_KorDateCalendar::screenReadersGetNameValueAndState()
+{
+    auto *label = new QLabel(QStringLiteral("&Data dostawy"), m_stage);
+    label->setBuddy(m_date);
+    m_date->setToolTipText(QStringLiteral("Dzień, w którym towar jest u klienta"));
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    const QAccessibleInterface *field = QAccessible::queryAccessibleInterface(m_date);
+    QVERIFY(field);
+    QCOMPARE(field->role(), QAccessible::ComboBox);
+    QCOMPARE(field->text(QAccessible::Name), QStringLiteral("Data dostawy"));
+    QCOMPARE(field->text(QAccessible::Value), QStringLiteral("15.02.2004"));
+    QCOMPARE(field->text(QAccessible::Description), QStringLiteral("Dzień, w którym towar jest u klienta"));
+    QVERIFY(field->state().hasPopup && field->state().collapsed && field->state().editable);
+    press(Qt::Key_F4);
+    QVERIFY(field->state().expanded && !field->state().collapsed);
+    press(Qt::Key_Escape);
+    m_date->setLocked(true);
+    m_date->setEnabledClick(false);
+    QVERIFY(field->state().readOnly && !field->state().hasPopup);
+
+    const QAccessibleInterface *box = QAccessible::queryAccessibleInterface(m_box);
+    QCOMPARE(box->role(), QAccessible::EditableText);
+    QCOMPARE(box->text(QAccessible::Name), QStringLiteral("Data dostawy"));
+    QCOMPARE(box->text(QAccessible::Value), QStringLiteral("15.02.2004"));
 }
 
 QTEST_MAIN(tst_KorDateCalendar)

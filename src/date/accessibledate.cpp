@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "date/accessibledate.h"
+
+#include <KorDaoUC/kordate.h>
+
+#include <QtWidgets/QAccessibleWidget>
+
+namespace kor {
+
+namespace {
+
+class AccessibleDate final : public QAccessibleWidget
+{
+public:
+    explicit AccessibleDate(KorDate *control) : QAccessibleWidget(control, QAccessible::ComboBox), m_control(control) {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override
+    {
+        if (kind == QAccessible::Value)
+            return m_control->Text();
+        const QString own = QAccessibleWidget::text(kind);
+        return kind == QAccessible::Description && own.isEmpty() ? m_control->ToolTipText() : own;
+    }
+
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        const auto *month = m_control->findChild<QWidget *>(QStringLiteral("frmMonth"));
+        const bool isOpen = month && month->isVisible();
+        state.editable = !m_control->Locked();
+        state.readOnly = m_control->Locked();
+        state.hasPopup = m_control->EnabledClick();
+        state.expandable = m_control->EnabledClick();
+        state.expanded = isOpen;
+        state.collapsed = !isOpen;
+        return state;
+    }
+
+private:
+    KorDate *m_control;
+};
+
+QAccessibleInterface *make(const QString &, QObject *object)
+{
+    auto *control = qobject_cast<KorDate *>(object);
+    return control ? new AccessibleDate(control) : nullptr;
+}
+
+} // namespace
+
+void makeDatesAccessible()
+{
+    static const bool isInstalled = [] {
+        QAccessible::installFactory(make);
+        return true;
+    }();
+    Q_UNUSED(isInstalled);
+}
+
+void passNameOn(KorDate *control, QWidget *box)
+{
+    if (const QAccessibleInterface *known = QAccessible::queryAccessibleInterface(control))
+        box->setAccessibleName(known->text(QAccessible::Name));
+}
+
+} // namespace kor
