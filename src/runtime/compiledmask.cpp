@@ -111,7 +111,7 @@ CompiledMask compile(QStringView mask)
 }
 
 //! A small direct-mapped cache: a form uses few masks, and a collision only costs a compilation. Its places are reused
-//! as they are, so that not even that allocates.
+//! as they are.
 template <typename Compiled, Compiled (*compileText)(QStringView)>
 class MaskCache
 {

@@ -8,7 +8,8 @@
 #include <KorDaoUC/locale.h>
 
 #include <QtCore/QStringView>
-#include <QtCore/QVarLengthArray>
+
+#include <vector>
 
 namespace kor {
 
@@ -74,7 +75,7 @@ private:
     void writeDatePart(DatePart part, const Fields &fields, const Locale &locale, MaskOutput &out) const;
     void writeTimePart(DatePart part, QTime time, const Locale &locale, MaskOutput &out) const;
 
-    QVarLengthArray<Item, 16> m_items;
+    std::vector<Item> m_items;
     bool m_twelveHours = false;
 };
 

@@ -61,7 +61,10 @@ void DateMask::appendHalfOfDay(DatePart part)
 class DateMask::PictureCompiler
 {
 public:
-    explicit PictureCompiler(QStringView picture) : m_picture(picture) {}
+    explicit PictureCompiler(QStringView picture) : m_picture(picture)
+    {
+        m_mask.m_items.reserve(static_cast<std::size_t>(picture.size()));
+    }
 
     DateMask compile()
     {

@@ -31,7 +31,10 @@ QVarLengthArray<QStringView, 4> maskSections(QStringView mask)
 class NumberSection::Compiler
 {
 public:
-    explicit Compiler(QStringView picture) : m_picture(picture) {}
+    explicit Compiler(QStringView picture) : m_picture(picture)
+    {
+        m_section.m_items.reserve(static_cast<std::size_t>(picture.size()));
+    }
 
     NumberSection compile()
     {
@@ -228,7 +231,7 @@ NumberMask NumberMask::fromPicture(QStringView picture)
 {
     NumberMask mask;
     const auto sections = maskSections(picture);
-    mask.m_sections.reserve(sections.size());
+    mask.m_sections.reserve(static_cast<std::size_t>(sections.size()));
     for (const QStringView section : sections)
         mask.m_sections.push_back(NumberSection::fromPicture(section));
     return mask;
@@ -236,7 +239,7 @@ NumberMask NumberMask::fromPicture(QStringView picture)
 
 void NumberMask::write(const Decimal &number, const Locale &locale, MaskOutput &out) const
 {
-    qsizetype section = 0;
+    std::size_t section = 0;
     if (number.negative && m_sections.size() > 1 && !m_sections[1].isEmpty())
         section = 1;
     else if (number.isZero() && m_sections.size() > 2 && !m_sections[2].isEmpty())

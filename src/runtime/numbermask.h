@@ -10,6 +10,8 @@
 #include <QtCore/QStringView>
 #include <QtCore/QVarLengthArray>
 
+#include <vector>
+
 namespace kor {
 
 //! One section of a number mask, compiled.
@@ -19,7 +21,7 @@ public:
     [[nodiscard]] static NumberSection fromPicture(QStringView picture);
 
     //! Whether the section has no characters at all, so that another one stands in for it.
-    [[nodiscard]] bool isEmpty() const { return m_items.isEmpty(); }
+    [[nodiscard]] bool isEmpty() const { return m_items.empty(); }
     //! Writes the number's digits. The sign is written first when asked for and when any digit but 0 is left.
     void write(Decimal number, bool withSign, const Locale &locale, MaskOutput &out) const;
 
@@ -36,7 +38,7 @@ private:
     void writeAllInteger(const Decimal &number, int downTo, const Locale &locale, MaskOutput &out) const;
     void writeExponent(int exponent, MaskOutput &out) const;
 
-    QVarLengthArray<Item, 16> m_items;
+    std::vector<Item> m_items;
     int m_integerPlaces = 0;
     int m_integerZeros = 0; //!< digits written in any case
     int m_fractionPlaces = 0;
@@ -59,7 +61,7 @@ public:
     void writeNull(const Locale &locale, MaskOutput &out) const;
 
 private:
-    QVarLengthArray<NumberSection, 1> m_sections;
+    std::vector<NumberSection> m_sections;
 };
 
 //! The sections of a mask: cut at semicolons that are neither quoted nor escaped.
