@@ -1,0 +1,26 @@
+# SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+# SPDX-License-Identifier: MIT
+
+# What a program needs to find the library with find_package(KorDaoUC): headers, libraries, the package's own files.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(KOR_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/KorDaoUC)
+set(installed KorDaoUCRuntime)
+if(KORDAOUC_GUI)
+    list(APPEND installed KorDaoUC)
+endif()
+set_target_properties(${installed} PROPERTIES INSTALL_RPATH $ORIGIN)
+install(TARGETS ${installed} EXPORT KorDaoUCTargets)
+install(DIRECTORY include/KorDaoUC DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(EXPORT KorDaoUCTargets NAMESPACE KorDaoUC:: DESTINATION ${KOR_PACKAGE_DIR})
+if(KORDAOUC_DESIGNER)
+    set_target_properties(KorDaoUCPlugin PROPERTIES INSTALL_RPATH $ORIGIN/../../..)
+    install(TARGETS KorDaoUCPlugin DESTINATION ${CMAKE_INSTALL_LIBDIR}/qt6/plugins/designer)
+endif()
+
+configure_package_config_file(cmake/KorDaoUCConfig.cmake.in ${PROJECT_BINARY_DIR}/KorDaoUCConfig.cmake
+    INSTALL_DESTINATION ${KOR_PACKAGE_DIR})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/KorDaoUCConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/KorDaoUCConfig.cmake ${PROJECT_BINARY_DIR}/KorDaoUCConfigVersion.cmake
+    DESTINATION ${KOR_PACKAGE_DIR})
