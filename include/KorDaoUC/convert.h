@@ -12,7 +12,8 @@
 namespace kor {
 
 //! The number that a text begins with, 0 when there is none. Blanks are skipped; "." is the decimal point in every
-//! locale; reading stops at the first character that can't belong to the number.
+//! locale; reading stops at the first character that can't belong to the number. "&HFF" and "&O17" are read too. Error
+//! 6 for a number that no Double holds.
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT double Val(QStringView text);
 
 //! Whether the value is a number or a text that the conversions would take for one. Null is not numeric.
@@ -23,7 +24,8 @@ namespace kor {
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT QString CStr(const QVariant &value,
                                                    const Locale &locale = Locale::systemDefault());
 
-//! Conversions by the locale's rules. Error 13 for what is no number, 6 for one that does not fit, 94 for Null.
+//! Conversions by the locale's rules. Error 13 for what is no number, 6 for one that does not fit, 94 for Null. Halves
+//! become the even whole number in CInt and CLng; CCur rounds them away from zero.
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT float CSng(const QVariant &value, const Locale &locale = Locale::systemDefault());
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT double CDbl(const QVariant &value,
                                                   const Locale &locale = Locale::systemDefault());

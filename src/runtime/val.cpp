@@ -17,6 +17,8 @@ class BlankSkipper
 public:
     explicit BlankSkipper(QStringView text) : m_text(text) { skip(); }
     [[nodiscard]] char16_t current() const { return m_at < m_text.size() ? m_text[m_at].unicode() : u'\0'; }
+    //! To the next character, be it a blank.
+    void next() { ++m_at; }
     void advance()
     {
         ++m_at;
@@ -68,13 +70,13 @@ double Val(QStringView text)
     if (negative || at.current() == u'+')
         at.advance();
     DigitReader digits;
-    for (;; at.advance()) {
+    for (;; at.next()) {
         const char16_t c = at.current();
         if (isDigit(c))
             digits.takeDigit(c);
         else if (c == u'.' && !digits.isInFraction())
             digits.takeDecimalPoint();
-        else
+        else if (!isBlank(c))
             break;
     }
     if (!digits.hasDigits())
