@@ -17,6 +17,7 @@
 #include <QtWidgets/QStyleOptionComboBox>
 
 #include <algorithm>
+#include <utility>
 
 namespace kor {
 
@@ -52,6 +53,7 @@ ComboBox::ComboBox(QWidget *parent) : QComboBox(parent), m_entries(new EntryMode
     if (parent)
         parent->installEventFilter(this);
     connect(this, &QComboBox::currentIndexChanged, this, &ComboBox::raiseChange);
+    connect(this, &QComboBox::activated, this, [this] { m_isChosen = m_acting > 0; });
     connect(m_entries, &QAbstractItemModel::modelReset, this, &ComboBox::fitListSoon);
     connect(m_entries, &QAbstractItemModel::rowsInserted, this, &ComboBox::fitListSoon);
 }
@@ -80,10 +82,13 @@ void ComboBox::Clear()
 template <class Action>
 void ComboBox::act(Action &&action)
 {
+    const QPointer<ComboBox> self = this;
     ++m_acting;
     action();
     --m_acting;
     raiseChange();
+    if (self && m_acting == 0 && std::exchange(m_isChosen, false))
+        Q_EMIT Chosen();
 }
 
 void ComboBox::raiseChange()
@@ -132,6 +137,28 @@ void ComboBox::press(QKeyEvent *event)
 
 void ComboBox::actAs(QKeyEvent *event)
 {
+    const int own = keyAscii(*event);
+    const int ascii = offerCharacter(own);
+    if (own != 0 && ascii == 0)
+        return;
+    if (ascii == own) {
+        select(event);
+        return;
+    }
+    QKeyEvent other(QEvent::KeyPress, 0, Qt::NoModifier, QString(QChar(static_cast<char16_t>(ascii))));
+    select(&other);
+}
+
+int ComboBox::offerCharacter(int ascii)
+{
+    const QPointer<ComboBox> self = this;
+    if (ascii != 0)
+        Q_EMIT KeyPress(ascii);
+    return self ? ascii : 0;
+}
+
+void ComboBox::select(QKeyEvent *event)
+{
     const bool isArrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
     if (isArrow && event->modifiers().testFlag(Qt::ControlModifier)) {
         // The toolkit leaves arrows with Ctrl alone; here they move like the plain ones.
@@ -157,6 +184,20 @@ void ComboBox::actAs(QKeyEvent *event)
             m_searching.start();
     }
     act([&] { QComboBox::keyPressEvent(event); });
+}
+
+void ComboBox::keyReleaseEvent(QKeyEvent *event)
+{
+    event->accept();
+    guarded(this, [&] { release(*event); });
+}
+
+void ComboBox::release(const QKeyEvent &event)
+{
+    int code = keyCode(event);
+    int shift = shiftState(event);
+    if (code != Key::None && !event.isAutoRepeat())
+        Q_EMIT KeyUp(code, shift);
 }
 
 void ComboBox::mousePressEvent(QMouseEvent *event)
@@ -206,7 +247,9 @@ bool ComboBox::filterList(QObject *watched, QEvent *event)
     }
     if (watched == m_list && event->type() == QEvent::KeyPress)
         return pressInList(static_cast<QKeyEvent *>(event));
-    if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonRelease)
+    if (watched == m_list && event->type() == QEvent::KeyRelease)
+        release(*static_cast<QKeyEvent *>(event));
+    else if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonRelease)
         return offerToToolkit(watched, event);
     return false;
 }
@@ -222,6 +265,8 @@ bool ComboBox::pressInList(QKeyEvent *event)
         if (!self || code == Key::None || !isDropped())
             return true;
     }
+    if (const int own = keyAscii(*event); own != 0 && offerCharacter(own) == 0)
+        return true;
     const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
     QKeyEvent accepting(QEvent::ShortcutOverride, isTab ? Qt::Key_Return : event->key(), event->modifiers());
     const bool isTaken = offerToToolkit(m_list, &accepting);
@@ -264,7 +309,7 @@ int ComboBox::listWidth() const
         }
     }
     const QStyle *look = m_list->style();
-    const int beside = look->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, m_list) +
+    const int beside = m_pictureWidth + look->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, m_list) +
                        2 * (look->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, m_list) + 1 +
                             look->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, m_list));
     const int most = std::min(screen()->availableGeometry().width(), mostListLetters * metrics.averageCharWidth());

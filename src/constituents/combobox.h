@@ -34,6 +34,8 @@ public:
     void Clear() override;
 
     [[nodiscard]] bool isDropped() const;
+    //! The room that the open list makes for a picture beside each name; the list's delegate paints them.
+    void setPictureWidth(int width) { m_pictureWidth = width; }
 
     void showPopup() override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -42,12 +44,17 @@ Q_SIGNALS:
     //! The selection has changed, by the user's or the program's doing.
     void Click();
     void KeyDown(int &KeyCode, int &Shift);
+    void KeyPress(int &KeyAscii);
+    void KeyUp(int &KeyCode, int &Shift);
+    //! The user has chosen an entry, be it the one that was selected already. Comes after Click.
+    void Chosen();
     //! The font or the style, and with it the height, may have changed.
     void heightChanged();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -59,6 +66,10 @@ private:
     void raiseChange();
     void press(QKeyEvent *event);
     void actAs(QKeyEvent *event);
+    //! Raises KeyPress for a character, 0 for none, and gives what the handlers made of it.
+    [[nodiscard]] int offerCharacter(int ascii);
+    void select(QKeyEvent *event);
+    void release(const QKeyEvent &event);
     [[nodiscard]] bool filterList(QObject *watched, QEvent *event);
     [[nodiscard]] bool pressInList(QKeyEvent *event);
     bool offerToToolkit(QObject *watched, QEvent *event);
@@ -72,6 +83,8 @@ private:
     QElapsedTimer m_searching; //!< since the last character of a type-ahead
     int m_selected = -1;       //!< the entry that Click was raised for
     int m_acting = 0;
+    bool m_isChosen = false;
+    int m_pictureWidth = 0;
     bool m_fitsSoon = false;
 };
 

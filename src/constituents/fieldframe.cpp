@@ -5,6 +5,7 @@
 #include <KorDaoUC/runtimeerror.h>
 
 #include <QtCore/QEvent>
+#include <QtGui/QRegion>
 #include <QtWidgets/QStyleOptionFrame>
 #include <QtWidgets/QStylePainter>
 
@@ -73,8 +74,11 @@ void FieldFrame::paintEvent(QPaintEvent *)
     panel.state.setFlag(QStyle::State_Sunken, isSunken);
     painter.drawPrimitive(QStyle::PE_PanelLineEdit, panel);
     if (m_border == BorderStyleType::FixedSingle && m_appearance == AppearanceType::Flat) {
-        painter.setPen(panel.palette.color(QPalette::Dark));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        // Filled edges, not lines, which would fall between the pixels of a screen that is scaled by a fraction.
+        const QColor edge = panel.palette.color(QPalette::Dark);
+        const QRegion inner(rect().adjusted(1, 1, -1, -1));
+        for (const QRect &side : QRegion(rect()) - inner)
+            painter.fillRect(side, edge);
     }
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <KorDaoUC/controlregistry.h>
 #include <KorDaoUC/korclick.h>
+#include <KorDaoUC/korcolor.h>
 #include <KorDaoUC/korcombo.h>
 #include <KorDaoUC/kordate.h>
 #include <KorDaoUC/korlist.h>
@@ -28,6 +29,7 @@ const bool controlsAdded = [] {
     add<KorClick>("KorClick");
     add<KorList>("KorList");
     add<KorListCheck>("KorListCheck");
+    add<KorColor>("KorColor");
     add<KorUpDown>("KorUpDown");
     add<KorMultiText>("KorMultiText");
     return true;

@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "constituents/commandbutton.h"
-#include "constituents/fieldlayout.h"
+#include "constituents/buttonfield.h"
 #include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
-#include "constituents/textbox.h"
 #include "frame/settings.h"
 #include "small/clickrules.h"
 
@@ -18,22 +16,16 @@ using namespace kor;
 class KorClick::Private final : public FocusClient
 {
 public:
-    explicit Private(KorClick *control)
-        : q(control),
-          back(new QWidget(control)),
-          box(new TextBox(back)),
-          button(new CommandButton(CommandButton::Sign::Dots, back))
-    {
-    }
+    explicit Private(KorClick *control) : q(control), field(CommandButton::Sign::Dots, control) {}
 
     void keyDown(int &code, int &shift);
     void clear();
     std::optional<Complaint> boxLeft(QWidget *left) override;
 
     KorClick *q;
-    QWidget *back;
-    TextBox *box;
-    CommandButton *button;
+    const ButtonField field;
+    TextBox *const box = field.box;
+    CommandButton *const button = field.button;
     QVariant value = null();
     bool blockUpDown = false;
     bool dirty = false;
@@ -67,7 +59,6 @@ const SettingsTable<KorClick> KorClick::Private::settings = {
 
 KorClick::KorClick(QWidget *parent) : UserControl(parent), d(std::make_unique<Private>(this))
 {
-    d->back->setObjectName(QStringLiteral("picBack"));
     d->box->setObjectName(QStringLiteral("txtClick"));
     d->button->setObjectName(QStringLiteral("cmdClick"));
     setMainConstituent(d->box);
@@ -99,19 +90,9 @@ void KorClick::initProperties()
 void KorClick::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorClick::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
 
-void KorClick::layoutConstituents()
-{
-    d->back->setGeometry(rect());
-    const auto place = layoutField(d->back->rect(), d->button->widthBeside(height()), layoutDirection());
-    d->box->setGeometry(place.field);
-    d->button->setGeometry(place.end);
-}
-
-QSize KorClick::sizeHint() const
-{
-    const QSize box = d->box->sizeHint();
-    return {box.width() + d->button->widthBeside(box.height()), box.height()};
-}
+void KorClick::layoutConstituents() { d->field.layout(*this); }
+QSize KorClick::sizeHint() const { return d->field.sizeHint(); }
+QSize KorClick::minimumSizeHint() const { return d->field.minimumSizeHint(); }
 
 // --- events
 
@@ -153,14 +134,21 @@ std::optional<Complaint> KorClick::Private::boxLeft(QWidget *left)
 
 // --- properties
 
-BorderStyleType KorClick::BorderStyle() const { return d->box->BorderStyle(); }
+BorderStyleType KorClick::BorderStyle() const { return d->field.frame->BorderStyle(); }
+
 void KorClick::setBorderStyle(BorderStyleType style)
 {
-    delegate("BorderStyle", d->box, &TextBox::setBorderStyle, style);
+    delegate("BorderStyle", d->field.frame, &FieldFrame::setBorderStyle, style);
+    layoutConstituents();
 }
 
-AppearanceType KorClick::Appearance() const { return d->box->Appearance(); }
-void KorClick::setAppearance(AppearanceType look) { delegate("Appearance", d->box, &TextBox::setAppearance, look); }
+AppearanceType KorClick::Appearance() const { return d->field.frame->Appearance(); }
+
+void KorClick::setAppearance(AppearanceType appearance)
+{
+    delegate("Appearance", d->field.frame, &FieldFrame::setAppearance, appearance);
+    layoutConstituents();
+}
 
 QVariant KorClick::Value() const { return d->value; }
 
@@ -201,7 +189,7 @@ int KorClick::hWnd() const { return static_cast<int>(effectiveWinId()); }
 int KorClick::MaxLength() const { return d->box->MaxLength(); }
 void KorClick::setMaxLength(int length) { delegate("MaxLength", d->box, &TextBox::setMaxLength, length); }
 
-bool KorClick::EnabledClick() const { return d->button->isEnabledTo(d->back); }
+bool KorClick::EnabledClick() const { return d->button->isEnabledTo(d->field.frame); }
 void KorClick::setEnabledClick(bool enabled) { delegate("EnabledClick", d->button, &QWidget::setEnabled, enabled); }
 
 QString KorClick::ToolButText() const { return d->button->text(); }

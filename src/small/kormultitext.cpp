@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "constituents/commandbutton.h"
-#include "constituents/fieldlayout.h"
+#include "constituents/buttonfield.h"
 #include "constituents/focustracker.h"
 #include "constituents/multilinetextbox.h"
-#include "constituents/textbox.h"
 #include "constituents/twips.h"
 #include "frame/settings.h"
 #include "small/frmtext.h"
@@ -23,10 +21,7 @@ using namespace kor;
 class KorMultiText::Private final : public FocusClient
 {
 public:
-    explicit Private(KorMultiText *control)
-        : q(control), box(new TextBox(control)), button(new CommandButton(CommandButton::Sign::Arrow, control))
-    {
-    }
+    explicit Private(KorMultiText *control) : q(control), field(CommandButton::Sign::Arrow, control) {}
 
     void open();
     void createPopup();
@@ -37,8 +32,9 @@ public:
     void boxEntered(QWidget *entered, FocusEntry) override;
 
     KorMultiText *q;
-    TextBox *box;
-    CommandButton *button;
+    const ButtonField field;
+    TextBox *const box = field.box;
+    CommandButton *const button = field.button;
     frmText *popup = nullptr; //!< created at the first opening, then kept
     bool isTextAway = false;  //!< the editor has the text, and the field takes it back at its next focus
     OpenDirectionType direction = OpenDirectionType::Down;
@@ -98,18 +94,9 @@ void KorMultiText::initProperties()
 void KorMultiText::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorMultiText::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
 
-void KorMultiText::layoutConstituents()
-{
-    const auto place = layoutField(rect(), d->button->widthBeside(height()), layoutDirection());
-    d->box->setGeometry(place.field);
-    d->button->setGeometry(place.end);
-}
-
-QSize KorMultiText::sizeHint() const
-{
-    const QSize box = d->box->sizeHint();
-    return {box.width() + d->button->widthBeside(box.height()), box.height()};
-}
+void KorMultiText::layoutConstituents() { d->field.layout(*this); }
+QSize KorMultiText::sizeHint() const { return d->field.sizeHint(); }
+QSize KorMultiText::minimumSizeHint() const { return d->field.minimumSizeHint(); }
 
 // --- the editor
 
@@ -197,10 +184,12 @@ void KorMultiText::Private::takeBack()
 
 // --- properties
 
-BorderStyleType KorMultiText::BorderStyle() const { return d->box->BorderStyle(); }
+BorderStyleType KorMultiText::BorderStyle() const { return d->field.frame->BorderStyle(); }
+
 void KorMultiText::setBorderStyle(BorderStyleType style)
 {
-    delegate("BorderStyle", d->box, &TextBox::setBorderStyle, style);
+    delegate("BorderStyle", d->field.frame, &FieldFrame::setBorderStyle, style);
+    layoutConstituents();
 }
 
 AlignmentType KorMultiText::Alignment() const { return d->box->Alignment(); }
@@ -216,7 +205,7 @@ void KorMultiText::setOpenDrection(OpenDirectionType direction)
     propertyChanged("OpenDrection");
 }
 
-bool KorMultiText::EnabledClick() const { return d->button->isEnabledTo(this); }
+bool KorMultiText::EnabledClick() const { return d->button->isEnabledTo(d->field.frame); }
 void KorMultiText::setEnabledClick(bool enabled) { delegate("EnabledClick", d->button, &QWidget::setEnabled, enabled); }
 
 QString KorMultiText::Text() const { return d->box->text(); }

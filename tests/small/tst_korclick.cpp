@@ -486,12 +486,18 @@ void tst_KorClick::buttonShowsItsText()
 void tst_KorClick::layoutFollowsSizeAndDirection()
 {
     QVERIFY(m_stage->open());
-    for (const int width : {200, 60, 20, 1, 0}) {
-        m_click->resize(width, 30);
-        QCOMPARE(m_box->width() + m_button->width(), width);
-        QCOMPARE(m_box->height(), 30);
-        QVERIFY(m_button->width() <= m_box->width());
-        QCOMPARE(m_button->x(), m_box->width());
+    for (const auto style : {BorderStyleType::FixedSingle, BorderStyleType::None}) {
+        m_click->setBorderStyle(style);
+        const int border = m_box->y();
+        QCOMPARE(border > 0, style == BorderStyleType::FixedSingle);
+        for (const int width : {200, 60, 21}) {
+            m_click->resize(width, 30);
+            QCOMPARE(m_box->width() + m_button->width(), width - 2 * border);
+            QCOMPARE(m_box->height(), 30 - 2 * border);
+            QVERIFY(m_button->width() <= m_box->width());
+            QCOMPARE(m_button->x(), m_box->x() + m_box->width());
+        }
+        m_click->resize(0, 0);
     }
     m_click->setLayoutDirection(Qt::RightToLeft);
     m_click->resize(150, 26);

@@ -1,0 +1,537 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/deletion.h"
+#include "support/eventlog.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/KorColor>
+#include <KorDaoUC/PropertyBag>
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QColorDialog>
+#include <QtWidgets/QComboBox>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+
+using namespace kor;
+using namespace kor::test;
+
+namespace {
+
+//! Types into the next colour dialog that opens, and remembers the colour it started from.
+class DialogUser : public QObject
+{
+public:
+    explicit DialogUser(std::function<void(QColorDialog &)> use) : m_use(std::move(use))
+    {
+        connect(&m_timer, &QTimer::timeout, this, [this] {
+            auto *dialog = qobject_cast<QColorDialog *>(QApplication::activeModalWidget());
+            if (!dialog || !dialog->isVisible() || m_isUsed)
+                return;
+            m_isUsed = true;
+            startedFrom = dialog->currentColor();
+            m_use(*dialog);
+        });
+        m_timer.start(10);
+    }
+    QColor startedFrom;
+    [[nodiscard]] bool isUsed() const { return m_isUsed; }
+
+private:
+    std::function<void(QColorDialog &)> m_use;
+    QTimer m_timer;
+    bool m_isUsed = false;
+};
+
+//! Chooses a colour by its name as a web page writes it.
+std::function<void(QColorDialog &)> choose(const char *name)
+{
+    return [name](QColorDialog &dialog) {
+        const auto edits = dialog.findChildren<QLineEdit *>();
+        const auto found = std::find_if(edits.cbegin(), edits.cend(), [](const QLineEdit *edit) {
+            return edit->text().startsWith(QLatin1Char('#'));
+        });
+        QLineEdit *edit = *found;
+        edit->selectAll();
+        QTest::keyClicks(edit, QString::fromLatin1(name));
+        QTest::keyClick(&dialog, Qt::Key_Return);
+    };
+}
+
+void cancel(QColorDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }
+
+} // namespace
+
+//! The colour field, its list and its dialog, driven by keyboard and mouse.
+class tst_KorColor : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    static void initTestCase();
+    void init();
+
+    void aFreshControlShowsBrightRed();
+    void valueSelectsTheEntry();
+    void aColorOutsideTheListSelectsTheLastEntry();
+    void clickOnlyWhenTheEntryChanges();
+    void choosingFromTheListSetsValue();
+    void arrowsSelectInTheClosedList();
+    void cancellingTheDialogChangesNothing();
+    void dialogStartsFromTheColorLastSet();
+    void aListColorFromTheDialogIsSelected();
+    void anotherColorShowsThePreviousOneUntilSelectedAgain();
+    void theLastDialogColorIsFoundByValue();
+    void afterTheDialogTheListHasTheFocus();
+    void f6OpensTheDialogAndThenRaisesKeyDown();
+    void hostHearsKeysOfTheList();
+    void mouseEventsComeFromTheSurface();
+    void wheelChangesNothingWithoutTheFocus();
+    void swatchesAreDrawnInTheList();
+    void swatchAndPictureShowTheirColors();
+    void systemColorsFollowThePalette();
+    void aDisabledControlOpensNothing();
+    void deletionInsideAHandlerIsSafe_data();
+    void deletionInsideAHandlerIsSafe();
+    void deletionWhileTheDialogIsOpenIsSafe();
+
+    void settingsAreWrittenInTheirOrder();
+    void valueIsWrittenAndNeverReadBack();
+    void everyLetReportsItsProperty();
+
+private:
+    std::unique_ptr<Stage> m_stage;
+    KorColor *m_color = nullptr;
+    QComboBox *m_box = nullptr;
+    QAbstractButton *m_button = nullptr;
+    [[nodiscard]] bool enter();
+    [[nodiscard]] QWidget *part(const char *name) const
+    {
+        return m_color->findChild<QWidget *>(QString::fromLatin1(name));
+    }
+    [[nodiscard]] static QColor middleOf(QWidget *widget)
+    {
+        return widget->grab().toImage().pixelColor(widget->rect().center() * widget->devicePixelRatioF());
+    }
+};
+
+void tst_KorColor::initTestCase() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+
+void tst_KorColor::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin)")));
+    m_stage = std::make_unique<Stage>();
+    m_color = m_stage->place(new KorColor, 200);
+    m_box = m_color->findChild<QComboBox *>(QStringLiteral("cmbColor"));
+    m_button = m_color->findChild<QAbstractButton *>(QStringLiteral("cmdColor"));
+}
+
+bool tst_KorColor::enter()
+{
+    if (!m_stage->open())
+        return false;
+    m_color->setFocus();
+    settle();
+    return QApplication::focusWidget() == m_box;
+}
+
+void tst_KorColor::aFreshControlShowsBrightRed()
+{
+    QCOMPARE(m_box->count(), 18);
+    QCOMPARE(m_box->currentText(), QStringLiteral("Jasnoczerwony"));
+    QCOMPARE(m_color->Value(), 255);
+    PropertyBag bag;
+    m_color->writeProperties(bag);
+    QVERIFY(bag.isEmpty());
+}
+
+void tst_KorColor::valueSelectsTheEntry()
+{
+    m_color->setValue(0);
+    QCOMPARE(m_box->currentText(), QStringLiteral("Czarny"));
+    m_color->setValue(255);
+    QCOMPARE(m_box->currentText(), QStringLiteral("Jasnoczerwony"));
+    QCOMPARE(m_color->Value(), 255);
+    m_color->setValue(1);
+    QCOMPARE(m_box->currentText(), QStringLiteral("(domyślny)"));
+    QCOMPARE(m_color->Value(), 1);
+}
+
+void tst_KorColor::aColorOutsideTheListSelectsTheLastEntry()
+{
+    m_color->setValue(0x123456);
+    QCOMPARE(m_box->currentText(), QStringLiteral("Inny kolor..."));
+    QCOMPARE(m_color->Value(), 0);
+}
+
+void tst_KorColor::clickOnlyWhenTheEntryChanges()
+{
+    EventLog log(m_color);
+    m_color->setValue(0);
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+    m_color->setValue(0);
+    QCOMPARE(log.take(), QString());
+    m_color->setValue(0x123456);
+    QCOMPARE(log.take(), QStringLiteral("Click Click")); // by the list, and once more by the control
+    m_color->setValue(0x123457);
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+}
+
+void tst_KorColor::choosingFromTheListSetsValue()
+{
+    QVERIFY(enter());
+    EventLog log(m_color);
+    log.ignore({QStringLiteral("KeyUp"), QStringLiteral("KeyDown"), QStringLiteral("KeyPress")});
+    m_box->showPopup();
+    settle();
+    QTest::keyClick(m_box->view(), Qt::Key_Down);
+    QTest::keyClick(m_box->view(), Qt::Key_Down);
+    QCOMPARE(log.take(), QString());
+    QTest::keyClick(m_box->view(), Qt::Key_Return);
+    settle();
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+    QCOMPARE(m_color->Value(), 65535);
+    QCOMPARE(m_box->currentText(), QStringLiteral("Żółty"));
+}
+
+void tst_KorColor::arrowsSelectInTheClosedList()
+{
+    QVERIFY(enter());
+    EventLog log(m_color);
+    QTest::keyClick(m_box, Qt::Key_Up);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(38,0) Click KeyUp(38,0)"));
+    QCOMPARE(m_color->Value(), 16776960);
+}
+
+void tst_KorColor::cancellingTheDialogChangesNothing()
+{
+    QVERIFY(enter());
+    m_color->setValue(255);
+    EventLog log(m_color);
+    DialogUser user(&cancel);
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    QVERIFY(user.isUsed());
+    QCOMPARE(m_color->Value(), 255);
+    QCOMPARE(log.take(), QString());
+    m_color->setValue(0x123456); // still unknown
+    QCOMPARE(m_color->Value(), 0);
+}
+
+void tst_KorColor::dialogStartsFromTheColorLastSet()
+{
+    QVERIFY(enter());
+    m_color->setValue(0x123456);
+    m_box->setCurrentIndex(3); // a choice in the list is not where the dialog starts
+    DialogUser user(&cancel);
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    QCOMPARE(user.startedFrom, QColor(0x56, 0x34, 0x12));
+}
+
+void tst_KorColor::aListColorFromTheDialogIsSelected()
+{
+    QVERIFY(enter());
+    EventLog log(m_color);
+    DialogUser user(choose("#0000ff"));
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    QCOMPARE(m_box->currentText(), QStringLiteral("Jasnoniebieski"));
+    QCOMPARE(m_color->Value(), 0xFF0000);
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+}
+
+void tst_KorColor::anotherColorShowsThePreviousOneUntilSelectedAgain()
+{
+    QVERIFY(enter());
+    {
+        DialogUser user(choose("#563412"));
+        QTest::mouseClick(m_button, Qt::LeftButton);
+    }
+    QCOMPARE(m_box->currentText(), QStringLiteral("Inny kolor..."));
+    QCOMPARE(m_color->Value(), 0); // the colour before this one
+    EventLog log(m_color);
+    log.ignore({QStringLiteral("KeyUp"), QStringLiteral("KeyDown"), QStringLiteral("KeyPress")});
+    m_stage->activateWindow();
+    m_box->showPopup();
+    settle();
+    QTest::keyClick(m_box->view(), Qt::Key_Return);
+    settle();
+    QCOMPARE(m_color->Value(), 0x123456);
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+    {
+        DialogUser user(choose("#664422"));
+        QTest::mouseClick(m_button, Qt::LeftButton);
+    }
+    QCOMPARE(m_color->Value(), 0x123456);
+    m_box->setCurrentIndex(0);
+    m_box->setCurrentIndex(17);
+    QCOMPARE(m_color->Value(), 0x224466);
+}
+
+void tst_KorColor::theLastDialogColorIsFoundByValue()
+{
+    QVERIFY(enter());
+    DialogUser user(choose("#563412"));
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    m_color->setValue(255);
+    m_color->setValue(0x123456);
+    QCOMPARE(m_box->currentText(), QStringLiteral("Inny kolor..."));
+    QCOMPARE(m_color->Value(), 0x123456);
+}
+
+void tst_KorColor::afterTheDialogTheListHasTheFocus()
+{
+    QVERIFY(enter());
+    m_stage->button()->setFocus();
+    settle();
+    DialogUser user(choose("#0000ff"));
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    m_stage->activateWindow();
+    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+}
+
+void tst_KorColor::f6OpensTheDialogAndThenRaisesKeyDown()
+{
+    QVERIFY(enter());
+    EventLog log(m_color);
+    {
+        DialogUser user(choose("#0000ff"));
+        QTest::keyPress(m_box, Qt::Key_F6);
+        QVERIFY(user.isUsed());
+    }
+    QCOMPARE(log.take(), QStringLiteral("Click KeyDown(117,0)"));
+    DialogUser user(&cancel);
+    QTest::keyPress(m_box, Qt::Key_F6, Qt::ShiftModifier);
+    QVERIFY(user.isUsed());
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(117,1)"));
+}
+
+void tst_KorColor::hostHearsKeysOfTheList()
+{
+    QVERIFY(enter());
+    EventLog log(m_color);
+    QTest::keyClick(m_box, Qt::Key_B);
+    QVERIFY(log.take().startsWith(QStringLiteral("KeyDown(66,0) KeyPress(98) Click KeyUp(66,0)")));
+    connect(m_color, &KorColor::KeyPress, this, [](int &ascii) { ascii = 0; });
+    const int before = m_box->currentIndex();
+    QTest::keyClick(m_box, Qt::Key_C);
+    QCOMPARE(m_box->currentIndex(), before);
+    connect(m_color, &KorColor::KeyDown, this, [](int &code, int &) { code = 0; });
+    QTest::keyClick(m_box, Qt::Key_Down);
+    QCOMPARE(m_box->currentIndex(), before);
+}
+
+void tst_KorColor::mouseEventsComeFromTheSurface()
+{
+    QVERIFY(enter());
+    EventLog log(m_color);
+    log.ignore({QStringLiteral("MouseMove")});
+    const QPoint at = part("picSwatch")->mapTo(m_stage.get(), QPoint(3, 3));
+    QTest::mouseClick(m_stage->windowHandle(), Qt::LeftButton, Qt::ControlModifier, at);
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,2) MouseUp(1,2)"));
+}
+
+void tst_KorColor::wheelChangesNothingWithoutTheFocus()
+{
+    QVERIFY(m_stage->open());
+    m_stage->button()->setFocus();
+    settle();
+    const QPointF at = m_box->rect().center();
+    const auto turn = [&] {
+        QWheelEvent wheel(at, m_box->mapToGlobal(at), {}, QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(m_box, &wheel);
+    };
+    turn();
+    QCOMPARE(m_color->Value(), 255);
+    m_box->setFocus();
+    settle();
+    turn();
+    QCOMPARE(m_color->Value(), 16776960);
+}
+
+void tst_KorColor::swatchesAreDrawnInTheList()
+{
+    QVERIFY(enter());
+    m_box->showPopup();
+    settle();
+    QAbstractItemView *list = m_box->view();
+    const QImage picture = list->viewport()->grab().toImage();
+    const QList<std::pair<int, QColor>> shown{{10, Qt::blue}, {11, Qt::green}, {13, Qt::red}, {15, Qt::yellow}};
+    for (const auto &[row, color] : shown) {
+        const QRect place = list->visualRect(list->model()->index(row, 0));
+        if (!list->viewport()->rect().contains(place))
+            continue;
+        bool isFound = false;
+        for (int x = place.left(); x < place.left() + place.height() * 2 && !isFound; ++x)
+            isFound = picture.pixelColor(x, place.center().y()) == color;
+        QVERIFY2(isFound, qPrintable(m_box->itemText(row)));
+    }
+    m_box->hidePopup();
+}
+
+void tst_KorColor::swatchAndPictureShowTheirColors()
+{
+    QVERIFY(m_stage->open());
+    m_color->setValue(0xFF0000);
+    QCOMPARE(middleOf(part("picSwatch")), QColor(Qt::blue));
+    QCOMPARE(middleOf(part("picColor")), QColor(Qt::blue));
+    m_color->setValue(0x123456);
+    QCOMPARE(middleOf(part("picSwatch")), QColor(Qt::black));
+    QCOMPARE(middleOf(part("picColor")), QColor(0x56, 0x34, 0x12));
+}
+
+void tst_KorColor::systemColorsFollowThePalette()
+{
+    QVERIFY(m_stage->open());
+    QPalette palette = m_stage->palette();
+    palette.setColor(QPalette::Button, QColor(20, 40, 60));
+    m_stage->setPalette(palette);
+    QCOMPARE(middleOf(part("picColor")), QColor(20, 40, 60)); // &H8000000F at first
+    palette.setColor(QPalette::Button, QColor(200, 40, 60));
+    m_stage->setPalette(palette);
+    QCOMPARE(middleOf(part("picColor")), QColor(200, 40, 60));
+    m_color->setFocus();
+    DialogUser user(&cancel);
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    QCOMPARE(user.startedFrom, QColor(200, 40, 60));
+}
+
+void tst_KorColor::aDisabledControlOpensNothing()
+{
+    QVERIFY(m_stage->open());
+    m_color->setEnabled(false);
+    DialogUser user(&cancel);
+    EventLog log(m_color);
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    QTest::keyClick(m_box, Qt::Key_F6);
+    QVERIFY(!user.isUsed());
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_KorColor::deletionInsideAHandlerIsSafe_data()
+{
+    QTest::addColumn<QString>("event");
+    for (const char *event : {"Click by key", "Click by list", "Click by Value", "Click by other Value",
+                              "Click by dialog", "Click by F6", "KeyDown", "KeyPress", "KeyUp", "MouseDown", "MouseUp"})
+        QTest::newRow(event) << QString::fromLatin1(event);
+}
+
+void tst_KorColor::deletionInsideAHandlerIsSafe()
+{
+    QFETCH(QString, event);
+    QVERIFY(enter());
+    const QPointer<QComboBox> box = m_box;
+    const QPointer<KorColor> control = m_color;
+    const QString way = event.section(QLatin1Char(' '), 2);
+    if (way == u"list") {
+        m_box->showPopup();
+        settle();
+        QTest::keyClick(m_box->view(), Qt::Key_Up);
+    }
+    const DeletionOn deletion(m_color, event.section(QLatin1Char(' '), 0, 0));
+    QVERIFY(deletion.isListening());
+    DialogUser user(choose("#0000ff"));
+    if (way == u"key")
+        QTest::keyPress(box, Qt::Key_Up);
+    else if (way == u"list")
+        QTest::keyPress(box->view(), Qt::Key_Return);
+    else if (way == u"Value")
+        control->setValue(0);
+    else if (way == u"other Value")
+        control->setValue(0x112233);
+    else if (way == u"F6")
+        QTest::keyPress(box, Qt::Key_F6);
+    else if (way == u"dialog")
+        m_button->click();
+    else if (event.startsWith(u"Key")) {
+        QTest::keyPress(box, Qt::Key_Q);
+        if (box)
+            QTest::keyRelease(box, Qt::Key_Q);
+    } else {
+        for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            if (!control)
+                break;
+            QMouseEvent mouse(kind, QPointF(1, 1), control->mapToGlobal(QPointF(1, 1)), Qt::LeftButton, Qt::NoButton,
+                              Qt::NoModifier);
+            QApplication::sendEvent(control, &mouse);
+        }
+    }
+    settle();
+    QVERIFY(deletion.isDone());
+}
+
+void tst_KorColor::deletionWhileTheDialogIsOpenIsSafe()
+{
+    QVERIFY(enter());
+    const QPointer<KorColor> control = m_color;
+    DialogUser user([&](QColorDialog &) { delete control.data(); });
+    QTest::keyPress(m_box, Qt::Key_F6);
+    QVERIFY(!control);
+}
+
+// --- settings
+
+namespace {
+
+QString keysOf(const PropertyBag &bag)
+{
+    QStringList keys;
+    for (const auto &[key, value] : bag.entries())
+        keys << key;
+    return keys.join(QLatin1Char(' '));
+}
+
+void setEverything(KorColor &color)
+{
+    color.setBackColor(0x00C0FFFF);
+    color.setForeColor(0x00800000);
+    color.setEnabled(false);
+    QFont font = color.Font();
+    font.setPointSize(15);
+    color.setFont(font);
+    color.setValue(65535);
+    color.setToolTipText(QStringLiteral("Kolor etykiety"));
+}
+
+} // namespace
+
+void tst_KorColor::settingsAreWrittenInTheirOrder()
+{
+    setEverything(*m_color);
+    PropertyBag bag;
+    m_color->writeProperties(bag);
+    QCOMPARE(keysOf(bag), QStringLiteral("BackColor ForeColor Enabled Font Value ToolTipText"));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("Value")), QVariant(65535));
+}
+
+void tst_KorColor::valueIsWrittenAndNeverReadBack()
+{
+    setEverything(*m_color);
+    PropertyBag bag;
+    m_color->writeProperties(bag);
+    KorColor loaded;
+    EventLog log(&loaded);
+    loaded.readProperties(bag);
+    QCOMPARE(loaded.Value(), 255);
+    QCOMPARE(loaded.ToolTipText(), QStringLiteral("Kolor etykiety"));
+    QCOMPARE(log.take(), QString());
+    PropertyBag again;
+    loaded.writeProperties(again);
+    QCOMPARE(keysOf(again), QStringLiteral("BackColor ForeColor Enabled Font ToolTipText"));
+    m_color->readProperties(bag);
+    QCOMPARE(m_color->Value(), 255); // also after another entry was shown
+}
+
+void tst_KorColor::everyLetReportsItsProperty()
+{
+    QStringList changed;
+    connect(m_color, &UserControl::PropertyChanged, this, [&](const QString &name) { changed << name; });
+    setEverything(*m_color);
+    QCOMPARE(changed.join(QLatin1Char(' ')), QStringLiteral("BackColor ForeColor Enabled Font Color ToolTipText"));
+}
+
+QTEST_MAIN(tst_KorColor)
+#include "tst_korcolor.moc"
