@@ -51,7 +51,11 @@ DictionaryControl::DictionaryControl(QWidget *parent, const DictionaryRules &rul
 {
 }
 
-DictionaryControl::~DictionaryControl() = default;
+DictionaryControl::~DictionaryControl()
+{
+    // The box outlives this by a moment, and losing the focus in it may have something to report.
+    disconnect(mainConstituent(), nullptr, this, nullptr);
+}
 
 void DictionaryControl::setEntryBox(EntryBox *box)
 {

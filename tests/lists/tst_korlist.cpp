@@ -1,0 +1,715 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/eventlog.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/KorList>
+#include <KorDaoUC/Locale>
+#include <KorDaoUC/RunTimeError>
+#include <KorDaoUC/SqlDatabase>
+#include <KorDaoUC/Variant>
+
+#include <QtCore/QTemporaryDir>
+#include <QtSql/QSqlDatabase>
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QScrollBar>
+
+using namespace kor;
+using namespace kor::test;
+
+namespace {
+
+const QString abc = QStringLiteral("LIST a;Alfa|b;Beta|c;Celina");
+
+//! As the window system tells it: two presses, the second one as the double click, and both releases.
+void doubleClick(QWidget *surface, const QPoint &place)
+{
+    QTest::mouseClick(surface, Qt::LeftButton, {}, place);
+    for (const QEvent::Type type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+        QMouseEvent mouse(type, place, surface->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(surface, &mouse);
+    }
+}
+
+} // namespace
+
+//! Entries, keys and mouse.
+class tst_KorList : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+
+    void trailingBarIsOptional();
+    void anyOtherTextLoadsNothingAndStillRefreshes();
+    void nullEntryIsReadAsNullAndNeverFound();
+    void numberDoesNotFindATextKey();
+    void keptValueIsSilentAndAVanishedOneClicks();
+    void f5RefreshesWithoutKeyDown_data();
+    void f5RefreshesWithoutKeyDown();
+    void emptyResultLeavesTheListCleared();
+    void listIndexOutOfRangeIsRefused_data();
+    void listIndexOutOfRangeIsRefused();
+    void everyMemberIsReachedByName();
+
+    void nothingIsSelectedByFillingOrByTheFocus();
+    void keysMove_data();
+    void keysMove();
+    void keysMoveInAListWithoutASelection();
+    void pageKeysMoveByWhatIsSeen();
+    void typingFindsByTheBeginning_data();
+    void typingFindsByTheBeginning();
+    void typingGoesOnThroughBlanks();
+    void hostSwallowsAndChangesKeys();
+    void keysOfTheFormAreLeftToIt();
+    void wheelScrollsAndChangesNothing();
+
+    void clickSelectsAndRaisesInOrder();
+    void clickOnTheSelectedEntryRaisesNoClick();
+    void mouseHeldDownSelectsWhereItGoes();
+    void mouseBeyondTheEdgeScrollsOn();
+    void otherButtonsSelectNothing();
+    void clickBelowTheLastEntrySelectsNothing();
+    void doubleClickFollowsItsOrder();
+    void disabledListRaisesNothing();
+
+    void handlersMayRefreshAndClear();
+    void deletionInsideAHandlerIsSafe_data();
+    void deletionInsideAHandlerIsSafe();
+    void manyEntriesAreReachedAtOnce();
+
+private:
+    void load(const QString &source, bool canBeNull = false);
+    [[nodiscard]] bool enter(const QString &source);
+    void press(int key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::keyClick(m_box, static_cast<Qt::Key>(key), modifiers);
+    }
+    [[nodiscard]] QPoint middleOf(int row) const;
+    [[nodiscard]] QStringList names() const;
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<SqlDatabase> m_database;
+    std::unique_ptr<Stage> m_stage;
+    QPointer<KorList> m_list;
+    QPointer<QListView> m_box;
+};
+
+void tst_KorList::initTestCase()
+{
+    auto connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("lists"));
+    connection.setDatabaseName(m_folder.filePath(QStringLiteral("dane.sqlite")));
+    QVERIFY(connection.open());
+}
+
+void tst_KorList::cleanupTestCase()
+{
+    m_database.reset();
+    QSqlDatabase::removeDatabase(QStringLiteral("lists"));
+}
+
+void tst_KorList::init()
+{
+    failOnWarnings();
+    Locale::setSystemDefault(Locale::polish());
+    m_database = std::make_unique<SqlDatabase>(QSqlDatabase::database(QStringLiteral("lists")));
+    m_stage = std::make_unique<Stage>();
+    m_list = m_stage->place(new KorList, 160, 100);
+    m_list->setdatabase(m_database.get());
+    m_box = m_list->findChild<QListView *>(QStringLiteral("Lista"));
+}
+
+void tst_KorList::cleanup() { m_stage.reset(); }
+
+void tst_KorList::load(const QString &source, bool canBeNull)
+{
+    m_list->setSQL(source);
+    m_list->setCanBeNull(canBeNull);
+    m_list->Refresh();
+}
+
+bool tst_KorList::enter(const QString &source)
+{
+    load(source);
+    if (!m_stage->open())
+        return false;
+    m_list->setFocus();
+    settle();
+    return QApplication::focusWidget() == m_box;
+}
+
+QPoint tst_KorList::middleOf(int row) const { return m_box->visualRect(m_box->model()->index(row, 0)).center(); }
+
+QStringList tst_KorList::names() const
+{
+    QStringList shown;
+    for (int i = 0; i < m_box->model()->rowCount(); ++i)
+        shown << m_box->model()->index(i, 0).data().value<QString>();
+    return shown;
+}
+
+// --- entries
+
+void tst_KorList::trailingBarIsOptional()
+{
+    for (const QString &source : {QStringLiteral("LIST a;A|b;B"), QStringLiteral("LIST a;A|b;B|")}) {
+        load(source);
+        QCOMPARE(names(), (QStringList{QStringLiteral("A"), QStringLiteral("B")}));
+        m_list->setText(QStringLiteral("B"));
+        QCOMPARE(m_list->Value(), QVariant(QStringLiteral("b")));
+    }
+}
+
+void tst_KorList::anyOtherTextLoadsNothingAndStillRefreshes()
+{
+    load(QStringLiteral("list x;X"));
+    QCOMPARE(names(), QStringList{QStringLiteral("X")});
+    load(QStringLiteral("sElEcT 1, 'jeden'"));
+    QCOMPARE(m_list->Value(), QVariant(1));
+    EventLog log(m_list);
+    load(QStringLiteral("kraje"));
+    QVERIFY(!m_list->HasValues());
+    load(QStringLiteral("kraje"), true);
+    QCOMPARE(names(), QStringList{QStringLiteral("...")});
+    QCOMPARE(m_list->ListIndex(), 0);
+    QCOMPARE(log.take(), QStringLiteral("Refreshed Refreshed"));
+}
+
+void tst_KorList::nullEntryIsReadAsNullAndNeverFound()
+{
+    load(QStringLiteral("LIST 1;One"), true);
+    QCOMPARE(names(), (QStringList{QStringLiteral("..."), QStringLiteral("One")}));
+    m_list->setListIndex(1);
+    QCOMPARE(m_list->Value(), QVariant(QStringLiteral("1")));
+    m_list->setListIndex(0);
+    QVERIFY(isNull(m_list->Value()));
+    QCOMPARE(m_list->Exists(null()), QVariant(false));
+}
+
+void tst_KorList::numberDoesNotFindATextKey()
+{
+    load(QStringLiteral("LIST 2;dwa|1;jeden"));
+    m_list->setValue(QStringLiteral("1"));
+    QCOMPARE(m_list->Text(), QStringLiteral("jeden"));
+    m_list->setValue(1);
+    QCOMPARE(m_list->Text(), QStringLiteral("dwa"));
+    load(QStringLiteral("SELECT 2, 'dwa' UNION ALL SELECT 1, 'jeden'"));
+    m_list->setValue(1);
+    QCOMPARE(m_list->Text(), QStringLiteral("jeden"));
+}
+
+void tst_KorList::keptValueIsSilentAndAVanishedOneClicks()
+{
+    load(abc);
+    m_list->setValue(QStringLiteral("b"));
+    EventLog log(m_list);
+    load(QStringLiteral("LIST c;Celina|b;Beta"));
+    QCOMPARE(log.take(), QStringLiteral("Refreshed"));
+    QCOMPARE(m_list->ListIndex(), 1);
+    QVERIFY(!m_list->DataChanged());
+    load(QStringLiteral("LIST c;Celina|d;Daria"));
+    QCOMPARE(log.take(), QStringLiteral("Click Refreshed"));
+    QCOMPARE(m_list->ListIndex(), 0);
+    QVERIFY(m_list->DataChanged());
+    m_list->setBlockClick(true);
+    load(abc);
+    load(QStringLiteral("LIST x;X"));
+    QCOMPARE(log.take(), QStringLiteral("Refreshed Refreshed"));
+    QVERIFY(m_list->DataChanged());
+}
+
+void tst_KorList::f5RefreshesWithoutKeyDown_data()
+{
+    QTest::addColumn<int>("modifiers");
+    QTest::newRow("alone") << 0;
+    QTest::newRow("Shift") << int(Qt::ShiftModifier);
+    QTest::newRow("Ctrl") << int(Qt::ControlModifier);
+}
+
+void tst_KorList::f5RefreshesWithoutKeyDown()
+{
+    QFETCH(int, modifiers);
+    QVERIFY(enter(abc));
+    m_list->setSQL(QStringLiteral("LIST d;Daria|a;Alfa"));
+    EventLog log(m_list);
+    press(Qt::Key_F5, Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(log.take(), QStringLiteral("Refreshed"));
+    QCOMPARE(m_list->ListIndex(), 1);
+    QCOMPARE(names(), (QStringList{QStringLiteral("Daria"), QStringLiteral("Alfa")}));
+}
+
+void tst_KorList::emptyResultLeavesTheListCleared()
+{
+    load(abc);
+    EventLog log(m_list);
+    load(QStringLiteral("SELECT 1, 'x' WHERE 0"), true);
+    QCOMPARE(names(), QStringList{QStringLiteral("...")});
+    QCOMPARE(m_list->ListIndex(), -1);
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_KorList::listIndexOutOfRangeIsRefused_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::newRow("behind the last") << 3;
+    QTest::newRow("below none") << -2;
+}
+
+void tst_KorList::listIndexOutOfRangeIsRefused()
+{
+    QFETCH(int, index);
+    load(abc);
+    m_list->setListIndex(1);
+    EventLog log(m_list);
+    try {
+        m_list->setListIndex(index);
+        QFAIL("no error was raised");
+    } catch (const RunTimeError &error) {
+        QCOMPARE(error.number(), 380);
+    }
+    QCOMPARE(m_list->ListIndex(), 1);
+    QCOMPARE(log.take(), QString());
+    m_list->setListIndex(-1);
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+    QVERIFY(isNull(m_list->Value()));
+    QCOMPARE(m_list->Text(), QString());
+}
+
+void tst_KorList::everyMemberIsReachedByName()
+{
+    QObject *control = m_list;
+    QVERIFY(QMetaObject::invokeMethod(control, "AddEntry", Q_ARG(QVariant, 5), Q_ARG(QString, QStringLiteral("pięć"))));
+    QVERIFY(control->setProperty("Value", 5));
+    QCOMPARE(control->property("Text"), QVariant(QStringLiteral("pięć")));
+    QVariant exists;
+    QVERIFY(QMetaObject::invokeMethod(control, "Exists", Q_RETURN_ARG(QVariant, exists), Q_ARG(QVariant, 5)));
+    QCOMPARE(exists, QVariant(true));
+    QVERIFY(QMetaObject::invokeMethod(control, "setdatabase", Q_ARG(QString, QStringLiteral("lists"))));
+    QVERIFY(QMetaObject::invokeMethod(control, "Refresh"));
+    QVERIFY(QMetaObject::invokeMethod(control, "Clear"));
+    QCOMPARE(control->property("HasValues"), QVariant(false));
+    QCOMPARE(control->property("ListCount"), QVariant(0));
+    QVERIFY(m_stage->open());
+    QVERIFY(control->property("hWnd").value<int>() != 0);
+    for (const char *name :
+         {"ListIndex", "SQL", "NullString", "Slownik", "DataChanged", "CanBeNull", "BackColor", "ForeColor", "Font",
+          "Appearance", "BorderStyle", "ToolTipText", "Enabled", "BlockUpDown", "BlockClick"}) {
+        const QVariant value = control->property(name);
+        QVERIFY2(value.isValid() && control->setProperty(name, value), name);
+    }
+    QCOMPARE(QByteArray(control->metaObject()->userProperty().name()), QByteArray("Value"));
+    QStringList events;
+    for (int i = control->metaObject()->methodOffset(); i < control->metaObject()->methodCount(); ++i) {
+        if (control->metaObject()->method(i).methodType() == QMetaMethod::Signal)
+            events << QString::fromLatin1(control->metaObject()->method(i).methodSignature());
+    }
+    QCOMPARE(events.join(QLatin1Char(' ')),
+             QStringLiteral("Click() DblClick() KeyDown(int&,int&) MouseDown(int&,int&,float&,float&) "
+                            "MouseUp(int&,int&,float&,float&) Refreshed()"));
+}
+
+// --- keys and wheel
+
+void tst_KorList::nothingIsSelectedByFillingOrByTheFocus()
+{
+    EventLog log(m_list);
+    m_list->AddEntry(1, QStringLiteral("jeden"));
+    m_list->AddEntry(2, QStringLiteral("dwa"));
+    QVERIFY(m_stage->open());
+    m_list->setFocus();
+    settle();
+    m_stage->button()->setFocus();
+    settle();
+    m_list->setFocus();
+    settle();
+    QCOMPARE(m_list->ListIndex(), -1);
+    QVERIFY(m_box->selectionModel()->selectedIndexes().isEmpty());
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_KorList::keysMove_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("events");
+    QTest::addColumn<int>("index");
+    constexpr int shift = Qt::ShiftModifier;
+    constexpr int ctrl = Qt::ControlModifier;
+    constexpr int alt = Qt::AltModifier;
+    // clang-format off
+    QTest::newRow("Down")                     << 0 << int(Qt::Key_Down)  << 0     << "KeyDown(40,0) Click" << 1;
+    QTest::newRow("Up")                       << 1 << int(Qt::Key_Up)    << 0     << "KeyDown(38,0) Click" << 0;
+    QTest::newRow("Down at the last")         << 2 << int(Qt::Key_Down)  << 0     << "KeyDown(40,0)"       << 2;
+    QTest::newRow("Up at the first")          << 0 << int(Qt::Key_Up)    << 0     << "KeyDown(38,0)"       << 0;
+    QTest::newRow("Right is Down")            << 0 << int(Qt::Key_Right) << 0     << "KeyDown(39,0) Click" << 1;
+    QTest::newRow("Left is Up")               << 1 << int(Qt::Key_Left)  << 0     << "KeyDown(37,0) Click" << 0;
+    QTest::newRow("Ctrl+Down moves too")      << 0 << int(Qt::Key_Down)  << ctrl  << "KeyDown(40,2) Click" << 1;
+    QTest::newRow("Shift+Down moves too")     << 0 << int(Qt::Key_Down)  << shift << "KeyDown(40,1) Click" << 1;
+    QTest::newRow("Alt+Up moves too")         << 1 << int(Qt::Key_Up)    << alt   << "KeyDown(38,4) Click" << 0;
+    QTest::newRow("End")                      << 0 << int(Qt::Key_End)   << 0     << "KeyDown(35,0) Click" << 2;
+    QTest::newRow("End at the last")          << 2 << int(Qt::Key_End)   << 0     << "KeyDown(35,0)"       << 2;
+    QTest::newRow("Home")                     << 2 << int(Qt::Key_Home)  << 0     << "KeyDown(36,0) Click" << 0;
+    QTest::newRow("Ctrl+Home")                << 2 << int(Qt::Key_Home)  << ctrl  << "KeyDown(36,2) Click" << 0;
+    QTest::newRow("Space keeps the selection") << 1 << int(Qt::Key_Space) << 0    << "KeyDown(32,0)"       << 1;
+    QTest::newRow("Ctrl+Space keeps it")      << 1 << int(Qt::Key_Space) << ctrl  << "KeyDown(32,2)"       << 1;
+    QTest::newRow("Insert is KeyDown only")   << 1 << int(Qt::Key_Insert) << 0    << "KeyDown(45,0)"       << 1;
+    // clang-format on
+}
+
+void tst_KorList::keysMove()
+{
+    QFETCH(int, from);
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QVERIFY(enter(abc));
+    m_list->setListIndex(from);
+    m_list->setDataChanged(false);
+    EventLog log(m_list);
+    press(key, Qt::KeyboardModifiers(modifiers));
+    const QString events = log.take();
+    QTEST(events, "events");
+    QTEST(m_list->ListIndex(), "index");
+    QCOMPARE(m_list->DataChanged(), events.contains(QStringLiteral("Click")));
+}
+
+void tst_KorList::keysMoveInAListWithoutASelection()
+{
+    QVERIFY(enter(abc));
+    const auto from = [this](int key) {
+        m_list->setListIndex(-1);
+        press(key);
+        return m_list->ListIndex();
+    };
+    QCOMPARE(from(Qt::Key_Down), 0);
+    QCOMPARE(from(Qt::Key_Up), 0);
+    QCOMPARE(from(Qt::Key_End), 2);
+    QCOMPARE(from(Qt::Key_Home), 0);
+    m_list->Clear();
+    EventLog log(m_list);
+    press(Qt::Key_Down);
+    press(Qt::Key_End);
+    QTest::keyClick(m_box, 'x');
+    QCOMPARE(m_list->ListIndex(), -1);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(40,0) KeyDown(35,0) KeyDown(88,0)"));
+}
+
+void tst_KorList::pageKeysMoveByWhatIsSeen()
+{
+    QVERIFY(enter(QString()));
+    for (int i = 0; i < 100; ++i)
+        m_list->AddEntry(i, QString::number(i));
+    settle();
+    const int seen = m_box->viewport()->height() / m_box->visualRect(m_box->model()->index(0, 0)).height();
+    QVERIFY(seen > 2);
+    m_list->setListIndex(0);
+    press(Qt::Key_PageDown);
+    QCOMPARE(m_list->ListIndex(), seen - 1);
+    press(Qt::Key_PageDown);
+    QCOMPARE(m_list->ListIndex(), 2 * (seen - 1));
+    QVERIFY(m_box->viewport()->rect().contains(middleOf(m_list->ListIndex())));
+    press(Qt::Key_PageUp);
+    press(Qt::Key_PageUp);
+    QCOMPARE(m_list->ListIndex(), 0);
+    m_list->setListIndex(98);
+    press(Qt::Key_PageDown);
+    QCOMPARE(m_list->ListIndex(), 99);
+}
+
+void tst_KorList::typingFindsByTheBeginning_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("found");
+    // clang-format off
+    QTest::newRow("first letter")            << "b"     << "Bytom";
+    QTest::newRow("another case")            << "B"     << "Bytom";
+    QTest::newRow("several letters")         << "kra"   << "Kraków";
+    QTest::newRow("without accents")         << "lodz"  << "Łódź";
+    QTest::newRow("with accents")            << "łód"   << "Łódź";
+    QTest::newRow("part in the middle is none") << "owice" << "Alwernia";
+    QTest::newRow("nothing begins so")       << "x"     << "Alwernia";
+    // clang-format on
+}
+
+void tst_KorList::typingFindsByTheBeginning()
+{
+    QFETCH(QString, typed);
+    QVERIFY(enter(QStringLiteral("LIST 1;Alwernia|2;Bytom|3;Katowice|4;Kraków|5;Łódź")));
+    for (const QChar character : typed) {
+        QKeyEvent event(QEvent::KeyPress, character.toUpper().unicode(), Qt::NoModifier, QString(character));
+        QApplication::sendEvent(m_box, &event);
+        QVERIFY(event.isAccepted());
+    }
+    QTEST(m_list->Text(), "found");
+}
+
+void tst_KorList::typingGoesOnThroughBlanks()
+{
+    QVERIFY(enter(QStringLiteral("LIST 1;Nowak Adam|2;Nowak Zofia|3;Nowak-Lis Ewa")));
+    QTest::keyClicks(m_box, QStringLiteral("nowak z"));
+    QCOMPARE(m_list->ListIndex(), 1);
+}
+
+void tst_KorList::hostSwallowsAndChangesKeys()
+{
+    QVERIFY(enter(abc));
+    int becomes = 0;
+    connect(m_list, &KorList::KeyDown, this, [&](int &code, int &) { code = becomes; });
+    press(Qt::Key_Down);
+    QTest::keyClick(m_box, 'c');
+    QCOMPARE(m_list->ListIndex(), 0);
+    QKeyEvent swallowed(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(m_box, &swallowed);
+    QVERIFY(swallowed.isAccepted()); // not offered to the form
+    becomes = 35;
+    press(Qt::Key_F9);
+    QCOMPARE(m_list->ListIndex(), 2);
+    becomes = 'B';
+    press(Qt::Key_Down);
+    QCOMPARE(m_list->ListIndex(), 1);
+}
+
+void tst_KorList::keysOfTheFormAreLeftToIt()
+{
+    QVERIFY(enter(abc));
+    EventLog log(m_list);
+    const auto isTaken = [this](int key, Qt::KeyboardModifiers modifiers, const QString &typed) {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, typed);
+        QApplication::sendEvent(m_box, &event);
+        return event.isAccepted();
+    };
+    QVERIFY(!isTaken(Qt::Key_Return, {}, QStringLiteral("\r")));
+    QVERIFY(!isTaken(Qt::Key_Escape, {}, QStringLiteral("\x1b")));
+    QVERIFY(!isTaken(Qt::Key_C, Qt::AltModifier, QStringLiteral("c")));
+    QVERIFY(!isTaken(Qt::Key_C, Qt::ControlModifier, QStringLiteral("\x03")));
+    QVERIFY(!isTaken(Qt::Key_F1, {}, QString()));
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(13,0) KeyDown(27,0) KeyDown(67,4) KeyDown(67,2) KeyDown(112,0)"));
+    press(Qt::Key_Tab);
+    settle();
+    QCOMPARE(QApplication::focusWidget(), m_stage->button());
+}
+
+void tst_KorList::wheelScrollsAndChangesNothing()
+{
+    QVERIFY(enter(QString()));
+    for (int i = 0; i < 100; ++i)
+        m_list->AddEntry(i, QString::number(i));
+    m_list->setListIndex(0);
+    settle();
+    EventLog log(m_list);
+    for (const bool focused : {true, false}) {
+        if (!focused)
+            m_stage->button()->setFocus();
+        settle();
+        const int before = m_box->verticalScrollBar()->value();
+        const QPoint place = m_box->viewport()->rect().center();
+        QWheelEvent wheel(place, m_box->viewport()->mapToGlobal(place), QPoint(), QPoint(0, -120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(m_box->viewport(), &wheel);
+        QVERIFY(m_box->verticalScrollBar()->value() > before);
+    }
+    QCOMPARE(m_list->ListIndex(), 0);
+    QVERIFY(m_stage->button()->hasFocus());
+    QCOMPARE(log.take(), QString());
+}
+
+// --- mouse
+
+void tst_KorList::clickSelectsAndRaisesInOrder()
+{
+    QVERIFY(enter(abc));
+    EventLog log(m_list);
+    QTest::mousePress(m_box->viewport(), Qt::LeftButton, Qt::ShiftModifier, middleOf(1));
+    QCOMPARE(m_list->ListIndex(), 1);
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,1)"));
+    QTest::mouseRelease(m_box->viewport(), Qt::LeftButton, {}, middleOf(1));
+    QCOMPARE(log.take(), QStringLiteral("MouseUp(1,0) Click"));
+    QVERIFY(m_list->DataChanged());
+}
+
+void tst_KorList::clickOnTheSelectedEntryRaisesNoClick()
+{
+    QVERIFY(enter(abc));
+    m_list->setListIndex(1);
+    EventLog log(m_list);
+    QTest::mouseClick(m_box->viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(1));
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,2) MouseUp(1,2)"));
+    QCOMPARE(m_list->ListIndex(), 1);
+}
+
+void tst_KorList::mouseHeldDownSelectsWhereItGoes()
+{
+    QVERIFY(enter(abc));
+    EventLog log(m_list);
+    const auto moveTo = [this](int row) {
+        QMouseEvent move(QEvent::MouseMove, middleOf(row), m_box->viewport()->mapToGlobal(middleOf(row)), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_box->viewport(), &move);
+    };
+    QTest::mousePress(m_box->viewport(), Qt::LeftButton, {}, middleOf(1));
+    moveTo(2);
+    QCOMPARE(m_list->ListIndex(), 2);
+    QTest::mouseRelease(m_box->viewport(), Qt::LeftButton, {}, middleOf(2));
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0) Click"));
+    QTest::mousePress(m_box->viewport(), Qt::LeftButton, {}, middleOf(0));
+    moveTo(1);
+    moveTo(2);
+    QTest::mouseRelease(m_box->viewport(), Qt::LeftButton, {}, middleOf(2));
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0)")); // back where it began
+    moveTo(0);                                                           // a move without a press on the list
+    QCOMPARE(m_list->ListIndex(), 2);
+}
+
+void tst_KorList::mouseBeyondTheEdgeScrollsOn()
+{
+    QVERIFY(enter(QString()));
+    for (int i = 0; i < 12; ++i)
+        m_list->AddEntry(i, QString::number(i));
+    settle();
+    QTest::mousePress(m_box->viewport(), Qt::LeftButton, {}, middleOf(0));
+    const auto moveTo = [this](const QPoint &place) {
+        QMouseEvent move(QEvent::MouseMove, place, m_box->viewport()->mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(m_box->viewport(), &move);
+    };
+    moveTo({20, m_box->viewport()->height() + 30});
+    QTRY_COMPARE(m_list->ListIndex(), 11);
+    moveTo({20, -30});
+    QTRY_COMPARE(m_list->ListIndex(), 0);
+    QTest::mouseRelease(m_box->viewport(), Qt::LeftButton, {}, middleOf(0));
+}
+
+void tst_KorList::otherButtonsSelectNothing()
+{
+    QVERIFY(enter(abc));
+    EventLog log(m_list);
+    QTest::mouseClick(m_box->viewport(), Qt::RightButton, {}, middleOf(2));
+    QTest::mouseClick(m_box->viewport(), Qt::MiddleButton, {}, middleOf(2));
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(2,0) MouseUp(2,0) MouseDown(4,0) MouseUp(4,0)"));
+    QCOMPARE(m_list->ListIndex(), 0);
+}
+
+void tst_KorList::clickBelowTheLastEntrySelectsNothing()
+{
+    QVERIFY(enter(QStringLiteral("LIST a;A|b;B")));
+    EventLog log(m_list);
+    const QPoint below(20, m_box->viewport()->height() - 2);
+    QTest::mouseClick(m_box->viewport(), Qt::LeftButton, {}, below);
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0)"));
+    doubleClick(m_box->viewport(), below);
+    QVERIFY(!log.take().contains(QStringLiteral("DblClick")));
+    QCOMPARE(m_list->ListIndex(), 0);
+}
+
+void tst_KorList::doubleClickFollowsItsOrder()
+{
+    QVERIFY(enter(abc));
+    EventLog log(m_list);
+    doubleClick(m_box->viewport(), middleOf(2));
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0) Click DblClick MouseUp(1,0)"));
+    QCOMPARE(m_list->ListIndex(), 2);
+}
+
+void tst_KorList::disabledListRaisesNothing()
+{
+    QVERIFY(enter(abc));
+    m_list->setEnabled(false);
+    EventLog log(m_list);
+    QTest::mouseClick(m_box->viewport(), Qt::LeftButton, {}, middleOf(2));
+    press(Qt::Key_Down);
+    QCOMPARE(log.take(), QString());
+    QCOMPARE(m_list->ListIndex(), 0);
+    m_list->setListIndex(1); // the program may
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+}
+
+// --- handlers
+
+void tst_KorList::handlersMayRefreshAndClear()
+{
+    QVERIFY(enter(abc));
+    const auto clearing = connect(m_list, &KorList::Click, m_list, &KorList::Clear);
+    press(Qt::Key_Down);
+    QVERIFY(!m_list->HasValues());
+    disconnect(clearing);
+    load(abc);
+    const auto refreshing = connect(m_list, &KorList::MouseDown, m_list, [this] { load(QStringLiteral("LIST z;Z")); });
+    QTest::mouseClick(m_box->viewport(), Qt::LeftButton, {}, middleOf(2));
+    QCOMPARE(m_list->ListCount(), 1);
+    disconnect(refreshing);
+    load(abc);
+    connect(m_list, &KorList::KeyDown, m_list, [this] { load(QStringLiteral("LIST y;Y|x;X")); });
+    press(Qt::Key_End);
+    QCOMPARE(m_list->Text(), QStringLiteral("X"));
+}
+
+void tst_KorList::deletionInsideAHandlerIsSafe_data()
+{
+    QTest::addColumn<QByteArray>("event");
+    for (const char *event : {"Click()", "DblClick()", "KeyDown(int&,int&)", "MouseDown(int&,int&,float&,float&)",
+                              "MouseUp(int&,int&,float&,float&)", "Refreshed()"})
+        QTest::newRow(event) << QByteArray(event);
+}
+
+void tst_KorList::deletionInsideAHandlerIsSafe()
+{
+    QFETCH(QByteArray, event);
+    QVERIFY(enter(abc));
+    const QPointer<KorList> list = m_list;
+    // Late-bound, so that every event is treated alike: the first one of its kind deletes the control at once.
+    struct Deleter : QObject {
+        QPointer<KorList> target;
+        int qt_metacall(QMetaObject::Call call, int id, void **arguments) override
+        {
+            id = QObject::qt_metacall(call, id, arguments);
+            if (id >= 0 && call == QMetaObject::InvokeMetaMethod)
+                delete target.data();
+            return -1;
+        }
+    } deleter;
+    deleter.target = list;
+    const int signal = m_list->metaObject()->indexOfSignal(event);
+    QVERIFY(signal >= 0);
+    QMetaObject::connect(m_list, signal, &deleter, QObject::staticMetaObject.methodCount(), Qt::DirectConnection);
+    if (list)
+        press(Qt::Key_Down);
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                                    QEvent::MouseButtonRelease}) {
+        if (!list)
+            break;
+        const QPoint place = middleOf(2);
+        QMouseEvent mouse(type, place, m_box->viewport()->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(m_box->viewport(), &mouse);
+    }
+    if (list)
+        press(Qt::Key_F5);
+    QVERIFY(!list);
+}
+
+void tst_KorList::manyEntriesAreReachedAtOnce()
+{
+    QVERIFY(enter(QStringLiteral("WITH RECURSIVE")));
+    load(QStringLiteral("SELECT x, 'Odbiorca ' || x FROM (WITH RECURSIVE i (x) AS (SELECT 1 UNION ALL SELECT x + 1 "
+                        "FROM i WHERE x < 100000) SELECT x FROM i)"));
+    QCOMPARE(m_list->ListCount(), 100'000);
+    QElapsedTimer time;
+    time.start();
+    press(Qt::Key_End);
+    settle();
+    QCOMPARE(m_list->ListIndex(), 99'999);
+    QVERIFY(m_box->viewport()->rect().contains(middleOf(99'999)));
+    m_list->setValue(50'000);
+    QCOMPARE(m_list->ListIndex(), 49'999);
+    QTest::keyClicks(m_box, QStringLiteral("odbiorca 77777"));
+    QCOMPARE(m_list->Value(), QVariant(77'777));
+    QVERIFY2(time.elapsed() < 2'000, qPrintable(QString::number(time.elapsed())));
+}
+
+QTEST_MAIN(tst_KorList)
+#include "tst_korlist.moc"

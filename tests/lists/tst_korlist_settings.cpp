@@ -1,0 +1,240 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/eventlog.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/KorList>
+#include <KorDaoUC/Locale>
+#include <KorDaoUC/PropertyBag>
+#include <KorDaoUC/RunTimeError>
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QVBoxLayout>
+
+using namespace kor;
+using namespace kor::test;
+
+namespace {
+
+const QString abc = QStringLiteral("LIST a;Alfa|b;Beta|c;Celina");
+
+QString keysOf(const PropertyBag &bag)
+{
+    QStringList keys;
+    for (const auto &entry : bag.entries())
+        keys << entry.first;
+    return keys.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+//! What is saved, and how the list measures.
+class tst_KorListSettings : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void settingsAreWrittenInTheirOrder();
+    void settingsRoundTrip();
+    void aFreshListStoresNothing();
+    void loadingAddsTheNullEntryAtOnce();
+    void toolTipTextAndHelpTextAreSeparate();
+    void settingsOutOfRangeAreRefused();
+    void heightSnapsToWholeRows();
+    void heightFollowsTheFont();
+
+private:
+    [[nodiscard]] bool enter(const QString &source);
+    [[nodiscard]] QStringList names() const;
+
+    std::unique_ptr<Stage> m_stage;
+    QPointer<KorList> m_list;
+    QPointer<QListView> m_box;
+};
+
+void tst_KorListSettings::init()
+{
+    failOnWarnings();
+    Locale::setSystemDefault(Locale::polish());
+    m_stage = std::make_unique<Stage>();
+    m_list = m_stage->place(new KorList, 160, 100);
+    m_box = m_list->findChild<QListView *>(QStringLiteral("Lista"));
+}
+
+void tst_KorListSettings::cleanup() { m_stage.reset(); }
+
+bool tst_KorListSettings::enter(const QString &source)
+{
+    m_list->setSQL(source);
+    m_list->Refresh();
+    if (!m_stage->open())
+        return false;
+    m_list->setFocus();
+    settle();
+    return QApplication::focusWidget() == m_box;
+}
+
+QStringList tst_KorListSettings::names() const
+{
+    QStringList shown;
+    for (int i = 0; i < m_box->model()->rowCount(); ++i)
+        shown << m_box->model()->index(i, 0).data().value<QString>();
+    return shown;
+}
+
+void tst_KorListSettings::settingsAreWrittenInTheirOrder()
+{
+    m_list->setBackColor(0x00C0FFFF);
+    m_list->setForeColor(0x00FF0000);
+    m_list->setEnabled(false);
+    m_box->setToolTip(QStringLiteral("Wybierz"));
+    QFont font = m_list->Font();
+    font.setBold(true);
+    m_list->setFont(font);
+    m_list->setSQL(abc);
+    m_list->setSlownik(QStringLiteral("Imiona"));
+    m_list->setCanBeNull(true);
+    m_list->setNullString(QStringLiteral("(brak)"));
+    m_list->setAppearance(AppearanceType::Flat);
+    m_list->setBorderStyle(BorderStyleType::FixedSingle);
+    m_list->setBlockUpDown(true);
+    m_list->setBlockClick(true);
+    m_list->setToolTipText(QStringLiteral("imię"));
+    PropertyBag bag;
+    m_list->writeProperties(bag);
+    QCOMPARE(keysOf(bag), QStringLiteral("BackColor ForeColor Enabled HelpText Font SQL Slownik CanBeNull NullString "
+                                         "BackColor Appearance BorderStyle BlockUpDown BlockClick ToolTipText"));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("Appearance")), QVariant::fromValue(short(0)));
+    QCOMPARE(bag.ReadProperty(QStringLiteral("BorderStyle")).typeId(), int(QMetaType::Short));
+
+    KorList loaded;
+    QStringList applied;
+    connect(&loaded, &UserControl::PropertyChanged, this, [&](const QString &name) { applied << name; });
+    loaded.readProperties(bag);
+    QCOMPARE(applied.join(QLatin1Char(' ')),
+             QStringLiteral("BackColor ForeColor Enabled Font SQL Slownik CanBeNull NullString BackColor Appearance "
+                            "BorderStyle BlockUpDown BlockClick ToolTipText"));
+}
+
+void tst_KorListSettings::settingsRoundTrip()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("BackColor"), 0x00C0FFFF);
+    bag.append(QStringLiteral("HelpText"), QStringLiteral("Wybierz"));
+    bag.append(QStringLiteral("SQL"), abc);
+    bag.append(QStringLiteral("NullString"), QStringLiteral("(brak)"));
+    bag.append(QStringLiteral("BackColor"), 0x00C0FFFF);
+    bag.append(QStringLiteral("Appearance"), QVariant::fromValue(short(0)));
+    bag.append(QStringLiteral("BlockClick"), true);
+    bag.append(QStringLiteral("ToolTipText"), QStringLiteral("imię"));
+    m_list->readProperties(bag);
+    PropertyBag again;
+    m_list->writeProperties(again);
+    QCOMPARE(again, bag);
+    QCOMPARE(m_list->Appearance(), AppearanceType::Flat);
+    QCOMPARE(m_list->ListCount(), 0); // nothing is filled until Refresh
+}
+
+void tst_KorListSettings::aFreshListStoresNothing()
+{
+    PropertyBag bag;
+    KorList fresh;
+    fresh.writeProperties(bag);
+    QVERIFY(bag.isEmpty());
+    KorList loaded;
+    loaded.readProperties(bag);
+    PropertyBag again;
+    loaded.writeProperties(again);
+    QVERIFY(again.isEmpty());
+    QCOMPARE(loaded.NullString(), QStringLiteral("..."));
+    QCOMPARE(loaded.Appearance(), AppearanceType::A3D);
+}
+
+void tst_KorListSettings::loadingAddsTheNullEntryAtOnce()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("CanBeNull"), true);
+    bag.append(QStringLiteral("NullString"), QStringLiteral("(brak)"));
+    m_list->setDataChanged(true);
+    EventLog log(m_list);
+    m_list->readProperties(bag);
+    m_list->readProperties(bag);
+    QCOMPARE(names(), QStringList{QStringLiteral("(brak)")});
+    QCOMPARE(m_list->ListIndex(), -1);
+    QVERIFY(!m_list->DataChanged());
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_KorListSettings::toolTipTextAndHelpTextAreSeparate()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("HelpText"), QStringLiteral("Wybierz"));
+    m_list->readProperties(bag);
+    QCOMPARE(m_box->toolTip(), QStringLiteral("Wybierz"));
+    QCOMPARE(m_list->ToolTipText(), QString());
+    m_list->setToolTipText(QStringLiteral("imię"));
+    QCOMPARE(m_box->toolTip(), QStringLiteral("Wybierz"));
+}
+
+void tst_KorListSettings::settingsOutOfRangeAreRefused()
+{
+    const auto errorOf = [](const auto &body) {
+        try {
+            body();
+        } catch (const RunTimeError &error) {
+            return error.number();
+        }
+        return 0;
+    };
+    QCOMPARE(errorOf([this] { m_list->setBorderStyle(static_cast<BorderStyleType>(2)); }), 380);
+    QCOMPARE(errorOf([this] { m_list->setAppearance(static_cast<AppearanceType>(-1)); }), 380);
+    QCOMPARE(m_list->BorderStyle(), BorderStyleType::None);
+    QCOMPARE(m_list->Appearance(), AppearanceType::A3D);
+}
+
+void tst_KorListSettings::heightSnapsToWholeRows()
+{
+    QVERIFY(enter(abc));
+    const int row = m_box->visualRect(m_box->model()->index(0, 0)).height();
+    const int frame = 2 * m_box->frameWidth();
+    for (int height : {60, 61, 75, 100, 3}) {
+        m_list->resize(200, height);
+        QCOMPARE(m_list->height(), std::max(1, (height - frame) / row) * row + frame);
+        QCOMPARE(m_box->geometry(), m_list->rect());
+        QCOMPARE(m_box->viewport()->height() % row, 0);
+    }
+    const int before = m_list->height();
+    m_list->Clear(); // an empty list measures the same
+    m_list->resize(199, before);
+    QCOMPARE(m_list->height(), before);
+
+    QWidget form;
+    auto *layout = new QVBoxLayout(&form);
+    auto *list = new KorList;
+    layout->addWidget(list);
+    form.resize(300, 300);
+    form.show();
+    settle();
+    QCOMPARE((list->height() - frame) % row, 0);
+    QVERIFY(list->height() > 200);
+}
+
+void tst_KorListSettings::heightFollowsTheFont()
+{
+    QVERIFY(enter(abc));
+    QFont font = m_list->Font();
+    font.setPointSize(font.pointSize() * 2);
+    m_list->setFont(font);
+    settle();
+    const int row = m_box->visualRect(m_box->model()->index(0, 0)).height();
+    QVERIFY(row >= m_box->fontMetrics().height());
+    QCOMPARE(m_box->viewport()->height() % row, 0);
+    QCOMPARE(m_box->geometry(), m_list->rect());
+}
+
+QTEST_MAIN(tst_KorListSettings)
+#include "tst_korlist_settings.moc"
