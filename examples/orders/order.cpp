@@ -6,6 +6,12 @@ namespace orders {
 
 std::optional<OrderProblem> problemOf(const Order &order)
 {
+    if (!order.date.isValid())
+        return OrderProblem{OrderField::Date, QStringLiteral("Zamówienie musi mieć poprawną datę.")};
+    if (order.delivery && !order.delivery->isValid())
+        return OrderProblem{OrderField::Delivery, QStringLiteral("Data dostawy jest błędna.")};
+    if (order.delivery && *order.delivery < order.date)
+        return OrderProblem{OrderField::Delivery, QStringLiteral("Dostawa nie może być wcześniejsza niż zamówienie.")};
     if (!(order.discount >= 0 && order.discount <= 100))
         return OrderProblem{OrderField::Discount, QStringLiteral("Rabat musi leżeć między 0 a 100 %.")};
     if (order.total < 0)

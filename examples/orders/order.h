@@ -14,6 +14,7 @@ struct Order {
     qint64 id = 0;  //!< 0: not saved yet
     QString number; //!< given by the store when the order is saved first
     QDate date;
+    std::optional<QDate> delivery; //!< none: not agreed yet
     std::optional<qint64> customer;
     QString paymentTerms = QStringLiteral("P14");
     double discount = 0; //!< per cent
@@ -25,7 +26,7 @@ struct Order {
     bool operator==(const Order &) const = default;
 };
 
-enum class OrderField { Discount, Advance, Total };
+enum class OrderField { Date, Delivery, Discount, Advance, Total };
 
 //! What keeps an order from being saved, in the clerk's language, and the field to mend.
 struct OrderProblem {

@@ -7,9 +7,11 @@
 
 #include <KorDaoUC/Convert>
 #include <KorDaoUC/Database>
+#include <KorDaoUC/Date>
 #include <KorDaoUC/FormFile>
 #include <KorDaoUC/Format>
 #include <KorDaoUC/KorCombo>
+#include <KorDaoUC/KorDate>
 #include <KorDaoUC/KorNumber>
 #include <KorDaoUC/Variant>
 
@@ -37,6 +39,18 @@ void setGrosze(KorNumber &field, qint64 grosze) { field.setValue(static_cast<dou
     throw std::runtime_error((formFile + QStringLiteral(": ") + reason).toStdString());
 }
 
+//! The date of a field; an invalid one for a text that is none, nothing for an empty field.
+std::optional<QDate> dateOf(const KorDate &field)
+{
+    const QVariant value = field.Value();
+    if (!kor::isNull(value))
+        return kor::DateValue(value);
+    return field.Text().isEmpty() ? std::nullopt : std::optional(QDate());
+}
+
+//! Whether the text of a field is not yet read: its value follows when the field is left.
+bool isBeingTyped(const KorDate &field) { return field.Text() != kor::Format(field.Value(), field.FormatMask()); }
+
 } // namespace
 
 OrderForm::OrderForm(const OrderStore &store, kor::Database &database, QWidget *parent)
@@ -57,7 +71,8 @@ OrderForm::OrderForm(const OrderStore &store, kor::Database &database, QWidget *
     m_advance = part<KorNumber>("numAdvance");
     m_due = part<KorNumber>("numDue");
     m_number = part<QLineEdit>("txtNumber");
-    m_date = part<QLineEdit>("txtDate");
+    m_date = part<KorDate>("datOrder");
+    m_delivery = part<KorDate>("datDelivery");
     m_remarks = part<QLineEdit>("txtRemarks");
     m_address = part<QLabel>("lblAddress");
     m_position = part<QLabel>("lblPosition");
@@ -92,6 +107,8 @@ void OrderForm::connectFields()
         Q_EMIT edited();
     });
     connect(m_terms, &KorCombo::Click, this, &OrderForm::edited);
+    for (const KorDate *date : {m_date, m_delivery})
+        connect(date, &KorDate::Change, this, &OrderForm::edited);
     connect(m_discount, &KorNumber::Change, this, &OrderForm::edited);
     for (const KorNumber *amount : {m_total, m_advance}) {
         connect(amount, &KorNumber::Change, this, [this] {
@@ -106,7 +123,8 @@ void OrderForm::setOrder(const Order &order)
 {
     m_shown = order;
     m_number->setText(order.number.isEmpty() ? QStringLiteral("(nowe)") : order.number);
-    m_date->setText(kor::Format(order.date, u"Short Date"));
+    m_date->setValue(order.date.isValid() ? QVariant(order.date) : kor::null());
+    m_delivery->setValue(order.delivery ? QVariant(*order.delivery) : kor::null());
     m_customer->setValue(order.customer ? kor::normalized(*order.customer) : kor::null());
     m_terms->setValue(order.paymentTerms);
     m_discount->setValue(order.discount);
@@ -126,12 +144,27 @@ Order OrderForm::order() const
     Order order = m_shown;
     const QVariant customer = m_customer->Value();
     order.customer = kor::isNull(customer) ? std::nullopt : std::optional<qint64>(kor::CLng(customer));
+    order.date = dateOf(*m_date).value_or(QDate());
+    order.delivery = dateOf(*m_delivery);
     order.paymentTerms = kor::CStr(m_terms->Value());
     order.discount = numberOr0(m_discount->Value());
     order.total = groszeOf(*m_total);
     order.advance = groszeOf(*m_advance);
     order.remarks = m_remarks->text();
     return order;
+}
+
+bool OrderForm::isChanged() const
+{
+    return order() != m_unchanged || isBeingTyped(*m_date) || isBeingTyped(*m_delivery);
+}
+
+void OrderForm::readDates()
+{
+    for (KorDate *date : {m_date, m_delivery}) {
+        if (isBeingTyped(*date))
+            date->setText(date->Text());
+    }
 }
 
 void OrderForm::setPosition(const QString &text) { m_position->setText(text); }
@@ -141,6 +174,8 @@ void OrderForm::focusFirstField() { m_customer->setFocus(Qt::OtherFocusReason); 
 void OrderForm::focusField(OrderField field)
 {
     switch (field) {
+    case OrderField::Date: m_date->setFocus(Qt::OtherFocusReason); break;
+    case OrderField::Delivery: m_delivery->setFocus(Qt::OtherFocusReason); break;
     case OrderField::Discount: m_discount->setFocus(Qt::OtherFocusReason); break;
     case OrderField::Advance: m_advance->setFocus(Qt::OtherFocusReason); break;
     case OrderField::Total: m_total->setFocus(Qt::OtherFocusReason); break;

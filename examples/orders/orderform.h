@@ -9,6 +9,7 @@
 #include <QtWidgets/QWidget>
 
 class KorCombo;
+class KorDate;
 class KorNumber;
 class QLabel;
 class QLineEdit;
@@ -37,7 +38,9 @@ public:
     //! The order as it stands in the fields now.
     [[nodiscard]] Order order() const;
     //! Whether the clerk has changed anything since setOrder().
-    [[nodiscard]] bool isChanged() const { return order() != m_unchanged; }
+    [[nodiscard]] bool isChanged() const;
+    //! Reads the dates that are still being typed, as leaving their fields would, but without a message.
+    void readDates();
 
     void setPosition(const QString &text);
     //! Puts the cursor where a new order begins, or where one must be mended.
@@ -63,12 +66,13 @@ private:
     Order m_unchanged;
     KorCombo *m_customer = nullptr;
     KorCombo *m_terms = nullptr;
+    KorDate *m_date = nullptr;
+    KorDate *m_delivery = nullptr;
     KorNumber *m_discount = nullptr;
     KorNumber *m_total = nullptr;
     KorNumber *m_advance = nullptr;
     KorNumber *m_due = nullptr;
     QLineEdit *m_number = nullptr;
-    QLineEdit *m_date = nullptr;
     QLineEdit *m_remarks = nullptr;
     QLabel *m_address = nullptr;
     QLabel *m_position = nullptr;

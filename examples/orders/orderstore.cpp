@@ -143,7 +143,7 @@ std::optional<Order> OrderStore::order(qint64 id) const
 {
     QSqlQuery query = run(m_connection, QStringLiteral("Czytanie zamówienia"),
                           QStringLiteral("SELECT number, order_date, customer_id, payment_terms, discount, advance, "
-                                         "total, remarks FROM orders WHERE id = ?"),
+                                         "total, remarks, delivery_date FROM orders WHERE id = ?"),
                           {id});
     if (!query.next())
         return std::nullopt;
@@ -158,6 +158,8 @@ std::optional<Order> OrderStore::order(qint64 id) const
     order.advance = query.value(5).toLongLong();
     order.total = query.value(6).toLongLong();
     order.remarks = query.value(7).toString();
+    if (!query.isNull(8))
+        order.delivery = QDate::fromString(query.value(8).toString(), Qt::ISODate);
     return order;
 }
 
@@ -177,20 +179,27 @@ Order OrderStore::save(const Order &order)
     const QString doing = QStringLiteral("Zapis zamówienia");
     Order saved = order;
     Transaction transaction(m_connection, doing);
-    const QVariantList values{orNull(order.customer), order.paymentTerms, order.discount,
-                              order.advance,          order.total,        orNull(order.remarks)};
+    const QVariantList values{orNull(order.customer),
+                              order.paymentTerms,
+                              order.discount,
+                              order.advance,
+                              order.total,
+                              orNull(order.remarks),
+                              order.delivery ? QVariant(order.delivery->toString(Qt::ISODate)) : QVariant(),
+                              order.date.toString(Qt::ISODate)};
     if (order.id == 0) {
         saved.number = nextNumber(order.date);
         QSqlQuery query =
             run(m_connection, doing,
                 QStringLiteral("INSERT INTO orders (customer_id, payment_terms, discount, advance, total, "
-                               "remarks, number, order_date) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"),
-                values + QVariantList{saved.number, order.date.toString(Qt::ISODate)});
+                               "remarks, delivery_date, order_date, number) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                values + QVariantList{saved.number});
         saved.id = query.lastInsertId().toLongLong();
     } else {
         QSqlQuery query = run(m_connection, doing,
                               QStringLiteral("UPDATE orders SET customer_id = ?, payment_terms = ?, discount = ?, "
-                                             "advance = ?, total = ?, remarks = ? WHERE id = ?"),
+                                             "advance = ?, total = ?, remarks = ?, delivery_date = ?, order_date = ? "
+                                             "WHERE id = ?"),
                               values + QVariantList{order.id});
         if (query.numRowsAffected() != 1)
             throw StoreError(doing, QStringLiteral("Zamówienie %1 zostało tymczasem usunięte.").arg(order.number));

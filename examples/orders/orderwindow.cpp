@@ -132,6 +132,7 @@ bool OrderWindow::mayLeave()
 
 bool OrderWindow::save()
 {
+    m_form->readDates();
     const Order order = m_form->order();
     if (const std::optional<OrderProblem> problem = problemOf(order)) {
         warn(this, QStringLiteral("Zamówienie"), problem->text);

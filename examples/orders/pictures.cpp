@@ -5,6 +5,7 @@
 #include "orderwindow.h"
 
 #include <KorDaoUC/KorCombo>
+#include <KorDaoUC/KorDate>
 #include <KorDaoUC/KorNumber>
 
 #include <QtCore/QDir>
@@ -181,6 +182,13 @@ bool takePictures(OrderWindow &window, const QString &folder)
     list->showPopup();
     photographer.take(QStringLiteral("list"));
     list->hidePopup();
+
+    form.findChild<KorDate *>(QStringLiteral("datDelivery"))->setFocus(Qt::TabFocusReason);
+    settle();
+    press(Qt::Key_F4);
+    photographer.take(QStringLiteral("calendar"));
+    press(Qt::Key_Escape);
+    settle();
 
     auto *discount = form.findChild<KorNumber *>(QStringLiteral("numDiscount"));
     discount->setFocus(Qt::TabFocusReason);

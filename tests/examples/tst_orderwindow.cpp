@@ -7,8 +7,10 @@
 
 #include <KorDaoUC/Clock>
 #include <KorDaoUC/KorCombo>
+#include <KorDaoUC/KorDate>
 #include <KorDaoUC/KorNumber>
 #include <KorDaoUC/Locale>
+#include <KorDaoUC/Variant>
 
 #include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
@@ -72,10 +74,12 @@ private:
 //! The control around the widget with the focus, or that widget itself.
 QString focusName()
 {
-    const QWidget *widget = QApplication::focusWidget();
-    if (widget && qobject_cast<const kor::UserControl *>(widget->parentWidget()))
-        widget = widget->parentWidget();
-    return widget ? widget->objectName() : QString();
+    const QWidget *focused = QApplication::focusWidget();
+    for (const QWidget *widget = focused; widget && !widget->isWindow(); widget = widget->parentWidget()) {
+        if (qobject_cast<const kor::UserControl *>(widget))
+            return widget->objectName();
+    }
+    return focused ? focused->objectName() : QString();
 }
 
 void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
@@ -131,12 +135,15 @@ private Q_SLOTS:
 
     void tabWalksThroughTheFields()
     {
+        focus("datOrder");
         QStringList stops;
-        for (int presses = 0; presses < 6; ++presses) {
+        for (int presses = 0; presses < 8; ++presses) {
             stops << focusName();
             press(Qt::Key_Tab);
         }
-        QCOMPARE(stops.join(u' '), QStringLiteral("cmbCustomer cmbTerms numDiscount numTotal numAdvance txtRemarks"));
+        QCOMPARE(stops.join(u' '),
+                 QStringLiteral("datOrder datDelivery cmbCustomer cmbTerms numDiscount numTotal numAdvance "
+                                "txtRemarks"));
         QVERIFY(!m_window->isWindowModified()); // looking changes nothing
     }
 
@@ -147,6 +154,8 @@ private Q_SLOTS:
 
         // clang-format off
         QTest::newRow("K for Klient")   << int(Qt::Key_K) << "cmbCustomer";
+        QTest::newRow("D for Data")     << int(Qt::Key_D) << "datOrder";
+        QTest::newRow("O for Dostawa")  << int(Qt::Key_O) << "datDelivery";
         QTest::newRow("P for Płatność") << int(Qt::Key_P) << "cmbTerms";
         QTest::newRow("R for Rabat")    << int(Qt::Key_R) << "numDiscount";
         QTest::newRow("W for Wartość")  << int(Qt::Key_W) << "numTotal";
@@ -218,6 +227,63 @@ private Q_SLOTS:
         QCOMPARE(saved.advance, 10000);
         QCOMPARE(saved.remarks, QStringLiteral("Zażółć"));
         QVERIFY(m_store->order(saved.id) == saved);
+    }
+
+    void aClerkEntersTheDates()
+    {
+        focus("datOrder");
+        type(QStringLiteral("010226"));
+        press(Qt::Key_Tab);
+        QCOMPARE(date("datOrder")->Text(), QStringLiteral("01.02.2026"));
+        QCOMPARE(focusName(), QStringLiteral("datDelivery"));
+        press(Qt::Key_Insert);
+        press(Qt::Key_PageUp);
+        QCOMPARE(date("datDelivery")->Text(), QStringLiteral("28.11.2026"));
+        QVERIFY(m_window->isWindowModified());
+        press(Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(!m_window->isWindowModified());
+        restart();
+        const Order saved = m_window->form().order();
+        QCOMPARE(saved.date, QDate(2026, 2, 1));
+        QCOMPARE(saved.delivery, QDate(2026, 11, 28));
+        QCOMPARE(saved.number, QStringLiteral("ZAM/2025/0001")); // a number once given stays
+    }
+
+    void noDeliveryIsKeptAsNone()
+    {
+        focus("datDelivery");
+        press(Qt::Key_Delete);
+        press(Qt::Key_Tab);
+        press(Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(!m_store->order(1)->delivery);
+        restart();
+        QVERIFY(kor::isNull(date("datDelivery")->Value()));
+        QVERIFY(!m_window->isWindowModified());
+        focus("datDelivery");
+        press(Qt::Key_Tab);
+        QVERIFY(!m_window->isWindowModified()); // looking is no change
+    }
+
+    void savesWhileTheDateIsStillBeingTyped()
+    {
+        focus("datDelivery");
+        type(QStringLiteral("011226"));
+        QVERIFY(m_window->isWindowModified());
+        press(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(m_store->order(1)->delivery, QDate(2026, 12, 1));
+        QVERIFY(!m_window->isWindowModified());
+    }
+
+    void deliveryBeforeTheOrderIsNotSaved()
+    {
+        const Order before = m_store->order(1).value();
+        focus("datDelivery");
+        type(QStringLiteral("01.01.1999"));
+        m_clerk->willPress({Qt::Key_Return});
+        press(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(m_clerk->heard(), QStringLiteral("Dostawa nie może być wcześniejsza niż zamówienie."));
+        QTRY_COMPARE(focusName(), QStringLiteral("datDelivery"));
+        QVERIFY(m_store->order(1) == before);
     }
 
     void savesWhileTheNumberIsStillBeingTyped()
@@ -414,7 +480,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         QVERIFY(orders::takePictures(*m_window, folder.path()));
         const QStringList files = QDir(folder.path()).entryList({QStringLiteral("*.png")});
-        QCOMPARE(files.join(u' '), QStringLiteral("list.png order.png question.png range.png search.png"));
+        QCOMPARE(files.join(u' '), QStringLiteral("calendar.png list.png order.png question.png range.png search.png"));
         for (const QString &name : files) {
             const QImage picture(folder.filePath(name));
             QVERIFY2(picture.width() > 700 && picture.height() > 400, qPrintable(name));
@@ -431,6 +497,7 @@ private:
         return m_window->findChild<Widget *>(QString::fromLatin1(name));
     }
     [[nodiscard]] KorNumber *number(const char *name) const { return part<KorNumber>(name); }
+    [[nodiscard]] KorDate *date(const char *name) const { return part<KorDate>(name); }
     [[nodiscard]] QString position() const { return part<QLabel>("lblPosition")->text(); }
     void focus(const char *name)
     {

@@ -25,19 +25,38 @@ Begin Form frmOrder
          Locked = True
       End
       Begin Label lblDate
-         Caption = "Data:"
+         Caption = "&Data:"
          Alignment = 1%
          Left = 4050
          Top = 420
          Width = 1125
          Height = 360
+         TabIndex = 1
       End
-      Begin TextBox txtDate
+      Begin KorDaoUC.KorDate datOrder
          Left = 5295
          Top = 420
          Width = 1650
          Height = 360
-         Locked = True
+         TabIndex = 2
+         ToolTipText = "Dzień zamówienia; F4 otwiera kalendarz"
+      End
+      Begin Label lblDelivery
+         Caption = "D&ostawa:"
+         Alignment = 1%
+         Left = 7035
+         Top = 420
+         Width = 1800
+         Height = 360
+         TabIndex = 3
+      End
+      Begin KorDaoUC.KorDate datDelivery
+         Left = 8955
+         Top = 420
+         Width = 1875
+         Height = 360
+         TabIndex = 4
+         ToolTipText = "Umówiony dzień dostawy; puste pole: nie umówiono"
       End
       Begin Label lblCustomer
          Caption = "&Klient:"
@@ -46,14 +65,14 @@ Begin Form frmOrder
          Top = 930
          Width = 1350
          Height = 360
-         TabIndex = 1
+         TabIndex = 5
       End
       Begin KorDaoUC.KorCombo cmbCustomer
          Left = 1620
          Top = 930
          Width = 9210
          Height = 360
-         TabIndex = 2
+         TabIndex = 6
          SQL = "SELECT id, name FROM customers ORDER BY sort_name"
          Slownik = "customers"
          CanBeNull = True
@@ -80,14 +99,14 @@ Begin Form frmOrder
          Top = 420
          Width = 1350
          Height = 360
-         TabIndex = 3
+         TabIndex = 7
       End
       Begin KorDaoUC.KorCombo cmbTerms
          Left = 1620
          Top = 420
          Width = 2250
          Height = 360
-         TabIndex = 4
+         TabIndex = 8
          SQL = "LIST G;Gotówka|K;Karta płatnicza|Z;Za pobraniem|P7;Przelew 7 dni|P14;Przelew 14 dni|P30;Przelew 30 dni|P60;Przelew 60 dni"
          ToolTipText = "Sposób i termin zapłaty"
       End
@@ -98,14 +117,14 @@ Begin Form frmOrder
          Top = 420
          Width = 1125
          Height = 360
-         TabIndex = 5
+         TabIndex = 9
       End
       Begin KorDaoUC.KorNumber numDiscount
          Left = 5295
          Top = 420
          Width = 1650
          Height = 360
-         TabIndex = 6
+         TabIndex = 10
          MaxLength = 6
          MaskPicture = "0.00"
          MaxValue = 100!
@@ -126,14 +145,14 @@ Begin Form frmOrder
          Top = 930
          Width = 1350
          Height = 360
-         TabIndex = 7
+         TabIndex = 11
       End
       Begin KorDaoUC.KorNumber numTotal
          Left = 1620
          Top = 930
          Width = 1755
          Height = 360
-         TabIndex = 8
+         TabIndex = 12
          MaxLength = 12
          ToolTipText = "Wartość brutto po rabacie"
       End
@@ -151,14 +170,14 @@ Begin Form frmOrder
          Top = 930
          Width = 1125
          Height = 360
-         TabIndex = 9
+         TabIndex = 13
       End
       Begin KorDaoUC.KorNumber numAdvance
          Left = 5295
          Top = 930
          Width = 1650
          Height = 360
-         TabIndex = 10
+         TabIndex = 14
          MaxLength = 12
          ToolTipText = "Kwota wpłacona z góry"
       End
@@ -200,14 +219,14 @@ Begin Form frmOrder
       Top = 3960
       Width = 1350
       Height = 360
-      TabIndex = 11
+      TabIndex = 15
    End
    Begin TextBox txtRemarks
       Left = 1800
       Top = 3960
       Width = 9210
       Height = 360
-      TabIndex = 12
+      TabIndex = 16
       MaxLength = 200
    End
    Begin CommandButton cmdFirst
@@ -215,7 +234,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 600
       Height = 480
-      TabIndex = 13
+      TabIndex = 17
       ToolTipText = "Pierwsze zamówienie (Ctrl+Home)"
    End
    Begin CommandButton cmdPrevious
@@ -223,7 +242,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 600
       Height = 480
-      TabIndex = 14
+      TabIndex = 18
       ToolTipText = "Poprzednie zamówienie (Ctrl+PgUp)"
    End
    Begin Label lblPosition
@@ -238,7 +257,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 600
       Height = 480
-      TabIndex = 15
+      TabIndex = 19
       ToolTipText = "Następne zamówienie (Ctrl+PgDn)"
    End
    Begin CommandButton cmdLast
@@ -246,7 +265,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 600
       Height = 480
-      TabIndex = 16
+      TabIndex = 20
       ToolTipText = "Ostatnie zamówienie (Ctrl+End)"
    End
    Begin CommandButton cmdFind
@@ -255,7 +274,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 1410
       Height = 480
-      TabIndex = 17
+      TabIndex = 21
       ToolTipText = "Szukaj po numerze lub kliencie (Ctrl+F)"
    End
    Begin CommandButton cmdNew
@@ -264,7 +283,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 1410
       Height = 480
-      TabIndex = 18
+      TabIndex = 22
       ToolTipText = "Nowe zamówienie (Ctrl+N)"
    End
    Begin CommandButton cmdSave
@@ -273,7 +292,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 1410
       Height = 480
-      TabIndex = 19
+      TabIndex = 23
       ToolTipText = "Zapisz zamówienie (Ctrl+S)"
    End
    Begin CommandButton cmdDelete
@@ -282,7 +301,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 1410
       Height = 480
-      TabIndex = 20
+      TabIndex = 24
       ToolTipText = "Usuń zamówienie (Ctrl+Del)"
    End
 End
