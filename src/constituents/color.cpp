@@ -56,12 +56,11 @@ QColor toQColor(OLE_COLOR color, const QPalette &palette)
 
 OLE_COLOR fromQColor(const QColor &color) { return color.red() | (color.green() << 8) | (color.blue() << 16); }
 
-void FieldColors::applyTo(QWidget *widget) const
+void FieldColors::applyTo(QWidget *widget, const QPalette &theme) const
 {
     // What the theme gives anyway stays unset, so that the field follows it, its greyed look included.
     QPalette palette;
     palette.setResolveMask(0);
-    const QPalette theme = widget->parentWidget() ? widget->parentWidget()->palette() : QPalette();
     if (back != WindowBackground)
         palette.setColor(QPalette::Base, toQColor(back, theme));
     if (fore != WindowText)

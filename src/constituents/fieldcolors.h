@@ -4,6 +4,7 @@
 
 #include <KorDaoUC/color.h>
 
+class QPalette;
 class QWidget;
 
 namespace kor {
@@ -15,7 +16,8 @@ struct FieldColors {
     OLE_COLOR fore = WindowText;
     bool isBackTransparent = false;
 
-    void applyTo(QWidget *widget) const;
+    //! The theme is the palette of the control around the field, which hears of a change before what lies between.
+    void applyTo(QWidget *widget, const QPalette &theme) const;
 };
 
 } // namespace kor

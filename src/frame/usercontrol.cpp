@@ -43,7 +43,7 @@ bool UserControl::isBackTransparent() const { return d->colors.isBackTransparent
 void UserControl::setBackTransparent(bool transparent)
 {
     d->colors.isBackTransparent = transparent;
-    d->colors.applyTo(d->main);
+    d->colors.applyTo(d->main, palette());
 }
 
 OLE_COLOR UserControl::BackColor() const { return d->colors.back; }
@@ -51,7 +51,7 @@ OLE_COLOR UserControl::BackColor() const { return d->colors.back; }
 void UserControl::setBackColor(OLE_COLOR color)
 {
     d->colors.back = color;
-    d->colors.applyTo(d->main);
+    d->colors.applyTo(d->main, palette());
     propertyChanged("BackColor");
 }
 
@@ -60,7 +60,7 @@ OLE_COLOR UserControl::ForeColor() const { return d->colors.fore; }
 void UserControl::setForeColor(OLE_COLOR color)
 {
     d->colors.fore = color;
-    d->colors.applyTo(d->main);
+    d->colors.applyTo(d->main, palette());
     propertyChanged("ForeColor");
 }
 
@@ -109,7 +109,7 @@ void UserControl::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     // System colours are those of the theme, and the theme has changed.
     if (event->type() == QEvent::PaletteChange && d->main)
-        d->colors.applyTo(d->main);
+        d->colors.applyTo(d->main, palette());
 }
 
 void UserControl::resizeEvent(QResizeEvent *event)
