@@ -23,7 +23,7 @@ namespace {
 
 constexpr int usualRows = 6; // and letters that the list has room for, where the form leaves it the choice
 constexpr int usualLetters = 20;
-constexpr int fewestLetters = 3; // that it can be pressed together to
+constexpr int fewestLetters = 3;  // that it can be pressed together to
 constexpr int followingStep = 50; // milliseconds
 
 //! Gives every entry the list's one height and no width of its own, so that none is measured, and keeps it to one line.

@@ -11,5 +11,6 @@ int main(int argc, char **argv)
     KorNumber price;
     price.resize(200, 26);
     price.setValue(12.345);
-    return price.Value().toDouble() == 12.35 && kor::ControlRegistry::names().contains(QStringLiteral("KorNumber")) ? 0 : 1;
+    return price.Value().toDouble() == 12.35 && kor::ControlRegistry::names().contains(QStringLiteral("KorNumber")) ? 0
+                                                                                                                    : 1;
 }
