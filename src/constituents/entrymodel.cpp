@@ -36,7 +36,7 @@ int EntryModel::rowCount(const QModelIndex &parent) const { return parent.isVali
 QVariant EntryModel::data(const QModelIndex &index, int role) const
 {
     const bool isText = role == Qt::DisplayRole || role == Qt::EditRole;
-    return isText && checkIndex(index, CheckIndexOption::IndexIsValid) ? QVariant(m_names[index.row()]) : QVariant();
+    return isText && index.isValid() && index.row() < count() ? QVariant(m_names[index.row()]) : QVariant();
 }
 
 QModelIndexList EntryModel::match(const QModelIndex &start, int role, const QVariant &value, int hits,
