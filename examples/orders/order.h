@@ -20,7 +20,9 @@ struct Order {
     double discount = 0; //!< per cent
     qint64 advance = 0;
     qint64 total = 0;
+    int priority = 3; //!< 1 to 5
     QString remarks;
+    std::optional<int> labelColor; //!< &HBBGGRR; none: no label
 
     [[nodiscard]] qint64 due() const { return total - advance; }
     bool operator==(const Order &) const = default;

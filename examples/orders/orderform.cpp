@@ -3,6 +3,7 @@
 #include "orderform.h"
 
 #include "orderstore.h"
+#include "searchdialog.h"
 #include "textboxkind.h"
 
 #include <KorDaoUC/Convert>
@@ -10,9 +11,13 @@
 #include <KorDaoUC/Date>
 #include <KorDaoUC/FormFile>
 #include <KorDaoUC/Format>
+#include <KorDaoUC/KorClick>
+#include <KorDaoUC/KorColor>
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/KorDate>
+#include <KorDaoUC/KorMultiText>
 #include <KorDaoUC/KorNumber>
+#include <KorDaoUC/KorUpDown>
 #include <KorDaoUC/Variant>
 
 #include <QtWidgets/QLabel>
@@ -25,6 +30,8 @@
 namespace orders {
 
 namespace {
+
+constexpr int noLabel = 1; // the colour of "(domyślny)"
 
 const QString formFile = QStringLiteral(":/orders/forms/frmOrder.frm");
 
@@ -73,10 +80,15 @@ OrderForm::OrderForm(const OrderStore &store, kor::Database &database, QWidget *
     m_number = part<QLineEdit>("txtNumber");
     m_date = part<KorDate>("datOrder");
     m_delivery = part<KorDate>("datDelivery");
-    m_remarks = part<QLineEdit>("txtRemarks");
-    m_address = part<QLabel>("lblAddress");
+    m_address = part<KorClick>("clkAddress");
+    m_priority = part<KorUpDown>("spnPriority");
+    m_remarks = part<KorMultiText>("txtRemarks");
+    m_color = part<KorColor>("clrLabel");
     m_position = part<QLabel>("lblPosition");
 
+    // The range of a spin field is the program's; it is not saved with the form.
+    m_priority->setMin(1);
+    m_priority->setMax(5);
     m_customer->setdatabase(&database);
     m_customer->Refresh();
     m_terms->Refresh();
@@ -102,6 +114,8 @@ void OrderForm::connectFields()
     m_due->setFocusPolicy(Qt::NoFocus);
     m_due->focusProxy()->setFocusPolicy(Qt::ClickFocus);
 
+    m_address->findChild<QWidget *>(QStringLiteral("cmdClick"))->setFocusPolicy(Qt::ClickFocus);
+
     connect(m_customer, &KorCombo::Click, this, [this] {
         showAddress();
         Q_EMIT edited();
@@ -116,7 +130,15 @@ void OrderForm::connectFields()
             Q_EMIT edited();
         });
     }
-    connect(m_remarks, &QLineEdit::textChanged, this, &OrderForm::edited);
+    connect(m_address, &KorClick::Click, this, &OrderForm::chooseCustomer);
+    connect(m_address, &KorClick::Change, this, [this] {
+        // Delete in the locked field takes the customer away.
+        if (kor::isNull(m_address->Value()) && !kor::isNull(m_customer->Value()))
+            m_customer->setValue(kor::null());
+    });
+    connect(m_priority, &KorUpDown::Change, this, &OrderForm::edited);
+    connect(m_remarks, &KorMultiText::Change, this, &OrderForm::edited);
+    connect(m_color, &KorColor::Click, this, &OrderForm::edited);
 }
 
 void OrderForm::setOrder(const Order &order)
@@ -130,8 +152,10 @@ void OrderForm::setOrder(const Order &order)
     m_discount->setValue(order.discount);
     setGrosze(*m_total, order.total);
     setGrosze(*m_advance, order.advance);
+    m_priority->setText(kor::CStr(order.priority));
     m_remarks->setText(order.remarks);
-    m_remarks->home(false);
+    m_color->setValue(order.labelColor.value_or(noLabel));
+    m_colorAsShown = m_color->Value();
     showAddress();
     showDue();
     // As the fields give it back: what they round is no change of the clerk's.
@@ -150,7 +174,9 @@ Order OrderForm::order() const
     order.discount = numberOr0(m_discount->Value());
     order.total = groszeOf(*m_total);
     order.advance = groszeOf(*m_advance);
-    order.remarks = m_remarks->text();
+    order.priority = m_priority->Value();
+    order.remarks = m_remarks->Text();
+    order.labelColor = labelColor();
     return order;
 }
 
@@ -192,7 +218,23 @@ void OrderForm::showAddress()
     } catch (const StoreError &error) {
         address = error.text(); // the order itself can be edited all the same
     }
+    m_address->setValue(customer);
     m_address->setText(address);
+}
+
+void OrderForm::chooseCustomer()
+{
+    SearchDialog dialog(customersToSearch(m_store), this);
+    if (dialog.exec() == QDialog::Accepted && dialog.chosen() != 0)
+        m_customer->setValue(kor::normalized(dialog.chosen()));
+}
+
+std::optional<int> OrderForm::labelColor() const
+{
+    // A colour that the list does not have can't be shown, and must not be lost for that.
+    if (m_color->Value() == m_colorAsShown)
+        return m_shown.labelColor;
+    return m_color->Value() == noLabel ? std::nullopt : std::optional<int>(m_color->Value());
 }
 
 void OrderForm::showDue() { setGrosze(*m_due, groszeOf(*m_total) - groszeOf(*m_advance)); }

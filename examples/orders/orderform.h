@@ -8,9 +8,13 @@
 
 #include <QtWidgets/QWidget>
 
+class KorClick;
+class KorColor;
 class KorCombo;
 class KorDate;
+class KorMultiText;
 class KorNumber;
+class KorUpDown;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -59,6 +63,8 @@ private:
     void connectFields();
     void showAddress();
     void showDue();
+    void chooseCustomer();
+    [[nodiscard]] std::optional<int> labelColor() const;
 
     const OrderStore &m_store;
     kor::FormBuilder m_builder;
@@ -73,8 +79,11 @@ private:
     KorNumber *m_advance = nullptr;
     KorNumber *m_due = nullptr;
     QLineEdit *m_number = nullptr;
-    QLineEdit *m_remarks = nullptr;
-    QLabel *m_address = nullptr;
+    KorClick *m_address = nullptr;
+    KorUpDown *m_priority = nullptr;
+    KorMultiText *m_remarks = nullptr;
+    KorColor *m_color = nullptr;
+    int m_colorAsShown = 0;
     QLabel *m_position = nullptr;
 };
 

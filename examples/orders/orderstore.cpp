@@ -141,10 +141,11 @@ QList<qint64> OrderStore::ids() const
 
 std::optional<Order> OrderStore::order(qint64 id) const
 {
-    QSqlQuery query = run(m_connection, QStringLiteral("Czytanie zamówienia"),
-                          QStringLiteral("SELECT number, order_date, customer_id, payment_terms, discount, advance, "
-                                         "total, remarks, delivery_date FROM orders WHERE id = ?"),
-                          {id});
+    QSqlQuery query =
+        run(m_connection, QStringLiteral("Czytanie zamówienia"),
+            QStringLiteral("SELECT number, order_date, customer_id, payment_terms, discount, advance, "
+                           "total, remarks, delivery_date, priority, label_color FROM orders WHERE id = ?"),
+            {id});
     if (!query.next())
         return std::nullopt;
     Order order;
@@ -160,6 +161,9 @@ std::optional<Order> OrderStore::order(qint64 id) const
     order.remarks = query.value(7).toString();
     if (!query.isNull(8))
         order.delivery = QDate::fromString(query.value(8).toString(), Qt::ISODate);
+    order.priority = query.value(9).toInt();
+    if (!query.isNull(10))
+        order.labelColor = query.value(10).toInt();
     return order;
 }
 
@@ -186,20 +190,23 @@ Order OrderStore::save(const Order &order)
                               order.total,
                               orNull(order.remarks),
                               order.delivery ? QVariant(order.delivery->toString(Qt::ISODate)) : QVariant(),
-                              order.date.toString(Qt::ISODate)};
+                              order.date.toString(Qt::ISODate),
+                              order.priority,
+                              order.labelColor ? QVariant(*order.labelColor) : QVariant()};
     if (order.id == 0) {
         saved.number = nextNumber(order.date);
         QSqlQuery query =
             run(m_connection, doing,
                 QStringLiteral("INSERT INTO orders (customer_id, payment_terms, discount, advance, total, "
-                               "remarks, delivery_date, order_date, number) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                               "remarks, delivery_date, order_date, priority, label_color, number) "
+                               "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
                 values + QVariantList{saved.number});
         saved.id = query.lastInsertId().toLongLong();
     } else {
         QSqlQuery query = run(m_connection, doing,
                               QStringLiteral("UPDATE orders SET customer_id = ?, payment_terms = ?, discount = ?, "
-                                             "advance = ?, total = ?, remarks = ?, delivery_date = ?, order_date = ? "
-                                             "WHERE id = ?"),
+                                             "advance = ?, total = ?, remarks = ?, delivery_date = ?, order_date = ?, "
+                                             "priority = ?, label_color = ? WHERE id = ?"),
                               values + QVariantList{order.id});
         if (query.numRowsAffected() != 1)
             throw StoreError(doing, QStringLiteral("Zamówienie %1 zostało tymczasem usunięte.").arg(order.number));
@@ -231,6 +238,21 @@ QList<FoundOrder> OrderStore::find(const QString &text, int atMost) const
                       QDate::fromString(query.value(2).toString(), Qt::ISODate), query.value(3).toString(),
                       query.value(4).toLongLong()});
     }
+    return found;
+}
+
+QList<FoundCustomer> OrderStore::findCustomers(const QString &text, int atMost) const
+{
+    const QString needle = folded(text.trimmed());
+    QSqlQuery query = run(m_connection, QStringLiteral("Szukanie klientów"),
+                          QStringLiteral("SELECT id, name, city, nip FROM customers "
+                                         "WHERE instr(replace(sort_name, '~', ''), ?) > 0 "
+                                         "OR instr(coalesce(nip, ''), ?) > 0 ORDER BY sort_name LIMIT ?"),
+                          {needle, needle, atMost});
+    QList<FoundCustomer> found;
+    while (query.next())
+        found.append({query.value(0).toLongLong(), query.value(1).toString(), query.value(2).toString(),
+                      query.value(3).toString()});
     return found;
 }
 

@@ -31,6 +31,14 @@ struct FoundOrder {
     qint64 total = 0;
 };
 
+//! One line of a search for a customer.
+struct FoundCustomer {
+    qint64 id = 0;
+    QString name;
+    QString city;
+    QString nip;
+};
+
 //! The orders in their SQLite file. Every change is one transaction that is on the disk when the call returns: what was
 //! saved survives the end of the program, however it ends. All calls raise StoreError.
 class OrderStore
@@ -54,6 +62,8 @@ public:
 
     //! The newest orders whose number or customer contains the text, without regard to case and accents.
     [[nodiscard]] QList<FoundOrder> find(const QString &text, int atMost) const;
+    //! The customers whose name or tax number contains the text, without regard to case and accents.
+    [[nodiscard]] QList<FoundCustomer> findCustomers(const QString &text, int atMost) const;
     //! Street, city and tax number of a customer on one line.
     [[nodiscard]] QString addressOf(qint64 customer) const;
 

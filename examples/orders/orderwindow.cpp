@@ -182,7 +182,7 @@ void OrderWindow::search()
 {
     if (!mayLeave())
         return;
-    SearchDialog dialog(m_store, this);
+    SearchDialog dialog(ordersToSearch(m_store), this);
     if (dialog.exec() == QDialog::Accepted)
         showOrder(dialog.chosen());
 }

@@ -17,47 +17,87 @@
 #include <QtWidgets/QTreeWidget>
 #include <QtWidgets/QVBoxLayout>
 
+#include <utility>
+
 namespace orders {
 
 namespace {
 
 constexpr int mostShown = 200;
-enum Column { Number, Date, Customer, Total };
 
-QString countText(qsizetype count)
+QString orderTotal(const FoundOrder &order)
 {
-    if (count == 0)
-        return QStringLiteral("Nie znaleziono zamówień.");
-    if (count == mostShown)
-        return QStringLiteral("Pokazano %1 najnowszych; wpisz więcej, aby zawęzić.").arg(count);
-    return QStringLiteral("Znaleziono: %1").arg(count);
+    return kor::Format(static_cast<double>(order.total) / 100, u"#,##0.00") + QStringLiteral(" zł");
 }
 
 } // namespace
 
-SearchDialog::SearchDialog(const OrderStore &store, QWidget *parent)
-    : QDialog(parent), m_store(store), m_text(new QLineEdit), m_list(new QTreeWidget), m_count(new QLabel)
+SearchSubject ordersToSearch(const OrderStore &store)
 {
-    setWindowTitle(QStringLiteral("Szukaj zamówienia"));
+    SearchSubject subject;
+    subject.title = QStringLiteral("Szukaj zamówienia");
+    subject.label = QStringLiteral("&Numer lub klient:");
+    subject.accept = QStringLiteral("&Pokaż");
+    subject.columns = QStringList{QStringLiteral("Numer"), QStringLiteral("Data"), QStringLiteral("Klient"),
+                                  QStringLiteral("Wartość")};
+    subject.wideColumn = 2;
+    subject.rightColumn = 3;
+    subject.nothing = QStringLiteral("Nie znaleziono zamówień.");
+    subject.find = [&store](const QString &text, int atMost) {
+        QList<SearchSubject::Row> rows;
+        for (const FoundOrder &found : store.find(text, atMost)) {
+            rows.append({found.id, QStringList{found.number, kor::Format(found.date, u"Short Date"), found.customer,
+                                               orderTotal(found)}});
+        }
+        return rows;
+    };
+    return subject;
+}
+
+SearchSubject customersToSearch(const OrderStore &store)
+{
+    SearchSubject subject;
+    subject.title = QStringLiteral("Wybierz klienta");
+    subject.label = QStringLiteral("&Nazwa lub NIP:");
+    subject.accept = QStringLiteral("&Wybierz");
+    subject.columns = QStringList{QStringLiteral("Klient"), QStringLiteral("Miejscowość"), QStringLiteral("NIP")};
+    subject.nothing = QStringLiteral("Nie znaleziono klientów.");
+    subject.find = [&store](const QString &text, int atMost) {
+        QList<SearchSubject::Row> rows;
+        for (const FoundCustomer &found : store.findCustomers(text, atMost))
+            rows.append({found.id, QStringList{found.name, found.city, found.nip}});
+        return rows;
+    };
+    return subject;
+}
+
+SearchDialog::SearchDialog(SearchSubject subject, QWidget *parent)
+    : QDialog(parent),
+      m_subject(std::move(subject)),
+      m_text(new QLineEdit),
+      m_list(new QTreeWidget),
+      m_count(new QLabel)
+{
+    setWindowTitle(m_subject.title);
     resize(720, 420);
 
-    auto *label = new QLabel(QStringLiteral("&Numer lub klient:"));
+    auto *label = new QLabel(m_subject.label);
     label->setBuddy(m_text);
     m_text->setClearButtonEnabled(true);
     m_text->installEventFilter(this);
 
-    m_list->setHeaderLabels(
-        {QStringLiteral("Numer"), QStringLiteral("Data"), QStringLiteral("Klient"), QStringLiteral("Wartość")});
+    m_list->setHeaderLabels(m_subject.columns);
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
     m_list->setAlternatingRowColors(true);
     m_list->header()->setStretchLastSection(false);
     m_list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_list->header()->setSectionResizeMode(Customer, QHeaderView::Stretch);
-    m_list->headerItem()->setTextAlignment(Total, Qt::AlignRight | Qt::AlignVCenter);
+    m_list->header()->setSectionResizeMode(m_subject.wideColumn, QHeaderView::Stretch);
+    if (m_subject.rightColumn >= 0)
+        m_list->headerItem()->setTextAlignment(m_subject.rightColumn, Qt::AlignRight | Qt::AlignVCenter);
 
     auto *buttons = new QDialogButtonBox;
-    m_go = buttons->addButton(QStringLiteral("&Pokaż"), QDialogButtonBox::AcceptRole);
+    m_go = buttons->addButton(m_subject.accept, QDialogButtonBox::AcceptRole);
     buttons->addButton(QStringLiteral("&Anuluj"), QDialogButtonBox::RejectRole);
     m_go->setDefault(true);
 
@@ -82,33 +122,38 @@ SearchDialog::SearchDialog(const OrderStore &store, QWidget *parent)
 qint64 SearchDialog::chosen() const
 {
     const QTreeWidgetItem *item = m_list->currentItem();
-    return item ? item->data(Number, Qt::UserRole).value<qint64>() : 0;
+    return item ? item->data(0, Qt::UserRole).value<qint64>() : 0;
 }
 
 void SearchDialog::find()
 {
     m_list->clear();
     try {
-        fill(m_store.find(m_text->text(), mostShown));
+        fill(m_subject.find(m_text->text(), mostShown));
     } catch (const StoreError &error) {
         m_count->setText(error.text());
     }
     m_go->setEnabled(m_list->currentItem());
 }
 
-void SearchDialog::fill(const QList<FoundOrder> &orders)
+void SearchDialog::fill(const QList<SearchSubject::Row> &rows)
 {
     QList<QTreeWidgetItem *> items;
-    for (const FoundOrder &found : orders) {
-        const QString total = kor::Format(static_cast<double>(found.total) / 100, u"#,##0.00") + QStringLiteral(" zł");
-        auto *item = new QTreeWidgetItem({found.number, kor::Format(found.date, u"Short Date"), found.customer, total});
-        item->setData(Number, Qt::UserRole, found.id);
-        item->setTextAlignment(Total, Qt::AlignRight | Qt::AlignVCenter);
+    for (const SearchSubject::Row &row : rows) {
+        auto *item = new QTreeWidgetItem(row.texts);
+        item->setData(0, Qt::UserRole, row.id);
+        if (m_subject.rightColumn >= 0)
+            item->setTextAlignment(m_subject.rightColumn, Qt::AlignRight | Qt::AlignVCenter);
         items << item;
     }
     m_list->addTopLevelItems(items);
     m_list->setCurrentItem(m_list->topLevelItem(0));
-    m_count->setText(countText(items.size()));
+    if (items.isEmpty())
+        m_count->setText(m_subject.nothing);
+    else if (items.size() == mostShown)
+        m_count->setText(QStringLiteral("Pokazano pierwsze %1; wpisz więcej, aby zawęzić.").arg(mostShown));
+    else
+        m_count->setText(QStringLiteral("Znaleziono: %1").arg(items.size()));
 }
 
 bool SearchDialog::eventFilter(QObject *watched, QEvent *event)

@@ -4,6 +4,8 @@
 
 #include <QtWidgets/QDialog>
 
+#include <functional>
+
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -12,17 +14,38 @@ class QTreeWidget;
 namespace orders {
 
 class OrderStore;
-struct FoundOrder;
 
-//! Finds an order by a part of its number or of its customer's name, while the clerk types.
+//! What a search is for, and how its results are shown.
+struct SearchSubject {
+    struct Row {
+        qint64 id = 0;
+        QStringList texts; //!< for each column
+    };
+
+    QString title;
+    QString label;  //!< of the field to type into
+    QString accept; //!< on the button
+    QStringList columns;
+    int wideColumn = 0;
+    int rightColumn = -1; //!< the one with amounts
+    QString nothing;      //!< in place of the number of results
+    std::function<QList<Row>(const QString &text, int atMost)> find;
+};
+
+//! The orders, by a part of their number or of their customer's name.
+[[nodiscard]] SearchSubject ordersToSearch(const OrderStore &store);
+//! The customers, by a part of their name or tax number.
+[[nodiscard]] SearchSubject customersToSearch(const OrderStore &store);
+
+//! Finds one of many while the clerk types.
 class SearchDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    explicit SearchDialog(const OrderStore &store, QWidget *parent = nullptr);
+    explicit SearchDialog(SearchSubject subject, QWidget *parent = nullptr);
 
-    //! The order the clerk chose.
+    //! The one that the clerk chose.
     [[nodiscard]] qint64 chosen() const;
 
 protected:
@@ -30,9 +53,9 @@ protected:
 
 private:
     void find();
-    void fill(const QList<FoundOrder> &orders);
+    void fill(const QList<SearchSubject::Row> &rows);
 
-    const OrderStore &m_store;
+    SearchSubject m_subject;
     QLineEdit *m_text;
     QTreeWidget *m_list;
     QLabel *m_count;

@@ -6,9 +6,13 @@
 #include "support/stage.h"
 
 #include <KorDaoUC/Clock>
+#include <KorDaoUC/KorClick>
+#include <KorDaoUC/KorColor>
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/KorDate>
+#include <KorDaoUC/KorMultiText>
 #include <KorDaoUC/KorNumber>
+#include <KorDaoUC/KorUpDown>
 #include <KorDaoUC/Locale>
 #include <KorDaoUC/Variant>
 
@@ -137,13 +141,13 @@ private Q_SLOTS:
     {
         focus("datOrder");
         QStringList stops;
-        for (int presses = 0; presses < 8; ++presses) {
+        for (int presses = 0; presses < 11; ++presses) {
             stops << focusName();
             press(Qt::Key_Tab);
         }
         QCOMPARE(stops.join(u' '),
-                 QStringLiteral("datOrder datDelivery cmbCustomer cmbTerms numDiscount numTotal numAdvance "
-                                "txtRemarks"));
+                 QStringLiteral("datOrder datDelivery cmbCustomer clkAddress cmbTerms numDiscount spnPriority "
+                                "numTotal numAdvance txtRemarks txtRemarks"));
         QVERIFY(!m_window->isWindowModified()); // looking changes nothing
     }
 
@@ -157,6 +161,8 @@ private Q_SLOTS:
         QTest::newRow("D for Data")     << int(Qt::Key_D) << "datOrder";
         QTest::newRow("O for Dostawa")  << int(Qt::Key_O) << "datDelivery";
         QTest::newRow("P for Płatność") << int(Qt::Key_P) << "cmbTerms";
+        QTest::newRow("T for Priorytet") << int(Qt::Key_T) << "spnPriority";
+        QTest::newRow("Y for Etykieta") << int(Qt::Key_Y) << "clrLabel";
         QTest::newRow("R for Rabat")    << int(Qt::Key_R) << "numDiscount";
         QTest::newRow("W for Wartość")  << int(Qt::Key_W) << "numTotal";
         QTest::newRow("Z for Zaliczka") << int(Qt::Key_Z) << "numAdvance";
@@ -199,9 +205,12 @@ private Q_SLOTS:
         QCOMPARE(focusName(), QStringLiteral("cmbCustomer"));
         press(Qt::Key_Down); // the first customer behind the null entry
         press(Qt::Key_Tab);
+        press(Qt::Key_Tab);  // past the address
         press(Qt::Key_Home); // cash
         press(Qt::Key_Tab);
         type(QStringLiteral("2.5")); // the point types the comma
+        press(Qt::Key_Tab);
+        press(Qt::Key_Down); // more urgent
         press(Qt::Key_Tab);
         type(QStringLiteral("1234,567"));
         press(Qt::Key_Tab);
@@ -223,6 +232,7 @@ private Q_SLOTS:
         QVERIFY(saved.customer);
         QCOMPARE(saved.paymentTerms, QStringLiteral("G"));
         QCOMPARE(saved.discount, 2.5);
+        QCOMPARE(saved.priority, 2);
         QCOMPARE(saved.total, 123457);
         QCOMPARE(saved.advance, 10000);
         QCOMPARE(saved.remarks, QStringLiteral("Zażółć"));
@@ -309,7 +319,7 @@ private Q_SLOTS:
     {
         press(Qt::Key_Home);
         QCOMPARE(part<KorCombo>("cmbCustomer")->Text(), QStringLiteral("(bez klienta)"));
-        QCOMPARE(part<QLabel>("lblAddress")->text(), QString());
+        QCOMPARE(part<KorClick>("clkAddress")->Text(), QString());
         press(Qt::Key_S, Qt::ControlModifier);
         QVERIFY(!m_store->order(1)->customer);
     }
@@ -445,6 +455,83 @@ private Q_SLOTS:
         QCOMPARE(choice, QStringLiteral("ZAM/2025/0123"));
         QCOMPARE(m_window->form().order().number, choice);
         QCOMPARE(position(), QStringLiteral("123 z 1000"));
+    }
+
+    void theAddressFieldChoosesACustomer()
+    {
+        QString choice;
+        const auto choose = [&](const char *text, Qt::Key key) {
+            QTimer::singleShot(100, this, [&choice, text, key] {
+                QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text));
+                const auto *list = QApplication::activeModalWidget()->findChild<QTreeWidget *>();
+                choice = list->currentItem() ? list->currentItem()->text(0) : QString();
+                QTest::keyClick(QApplication::focusWidget(), key);
+            });
+        };
+        focus("clkAddress");
+        choose("hurt", Qt::Key_Return);
+        press(Qt::Key_F4);
+        QVERIFY(!choice.isEmpty());
+        QCOMPARE(part<KorCombo>("cmbCustomer")->Text(), choice);
+        const auto customer = m_window->form().order().customer;
+        QVERIFY(customer);
+        QCOMPARE(part<KorClick>("clkAddress")->Text(), m_store->addressOf(*customer));
+        QVERIFY(m_window->isWindowModified());
+
+        choose("zak", Qt::Key_Escape);
+        m_window->activateWindow();
+        focus("clkAddress");
+        press(Qt::Key_F4);
+        QCOMPARE(m_window->form().order().customer, customer);
+
+        m_window->activateWindow();
+        focus("clkAddress");
+        press(Qt::Key_Delete);
+        QVERIFY(!m_window->form().order().customer);
+        QCOMPARE(part<KorClick>("clkAddress")->Text(), QString());
+    }
+
+    void priorityRemarksAndLabelAreSaved()
+    {
+        focus("spnPriority");
+        part<QLineEdit>("txtUpDown")->selectAll();
+        type(QStringLiteral("9")); // clamped on leaving
+        press(Qt::Key_Tab);
+        QCOMPARE(part<KorUpDown>("spnPriority")->Text(), QStringLiteral("5"));
+        focus("clrLabel");
+        press(Qt::Key_Home);
+        press(Qt::Key_Down);
+        press(Qt::Key_Down); // blue
+        auto *remarks = part<KorMultiText>("txtRemarks");
+        remarks->findChild<QAbstractButton *>(QStringLiteral("cmdClick"))->click();
+        kor::test::settle();
+        type(QStringLiteral("jeden"));
+        press(Qt::Key_Return);
+        type(QStringLiteral("dwa"));
+        press(Qt::Key_Tab);
+        QCOMPARE(remarks->Text(), QStringLiteral("jeden\ndwa"));
+        press(Qt::Key_S, Qt::ControlModifier);
+        const Order saved = *m_store->order(1);
+        QCOMPARE(saved.priority, 5);
+        QCOMPARE(saved.labelColor, std::optional<int>(0x800000));
+        QCOMPARE(saved.remarks, QStringLiteral("jeden\ndwa"));
+    }
+
+    void aLabelColorOutsideTheListIsNotLost()
+    {
+        Order order = *m_store->order(1);
+        order.labelColor = 0x123456;
+        m_store->save(order);
+        restart();
+        QVERIFY(!m_window->isWindowModified());
+        focus("numAdvance");
+        type(QStringLiteral("5"));
+        press(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(m_store->order(1)->labelColor, std::optional<int>(0x123456));
+        focus("clrLabel");
+        press(Qt::Key_Home); // no label
+        press(Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(!m_store->order(1)->labelColor);
     }
 
     void searchGivenUpChangesNothing()

@@ -560,10 +560,10 @@ void tst_KorMultiText::storedFlagWinsOverTheLoadedText()
 
 void tst_KorMultiText::outOfRangeIsRefused()
 {
-    QVERIFY_EXCEPTION_THROWN(m_text->setOpenDrection(static_cast<OpenDirectionType>(2)), RunTimeError);
-    QVERIFY_EXCEPTION_THROWN(m_text->setOpenLines(-1), RunTimeError);
-    QVERIFY_EXCEPTION_THROWN(m_text->setAlignment(static_cast<AlignmentType>(3)), RunTimeError);
-    QVERIFY_EXCEPTION_THROWN(m_text->setMaxLength(-1), RunTimeError);
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_text->setOpenDrection(static_cast<OpenDirectionType>(2)));
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_text->setOpenLines(-1));
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_text->setAlignment(static_cast<AlignmentType>(3)));
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_text->setMaxLength(-1));
     QCOMPARE(m_text->OpenDrection(), OpenDirectionType::Down);
 }
 

@@ -150,7 +150,7 @@ void tst_KorUpDown::theFloorsZeroIsTakenLiterally()
 {
     m_spin->setMin(1);
     m_spin->setValue(5);
-    QVERIFY_EXCEPTION_THROWN(m_spin->setValue(-5), RunTimeError);
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_spin->setValue(-5));
     QCOMPARE(m_spin->Value(), 5);
 }
 
@@ -330,9 +330,9 @@ void tst_KorUpDown::narrowingTheRangeMovesTheValueNotTheText()
 
 void tst_KorUpDown::incrementBelowOneIsRefused()
 {
-    QVERIFY_EXCEPTION_THROWN(m_spin->setIncrement(0), RunTimeError);
-    QVERIFY_EXCEPTION_THROWN(m_spin->setMaxLength(-1), RunTimeError);
-    QVERIFY_EXCEPTION_THROWN(m_spin->setBackStyle(2), RunTimeError);
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_spin->setIncrement(0));
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_spin->setMaxLength(-1));
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_spin->setBackStyle(2));
     QCOMPARE(m_spin->Increment(), 1);
 }
 

@@ -80,10 +80,21 @@ Begin Form frmOrder
          ToolTipText = "Klient, dla którego jest zamówienie; F5 wczytuje listę na nowo"
       End
       Begin Label lblAddress
+         Caption = "Adres:"
+         Alignment = 1%
+         Left = 150
+         Top = 1380
+         Width = 1350
+         Height = 360
+         TabIndex = 7
+      End
+      Begin KorDaoUC.KorClick clkAddress
          Left = 1620
          Top = 1380
          Width = 9210
          Height = 360
+         TabIndex = 8
+         LockedText = True
       End
    End
    Begin Frame fraTerms
@@ -99,14 +110,14 @@ Begin Form frmOrder
          Top = 420
          Width = 1350
          Height = 360
-         TabIndex = 7
+         TabIndex = 9
       End
       Begin KorDaoUC.KorCombo cmbTerms
          Left = 1620
          Top = 420
          Width = 2250
          Height = 360
-         TabIndex = 8
+         TabIndex = 10
          SQL = "LIST G;Gotówka|K;Karta płatnicza|Z;Za pobraniem|P7;Przelew 7 dni|P14;Przelew 14 dni|P30;Przelew 30 dni|P60;Przelew 60 dni"
          ToolTipText = "Sposób i termin zapłaty"
       End
@@ -117,14 +128,14 @@ Begin Form frmOrder
          Top = 420
          Width = 1125
          Height = 360
-         TabIndex = 9
+         TabIndex = 11
       End
       Begin KorDaoUC.KorNumber numDiscount
          Left = 5295
          Top = 420
          Width = 1650
          Height = 360
-         TabIndex = 10
+         TabIndex = 12
          MaxLength = 6
          MaskPicture = "0.00"
          MaxValue = 100!
@@ -138,6 +149,23 @@ Begin Form frmOrder
          Width = 450
          Height = 360
       End
+      Begin Label lblPriority
+         Caption = "Priory&tet:"
+         Alignment = 1%
+         Left = 7560
+         Top = 420
+         Width = 1275
+         Height = 360
+         TabIndex = 13
+      End
+      Begin KorDaoUC.KorUpDown spnPriority
+         Left = 8955
+         Top = 420
+         Width = 900
+         Height = 360
+         TabIndex = 14
+         MaxLength = 1
+      End
       Begin Label lblTotal
          Caption = "&Wartość:"
          Alignment = 1%
@@ -145,14 +173,14 @@ Begin Form frmOrder
          Top = 930
          Width = 1350
          Height = 360
-         TabIndex = 11
+         TabIndex = 15
       End
       Begin KorDaoUC.KorNumber numTotal
          Left = 1620
          Top = 930
          Width = 1755
          Height = 360
-         TabIndex = 12
+         TabIndex = 16
          MaxLength = 12
          ToolTipText = "Wartość brutto po rabacie"
       End
@@ -170,14 +198,14 @@ Begin Form frmOrder
          Top = 930
          Width = 1125
          Height = 360
-         TabIndex = 13
+         TabIndex = 17
       End
       Begin KorDaoUC.KorNumber numAdvance
          Left = 5295
          Top = 930
          Width = 1650
          Height = 360
-         TabIndex = 14
+         TabIndex = 18
          MaxLength = 12
          ToolTipText = "Kwota wpłacona z góry"
       End
@@ -219,22 +247,40 @@ Begin Form frmOrder
       Top = 3960
       Width = 1350
       Height = 360
-      TabIndex = 15
+      TabIndex = 19
    End
-   Begin TextBox txtRemarks
+   Begin KorDaoUC.KorMultiText txtRemarks
       Left = 1800
       Top = 3960
-      Width = 9210
+      Width = 5145
       Height = 360
-      TabIndex = 16
+      TabIndex = 20
       MaxLength = 200
+      OpenLines = 6%
+   End
+   Begin Label lblColor
+      Caption = "Et&ykieta:"
+      Alignment = 1%
+      Left = 7035
+      Top = 3960
+      Width = 1275
+      Height = 360
+      TabIndex = 21
+   End
+   Begin KorDaoUC.KorColor clrLabel
+      Left = 8430
+      Top = 3960
+      Width = 2580
+      Height = 360
+      TabIndex = 22
+      ToolTipText = "Kolor etykiety; (domyślny): bez etykiety"
    End
    Begin CommandButton cmdFirst
       Left = 180
       Top = 4740
       Width = 600
       Height = 480
-      TabIndex = 17
+      TabIndex = 23
       ToolTipText = "Pierwsze zamówienie (Ctrl+Home)"
    End
    Begin CommandButton cmdPrevious
@@ -242,7 +288,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 600
       Height = 480
-      TabIndex = 18
+      TabIndex = 24
       ToolTipText = "Poprzednie zamówienie (Ctrl+PgUp)"
    End
    Begin Label lblPosition
@@ -257,7 +303,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 600
       Height = 480
-      TabIndex = 19
+      TabIndex = 25
       ToolTipText = "Następne zamówienie (Ctrl+PgDn)"
    End
    Begin CommandButton cmdLast
@@ -265,7 +311,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 600
       Height = 480
-      TabIndex = 20
+      TabIndex = 26
       ToolTipText = "Ostatnie zamówienie (Ctrl+End)"
    End
    Begin CommandButton cmdFind
@@ -274,7 +320,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 1410
       Height = 480
-      TabIndex = 21
+      TabIndex = 27
       ToolTipText = "Szukaj po numerze lub kliencie (Ctrl+F)"
    End
    Begin CommandButton cmdNew
@@ -283,7 +329,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 1410
       Height = 480
-      TabIndex = 22
+      TabIndex = 28
       ToolTipText = "Nowe zamówienie (Ctrl+N)"
    End
    Begin CommandButton cmdSave
@@ -292,7 +338,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 1410
       Height = 480
-      TabIndex = 23
+      TabIndex = 29
       ToolTipText = "Zapisz zamówienie (Ctrl+S)"
    End
    Begin CommandButton cmdDelete
@@ -301,7 +347,7 @@ Begin Form frmOrder
       Top = 4740
       Width = 1410
       Height = 480
-      TabIndex = 24
+      TabIndex = 30
       ToolTipText = "Usuń zamówienie (Ctrl+Del)"
    End
 End
