@@ -7,6 +7,7 @@
 #include <KorDaoUC/runtimeerror.h>
 #include <KorDaoUC/variant.h>
 
+#include <QtCore/QPointer>
 #include <QtCore/QVariant>
 #include <QtGui/QFont>
 
@@ -143,9 +144,13 @@ public:
         }
     }
 
+    //! Ends early when a handler of an event that a setting raises has deleted the control.
     void read(Control &control, const PropertyBag &bag) const
     {
+        const QPointer<Control> self = &control;
         for (const Row *row : m_readOrder) {
+            if (!self)
+                return;
             if (row->step)
                 row->step(control);
             else if (row->use != SettingUse::WriteOnly)

@@ -14,7 +14,6 @@
 #include <KorDaoUC/variant.h>
 
 #include <QtCore/QPointer>
-#include <QtCore/QScopedValueRollback>
 
 #include <optional>
 #include <utility>
@@ -37,8 +36,8 @@ public:
 
     [[nodiscard]] bool fits(const QString &text) const { return fitsWidth(*box, text, q->width()); }
     [[nodiscard]] NumberRange range() const { return {checkRange, minValue, maxValue}; }
-    //! The number that the change of the text to this one stands for.
-    [[nodiscard]] QVariant valueOf(const QString &shown) const;
+    //! The number that a text stands for: the bound that it was clamped to, else what it reads as.
+    [[nodiscard]] QVariant valueOf(const QString &shown, std::optional<float> bound) const;
     void showNumber(double number, const QString &text, std::optional<float> bound);
 
     KorNumber *q;
@@ -52,7 +51,7 @@ public:
     bool dirty = false;
     QVariant value = null();
     QVariant type;                //!< saved for older forms; nobody reads it
-    std::optional<float> clamped; //!< the bound that is being shown in place of the number set
+    std::optional<float> clamped; //!< the bound that the next change of the text shows in place of the number set
 
     static const SettingsTable<KorNumber> settings;
 };
@@ -136,10 +135,10 @@ void KorNumber::setValue(const QVariant &given)
         if (self && !isNoNumber(given))
             d->value = null();
     }
-    if (!self)
-        return;
-    d->dirty = true;
-    propertyChanged("Value");
+    if (self)
+        propertyChanged("Value");
+    if (self)
+        d->dirty = true;
 }
 
 void KorNumber::Private::showNumber(double number, const QString &text, std::optional<float> bound)
@@ -156,16 +155,17 @@ void KorNumber::Private::showNumber(double number, const QString &text, std::opt
         return;
     }
     value = exact;
-    const QScopedValueRollback showing(clamped, bound);
-    if (box->text() != shown)
+    if (box->text() != shown) {
+        clamped = bound;
         box->setProgramText(shown); // textChanged() takes the number over as it is shown
-    else if (!blockChange)
-        value = valueOf(shown);
+    } else if (!blockChange) {
+        value = valueOf(shown, bound);
+    }
 }
 
-QVariant KorNumber::Private::valueOf(const QString &shown) const
+QVariant KorNumber::Private::valueOf(const QString &shown, std::optional<float> bound) const
 {
-    return clamped ? QVariant(*clamped) : QVariant(Val(toRawText(shown, signs)));
+    return bound ? QVariant(*bound) : QVariant(Val(toRawText(shown, signs)));
 }
 
 QString KorNumber::Text() const { return d->box->text(); }
@@ -182,21 +182,22 @@ void KorNumber::setText(const QString &text)
         if (self)
             Q_EMIT Change(); // Kept: raised even when the text stays, and under BlockChange
     }
-    if (!self)
-        return;
-    propertyChanged("Text");
-    d->dirty = true;
+    if (self)
+        propertyChanged("Text");
+    if (self)
+        d->dirty = true;
 }
 
 void KorNumber::Private::textChanged()
 {
+    const auto bound = std::exchange(clamped, std::nullopt);
     if (blockChange)
         return;
     const QString shown = box->text();
     if (shown.isEmpty())
         value = null();
     else if (!isHashFill(shown))
-        value = valueOf(shown);
+        value = valueOf(shown, bound);
     Q_EMIT q->Change();
 }
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "support/deletion.h"
 #include "support/eventlog.h"
 #include "support/stage.h"
 
@@ -40,6 +41,9 @@ private Q_SLOTS:
     void mousePositionsAreTwips();
     void deletionInsideAHandlerIsSafe_data();
     void deletionInsideAHandlerIsSafe();
+    void deletionDuringALetIsSafe_data();
+    void deletionDuringALetIsSafe();
+    void changeOfAClampedValueMayRaiseAnError();
     void errorsOfHandlersAreRaisedAsTheErrorEvent();
 
     void aFreshFieldStoresNothing();
@@ -322,6 +326,54 @@ void tst_KorNumberEvents::deletionInsideAHandlerIsSafe()
     }
     settle();
     QVERIFY(!number);
+}
+
+void tst_KorNumberEvents::deletionDuringALetIsSafe_data()
+{
+    QTest::addColumn<QString>("event");
+    QTest::addColumn<QString>("action");
+    for (const char *event : {"Change", "PropertyChanged"}) {
+        for (const char *action : {"Value", "clamped Value", "Null", "Text", "Text without a number", "loading"})
+            QTest::addRow("%s by %s", event, action) << QString::fromLatin1(event) << QString::fromLatin1(action);
+    }
+}
+
+void tst_KorNumberEvents::deletionDuringALetIsSafe()
+{
+    QFETCH(QString, event);
+    QFETCH(QString, action);
+    m_number->setValue(5);
+    m_number->setMaxValue(10);
+    m_number->setCheckRange(true);
+    const DeletionOn deletion(m_number, event);
+    QVERIFY(deletion.isListening());
+    PropertyBag bag;
+    bag.append(QStringLiteral("Text"), QStringLiteral("7,00"));
+    if (action == u"Value")
+        m_number->setValue(7);
+    else if (action == u"clamped Value")
+        m_number->setValue(70);
+    else if (action == u"Null")
+        m_number->setValue(null());
+    else if (action == u"Text")
+        m_number->setText(QStringLiteral("7"));
+    else if (action == u"Text without a number")
+        m_number->setText(QStringLiteral("abc"));
+    else
+        m_number->readProperties(bag);
+    QVERIFY(deletion.isDone());
+}
+
+void tst_KorNumberEvents::changeOfAClampedValueMayRaiseAnError()
+{
+    m_number->setMaxValue(10);
+    m_number->setCheckRange(true);
+    const auto refusing =
+        connect(m_number, &KorNumber::Change, this, [] { throw RunTimeError(ErrorNumber::Overflow); });
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_number->setValue(70));
+    disconnect(refusing);
+    m_number->setText(QStringLiteral("3"));
+    QCOMPARE(m_number->Value(), QVariant(3.0)); // the bound was for that one change
 }
 
 void tst_KorNumberEvents::errorsOfHandlersAreRaisedAsTheErrorEvent()
