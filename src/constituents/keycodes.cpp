@@ -190,7 +190,14 @@ int keyAscii(const QKeyEvent &event)
     default: break;
     }
     const QString text = event.text();
-    return !text.isEmpty() && text.front().isPrint() ? text.front().unicode() : 0;
+    return !text.isEmpty() && isTyped(text.front()) ? text.front().unicode() : 0;
+}
+
+bool isTyped(QChar unit)
+{
+    // Joiners and the halves of emoji are no printing characters by themselves.
+    return unit.isPrint() || unit.isSurrogate() || unit.category() == QChar::Other_Format ||
+           unit.category() == QChar::Other_PrivateUse;
 }
 
 int mouseButtons(Qt::MouseButtons buttons)

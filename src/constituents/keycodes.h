@@ -62,6 +62,9 @@ enum Code : int { None = 0, Shift = 1, Ctrl = 2, Alt = 4 };
 //! the press is no character (Ctrl+letter, Alt+letter, Delete, an arrow). AltGr characters are characters.
 [[nodiscard]] int keyAscii(const QKeyEvent &event);
 
+//! Whether a unit of text is what a key may type: not a control character.
+[[nodiscard]] bool isTyped(QChar unit);
+
 //! The Button argument of mouse events: 1 left, 2 right, 4 middle; a sum for the buttons held down.
 [[nodiscard]] int mouseButtons(Qt::MouseButtons buttons);
 

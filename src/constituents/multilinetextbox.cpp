@@ -146,7 +146,7 @@ void MultiLineTextBox::offerCharacter(int ascii, QKeyEvent *event)
     if (ascii == Key::Enter)
         type(QStringLiteral("\n"));
     else if (ascii >= Key::Space)
-        type(QString(QChar(static_cast<char16_t>(ascii))));
+        type(ascii == own ? event->text() : QString(QChar(static_cast<char16_t>(ascii))));
     else if (ascii == own)
         editing([&] { QPlainTextEdit::keyPressEvent(event); });
 }

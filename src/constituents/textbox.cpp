@@ -142,7 +142,7 @@ bool TextBox::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(event);
-        if (clipboardCommand(keyCode(*key), shiftState(*key)) != ClipboardCommand::None) {
+        if (clipboardCommand(*key) != ClipboardCommand::None) {
             event->accept();
             return true;
         }
@@ -164,6 +164,18 @@ void TextBox::focusOutEvent(QFocusEvent *event)
     QLineEdit::focusOutEvent(event);
     if (before.length > 0 && !hasSelectedText())
         m_leftSelection = before;
+}
+
+TextBox::ClipboardCommand TextBox::clipboardCommand(const QKeyEvent &event)
+{
+    if (const auto command = clipboardCommand(keyCode(event), shiftState(event)); command != ClipboardCommand::None)
+        return command;
+    // Systems and keyboards have more keys for the same, which must not get past the rules of the control.
+    if (event.matches(QKeySequence::Copy))
+        return ClipboardCommand::Copy;
+    if (event.matches(QKeySequence::Cut))
+        return ClipboardCommand::Cut;
+    return event.matches(QKeySequence::Paste) ? ClipboardCommand::Paste : ClipboardCommand::None;
 }
 
 TextBox::ClipboardCommand TextBox::clipboardCommand(int code, int shift)
@@ -202,7 +214,7 @@ void TextBox::press(QKeyEvent *event)
     event->accept();
     const int ownCode = keyCode(*event);
     const int ownShift = shiftState(*event);
-    const auto command = clipboardCommand(ownCode, ownShift);
+    const auto command = clipboardCommand(*event);
     const bool isDone = m_clipboard == Clipboard::WholeText && command != ClipboardCommand::None;
     if (isDone)
         run(command);
@@ -231,9 +243,11 @@ void TextBox::press(QKeyEvent *event)
                 editing([&] { QLineEdit::keyPressEvent(event); });
             else if (self && offered != 0)
                 type(offered);
-            return;
+        } else if (ascii == Key::Backspace) {
+            offerCharacter(ascii);
+        } else {
+            offerCharacters(event->text());
         }
-        offerCharacter(ascii);
         return;
     }
     editing([&] { QLineEdit::keyPressEvent(event); });
@@ -254,14 +268,21 @@ void TextBox::actAs(int code, int shift, QKeyEvent *event)
     }
 }
 
-bool TextBox::offerCharacter(int ascii)
+void TextBox::offerCharacter(int ascii)
 {
     const QPointer<TextBox> self = this;
     Q_EMIT KeyPress(ascii);
-    if (!self || ascii == 0)
-        return false;
-    type(ascii);
-    return true;
+    if (self && ascii != 0)
+        type(ascii);
+}
+
+void TextBox::offerCharacters(const QString &text)
+{
+    const QPointer<TextBox> self = this;
+    for (const QChar character : text) {
+        if (self)
+            offerCharacter(character.unicode());
+    }
 }
 
 void TextBox::type(int ascii)
@@ -274,7 +295,7 @@ void TextBox::type(int ascii)
     }
     const QChar character(static_cast<char16_t>(ascii));
     const bool fits = m_maxLength == 0 || TextLength() - SelLength() < m_maxLength;
-    if (character.isPrint() && fits)
+    if (isTyped(character) && fits)
         editing([&] { insert(character); });
 }
 
@@ -293,10 +314,7 @@ void TextBox::inputMethodEvent(QInputMethodEvent *event)
         QLineEdit::inputMethodEvent(&composed);
         if (event->replacementLength() > 0)
             setSelection(cursorPosition() + event->replacementStart(), event->replacementLength());
-        for (const QChar character : committed) {
-            if (self)
-                offerCharacter(character.unicode());
-        }
+        offerCharacters(committed);
         if (self && !event->preeditString().isEmpty()) {
             QInputMethodEvent composing(event->preeditString(), event->attributes());
             QLineEdit::inputMethodEvent(&composing);
@@ -336,7 +354,7 @@ void TextBox::run(ClipboardCommand command)
     if (m_clipboard == Clipboard::WholeText)
         setProgramText(QString());
     else if (hasSelectedText())
-        editing([this] { del(); });
+        editing([this] { editing([this] { del(); }); });
 }
 
 void TextBox::paste(const QString &text)
@@ -416,30 +434,33 @@ void TextBox::mouseDoubleClickEvent(QMouseEvent *event)
 
 void TextBox::contextMenuEvent(QContextMenuEvent *event)
 {
-    const QPointer<TextBox> self = this;
-    QMenu *menu = createStandardContextMenu();
-    if (!menu)
-        return;
+    // Not the toolkit's own menu: that one acts on the text past the rules of the control. Owned by the window, because
+    // a handler of Change may delete the control while the menu is still at work.
+    auto *menu = new QMenu(window());
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    takeOverClipboardActions(menu);
+    connect(this, &QObject::destroyed, menu, &QMenu::close);
+    const auto add = [&](const QString &text, QKeySequence::StandardKey key, bool isOffered, auto &&action) {
+        const QString keys = QKeySequence(key).toString(QKeySequence::NativeText);
+        QAction *entry = menu->addAction(keys.isEmpty() ? text : text + u'\t' + keys);
+        entry->setEnabled(isOffered);
+        connect(entry, &QAction::triggered, this, [this, action] { guarded(this, action); });
+    };
+    const bool isFree = !isReadOnly();
+    const bool canPaste = isFree && !QGuiApplication::clipboard()->text().isEmpty();
+    add(QLineEdit::tr("&Undo"), QKeySequence::Undo, isFree && isUndoAvailable(),
+        [this] { editing([this] { undo(); }); });
+    add(QLineEdit::tr("&Redo"), QKeySequence::Redo, isFree && isRedoAvailable(),
+        [this] { editing([this] { redo(); }); });
+    menu->addSeparator();
+    add(QLineEdit::tr("Cu&t"), QKeySequence::Cut, isFree && hasSelectedText(), [this] { run(ClipboardCommand::Cut); });
+    add(QLineEdit::tr("&Copy"), QKeySequence::Copy, hasSelectedText(), [this] { run(ClipboardCommand::Copy); });
+    add(QLineEdit::tr("&Paste"), QKeySequence::Paste, canPaste, [this] { run(ClipboardCommand::Paste); });
+    add(QLineEdit::tr("Delete"), QKeySequence::UnknownKey, isFree && hasSelectedText(),
+        [this] { editing([this] { del(); }); });
+    menu->addSeparator();
+    add(QLineEdit::tr("Select All"), QKeySequence::SelectAll, !text().isEmpty(), [this] { selectAll(); });
     menu->popup(event->globalPos());
     event->accept();
-}
-
-void TextBox::takeOverClipboardActions(QMenu *menu)
-{
-    const auto takeOver = [this, menu](QLatin1String name, ClipboardCommand command) {
-        const auto actions = menu->actions();
-        const auto found = std::find_if(actions.cbegin(), actions.cend(),
-                                        [name](const QAction *action) { return action->objectName() == name; });
-        if (found == actions.cend())
-            return;
-        (*found)->disconnect(this);
-        connect(*found, &QAction::triggered, this, [this, command] { guarded(this, [&] { run(command); }); });
-    };
-    takeOver(QLatin1String("edit-copy"), ClipboardCommand::Copy);
-    takeOver(QLatin1String("edit-cut"), ClipboardCommand::Cut);
-    takeOver(QLatin1String("edit-paste"), ClipboardCommand::Paste);
 }
 
 void TextBox::dropEvent(QDropEvent *event)

@@ -10,8 +10,6 @@
 
 #include <optional>
 
-class QMenu;
-
 namespace kor {
 
 //! The one-line text box of the controls: the toolkit's line edit with the classic order of events.
@@ -103,6 +101,7 @@ private:
 
     [[nodiscard]] Selection selection() const;
 
+    [[nodiscard]] static ClipboardCommand clipboardCommand(const QKeyEvent &event);
     [[nodiscard]] static ClipboardCommand clipboardCommand(int keyCode, int shift);
     //! The beginning of a text that MaxLength allows in place of the selection.
     [[nodiscard]] QString fitting(const QString &text) const;
@@ -112,12 +111,13 @@ private:
     void editing(Body &&body);
     void press(QKeyEvent *event);
     void actAs(int keyCode, int shift, QKeyEvent *event);
-    //! Raises KeyPress for the character and types what the handlers make of it. False when it was swallowed.
-    bool offerCharacter(int keyAscii);
+    //! Raises KeyPress for the character and types what the handlers make of it.
+    void offerCharacter(int keyAscii);
+    //! The same for each character of a text that one key or an input method gives.
+    void offerCharacters(const QString &text);
     void type(int keyAscii);
     void run(ClipboardCommand command);
     void paste(const QString &text);
-    void takeOverClipboardActions(QMenu *menu);
     void updateFrame();
 
     Clipboard m_clipboard = Clipboard::Selection;
