@@ -25,7 +25,7 @@ void checkTyping(FuzzInput &input, const kor::NumberSigns &signs, const QString 
         entry.selLength = input.take<uint8_t>() % (length - entry.selStart + 1);
         const int key = input.take<uint16_t>();
         int presses = 0;
-        const Keystroke judged = judgeKey(
+        const Keystroke judged = kor::judgeKey(
             {key, entry}, {signs, mask, maxLength, [room](const QString &text) { return text.size() <= room; }},
             [&presses](int &) { ++presses; });
         require(judged.entry.text == entry.text, "the filter itself changes no text", entry.text);

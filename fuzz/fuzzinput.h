@@ -7,9 +7,9 @@
 #include <QtCore/QByteArrayView>
 #include <QtCore/QString>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 
 //! The fuzzer's bytes, taken piece by piece. Takes zeros when they have run out.
 class FuzzInput
@@ -21,8 +21,9 @@ public:
     Number take()
     {
         Number number = {};
-        std::memcpy(&number, m_bytes.data(), std::min(sizeof(Number), std::size_t(m_bytes.size())));
-        m_bytes = m_bytes.sliced(std::min(qsizetype(sizeof(Number)), m_bytes.size()));
+        const auto taken = std::min(qsizetype(sizeof(Number)), m_bytes.size());
+        std::copy_n(m_bytes.data(), taken, reinterpret_cast<char *>(&number));
+        m_bytes = m_bytes.sliced(taken);
         return number;
     }
 
