@@ -132,7 +132,12 @@ KorDate::KorDate(QWidget *parent) : UserControl(parent), d(std::make_unique<Priv
     initProperties();
 }
 
-KorDate::~KorDate() { delete d->month; }
+KorDate::~KorDate()
+{
+    // Forgotten first: its closing gives the focus back to the box, which would look at it.
+    const std::unique_ptr<frmMonth> month(d->month);
+    d->month = nullptr;
+}
 
 void KorDate::initProperties()
 {
