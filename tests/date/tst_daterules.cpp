@@ -179,7 +179,7 @@ void tst_DateRules::stepping()
 
 void tst_DateRules::steppingWhatIsNoDate()
 {
-    QVERIFY_EXCEPTION_THROWN((void)stepped(QStringLiteral("abc"), 1, Locale::polish()), RunTimeError);
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, (void)stepped(QStringLiteral("abc"), 1, Locale::polish()));
 }
 
 void tst_DateRules::valuesThatAreNoDate_data()
