@@ -686,7 +686,7 @@ void tst_KorDateCalendar::daysAreReadableInEveryTheme()
         return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF()) + 0.0722 * channel(color.blueF());
     };
     const auto contrast = [&](const QColor &one, const QColor &other) {
-        const auto [low, high] = std::minmax(luminance(one), luminance(other));
+        const auto [low, high] = std::minmax({luminance(one), luminance(other)});
         return (high + 0.05) / (low + 0.05);
     };
     for (const auto day : {Qt::Saturday, Qt::Sunday}) {
