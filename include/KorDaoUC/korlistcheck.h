@@ -41,6 +41,8 @@ public:
     //! Whether the selected entry is checked; False when none is selected. Setting it then is error 381.
     [[nodiscard]] bool Selected() const;
     void setSelected(bool checked);
+    //! Checks every entry, or none. Raises `ItemCheck` for every entry that changes.
+    Q_INVOKABLE void CheckAll(bool checked = true);
     //! How many entries are checked.
     [[nodiscard]] int SelCount() const;
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtCore/QHash>
 #include <QtCore/QString>
 
 #include <vector>
@@ -24,19 +23,21 @@ public:
     [[nodiscard]] const QString &text() const { return m_text; }
 
 private:
+    //! What stands between two separators that follow each other.
+    struct Piece {
+        qsizetype start;
+        qsizetype length;
+        int next; //!< the piece before it of the same bucket, -1 for none
+    };
+
     void takeApart();
+    [[nodiscard]] std::size_t bucketOf(QStringView piece) const;
 
     QString m_separator;
     QString m_text;
-    bool m_isTakenApart = false;
-    //! What stands between two separators that follow each other, and where: the last such place, linked to the one
-    //! before it.
-    QHash<QStringView, qsizetype> m_places;
-    struct Place {
-        qsizetype start;
-        qsizetype before; //!< index of the place before it with the same text, -1 for none
-    };
-    std::vector<Place> m_pieces;
+    std::vector<Piece> m_pieces; //!< none where the separator does not divide the text in one way only
+    std::vector<int> m_buckets;  //!< the last piece of each, by the hash of its text
+    bool m_isTakenApart;
 };
 
 } // namespace kor

@@ -38,7 +38,7 @@ void Dictionary::append(const QList<QVariant> &keys)
         std::for_each(keys.cbegin(), keys.cend(), [this](const QVariant &key) { m_index.append(key); });
 }
 
-QVariant Dictionary::key(int place) const { return m_keys.value(place, null()); }
+QVariant Dictionary::key(int place) const { return place >= 0 && place < count() ? m_keys[place] : null(); }
 
 int Dictionary::indexOf(const QVariant &wanted) const
 {

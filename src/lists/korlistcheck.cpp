@@ -4,12 +4,12 @@
 #include "frame/settings.h"
 #include "lists/checkedset.h"
 #include "lists/dictionaryrules.h"
+#include "lists/keytext.h"
 
 #include <KorDaoUC/convert.h>
 #include <KorDaoUC/korlistcheck.h>
 #include <KorDaoUC/locale.h>
 #include <KorDaoUC/runtimeerror.h>
-#include <KorDaoUC/variant.h>
 
 #include <QtCore/QPointer>
 
@@ -20,17 +20,14 @@ using namespace kor;
 class KorListCheck::Private
 {
 public:
-    explicit Private(KorListCheck *control) : q(control), box(new CheckListBox(control)) {}
+    explicit Private(KorListCheck *control) : box(new CheckListBox(control)) {}
 
-    //! A key as it stands in a set.
-    [[nodiscard]] QString keyText(int place) const;
     //! A set of the checked entries, each by what the function says of its place.
     template <class PartOf>
     [[nodiscard]] QString joinChecked(PartOf partOf) const;
 
-    KorListCheck *q;
     CheckListBox *box;
-    Locale locale = Locale::systemDefault();
+    KeyText keyText{Locale::systemDefault()};
     QString separator;
     QString valueChecked; //!< the set that was read or written last, which is what is saved
     QString textChecked;
@@ -110,12 +107,6 @@ void KorListCheck::Refresh()
 
 // --- checked sets
 
-QString KorListCheck::Private::keyText(int place) const
-{
-    const QVariant key = q->keyAt(place);
-    return isNull(key) ? QString() : CStr(key, locale);
-}
-
 template <class PartOf>
 QString KorListCheck::Private::joinChecked(PartOf partOf) const
 {
@@ -129,7 +120,7 @@ QString KorListCheck::Private::joinChecked(PartOf partOf) const
 
 QString KorListCheck::ValueChecked() const
 {
-    d->valueChecked = d->joinChecked([this](int place) { return d->keyText(place); });
+    d->valueChecked = d->joinChecked([this](int place) { return d->keyText.of(keyAt(place)); });
     return d->valueChecked;
 }
 
@@ -140,7 +131,7 @@ void KorListCheck::setValueChecked(const QString &keys)
         const CheckedSet set(keys, d->separator);
         std::vector<bool> checks(static_cast<std::size_t>(ListCount()));
         for (std::size_t i = 0; i < checks.size(); ++i)
-            checks[i] = set.contains(d->keyText(static_cast<int>(i)));
+            checks[i] = set.contains(d->keyText.of(keyAt(static_cast<int>(i))));
         d->box->setSelected(checks);
         if (!self)
             return;
@@ -163,6 +154,11 @@ void KorListCheck::setSelected(bool checked)
     d->box->setSelected(ListIndex(), checked);
     if (self)
         propertyChanged("Selected");
+}
+
+void KorListCheck::CheckAll(bool checked)
+{
+    d->box->setSelected(std::vector<bool>(static_cast<std::size_t>(ListCount()), checked));
 }
 
 int KorListCheck::SelCount() const { return d->box->SelCount(); }

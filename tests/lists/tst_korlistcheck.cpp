@@ -15,7 +15,8 @@
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
-#include <QtWidgets/QStyle>
+
+#include <limits>
 
 using namespace kor;
 using namespace kor::test;
@@ -77,6 +78,7 @@ private Q_SLOTS:
     void selectedIsTheCurrentEntry();
     void selectedWithoutAnEntryIsAnError();
     void selCountFollowsEveryChange();
+    void allEntriesAreCheckedOrNone();
     void separatorIsFixedAtRunTime();
     void everyMemberIsReachedByName();
 
@@ -217,13 +219,14 @@ void tst_KorListCheck::keyInsideAnotherIsNotChecked()
 
 void tst_KorListCheck::keysAreWrittenByTheLocale()
 {
+    m_list->AddEntry(std::numeric_limits<int>::min(), QStringLiteral("najmniejsza"));
     m_list->AddEntry(2.5, QStringLiteral("ułamek"));
     m_list->AddEntry(QDate(2024, 2, 29), QStringLiteral("data"));
     m_list->AddEntry(QVariant(), QStringLiteral("pusty"));
     m_list->AddEntry(QStringLiteral(" x "), QStringLiteral("tekst"));
-    m_list->setValueChecked(QStringLiteral("2,5;29.02.2024;; x ;"));
-    QCOMPARE(m_list->SelCount(), 4);
-    QCOMPARE(m_list->ValueChecked(), QStringLiteral("2,5;29.02.2024;; x ;"));
+    m_list->setValueChecked(QStringLiteral("-2147483648;2,5;29.02.2024;; x ;"));
+    QCOMPARE(m_list->SelCount(), 5);
+    QCOMPARE(m_list->ValueChecked(), QStringLiteral("-2147483648;2,5;29.02.2024;; x ;"));
     m_list->setValueChecked(QStringLiteral("2.5;x;"));
     QCOMPARE(m_list->SelCount(), 0);
 }
@@ -308,6 +311,21 @@ void tst_KorListCheck::selCountFollowsEveryChange()
     QCOMPARE(m_list->SelCount(), 0);
     m_list->AddEntry(QStringLiteral("b"), QStringLiteral("Beta"));
     QCOMPARE(m_list->SelCount(), 0);
+    QCOMPARE(m_list->ValueChecked(), QString());
+}
+
+void tst_KorListCheck::allEntriesAreCheckedOrNone()
+{
+    load(abc);
+    m_list->setValueChecked(QStringLiteral("b;"));
+    EventLog log(m_list);
+    m_list->CheckAll();
+    QCOMPARE(m_list->ValueChecked(), QStringLiteral("a;b;c;"));
+    QCOMPARE(log.take(), QStringLiteral("ItemCheck(0) ItemCheck(2)"));
+    QVERIFY(QMetaObject::invokeMethod(m_list, "CheckAll", Q_ARG(bool, false)));
+    QCOMPARE(m_list->SelCount(), 0);
+    m_list->Clear();
+    m_list->CheckAll();
     QCOMPARE(m_list->ValueChecked(), QString());
 }
 

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "lists/keytext.h"
+
+#include <KorDaoUC/convert.h>
+#include <KorDaoUC/variant.h>
+
+#include <algorithm>
+#include <charconv>
+
+namespace kor {
+
+QStringView KeyText::of(const QVariant &key)
+{
+    switch (variantType(key)) {
+    case VariantType::Null: return {};
+    case VariantType::Long: {
+        std::array<char, 12> digits{};
+        const char *end = std::to_chars(digits.begin(), digits.end(), key.value<int>()).ptr;
+        std::copy(digits.cbegin(), end, m_digits.begin());
+        return QStringView(m_digits.data(), end - digits.cbegin());
+    }
+    default: m_text = CStr(key, m_locale); return m_text;
+    }
+}
+
+} // namespace kor
