@@ -141,8 +141,11 @@ KorDate::~KorDate()
 
 void KorDate::initProperties()
 {
+    const QPointer<KorDate> self = this;
     d->value = Clock::today();
     d->box->setProgramText(d->written(d->value)); // Kept: with the mask held before it is set
+    if (!self)
+        return;
     d->currentDate = false;
     d->blockUpDown = false;
     d->mask = QStringLiteral("Short Date");
@@ -151,8 +154,8 @@ void KorDate::initProperties()
 
 void KorDate::readProperties(const PropertyBag &bag)
 {
-    Private::settings.read(*this, bag);
     d->isFirstShowing = true;
+    Private::settings.read(*this, bag);
 }
 
 void KorDate::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
@@ -418,8 +421,10 @@ void KorDate::setBorderStyle(BorderStyleType style)
 {
     d->frame->setBorderStyle(style);
     d->box->setBorderStyle(BorderStyleType::None);
+    const QPointer<KorDate> self = this;
     propertyChanged("BorderStyle");
-    layoutConstituents();
+    if (self)
+        layoutConstituents();
 }
 
 int KorDate::WhatsThisHelpID() const { return d->box->WhatsThisHelpID(); }
@@ -463,8 +468,10 @@ void KorDate::setAppearance(AppearanceType appearance)
 {
     d->box->setAppearance(appearance);
     d->frame->setAppearance(appearance);
+    const QPointer<KorDate> self = this;
     propertyChanged("Appearance");
-    layoutConstituents();
+    if (self)
+        layoutConstituents();
 }
 
 bool KorDate::EnabledClick() const { return d->button->isEnabledTo(this); }

@@ -51,6 +51,8 @@ private Q_SLOTS:
     void deletionInsideAHandlerIsSafe_data();
     void deletionInsideAHandlerIsSafe();
     void deletionWhileLeavingIsSafe();
+    void deletionByAReportedLetIsSafe_data();
+    void deletionByAReportedLetIsSafe();
     void errorsOfHandlersAreRaisedAsTheErrorEvent();
 
     void aFreshFieldStoresTodayOnly();
@@ -298,7 +300,8 @@ void tst_KorDateEvents::deletionInsideAHandlerIsSafe_data()
     const auto row = [](const char *event, const char *cause) {
         QTest::addRow("%s by %s", event, cause) << QString::fromLatin1(event) << QString::fromLatin1(cause);
     };
-    for (const char *cause : {"key", "step", "step back", "today", "paste", "value", "text", "leaving"})
+    for (const char *cause :
+         {"key", "step", "step back", "today", "paste", "value", "text", "leaving", "loading", "init"})
         row("Change", cause);
     for (const char *event : {"KeyDown", "KeyPress", "KeyUp"})
         row(event, "key");
@@ -358,6 +361,10 @@ void tst_KorDateEvents::deletionInsideAHandlerIsSafe()
         m_date->setValue(null());
     else if (cause == u"text")
         m_date->setText(QStringLiteral("02.02.2003"));
+    else if (cause == u"loading")
+        m_date->readProperties(PropertyBag());
+    else if (cause == u"init")
+        m_date->initProperties();
     else if (cause == u"leaving")
         press(Qt::Key_Tab);
     else if (cause == u"button")
@@ -404,6 +411,24 @@ void tst_KorDateEvents::deletionWhileLeavingIsSafe()
     settle();
     QVERIFY(!date);
     QCOMPARE(QApplication::focusWidget(), m_stage->button());
+}
+
+void tst_KorDateEvents::deletionByAReportedLetIsSafe_data()
+{
+    QTest::addColumn<QString>("property");
+    for (const char *name : {"BorderStyle", "Text", "Value", "WhatsThisHelpID", "Locked", "CurrentDate", "BlockUpDown",
+                             "Appearance", "EnabledClick", "FormatMask", "ToolTipText"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void tst_KorDateEvents::deletionByAReportedLetIsSafe()
+{
+    QFETCH(QString, property);
+    QVERIFY(m_stage->open());
+    const QPointer<KorDate> date = m_date;
+    connect(m_date, &UserControl::PropertyChanged, this, [date] { delete date.data(); });
+    m_date->setProperty(qPrintable(property), m_date->property(qPrintable(property)));
+    QVERIFY(!date);
 }
 
 void tst_KorDateEvents::errorsOfHandlersAreRaisedAsTheErrorEvent()
