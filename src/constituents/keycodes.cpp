@@ -193,6 +193,11 @@ int keyAscii(const QKeyEvent &event)
     return !text.isEmpty() && isTyped(text.front()) ? text.front().unicode() : 0;
 }
 
+QKeyEvent withoutText(const QKeyEvent &event)
+{
+    return QKeyEvent(event.type(), event.key(), event.modifiers(), QString(), event.isAutoRepeat());
+}
+
 bool isTyped(QChar unit)
 {
     // Joiners and the halves of emoji are no printing characters by themselves.

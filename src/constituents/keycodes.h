@@ -4,8 +4,7 @@
 
 #include <QtCore/QString>
 #include <QtCore/Qt>
-
-class QKeyEvent;
+#include <QtGui/QKeyEvent>
 
 namespace kor {
 
@@ -62,6 +61,8 @@ enum Code : int { None = 0, Shift = 1, Ctrl = 2, Alt = 4 };
 //! the press is no character (Ctrl+letter, Alt+letter, Delete, an arrow). AltGr characters are characters.
 [[nodiscard]] int keyAscii(const QKeyEvent &event);
 
+//! The press as a plain key, for the toolkit to act on: it would type the letter of an Alt+letter.
+[[nodiscard]] QKeyEvent withoutText(const QKeyEvent &event);
 //! Whether a unit of text is what a key may type: not a control character.
 [[nodiscard]] bool isTyped(QChar unit);
 

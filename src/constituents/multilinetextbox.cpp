@@ -118,12 +118,15 @@ void MultiLineTextBox::press(QKeyEvent *event)
         Q_EMIT KeyDown(code, shift);
     if (!self || (code == Key::None && ownCode != Key::None))
         return;
-    if (code != ownCode)
+    if (code != ownCode) {
         actAs(code, shift, event);
-    else if (const int ascii = keyAscii(*event))
+    } else if (const int ascii = keyAscii(*event)) {
         offerCharacter(ascii, event);
-    else
-        editing([&] { QPlainTextEdit::keyPressEvent(event); });
+    } else {
+        QKeyEvent plain = withoutText(*event);
+        editing([&] { QPlainTextEdit::keyPressEvent(&plain); });
+        event->setAccepted(plain.isAccepted());
+    }
 }
 
 void MultiLineTextBox::actAs(int code, int shift, QKeyEvent *event)

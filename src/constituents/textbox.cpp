@@ -232,7 +232,7 @@ void TextBox::press(QKeyEvent *event)
         return;
     }
     if (code != ownCode) {
-        actAs(code, shift, event);
+        actAs(code, shift);
         return;
     }
     if (const int ascii = keyAscii(*event)) {
@@ -250,10 +250,12 @@ void TextBox::press(QKeyEvent *event)
         }
         return;
     }
-    editing([&] { QLineEdit::keyPressEvent(event); });
+    QKeyEvent plain = withoutText(*event);
+    editing([&] { QLineEdit::keyPressEvent(&plain); });
+    event->setAccepted(plain.isAccepted());
 }
 
-void TextBox::actAs(int code, int shift, QKeyEvent *event)
+void TextBox::actAs(int code, int shift)
 {
     if (const auto command = clipboardCommand(code, shift); command != ClipboardCommand::None) {
         run(command);
@@ -263,7 +265,6 @@ void TextBox::actAs(int code, int shift, QKeyEvent *event)
         offerCharacter(character);
     } else {
         QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift));
-        event->setAccepted(true);
         editing([&] { QLineEdit::keyPressEvent(&other); });
     }
 }

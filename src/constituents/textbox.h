@@ -110,7 +110,7 @@ private:
     template <class Body>
     void editing(Body &&body);
     void press(QKeyEvent *event);
-    void actAs(int keyCode, int shift, QKeyEvent *event);
+    void actAs(int keyCode, int shift);
     //! Raises KeyPress for the character and types what the handlers make of it.
     void offerCharacter(int keyAscii);
     //! The same for each character of a text that one key or an input method gives.

@@ -45,6 +45,9 @@ private Q_SLOTS:
     void spreadsheetTextIsRead();
     void onlyNumbersAreTypedWhateverTheKeySends_data();
     void onlyNumbersAreTypedWhateverTheKeySends();
+    void lettersOfMenusAreNotTyped_data();
+    void lettersOfMenusAreNotTyped();
+    void copyingNothingEmptiesTheClipboard();
 
 private:
     [[nodiscard]] bool enter(const QString &state);
@@ -331,6 +334,43 @@ void tst_KorNumberClipboard::onlyNumbersAreTypedWhateverTheKeySends()
     composed.setCommitString(sent);
     QApplication::sendEvent(m_box, &composed);
     QCOMPARE(field(m_box), typed);
+}
+
+void tst_KorNumberClipboard::lettersOfMenusAreNotTyped_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("modifiers");
+    // clang-format off
+    QTest::newRow("Alt+letter")      << int(Qt::Key_P) << QStringLiteral("p")    << int(Qt::AltModifier);
+    QTest::newRow("Alt+digit")       << int(Qt::Key_5) << QStringLiteral("5")    << int(Qt::AltModifier);
+    QTest::newRow("Alt+Shift+digit") << int(Qt::Key_5) << QStringLiteral("%")    << int(Qt::AltModifier | Qt::ShiftModifier);
+    QTest::newRow("Ctrl+letter")     << int(Qt::Key_P) << QStringLiteral("\x10") << int(Qt::ControlModifier);
+    // clang-format on
+}
+
+void tst_KorNumberClipboard::lettersOfMenusAreNotTyped()
+{
+    QFETCH(int, key);
+    QFETCH(QString, text);
+    QFETCH(int, modifiers);
+    QVERIFY(enter(QStringLiteral("1|")));
+    EventLog log(m_number);
+    QKeyEvent press(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers), text);
+    QApplication::sendEvent(m_box, &press);
+    QCOMPARE(field(m_box), QStringLiteral("1|"));
+    const QString events = log.take();
+    QVERIFY2(events.startsWith(QStringLiteral("KeyDown(%1,").arg(key)) && !events.contains(u' '), qPrintable(events));
+    QVERIFY(!press.isAccepted()); // the form's
+}
+
+void tst_KorNumberClipboard::copyingNothingEmptiesTheClipboard()
+{
+    QVERIFY(enter(QStringLiteral("12|")));
+    QGuiApplication::clipboard()->setText(QStringLiteral("7"));
+    QTest::keyClick(m_box, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), QString());
+    QCOMPARE(field(m_box), QStringLiteral("12|"));
 }
 
 QTEST_MAIN(tst_KorNumberClipboard)

@@ -52,6 +52,8 @@ private Q_SLOTS:
     void loadingRaisesChangeOnceAndClearsTheFlag();
     void loadedValueIsReplacedByTheLoadedText();
     void settingsRoundTrip();
+    void typeIsKeptUnchanged_data();
+    void typeIsKeptUnchanged();
     void wrongKindsAreRefused();
     void everyLetReportsItsProperty();
     void outOfRangeEnumerationsAreRefused();
@@ -514,6 +516,30 @@ void tst_KorNumberEvents::settingsRoundTrip()
     PropertyBag again;
     loaded.writeProperties(again);
     QCOMPARE(again, bag);
+}
+
+void tst_KorNumberEvents::typeIsKeptUnchanged_data()
+{
+    QTest::addColumn<QVariant>("type");
+    QTest::addColumn<bool>("isStored");
+    QTest::newRow("the Integer 0 is the default") << QVariant::fromValue(short(0)) << false;
+    QTest::newRow("another Integer") << QVariant::fromValue(short(2)) << true;
+    QTest::newRow("the Long 0 is of another type") << QVariant(0) << true;
+    QTest::newRow("text") << QVariant(QStringLiteral("N")) << true;
+}
+
+void tst_KorNumberEvents::typeIsKeptUnchanged()
+{
+    QFETCH(QVariant, type);
+    QFETCH(bool, isStored);
+    PropertyBag bag;
+    bag.append(QStringLiteral("Type"), type);
+    m_number->readProperties(bag);
+    PropertyBag again;
+    m_number->writeProperties(again);
+    QCOMPARE(keysOf(again), isStored ? QStringList{QStringLiteral("Type")} : QStringList());
+    if (isStored)
+        QVERIFY(isSameSetting(again.ReadProperty(QStringLiteral("Type")), type));
 }
 
 void tst_KorNumberEvents::wrongKindsAreRefused()
