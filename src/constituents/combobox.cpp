@@ -64,7 +64,11 @@ void ComboBox::setListIndex(int index)
 {
     if (index < -1 || index >= count())
         throw RunTimeError(ErrorNumber::InvalidPropertyValue);
-    act([&] { setCurrentIndex(index); });
+    act([&] {
+        setCurrentIndex(index);
+        if (isDropped()) // what Enter accepts there is what the program has just selected
+            m_list->setCurrentIndex(m_entries->index(index));
+    });
 }
 
 QString ComboBox::List(int index) const { return m_entries->name(index); }

@@ -48,6 +48,7 @@ private Q_SLOTS:
     void f5ThatEmptiesTheOpenListClosesIt();
     void droppedStateIsAskedAtEachKey();
     void keysSentToTheFieldActInTheOpenList();
+    void openListFollowsTheProgram();
     void mouseOpensAndAccepts();
     void anEmptyListDoesNotOpen();
     void aDisabledListDoesNotOpen();
@@ -422,6 +423,18 @@ void tst_KorComboKeys::keysSentToTheFieldActInTheOpenList()
     press(Qt::Key_Escape);
     QVERIFY(!isDropped());
     QCOMPARE(log.take(), QString());
+}
+
+void tst_KorComboKeys::openListFollowsTheProgram()
+{
+    QVERIFY(enter(QStringLiteral("LIST 1;a|2;b|3;c")));
+    QVERIFY(drop());
+    EventLog log(m_combo);
+    m_combo->setValue(3);
+    QCOMPARE(row(), 2);
+    pressInList(Qt::Key_Return);
+    QCOMPARE(m_combo->Text(), QStringLiteral("c"));
+    QCOMPARE(log.take(), QStringLiteral("Click"));
 }
 
 void tst_KorComboKeys::mouseOpensAndAccepts()
