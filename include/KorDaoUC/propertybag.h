@@ -36,15 +36,18 @@ public:
     [[nodiscard]] const QList<Entry> &entries() const { return m_entries; }
     [[nodiscard]] Q_INVOKABLE bool contains(const QString &key) const;
     [[nodiscard]] Q_INVOKABLE bool isEmpty() const { return m_entries.isEmpty(); }
-    //! The number of entries, and one of them by its 0-based place: for hosts that reach the bag by name only.
+    //! The number of entries, and one of them by its 0-based place: for hosts that reach the bag by name only. Error 9
+    //! for a place that there is not.
     [[nodiscard]] Q_INVOKABLE int count() const { return static_cast<int>(m_entries.size()); }
-    [[nodiscard]] Q_INVOKABLE QString keyAt(int index) const { return m_entries.at(index).first; }
-    [[nodiscard]] Q_INVOKABLE QVariant valueAt(int index) const { return m_entries.at(index).second; }
+    [[nodiscard]] Q_INVOKABLE QString keyAt(int index) const { return entryAt(index).first; }
+    [[nodiscard]] Q_INVOKABLE QVariant valueAt(int index) const { return entryAt(index).second; }
 
     //! Whether both hold the same settings (in type and value) in the same order.
     bool operator==(const PropertyBag &other) const;
 
 private:
+    [[nodiscard]] const Entry &entryAt(int index) const;
+
     QList<Entry> m_entries;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include <KorDaoUC/propertybag.h>
+#include <KorDaoUC/runtimeerror.h>
 
 #include <algorithm>
 
@@ -28,6 +29,13 @@ QVariant PropertyBag::ReadProperty(const QString &key, const QVariant &defaultVa
 }
 
 void PropertyBag::append(const QString &key, const QVariant &value) { m_entries.emplaceBack(key, value); }
+
+const PropertyBag::Entry &PropertyBag::entryAt(int index) const
+{
+    if (index < 0 || index >= count())
+        throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
+    return m_entries.at(index);
+}
 
 bool PropertyBag::contains(const QString &key) const
 {

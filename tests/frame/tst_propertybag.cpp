@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <KorDaoUC/Currency>
 #include <KorDaoUC/PropertyBag>
+#include <KorDaoUC/RunTimeError>
 #include <KorDaoUC/Variant>
 
 #include <QtTest/QtTest>
@@ -77,6 +78,10 @@ private Q_SLOTS:
         QCOMPARE(bag.count(), 3);
         QCOMPARE(bag.keyAt(1), QStringLiteral("BackColor"));
         QCOMPARE(bag.valueAt(2), QVariant(1));
+        for (const int place : {-1, 3}) {
+            QVERIFY_THROWS_EXCEPTION(kor::RunTimeError, (void)bag.keyAt(place));
+            QVERIFY_THROWS_EXCEPTION(kor::RunTimeError, (void)bag.valueAt(place));
+        }
     }
 
     void aKeyWrittenTwiceStandsTwice()
