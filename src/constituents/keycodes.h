@@ -4,7 +4,8 @@
 
 #include <QtCore/QString>
 #include <QtCore/Qt>
-#include <QtGui/QKeyEvent>
+
+class QKeyEvent;
 
 namespace kor {
 
