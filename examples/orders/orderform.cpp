@@ -15,6 +15,8 @@
 #include <KorDaoUC/KorColor>
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/KorDate>
+#include <KorDaoUC/KorList>
+#include <KorDaoUC/KorListCheck>
 #include <KorDaoUC/KorMultiText>
 #include <KorDaoUC/KorNumber>
 #include <KorDaoUC/KorUpDown>
@@ -25,6 +27,7 @@
 #include <QtWidgets/QPushButton>
 
 #include <cmath>
+#include <initializer_list>
 #include <stdexcept>
 
 namespace orders {
@@ -84,13 +87,19 @@ OrderForm::OrderForm(const OrderStore &store, kor::Database &database, QWidget *
     m_priority = part<KorUpDown>("spnPriority");
     m_remarks = part<KorMultiText>("txtRemarks");
     m_color = part<KorColor>("clrLabel");
+    m_groups = part<KorListCheck>("lstGroups");
+    m_products = part<KorList>("lstProducts");
     m_position = part<QLabel>("lblPosition");
 
     // The range of a spin field is the program's; it is not saved with the form.
     m_priority->setMin(1);
     m_priority->setMax(5);
-    m_customer->setdatabase(&database);
+    for (kor::DictionaryControl *list :
+         std::initializer_list<kor::DictionaryControl *>{m_customer, m_groups, m_products})
+        list->setdatabase(&database);
     m_customer->Refresh();
+    m_groups->Refresh();
+    m_groups->setListIndex(-1);
     m_terms->Refresh();
     connectFields();
 }
@@ -139,6 +148,7 @@ void OrderForm::connectFields()
     connect(m_priority, &KorUpDown::Change, this, &OrderForm::edited);
     connect(m_remarks, &KorMultiText::Change, this, &OrderForm::edited);
     connect(m_color, &KorColor::Click, this, &OrderForm::edited);
+    connect(m_groups, &KorListCheck::ItemCheck, this, [this] { offerCustomers(m_customer->Value()); });
 }
 
 void OrderForm::setOrder(const Order &order)
@@ -147,7 +157,9 @@ void OrderForm::setOrder(const Order &order)
     m_number->setText(order.number.isEmpty() ? QStringLiteral("(nowe)") : order.number);
     m_date->setValue(order.date.isValid() ? QVariant(order.date) : kor::null());
     m_delivery->setValue(order.delivery ? QVariant(*order.delivery) : kor::null());
-    m_customer->setValue(order.customer ? kor::normalized(*order.customer) : kor::null());
+    const QVariant customer = order.customer ? kor::normalized(*order.customer) : kor::null();
+    offerCustomers(customer);
+    m_customer->setValue(customer);
     m_terms->setValue(order.paymentTerms);
     m_discount->setValue(order.discount);
     setGrosze(*m_total, order.total);
@@ -158,6 +170,7 @@ void OrderForm::setOrder(const Order &order)
     m_colorAsShown = m_color->Value();
     showAddress();
     showDue();
+    showProducts();
     // As the fields give it back: what they round is no change of the clerk's.
     m_unchanged = this->order();
     Q_EMIT edited();
@@ -225,8 +238,41 @@ void OrderForm::showAddress()
 void OrderForm::chooseCustomer()
 {
     SearchDialog dialog(customersToSearch(m_store), this);
-    if (dialog.exec() == QDialog::Accepted && dialog.chosen() != 0)
-        m_customer->setValue(kor::normalized(dialog.chosen()));
+    if (dialog.exec() != QDialog::Accepted || dialog.chosen() == 0)
+        return;
+    const QVariant customer = kor::normalized(dialog.chosen());
+    offerCustomers(customer);
+    m_customer->setValue(customer);
+}
+
+void OrderForm::offerCustomers(const QVariant &kept)
+{
+    QString source = QStringLiteral("SELECT id, name FROM customers");
+    QString groups = m_groups->ValueChecked();
+    if (!groups.isEmpty()) {
+        groups.chop(m_groups->Separator().size()); // there is one behind the last key, too
+        source += QStringLiteral(" WHERE group_id IN (%1)").arg(groups);
+        if (!kor::isNull(kept))
+            source += QStringLiteral(" OR id = %1").arg(kor::CLng(kept));
+    }
+    source += QStringLiteral(" ORDER BY sort_name");
+    if (source == m_customer->SQL())
+        return;
+    m_customer->setSQL(source);
+    m_customer->Refresh();
+}
+
+void OrderForm::showProducts()
+{
+    // The quantity first: a long name may end in dots.
+    m_products->setSQL(QStringLiteral("SELECT line, replace(printf('%g', quantity), '.', ',') || ' ' || unit || ' ' || "
+                                      "products.name FROM order_lines JOIN products ON products.id = product_id "
+                                      "WHERE order_id = ") +
+                       QString::number(m_shown.id) + QStringLiteral(" ORDER BY line"));
+    m_products->Clear();
+    m_products->Refresh();
+    if (m_products->HasValues())
+        m_products->setListIndex(-1); // it is there to be read
 }
 
 std::optional<int> OrderForm::labelColor() const

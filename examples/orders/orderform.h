@@ -6,12 +6,15 @@
 
 #include <KorDaoUC/FormBuilder>
 
+#include <QtCore/QVariant>
 #include <QtWidgets/QWidget>
 
 class KorClick;
 class KorColor;
 class KorCombo;
 class KorDate;
+class KorList;
+class KorListCheck;
 class KorMultiText;
 class KorNumber;
 class KorUpDown;
@@ -64,6 +67,9 @@ private:
     void showAddress();
     void showDue();
     void chooseCustomer();
+    //! Lists the customers of the checked groups, all of them while none is checked. One customer is always among them.
+    void offerCustomers(const QVariant &kept);
+    void showProducts();
     [[nodiscard]] std::optional<int> labelColor() const;
 
     const OrderStore &m_store;
@@ -83,6 +89,8 @@ private:
     KorUpDown *m_priority = nullptr;
     KorMultiText *m_remarks = nullptr;
     KorColor *m_color = nullptr;
+    KorListCheck *m_groups = nullptr;
+    KorList *m_products = nullptr;
     int m_colorAsShown = 0;
     QLabel *m_position = nullptr;
 };

@@ -10,6 +10,8 @@
 #include <KorDaoUC/KorColor>
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/KorDate>
+#include <KorDaoUC/KorList>
+#include <KorDaoUC/KorListCheck>
 #include <KorDaoUC/KorMultiText>
 #include <KorDaoUC/KorNumber>
 #include <KorDaoUC/KorUpDown>
@@ -24,6 +26,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListView>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
@@ -149,6 +152,54 @@ private Q_SLOTS:
                  QStringLiteral("datOrder datDelivery cmbCustomer clkAddress cmbTerms numDiscount spnPriority "
                                 "numTotal numAdvance txtRemarks txtRemarks"));
         QVERIFY(!m_window->isWindowModified()); // looking changes nothing
+    }
+
+    void checkedGroupsNarrowTheCustomersAndLoseNone()
+    {
+        auto *groups = part<KorListCheck>("lstGroups");
+        auto *customer = part<KorCombo>("cmbCustomer");
+        const int all = customer->ListCount();
+        const QVariant own = customer->Value();
+        QVERIFY(groups->ListCount() > 2);
+        QCOMPARE(groups->ListIndex(), -1);
+        focus("lstGroups");
+        press(Qt::Key_Down);
+        press(Qt::Key_Space);
+        const int first = customer->ListCount();
+        QVERIFY(first > 1 && first < all);
+        QCOMPARE(customer->Value(), own);
+        press(Qt::Key_Down);
+        press(Qt::Key_Space);
+        QVERIFY(customer->ListCount() > first && customer->ListCount() < all);
+        QCOMPARE(groups->SelCount(), 2);
+        QVERIFY(!m_window->isWindowModified());
+        for (int order = 0; order < 20; ++order) { // customers of all groups
+            press(Qt::Key_PageDown, Qt::ControlModifier);
+            QVERIFY(!kor::isNull(customer->Value()));
+            QVERIFY(!m_window->isWindowModified());
+        }
+        press(Qt::Key_Space);
+        press(Qt::Key_Up);
+        press(Qt::Key_Space);
+        QCOMPARE(customer->ListCount(), all);
+    }
+
+    void productsAreThoseOfTheOrder()
+    {
+        auto *products = part<KorList>("lstProducts");
+        const QString before = [&] {
+            const QAbstractItemModel *names = products->findChild<QListView *>()->model();
+            return names->index(0, 0).data().value<QString>();
+        }();
+        QVERIFY(products->ListCount() > 0);
+        QVERIFY2(QRegularExpression(QStringLiteral("^[0-9,]+ (szt\\.|op\\.|kg|m|l|kpl\\.|para|rolka) .+"))
+                     .match(before)
+                     .hasMatch(),
+                 qPrintable(before));
+        press(Qt::Key_PageDown, Qt::ControlModifier);
+        QVERIFY(products->findChild<QListView *>()->model()->index(0, 0).data().value<QString>() != before);
+        press(Qt::Key_N, Qt::ControlModifier);
+        QCOMPARE(products->ListCount(), 0);
     }
 
     void lettersLeadToTheFields_data()

@@ -1,7 +1,7 @@
 ' The form of the order desk. Places are twips: 15 to a pixel at 96 dots per inch.
 Begin Form frmOrder
    Caption = "Zamówienia"
-   Width = 11400
+   Width = 14940
    Height = 5400
    Begin Frame fraOrder
       Caption = "Zamówienie"
@@ -238,6 +238,38 @@ Begin Form frmOrder
          Top = 930
          Width = 225
          Height = 360
+      End
+   End
+   Begin Frame fraGroups
+      Caption = "Grupy klientów"
+      Left = 11340
+      Top = 120
+      Width = 3420
+      Height = 1995
+      Begin KorDaoUC.KorListCheck lstGroups
+         Left = 150
+         Top = 420
+         Width = 3120
+         Height = 1380
+         TabIndex = 31
+         HelpText = "Lista klientów podaje tylko zaznaczone grupy; bez zaznaczenia wszystkie"
+         SQL = "SELECT id, name FROM customer_groups ORDER BY name"
+         Slownik = "customer_groups"
+         Separator = ","
+      End
+   End
+   Begin Frame fraProducts
+      Caption = "Towary zamówienia"
+      Left = 11340
+      Top = 2235
+      Width = 3420
+      Height = 2985
+      Begin KorDaoUC.KorList lstProducts
+         Left = 150
+         Top = 420
+         Width = 3120
+         Height = 2370
+         TabIndex = 32
       End
    End
    Begin Label lblRemarks
