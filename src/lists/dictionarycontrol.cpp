@@ -114,7 +114,11 @@ void DictionaryControl::Refresh()
         raiseRefreshed();
 }
 
-bool DictionaryControl::canReload() const { return d->database.get() || sourceKind(d->sql) == SourceKind::List; }
+bool DictionaryControl::canReload() const
+{
+    // While a form is designed, its controls leave databases alone.
+    return (d->database.get() && UserMode()) || sourceKind(d->sql) == SourceKind::List;
+}
 
 bool DictionaryControl::reload()
 {

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void vanishedKeyUnderBlockClickRaisesNoClick();
     void nullSelectionIsKeptSilently();
     void refreshWithoutADatabaseLeavesTheList();
+    void databaseIsLeftAloneAtDesignTime();
     void settingTheSourceReloadsNothing();
     void nullStringAndCanBeNullTakeEffectAtTheNextRefresh();
     void closingTheConnectionUnderALiveControl();
@@ -386,6 +387,17 @@ void tst_KorComboRefresh::refreshWithoutADatabaseLeavesTheList()
     }
     load(QStringLiteral("LIST 5;pięć"));
     QCOMPARE(names(), QStringList{QStringLiteral("pięć")});
+}
+
+void tst_KorComboRefresh::databaseIsLeftAloneAtDesignTime()
+{
+    UserControl::setUserMode(m_stage.get(), false);
+    EventLog log(m_combo);
+    load(QStringLiteral("SELECT id, nazwa FROM kraje"));
+    QCOMPARE(names(), QStringList());
+    QVERIFY(log.lines().contains(QStringLiteral("Refreshed")));
+    load(yesNo); // needs no database
+    QCOMPARE(names(), (QStringList{QStringLiteral("Tak"), QStringLiteral("Nie")}));
 }
 
 void tst_KorComboRefresh::settingTheSourceReloadsNothing()
