@@ -101,6 +101,7 @@ protected:
     }
 
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     //! Places the constituents in the control's area. Called at each resize.
     virtual void layoutConstituents();

@@ -58,10 +58,4 @@ void makeDatesAccessible()
     Q_UNUSED(isInstalled);
 }
 
-void passNameOn(KorDate *control, QWidget *box)
-{
-    if (const QAccessibleInterface *known = QAccessible::queryAccessibleInterface(control))
-        box->setAccessibleName(known->text(QAccessible::Name));
-}
-
 } // namespace kor

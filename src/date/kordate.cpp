@@ -345,7 +345,6 @@ bool KorDate::Private::bringsUserBack(const QEvent &event)
 void KorDate::showEvent(QShowEvent *event)
 {
     UserControl::showEvent(event);
-    passNameOn(this, d->box);
     if (std::exchange(d->isFirstShowing, false) && d->currentDate) {
         d->value = Clock::today(); // Kept: the text is not written anew here
         d->dirty = true;
@@ -365,7 +364,6 @@ void KorDate::Private::boxEntered(QWidget *, FocusEntry entry)
 {
     if (entry == FocusEntry::Moved)
         enteredText = box->text();
-    passNameOn(q, box);
     box->selectAll();
 }
 

@@ -8,6 +8,7 @@
 
 #include <QtCore/QEvent>
 #include <QtCore/QPointer>
+#include <QtGui/QAccessible>
 #include <QtWidgets/QApplication>
 
 namespace kor {
@@ -110,6 +111,16 @@ void UserControl::changeEvent(QEvent *event)
     // System colours are those of the theme, and the theme has changed.
     if (event->type() == QEvent::PaletteChange && d->main)
         d->colors.applyTo(d->main, palette());
+}
+
+void UserControl::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    // The focus goes to the constituent, so that is where a screen reader asks for the name: the control's own one, or
+    // the caption of the label that belongs to it.
+    const QAccessibleInterface *known = d->main ? QAccessible::queryAccessibleInterface(this) : nullptr;
+    if (const QString name = known ? known->text(QAccessible::Name) : QString(); !name.isEmpty())
+        d->main->setAccessibleName(name);
 }
 
 void UserControl::resizeEvent(QResizeEvent *event)

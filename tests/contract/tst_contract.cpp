@@ -14,6 +14,7 @@
 #include <QtCore/QMetaProperty>
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
 
 #include <memory>
 
@@ -62,6 +63,8 @@ private Q_SLOTS:
     void enabledIsTheWidgetsOwn();
     void focusGoesToTheConstituent_data() { controls(); }
     void focusGoesToTheConstituent();
+    void screenReadersHearTheLabelsCaption_data() { controls(); }
+    void screenReadersHearTheLabelsCaption();
     void wheelChangesNothingWithoutTheFocus_data() { controls(); }
     void wheelChangesNothingWithoutTheFocus();
     void deletionInsideKeyDownIsSafe_data() { controls(); }
@@ -368,6 +371,17 @@ void tst_Contract::focusGoesToTheConstituent()
     m_control->setFocus();
     settle();
     QCOMPARE(QApplication::focusWidget(), constituent());
+}
+
+void tst_Contract::screenReadersHearTheLabelsCaption()
+{
+    QFETCH(QString, name);
+    Stage stage;
+    UserControl *control = stage.place(ControlRegistry::create(name));
+    QLabel label(QStringLiteral("&Opis pola"), &stage);
+    label.setBuddy(control);
+    QVERIFY(stage.open());
+    QCOMPARE(control->focusProxy()->accessibleName(), QStringLiteral("Opis pola"));
 }
 
 void tst_Contract::wheelChangesNothingWithoutTheFocus()

@@ -72,6 +72,19 @@ private Q_SLOTS:
         QVERIFY(!cursor.last());
     }
 
+    void dateProblems()
+    {
+        Order order;
+        order.date = QDate();
+        QVERIFY(orders::problemOf(order)->text.contains(QStringLiteral("datę")));
+        order.date = QDate(2026, 3, 2);
+        QVERIFY(!orders::problemOf(order));
+        order.delivery = QDate(2026, 3, 1);
+        QVERIFY(orders::problemOf(order)->text.contains(QStringLiteral("wcześniejsza")));
+        order.delivery = order.date;
+        QVERIFY(!orders::problemOf(order));
+    }
+
     void problems_data()
     {
         QTest::addColumn<double>("discount");
@@ -97,6 +110,7 @@ private Q_SLOTS:
         QFETCH(const qint64, total);
         QFETCH(const QString, text);
         Order order;
+        order.date = QDate(2026, 3, 2);
         order.discount = discount;
         order.advance = advance;
         order.total = total;

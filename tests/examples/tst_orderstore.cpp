@@ -198,7 +198,7 @@ private Q_SLOTS:
         Order order = before;
         order.customer = 999999; // who does not exist
         order.total = 5;
-        QVERIFY_EXCEPTION_THROWN(m_store->save(order), orders::StoreError);
+        QVERIFY_THROWS_EXCEPTION(orders::StoreError, m_store->save(order));
         QVERIFY(m_store->order(1) == before);
         QVERIFY(m_store->save(newOrder()).id > 0); // and the store goes on working
     }
@@ -210,13 +210,13 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(QByteArray("to nie jest baza danych\n").repeated(100));
         file.close();
-        QVERIFY_EXCEPTION_THROWN(OrderStore{name}, orders::StoreError);
+        QVERIFY_THROWS_EXCEPTION(orders::StoreError, OrderStore{name});
         QCOMPARE(QFileInfo(name).size(), 2400);
     }
 
     void aFileInAMissingFolderIsAnError()
     {
-        QVERIFY_EXCEPTION_THROWN(OrderStore{m_folder->filePath(QStringLiteral("none/a.sqlite"))}, orders::StoreError);
+        QVERIFY_THROWS_EXCEPTION(orders::StoreError, OrderStore{m_folder->filePath(QStringLiteral("none/a.sqlite"))});
     }
 
     void find_data()
