@@ -370,7 +370,7 @@ void tst_Contract::focusGoesToTheConstituent()
     QVERIFY(m_stage->open());
     m_control->setFocus();
     settle();
-    QCOMPARE(QApplication::focusWidget(), constituent());
+    QTRY_COMPARE(QApplication::focusWidget(), constituent());
 }
 
 void tst_Contract::screenReadersHearTheLabelsCaption()

@@ -410,7 +410,7 @@ void tst_KorDateEvents::deletionWhileLeavingIsSafe()
     QTest::keyClick(m_box, Qt::Key_Tab);
     settle();
     QVERIFY(!date);
-    QCOMPARE(QApplication::focusWidget(), m_stage->button());
+    QTRY_COMPARE(QApplication::focusWidget(), m_stage->button());
 }
 
 void tst_KorDateEvents::deletionByAReportedLetIsSafe_data()

@@ -491,7 +491,7 @@ void tst_KorList::keysOfTheFormAreLeftToIt()
     QCOMPARE(log.take(), QStringLiteral("KeyDown(13,0) KeyDown(27,0) KeyDown(67,4) KeyDown(67,2) KeyDown(112,0)"));
     press(Qt::Key_Tab);
     settle();
-    QCOMPARE(QApplication::focusWidget(), m_stage->button());
+    QTRY_COMPARE(QApplication::focusWidget(), m_stage->button());
 }
 
 void tst_KorList::wheelScrollsAndChangesNothing()

@@ -114,7 +114,7 @@ void tst_KorClick::theButtonAsksTheHost()
     QCOMPARE(m_click->Text(), QStringLiteral("Kowalski"));
     QCOMPARE(m_click->Value(), QVariant(3));
     QCOMPARE(log.take(), QStringLiteral("Change Click")); // the log listens after the host
-    QCOMPARE(QApplication::focusWidget(), m_button);
+    QTRY_COMPARE(QApplication::focusWidget(), m_button);
 }
 
 void tst_KorClick::keysRaiseTheirEvents_data()
@@ -333,11 +333,11 @@ void tst_KorClick::leavingTheButtonRaisesCmdLostFocus()
     log.ignore({QStringLiteral("KeyUp"), QStringLiteral("KeyDown")});
     QTest::keyClick(m_box, Qt::Key_Tab);
     settle();
-    QCOMPARE(QApplication::focusWidget(), m_button);
+    QTRY_COMPARE(QApplication::focusWidget(), m_button);
     QCOMPARE(log.take(), QString());
     QTest::keyClick(m_button, Qt::Key_Tab);
     settle();
-    QCOMPARE(QApplication::focusWidget(), m_stage->button());
+    QTRY_COMPARE(QApplication::focusWidget(), m_stage->button());
     QCOMPARE(log.take(), QStringLiteral("CmdLostFocus"));
     m_button->setFocus();
     settle();

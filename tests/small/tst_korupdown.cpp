@@ -240,7 +240,7 @@ void tst_KorUpDown::arrowsTakeNoFocusAndStopAtTheEnds()
         QTest::mouseClick(m_down, Qt::LeftButton);
     QCOMPARE(m_spin->Text(), QStringLiteral("0"));
     QVERIFY(!m_down->isEnabled());
-    QCOMPARE(QApplication::focusWidget(), m_stage->button());
+    QTRY_COMPARE(QApplication::focusWidget(), m_stage->button());
 }
 
 void tst_KorUpDown::clicksOnAGreyArrowStayInside()
