@@ -138,16 +138,20 @@ BorderStyleType KorClick::BorderStyle() const { return d->field.frame->BorderSty
 
 void KorClick::setBorderStyle(BorderStyleType style)
 {
+    const QPointer<KorClick> self = this;
     delegate("BorderStyle", d->field.frame, &FieldFrame::setBorderStyle, style);
-    layoutConstituents();
+    if (self)
+        layoutConstituents();
 }
 
 AppearanceType KorClick::Appearance() const { return d->field.frame->Appearance(); }
 
 void KorClick::setAppearance(AppearanceType appearance)
 {
+    const QPointer<KorClick> self = this;
     delegate("Appearance", d->field.frame, &FieldFrame::setAppearance, appearance);
-    layoutConstituents();
+    if (self)
+        layoutConstituents();
 }
 
 QVariant KorClick::Value() const { return d->value; }

@@ -188,8 +188,10 @@ BorderStyleType KorMultiText::BorderStyle() const { return d->field.frame->Borde
 
 void KorMultiText::setBorderStyle(BorderStyleType style)
 {
+    const QPointer<KorMultiText> self = this;
     delegate("BorderStyle", d->field.frame, &FieldFrame::setBorderStyle, style);
-    layoutConstituents();
+    if (self)
+        layoutConstituents();
 }
 
 AlignmentType KorMultiText::Alignment() const { return d->box->Alignment(); }
