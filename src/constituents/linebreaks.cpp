@@ -14,7 +14,11 @@ qsizetype breakAt(QStringView text, qsizetype at)
     const QChar character = text.at(at);
     if (character == u'\r')
         return at + 1 < text.size() && text.at(at + 1) == u'\n' ? 2 : 1;
-    return character == u'\n' || character == QChar::ParagraphSeparator ? 1 : 0;
+    // The last two are no characters of any text, but the toolkit's editor breaks lines at them.
+    return character == u'\n' || character == QChar::ParagraphSeparator || character == u'\uFDD0' ||
+                   character == u'\uFDD1'
+               ? 1
+               : 0;
 }
 
 qsizetype unitAt(QStringView text, qsizetype at) { return std::max<qsizetype>(1, breakAt(text, at)); }
@@ -68,6 +72,19 @@ QString fromEditorText(const QString &edited, const QString &original)
     middle.replace(u'\n', lineBreakOf(original));
     return joined(joined(original.left(advance(original, head)), middle),
                   original.mid(advance(original, before.size() - tail)));
+}
+
+QString fittingText(const QString &edited, const QString &lineBreak, qsizetype room)
+{
+    qsizetype at = 0;
+    for (qsizetype taken = 0; at < edited.size(); ++at) {
+        taken += edited.at(at) == u'\n' ? lineBreak.size() : 1;
+        if (taken > room)
+            break;
+    }
+    if (at > 0 && at < edited.size() && edited.at(at - 1).isHighSurrogate())
+        --at;
+    return edited.left(at);
 }
 
 int toEditorPosition(const QString &text, int position)

@@ -16,6 +16,9 @@ namespace kor {
 //! How new line breaks are written in a text.
 [[nodiscard]] QString lineBreakOf(const QString &text);
 
+//! As much of an editor's text, from its beginning, as there is room for when its line breaks are written like this.
+[[nodiscard]] QString fittingText(const QString &edited, const QString &lineBreak, qsizetype room);
+
 //! The place in the editor of a place in the text, and back. A place inside a line break is the place before it.
 [[nodiscard]] int toEditorPosition(const QString &text, int position);
 [[nodiscard]] int fromEditorPosition(const QString &text, int position);

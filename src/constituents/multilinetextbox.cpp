@@ -9,6 +9,7 @@
 
 #include <QtCore/QMimeData>
 #include <QtCore/QPointer>
+#include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
@@ -95,6 +96,11 @@ int MultiLineTextBox::room() const
                             : std::max(0, m_maxLength - static_cast<int>(Text().size()) + SelLength());
 }
 
+QString MultiLineTextBox::fitting(const QString &text) const
+{
+    return fittingText(text, lineBreakOf(m_original), room());
+}
+
 // --- keyboard
 
 void MultiLineTextBox::keyPressEvent(QKeyEvent *event)
@@ -156,13 +162,39 @@ void MultiLineTextBox::offerCharacter(int ascii, QKeyEvent *event)
 
 void MultiLineTextBox::type(const QString &text)
 {
-    const QString kept = m_maxLength == 0 ? text : QString(text).replace(u'\n', lineBreakOf(m_original));
-    if (kept.size() > room())
+    if (fitting(text).size() < text.size())
         return;
     editing([&] {
         insertPlainText(text);
         ensureCursorVisible();
     });
+}
+
+void MultiLineTextBox::inputMethodEvent(QInputMethodEvent *event)
+{
+    const QString committed = event->commitString();
+    if (committed.isEmpty() || isReadOnly()) {
+        editing([&] { QPlainTextEdit::inputMethodEvent(event); });
+        return;
+    }
+    // Dead keys and input methods deliver finished characters; each goes through KeyPress like a typed one.
+    const QPointer<MultiLineTextBox> self = this;
+    guarded(this, [&] {
+        FocusTracker::instance().settle();
+        QInputMethodEvent composed{QString(), {}};
+        composed.setCommitString(QString(), event->replacementStart(), event->replacementLength());
+        editing([&] { QPlainTextEdit::inputMethodEvent(&composed); });
+        for (const QChar character : fitting(committed)) {
+            QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
+            if (self)
+                offerCharacter(character.unicode(), &typed);
+        }
+        if (self && !event->preeditString().isEmpty()) {
+            QInputMethodEvent composing(event->preeditString(), event->attributes());
+            QPlainTextEdit::inputMethodEvent(&composing);
+        }
+    });
+    event->accept();
 }
 
 void MultiLineTextBox::keyReleaseEvent(QKeyEvent *event)
@@ -181,11 +213,10 @@ void MultiLineTextBox::keyReleaseEvent(QKeyEvent *event)
 void MultiLineTextBox::insertFromMimeData(const QMimeData *source)
 {
     guarded(this, [&] {
-        QString text = toEditorText(source->text());
-        const int left = room();
-        while (QString(text).replace(u'\n', lineBreakOf(m_original)).size() > left)
-            text.chop(1);
-        editing([&] { insertPlainText(text); });
+        editing([&] {
+            insertPlainText(fitting(toEditorText(source->text())));
+            ensureCursorVisible();
+        });
     });
 }
 

@@ -36,6 +36,7 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
     void insertFromMimeData(const QMimeData *source) override;
 
 private:
@@ -48,6 +49,8 @@ private:
     void offerCharacter(int keyAscii, QKeyEvent *event);
     void type(const QString &text);
     [[nodiscard]] int room() const;
+    //! The beginning of an editor's text that MaxLength allows in place of the selection.
+    [[nodiscard]] QString fitting(const QString &text) const;
 
     QString m_original; //!< the program's text, for its line breaks
     int m_maxLength = 0;

@@ -18,6 +18,8 @@ private Q_SLOTS:
     void positionsAreTranslated();
     void whatIsNotTouchedComesBackAsItCameIn();
     void anyEditGivesTheEditedText();
+    void textIsCutToTheRoom_data();
+    void textIsCutToTheRoom();
 };
 
 void tst_LineBreaks::breaksComeBack_data()
@@ -79,9 +81,9 @@ namespace {
 
 QString randomText(QRandomGenerator &random)
 {
-    const QStringList pieces{QStringLiteral("a"),  QStringLiteral("ż"),  QStringLiteral("\r\n"),
-                             QStringLiteral("\n"), QStringLiteral("\r"), QStringLiteral("\u00A0"),
-                             QStringLiteral("\t")};
+    const QStringList pieces{QStringLiteral("a"),  QStringLiteral("ż"),     QStringLiteral("\r\n"),
+                             QStringLiteral("\n"), QStringLiteral("\r"),    QStringLiteral("\u00A0"),
+                             QStringLiteral("\t"), QStringLiteral("\uFDD0")};
     QString text;
     for (int count = random.bounded(12); count > 0; --count)
         text += pieces.at(random.bounded(static_cast<int>(pieces.size())));
@@ -107,6 +109,35 @@ void tst_LineBreaks::anyEditGivesTheEditedText()
         const QString edited = toEditorText(randomText(random));
         QCOMPARE(toEditorText(fromEditorText(edited, original)), edited);
     }
+}
+
+void tst_LineBreaks::textIsCutToTheRoom_data()
+{
+    QTest::addColumn<QString>("edited");
+    QTest::addColumn<QString>("lineBreak");
+    QTest::addColumn<int>("room");
+    QTest::addColumn<QString>("text");
+    const QString two = QStringLiteral("\r\n");
+    const QString one = QStringLiteral("\n");
+    // clang-format off
+    QTest::newRow("all of it")                  << QStringLiteral("a\nb")   << one << 3 << QStringLiteral("a\nb");
+    QTest::newRow("cut")                        << QStringLiteral("a\nb")   << one << 2 << QStringLiteral("a\n");
+    QTest::newRow("breaks of two, all of it")   << QStringLiteral("a\nb")   << two << 4 << QStringLiteral("a\nb");
+    QTest::newRow("breaks of two, cut")         << QStringLiteral("a\nb")   << two << 3 << QStringLiteral("a\n");
+    QTest::newRow("no half of a break")         << QStringLiteral("a\nb")   << two << 2 << QStringLiteral("a");
+    QTest::newRow("no half of an emoji")        << QStringLiteral("a😀b")   << one << 2 << QStringLiteral("a");
+    QTest::newRow("a whole emoji")              << QStringLiteral("a😀b")   << one << 3 << QStringLiteral("a😀");
+    QTest::newRow("no room")                    << QStringLiteral("abc")    << one << 0 << QString();
+    QTest::newRow("nothing")                    << QString()                << one << 5 << QString();
+    // clang-format on
+}
+
+void tst_LineBreaks::textIsCutToTheRoom()
+{
+    QFETCH(QString, edited);
+    QFETCH(QString, lineBreak);
+    QFETCH(int, room);
+    QTEST(fittingText(edited, lineBreak, room), "text");
 }
 
 QTEST_APPLESS_MAIN(tst_LineBreaks)
