@@ -5,6 +5,7 @@
 #include <QtGui/QIcon>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>
+#include <QtGui/QRegion>
 
 namespace kor {
 
@@ -12,9 +13,13 @@ namespace {
 
 void paintPatch(QPainter &painter, const QRect &area, OLE_COLOR color, const QPalette &palette)
 {
-    painter.setPen(palette.color(QPalette::Active, QPalette::Mid));
-    painter.setBrush(toQColor(color, palette));
-    painter.drawRect(area.adjusted(0, 0, -1, -1));
+    // The edge tells a white patch from a light form and a black one from a dark form. Filled, not drawn as lines,
+    // which would fall between the pixels of a screen that is scaled by a fraction.
+    QColor edge = palette.color(QPalette::Active, QPalette::Text);
+    edge.setAlphaF(0.45F);
+    painter.fillRect(area, toQColor(color, palette));
+    for (const QRect &side : QRegion(area) - QRegion(area.adjusted(1, 1, -1, -1)))
+        painter.fillRect(side, edge);
 }
 
 } // namespace

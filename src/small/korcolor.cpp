@@ -112,6 +112,7 @@ void KorColor::Private::makeRoomForPatches()
     box->setPictureWidth(ColorDelegate::patchSize(box->fontMetrics()).width() + 4 * gap);
     box->setMaxVisibleItems(ColorList::count); // all colours at a glance
     q->updateGeometry();
+    q->layoutConstituents();
 }
 
 //! An entry of the list was selected.
@@ -135,13 +136,13 @@ void KorColor::setValue(OLE_COLOR color)
     d->picture->setBackColor(color);
     if (const auto entry = d->colors.entryOf(color)) {
         d->select(*entry);
-    } else {
-        d->select(ColorList::otherEntry);
         if (self)
-            d->selected(); // Kept: once more, though the list may have raised it
+            propertyChanged("Color"); // Kept: the name that designers have listened for, and only for these colours
+        return;
     }
+    d->select(ColorList::otherEntry);
     if (self)
-        propertyChanged("Color"); // Kept: the name that designers have listened for
+        d->selected(); // Kept: once more, though the list may have raised it
 }
 
 void KorColor::Private::keyDown(int &code, int &shift)
@@ -157,6 +158,8 @@ void KorColor::Private::keyDown(int &code, int &shift)
 
 void KorColor::Private::chooseOther()
 {
+    if (!q->UserMode())
+        return;
     const QPointer<KorColor> self = q;
     box->hidePopup();
     const auto chosen = askDialog();

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
+#include <utility>
 
 using namespace kor;
 using namespace kor::test;
@@ -76,30 +77,37 @@ private Q_SLOTS:
     void init();
 
     void aFreshControlShowsBrightRed();
-    void valueSelectsTheEntry();
+    void valueSelectsTheFirstEntryOfItsColor_data();
+    void valueSelectsTheFirstEntryOfItsColor();
     void aColorOutsideTheListSelectsTheLastEntry();
     void clickOnlyWhenTheEntryChanges();
+    void changeIsReportedForColorsOfTheList();
     void choosingFromTheListSetsValue();
     void arrowsSelectInTheClosedList();
     void cancellingTheDialogChangesNothing();
     void dialogStartsFromTheColorLastSet();
     void aListColorFromTheDialogIsSelected();
     void anotherColorShowsThePreviousOneUntilSelectedAgain();
+    void anotherColorIsSelectedByTheListAndOnceMore();
     void theLastDialogColorIsFoundByValue();
     void afterTheDialogTheListHasTheFocus();
     void f6OpensTheDialogAndThenRaisesKeyDown();
+    void f6OpensTheDialogFromTheOpenListToo();
     void hostHearsKeysOfTheList();
     void mouseEventsComeFromTheSurface();
     void wheelChangesNothingWithoutTheFocus();
     void swatchesAreDrawnInTheList();
     void swatchAndPictureShowTheirColors();
     void systemColorsFollowThePalette();
+    void patchesFollowTheFont();
     void aDisabledControlOpensNothing();
+    void nothingOpensAtDesignTime();
     void deletionInsideAHandlerIsSafe_data();
     void deletionInsideAHandlerIsSafe();
     void deletionWhileTheDialogIsOpenIsSafe();
 
     void settingsAreWrittenInTheirOrder();
+    void savedValueIsTheColorLastSet();
     void valueIsWrittenAndNeverReadBack();
     void everyLetReportsItsProperty();
 
@@ -149,16 +157,40 @@ void tst_KorColor::aFreshControlShowsBrightRed()
     QVERIFY(bag.isEmpty());
 }
 
-void tst_KorColor::valueSelectsTheEntry()
+void tst_KorColor::valueSelectsTheFirstEntryOfItsColor_data()
 {
-    m_color->setValue(0);
-    QCOMPARE(m_box->currentText(), QStringLiteral("Czarny"));
-    m_color->setValue(255);
-    QCOMPARE(m_box->currentText(), QStringLiteral("Jasnoczerwony"));
-    QCOMPARE(m_color->Value(), 255);
-    m_color->setValue(1);
-    QCOMPARE(m_box->currentText(), QStringLiteral("(domyślny)"));
-    QCOMPARE(m_color->Value(), 1);
+    QTest::addColumn<int>("color");
+    QTest::addColumn<int>("entry");
+    // clang-format off
+    QTest::newRow("(domyślny)")     << 1        << 0;
+    QTest::newRow("Czarny")         << 0        << 1; // as "Inny kolor..." is at first
+    QTest::newRow("Niebieski")      << 8388608  << 2;
+    QTest::newRow("Zielony")        << 32768    << 3;
+    QTest::newRow("Błękitny")       << 8421376  << 4;
+    QTest::newRow("Czerwony")       << 128      << 5;
+    QTest::newRow("Fioletowy")      << 8388736  << 6;
+    QTest::newRow("Brązowy")        << 32896    << 7;
+    QTest::newRow("Szary")          << 12632256 << 8;
+    QTest::newRow("Ciemnoszary")    << 8421504  << 9;
+    QTest::newRow("Jasnoniebieski") << 16711680 << 10;
+    QTest::newRow("Jasnozielony")   << 65280    << 11;
+    QTest::newRow("Turkusowy")      << 16776960 << 12;
+    QTest::newRow("Jasnoczerwony")  << 255      << 13;
+    QTest::newRow("Różowy")         << 16711935 << 14;
+    QTest::newRow("Żółty")          << 65535    << 15;
+    QTest::newRow("Biały")          << 16777215 << 16;
+    // clang-format on
+}
+
+void tst_KorColor::valueSelectsTheFirstEntryOfItsColor()
+{
+    QFETCH(int, color);
+    EventLog log(m_color);
+    m_color->setValue(color);
+    QTEST(m_box->currentIndex(), "entry");
+    QCOMPARE(m_box->currentText(), QString::fromUtf8(QTest::currentDataTag()));
+    QCOMPARE(m_color->Value(), color);
+    QCOMPARE(log.take(), color == 255 ? QString() : QStringLiteral("Click"));
 }
 
 void tst_KorColor::aColorOutsideTheListSelectsTheLastEntry()
@@ -179,6 +211,17 @@ void tst_KorColor::clickOnlyWhenTheEntryChanges()
     QCOMPARE(log.take(), QStringLiteral("Click Click")); // by the list, and once more by the control
     m_color->setValue(0x123457);
     QCOMPARE(log.take(), QStringLiteral("Click"));
+}
+
+void tst_KorColor::changeIsReportedForColorsOfTheList()
+{
+    QStringList reported;
+    connect(m_color, &UserControl::PropertyChanged, this, [&](const QString &name) { reported << name; });
+    m_color->setValue(255); // selected already
+    m_color->setValue(0);
+    QCOMPARE(std::exchange(reported, {}), (QStringList{QStringLiteral("Color"), QStringLiteral("Color")}));
+    m_color->setValue(0x123456);
+    QCOMPARE(reported, QStringList());
 }
 
 void tst_KorColor::choosingFromTheListSetsValue()
@@ -270,6 +313,35 @@ void tst_KorColor::anotherColorShowsThePreviousOneUntilSelectedAgain()
     QCOMPARE(m_color->Value(), 0x224466);
 }
 
+void tst_KorColor::anotherColorIsSelectedByTheListAndOnceMore()
+{
+    QVERIFY(enter());
+    EventLog log(m_color);
+    {
+        DialogUser user(choose("#563412"));
+        QTest::mouseClick(m_button, Qt::LeftButton);
+    }
+    QCOMPARE(log.take(), QStringLiteral("Click Click"));
+    {
+        DialogUser user(choose("#664422"));
+        QTest::mouseClick(m_button, Qt::LeftButton);
+    }
+    QCOMPARE(log.take(), QStringLiteral("Click")); // the entry is selected already
+    QCOMPARE(m_color->Value(), 0x123456);
+    log.ignore({QStringLiteral("KeyUp"), QStringLiteral("KeyDown"), QStringLiteral("KeyPress")});
+    m_stage->activateWindow();
+    m_box->showPopup();
+    settle();
+    QWidget *list = m_box->view()->viewport();
+    const QPoint last = m_box->view()->visualRect(m_box->model()->index(17, 0)).center();
+    QTest::mouseMove(list, last);
+    QTest::qWait(QApplication::doubleClickInterval()); // before that, the click could be the one that opened the list
+    QTest::mouseClick(list, Qt::LeftButton, {}, last);
+    settle();
+    QCOMPARE(m_color->Value(), 0x224466);
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+}
+
 void tst_KorColor::theLastDialogColorIsFoundByValue()
 {
     QVERIFY(enter());
@@ -306,6 +378,20 @@ void tst_KorColor::f6OpensTheDialogAndThenRaisesKeyDown()
     QTest::keyPress(m_box, Qt::Key_F6, Qt::ShiftModifier);
     QVERIFY(user.isUsed());
     QCOMPARE(log.take(), QStringLiteral("KeyDown(117,1)"));
+}
+
+void tst_KorColor::f6OpensTheDialogFromTheOpenListToo()
+{
+    QVERIFY(enter());
+    m_box->showPopup();
+    settle();
+    EventLog log(m_color);
+    DialogUser user(choose("#0000ff"));
+    QTest::keyPress(m_box->view(), Qt::Key_F6);
+    QVERIFY(user.isUsed());
+    QVERIFY(!m_box->view()->isVisible());
+    QCOMPARE(m_color->Value(), 0xFF0000);
+    QCOMPARE(log.take(), QStringLiteral("Click KeyDown(117,0)"));
 }
 
 void tst_KorColor::hostHearsKeysOfTheList()
@@ -355,15 +441,24 @@ void tst_KorColor::wheelChangesNothingWithoutTheFocus()
 void tst_KorColor::swatchesAreDrawnInTheList()
 {
     QVERIFY(enter());
+    {
+        DialogUser user(choose("#563412"));
+        QTest::mouseClick(m_button, Qt::LeftButton);
+    }
+    m_stage->setStyleSheet(QStringLiteral(
+        "QWidget { font-weight: bold }")); // at a change of style the toolkit makes its own delegates anew
+    m_stage->activateWindow();
     m_box->showPopup();
     settle();
     QAbstractItemView *list = m_box->view();
     const QImage picture = list->viewport()->grab().toImage();
-    const QList<std::pair<int, QColor>> shown{{10, Qt::blue}, {11, Qt::green}, {13, Qt::red}, {15, Qt::yellow}};
-    for (const auto &[row, color] : shown) {
+    for (int row = 0; row < m_box->count(); ++row) {
+        m_color->setValue(0x123456);
+        m_box->setCurrentIndex(row);
+        const int value = m_color->Value();
+        const QColor color(value & 0xFF, (value >> 8) & 0xFF, value >> 16);
         const QRect place = list->visualRect(list->model()->index(row, 0));
-        if (!list->viewport()->rect().contains(place))
-            continue;
+        QVERIFY(list->viewport()->rect().contains(place)); // all of them at a glance
         bool isFound = false;
         for (int x = place.left(); x < place.left() + place.height() * 2 && !isFound; ++x)
             isFound = picture.pixelColor(x, place.center().y()) == color;
@@ -399,6 +494,20 @@ void tst_KorColor::systemColorsFollowThePalette()
     QCOMPARE(user.startedFrom, QColor(200, 40, 60));
 }
 
+void tst_KorColor::patchesFollowTheFont()
+{
+    QVERIFY(m_stage->open());
+    m_color->resize(240, 60);
+    const QRect before = part("picSwatch")->geometry();
+    QFont font = m_color->Font();
+    font.setPointSize(2 * font.pointSize());
+    m_color->setFont(font);
+    const QRect after = part("picSwatch")->geometry();
+    QVERIFY(after.height() > before.height());
+    m_color->resize(241, 60);
+    QCOMPARE(part("picSwatch")->geometry(), after);
+}
+
 void tst_KorColor::aDisabledControlOpensNothing()
 {
     QVERIFY(m_stage->open());
@@ -409,6 +518,18 @@ void tst_KorColor::aDisabledControlOpensNothing()
     QTest::keyClick(m_box, Qt::Key_F6);
     QVERIFY(!user.isUsed());
     QCOMPARE(log.take(), QString());
+}
+
+void tst_KorColor::nothingOpensAtDesignTime()
+{
+    QVERIFY(enter());
+    UserControl::setUserMode(m_stage.get(), false);
+    DialogUser user(&cancel);
+    EventLog log(m_color);
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    QTest::keyPress(m_box, Qt::Key_F6);
+    QVERIFY(!user.isUsed());
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(117,0)"));
 }
 
 void tst_KorColor::deletionInsideAHandlerIsSafe_data()
@@ -505,6 +626,22 @@ void tst_KorColor::settingsAreWrittenInTheirOrder()
     m_color->writeProperties(bag);
     QCOMPARE(keysOf(bag), QStringLiteral("BackColor ForeColor Enabled Font Value ToolTipText"));
     QCOMPARE(bag.ReadProperty(QStringLiteral("Value")), QVariant(65535));
+}
+
+void tst_KorColor::savedValueIsTheColorLastSet()
+{
+    const auto saved = [this] {
+        PropertyBag bag;
+        m_color->writeProperties(bag);
+        return bag.isEmpty() ? QVariant() : bag.ReadProperty(QStringLiteral("Value"));
+    };
+    m_color->setValue(0x123456);
+    QCOMPARE(saved(), QVariant(0x123456)); // though another one is shown
+    m_box->setCurrentIndex(3);
+    QCOMPARE(saved(), QVariant(0x123456));
+    m_color->setValue(static_cast<int>(0x8000000FU));
+    QCOMPARE(saved(), QVariant());
+    QCOMPARE(m_color->Value(), 0); // a system colour is none of the list
 }
 
 void tst_KorColor::valueIsWrittenAndNeverReadBack()
