@@ -8,19 +8,34 @@
 #include "constituents/twips.h"
 #include "small/multitextrules.h"
 
+#include <QtGui/QFocusEvent>
 #include <QtGui/QMouseEvent>
 
 #include <algorithm>
 
 namespace kor {
 
-frmText::frmText(QWidget *owner) : QWidget(owner, Qt::Popup), m_text(new MultiLineTextBox(this))
+namespace {
+
+//! Whether the focus was moved, and not only given back by the window system or by what had popped up.
+bool isMove(const QFocusEvent &event)
+{
+    return event.reason() != Qt::ActiveWindowFocusReason && event.reason() != Qt::PopupFocusReason;
+}
+
+} // namespace
+
+frmText::frmText(QWidget *control, QWidget *field)
+    : QWidget(control, Qt::Popup), m_field(field), m_text(new MultiLineTextBox(this))
 {
     setObjectName(QStringLiteral("frmText"));
+    setAccessibleName(QStringLiteral("Edytor tekstu"));
     m_text->setObjectName(QStringLiteral("txtMulti"));
     setFocusProxy(m_text);
     setAttribute(Qt::WA_NoMouseReplay); // the click that closes the form does not open it again
     connect(m_text, &MultiLineTextBox::KeyDown, this, &frmText::keyDown);
+    control->installEventFilter(this);
+    field->installEventFilter(this);
 }
 
 void frmText::load()
@@ -54,6 +69,41 @@ void frmText::dismiss()
     m_isClosing = false;
     Q_EMIT Closed();
 }
+
+void frmText::dismissSoon()
+{
+    // Not in the middle of the toolkit's own work, which a host's handler could pull the ground from under.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            guarded(this, [this] {
+                if (isVisible())
+                    dismiss();
+            });
+        },
+        Qt::QueuedConnection);
+}
+
+// --- what the program does meanwhile
+
+bool frmText::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isControlHidden = event->type() == QEvent::Hide && watched == parent();
+    const bool isFieldEntered = event->type() == QEvent::FocusIn && watched == m_field;
+    if (isVisible() && (isControlHidden || (isFieldEntered && isMove(*static_cast<QFocusEvent *>(event)))))
+        dismissSoon();
+    return QWidget::eventFilter(watched, event);
+}
+
+void frmText::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    // Disabled with its control, it would hold keyboard and mouse and take no key or click that could close it.
+    if (event->type() == QEvent::EnabledChange && !isEnabled() && isVisible())
+        dismissSoon();
+}
+
+// --- what the user does
 
 void frmText::mousePressEvent(QMouseEvent *event)
 {

@@ -22,7 +22,8 @@ class frmText final : public QWidget
     Q_PROPERTY(QObject *ParentControl READ ParentControl WRITE setParentControl)
 
 public:
-    explicit frmText(QWidget *owner);
+    //! The field of the control is where the text came from; when it gets the focus, the form closes.
+    frmText(QWidget *control, QWidget *field);
 
     [[nodiscard]] QObject *ParentControl() const { return m_control; }
     void setParentControl(QObject *control) { m_control = control; }
@@ -41,13 +42,17 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void keyDown(int &code, int &shift);
+    void dismissSoon();
 
     float m_parentWidth = 0;
     float m_windowHeight = 0;
     QPointer<QObject> m_control;
+    QPointer<QWidget> m_field;
     MultiLineTextBox *m_text;
     bool m_isClosing = false;
 };

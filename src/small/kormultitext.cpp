@@ -64,6 +64,7 @@ KorMultiText::KorMultiText(QWidget *parent) : UserControl(parent), d(std::make_u
 {
     d->box->setObjectName(QStringLiteral("txtText"));
     d->button->setObjectName(QStringLiteral("cmdClick"));
+    d->button->setAccessibleName(QStringLiteral("Edytor tekstu"));
     setMainConstituent(d->box);
     setFocusClient(d.get());
 
@@ -104,6 +105,10 @@ void KorMultiText::Private::open()
 {
     if (!q->UserMode())
         return;
+    if (popup && popup->isVisible()) { // pressed by other means than the mouse, which only gets to the editor
+        popup->dismiss();
+        return;
+    }
     if (!popup)
         createPopup();
     fillPopup();
@@ -112,7 +117,7 @@ void KorMultiText::Private::open()
 
 void KorMultiText::Private::createPopup()
 {
-    popup = new frmText(q);
+    popup = new frmText(q, box);
     const auto width = static_cast<float>(q->width() * twipsPerPixelX(q));
     const auto lineHeight = static_cast<float>(box->height() * twipsPerPixelY(box));
     popup->setProperty("ParentWidth", width);
@@ -129,6 +134,7 @@ void KorMultiText::Private::fillPopup()
     MultiLineTextBox *text = popup->txtMulti();
     text->setFont(box->font());
     text->setPalette(box->palette());
+    text->setAccessibleName(box->accessibleName());
     text->setProgramText(box->text());
     text->setSelStart(box->SelStart());
     text->setSelLength(box->SelLength());

@@ -33,24 +33,35 @@ private Q_SLOTS:
     void closingKeysGiveTheTextBack();
     void aClickOutsideActsLikeEscape();
     void aSecondClickOnTheButtonOnlyCloses();
+    void theButtonPressedByAProgramOnlyCloses();
+    void theFieldTakesTheTextWhenItGetsTheFocus_data();
+    void theFieldTakesTheTextWhenItGetsTheFocus();
+    void theTextComesBackWhenTheControlGoesAway_data();
+    void theTextComesBackWhenTheControlGoesAway();
+    void theEditorsTextWinsOverTheProgramsMeanwhile();
     void plainArrowsAndEnterEdit();
     void aTrailingTabIsDropped();
     void onlyOneTrailingTabIsDropped();
     void eachOpeningArmsOneTakingBack();
     void reopeningShowsTheFieldsTextAgain();
     void lineBreaksComeBackAsTheyCameIn();
-    void hardBlanksComeBack();
+    void everyCharacterComesBack_data();
+    void everyCharacterComesBack();
     void editorIsParentWidthByWindowHeight();
     void sizeIsThatOfTheFirstOpening();
     void noLinesAskForNoHeight();
     void placementAtTheScreensEdges_data();
     void placementAtTheScreensEdges();
     void maxLengthLimitsTheEditorToo();
+    void maxLengthLimitsInputMethodsToo();
+    void aHugeTextIsPastedAtOnce();
     void enabledClickSwitchesTheButton();
     void nothingOpensAtDesignTime();
     void everyChangeSetsDataChanged();
     void eventsComeFromTheField();
     void editorFollowsColorsAndFont();
+    void screenReadersHearWhatIsEdited();
+    void deletionWhileTheEditorIsOpenIsSafe();
     void deletionInsideAHandlerIsSafe_data();
     void deletionInsideAHandlerIsSafe();
 
@@ -176,6 +187,81 @@ void tst_KorMultiText::aSecondClickOnTheButtonOnlyCloses()
     QVERIFY(open());
 }
 
+void tst_KorMultiText::theButtonPressedByAProgramOnlyCloses()
+{
+    QVERIFY(open());
+    QTest::keyClicks(editor(), QStringLiteral("nowy"));
+    m_button->click(); // as a screen reader does
+    settle();
+    QVERIFY(!popup()->isVisible());
+    QCOMPARE(m_text->Text(), QStringLiteral("nowy"));
+}
+
+void tst_KorMultiText::theFieldTakesTheTextWhenItGetsTheFocus_data()
+{
+    QTest::addColumn<QString>("from");
+    for (const char *from : {"field", "button", "elsewhere"})
+        QTest::newRow(from) << QString::fromLatin1(from);
+}
+
+void tst_KorMultiText::theFieldTakesTheTextWhenItGetsTheFocus()
+{
+    QFETCH(QString, from);
+    QVERIFY(m_stage->open());
+    const QList<QWidget *> places{m_box, m_button, m_stage->button()};
+    places.at(from == u"field" ? 0 : from == u"button" ? 1 : 2)->setFocus();
+    settle();
+    m_button->click();
+    settle();
+    QTest::keyClicks(editor(), QStringLiteral("nowy"));
+    m_box->setFocus();
+    settle();
+    QVERIFY(!popup()->isVisible());
+    QCOMPARE(field(m_box), QStringLiteral("nowy|"));
+}
+
+void tst_KorMultiText::theTextComesBackWhenTheControlGoesAway_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"control disabled", "form disabled", "control hidden", "form closed"})
+        QTest::newRow(way) << QString::fromLatin1(way);
+}
+
+void tst_KorMultiText::theTextComesBackWhenTheControlGoesAway()
+{
+    QFETCH(QString, way);
+    QVERIFY(open());
+    QTest::keyClicks(editor(), QStringLiteral("nowy"));
+    EventLog log(m_text);
+    if (way == u"control disabled")
+        m_text->setEnabled(false);
+    else if (way == u"form disabled")
+        m_stage->setEnabled(false);
+    else if (way == u"control hidden")
+        m_text->hide();
+    else
+        m_stage->close();
+    settle();
+    QVERIFY(!popup()->isVisible());
+    QCOMPARE(m_text->Text(), QStringLiteral("nowy"));
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+    m_stage->setEnabled(true);
+    m_text->setEnabled(true);
+    m_text->show();
+    QVERIFY(open());
+}
+
+void tst_KorMultiText::theEditorsTextWinsOverTheProgramsMeanwhile()
+{
+    QVERIFY(open());
+    QTest::keyClicks(editor(), QStringLiteral("nowy"));
+    m_text->setText(QStringLiteral("z programu"));
+    QCOMPARE(editor()->toPlainText(), QStringLiteral("nowy"));
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    QCOMPARE(m_text->Text(), QStringLiteral("nowy"));
+}
+
 void tst_KorMultiText::plainArrowsAndEnterEdit()
 {
     QVERIFY(open());
@@ -257,14 +343,30 @@ void tst_KorMultiText::lineBreaksComeBackAsTheyCameIn()
     QCOMPARE(m_text->Text(), stored + QStringLiteral("\r\n"));
 }
 
-void tst_KorMultiText::hardBlanksComeBack()
+void tst_KorMultiText::everyCharacterComesBack_data()
 {
-    const QString stored = QStringLiteral("1\u00A0234,50 zł");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("hard blank") << QStringLiteral("1\u00A0234,50 zł");
+    QTest::newRow("tab inside") << QStringLiteral("a\tb");
+    QTest::newRow("line separator") << QStringLiteral("a\u2028b");
+    QTest::newRow("paragraph separator") << QStringLiteral("a\u2029b");
+    QTest::newRow("picture") << QStringLiteral("a\uFFFCb");
+    QTest::newRow("where the toolkit's frames begin") << QStringLiteral("a\uFDD0b");
+    QTest::newRow("where the toolkit's frames end") << QStringLiteral("a\uFDD1b");
+    QTest::newRow("emoji") << QStringLiteral("a😀b");
+    QTest::newRow("zero") << QStringLiteral("a") + QChar(u'\0') + QStringLiteral("b");
+}
+
+void tst_KorMultiText::everyCharacterComesBack()
+{
+    QFETCH(QString, stored);
     m_text->setText(stored);
+    EventLog log(m_text);
     QVERIFY(open());
     QTest::keyClick(editor(), Qt::Key_Tab);
     settle();
     QCOMPARE(m_text->Text(), stored);
+    QCOMPARE(log.take(), QString());
 }
 
 void tst_KorMultiText::editorIsParentWidthByWindowHeight()
@@ -365,6 +467,36 @@ void tst_KorMultiText::maxLengthLimitsTheEditorToo()
     QCOMPARE(editor()->toPlainText(), QStringLiteral("abcde"));
 }
 
+void tst_KorMultiText::maxLengthLimitsInputMethodsToo()
+{
+    m_text->setMaxLength(4);
+    m_text->setText(QStringLiteral("ab"));
+    QVERIFY(open());
+    QInputMethodEvent composing(QStringLiteral("zol"), {});
+    QApplication::sendEvent(editor(), &composing);
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral("żół"));
+    QApplication::sendEvent(editor(), &composed);
+    QCOMPARE(editor()->toPlainText(), QStringLiteral("żóab"));
+    editor()->selectAll();
+    QApplication::sendEvent(editor(), &composed);
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    QCOMPARE(field(m_box), QStringLiteral("żół|"));
+}
+
+void tst_KorMultiText::aHugeTextIsPastedAtOnce()
+{
+    m_text->setMaxLength(100);
+    QVERIFY(open());
+    QApplication::clipboard()->setText(QString(1000000, u'x'));
+    QElapsedTimer clock;
+    clock.start();
+    QTest::keyClick(editor(), Qt::Key_V, Qt::ControlModifier);
+    QVERIFY(clock.elapsed() < 2000); // not a cut at a time
+    QCOMPARE(editor()->toPlainText(), QString(100, u'x'));
+}
+
 void tst_KorMultiText::enabledClickSwitchesTheButton()
 {
     m_text->setEnabledClick(false);
@@ -430,6 +562,25 @@ void tst_KorMultiText::editorFollowsColorsAndFont()
     QCOMPARE(editor()->font().pointSize(), 17);
     QCOMPARE(editor()->palette().color(QPalette::Base), QColor(Qt::yellow));
     QCOMPARE(editor()->palette().color(QPalette::Text), QColor(Qt::red));
+}
+
+void tst_KorMultiText::screenReadersHearWhatIsEdited()
+{
+    QVERIFY(!m_button->accessibleName().isEmpty());
+    m_text->setAccessibleName(QStringLiteral("Uwagi"));
+    QVERIFY(open());
+    QCOMPARE(editor()->accessibleName(), QStringLiteral("Uwagi"));
+}
+
+void tst_KorMultiText::deletionWhileTheEditorIsOpenIsSafe()
+{
+    QVERIFY(open());
+    QTest::keyClicks(editor(), QStringLiteral("nowy"));
+    delete m_text;
+    settle();
+    QVERIFY(!QApplication::activePopupWidget());
+    m_stage->button()->setFocus();
+    QTRY_COMPARE(QApplication::focusWidget(), m_stage->button());
 }
 
 void tst_KorMultiText::deletionInsideAHandlerIsSafe_data()
