@@ -13,6 +13,8 @@ public:
     ListBox *box = nullptr;
     BorderStyleType borderStyle = BorderStyleType::None;
     QString toolTipText;
+    int givenHeight = 0;
+    int wholeHeight = 0; //!< of the given one, what whole entries take
 };
 
 ListControl::ListControl(QWidget *parent, const DictionaryRules &rules)
@@ -28,7 +30,10 @@ void ListControl::setListBox(ListBox *box)
     setEntryBox(box);
     connect(box, &ListBox::Click, this, &ListControl::boxClicked);
     connect(box, &ListBox::KeyDown, this, &ListControl::boxKeyDown);
-    connect(box, &ListBox::heightChanged, this, [this] { layoutConstituents(); });
+    connect(box, &ListBox::heightChanged, this, [this] {
+        updateGeometry();
+        layoutConstituents();
+    });
 }
 
 void ListControl::initProperties()
@@ -40,9 +45,12 @@ void ListControl::initProperties()
 
 void ListControl::layoutConstituents()
 {
-    const int whole = d->box->heightOfWholeRows(height());
-    d->box->setGeometry(0, 0, width(), whole);
-    resize(width(), whole);
+    // Another font or frame starts again from the height that the form gave, or the list would lose entries with each.
+    if (height() != d->wholeHeight)
+        d->givenHeight = height();
+    d->wholeHeight = d->box->heightOfWholeRows(d->givenHeight);
+    d->box->setGeometry(0, 0, width(), d->wholeHeight);
+    resize(width(), d->wholeHeight);
 }
 
 AppearanceType ListControl::Appearance() const { return d->box->Appearance(); }

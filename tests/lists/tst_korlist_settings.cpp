@@ -46,6 +46,9 @@ private Q_SLOTS:
     void settingsOutOfRangeAreRefused();
     void heightSnapsToWholeRows();
     void heightFollowsTheFont();
+    void heightComesBackWithTheFontAndTheFrame();
+    void savedHeightIsLoadedAsItWas();
+    void layoutsGiveRoomForALargerFont();
 
 private:
     [[nodiscard]] bool enter(const QString &source);
@@ -234,6 +237,64 @@ void tst_KorListSettings::heightFollowsTheFont()
     QVERIFY(row >= m_box->fontMetrics().height());
     QCOMPARE(m_box->viewport()->height() % row, 0);
     QCOMPARE(m_box->geometry(), m_list->rect());
+}
+
+void tst_KorListSettings::heightComesBackWithTheFontAndTheFrame()
+{
+    QVERIFY(enter(abc));
+    m_list->resize(160, 103);
+    const int before = m_list->height();
+    const QFont font = m_list->Font();
+    QFont large = font;
+    large.setPointSize(font.pointSize() * 3);
+    m_list->setFont(large);
+    QVERIFY(m_list->height() < before);
+    m_list->setFont(font);
+    QCOMPARE(m_list->height(), before);
+    // Here both values of Appearance give the same width; elsewhere one frame is wider than the other.
+    m_stage->setStyleSheet(QStringLiteral("QListView { border: 9px solid black }"));
+    QVERIFY(m_list->height() != before);
+    m_stage->setStyleSheet(QString());
+    QCOMPARE(m_list->height(), before);
+    m_list->resize(160, 60); // the form's word is the last one
+    m_list->setFont(large);
+    m_list->setFont(font);
+    QVERIFY(m_list->height() <= 60);
+}
+
+void tst_KorListSettings::savedHeightIsLoadedAsItWas()
+{
+    QVERIFY(enter(abc));
+    QFont large = m_list->Font();
+    large.setPixelSize(23);
+    m_list->setFont(large);
+    m_list->setAppearance(AppearanceType::Flat);
+    m_list->resize(160, 150);
+    PropertyBag bag;
+    m_list->writeProperties(bag);
+    const int saved = m_list->height();
+    auto *loaded = m_stage->place(new KorList, 160, saved);
+    loaded->show(); // it is measured once before its settings are known
+    settle();
+    loaded->readProperties(bag);
+    QCOMPARE(loaded->height(), saved);
+}
+
+void tst_KorListSettings::layoutsGiveRoomForALargerFont()
+{
+    QWidget form;
+    auto *layout = new QVBoxLayout(&form);
+    auto *list = new KorList;
+    layout->addWidget(list);
+    layout->addStretch(1);
+    form.resize(300, 900);
+    form.show();
+    settle();
+    QFont large = list->Font();
+    large.setPointSize(large.pointSize() * 3);
+    list->setFont(large);
+    settle();
+    QCOMPARE(list->height(), list->sizeHint().height());
 }
 
 QTEST_MAIN(tst_KorListSettings)
