@@ -20,8 +20,11 @@ QStringView KeyText::of(const QVariant &key)
         std::copy(digits.cbegin(), end, m_digits.begin());
         return QStringView(m_digits.data(), end - digits.cbegin());
     }
-    default: m_text = CStr(key, m_locale); return m_text;
+    default: break;
     }
+    const QVariant known = normalized(key);
+    m_text = isNull(known) || isMissing(known) ? QString() : CStr(known, m_locale);
+    return m_text;
 }
 
 } // namespace kor

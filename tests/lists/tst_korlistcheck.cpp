@@ -229,6 +229,11 @@ void tst_KorListCheck::keysAreWrittenByTheLocale()
     QCOMPARE(m_list->ValueChecked(), QStringLiteral("-2147483648;2,5;29.02.2024;; x ;"));
     m_list->setValueChecked(QStringLiteral("2.5;x;"));
     QCOMPARE(m_list->SelCount(), 0);
+    m_list->Clear();
+    m_list->AddEntry(missing(), QStringLiteral("brak")); // like Null
+    m_list->AddEntry(QDate(99999, 1, 1), QStringLiteral("rok poza kalendarzem"));
+    m_list->CheckAll();
+    QCOMPARE(m_list->ValueChecked(), QStringLiteral(";;"));
 }
 
 void tst_KorListCheck::unknownKeysAreIgnored()
