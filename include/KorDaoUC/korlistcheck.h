@@ -47,7 +47,7 @@ public:
     [[nodiscard]] int SelCount() const;
 
     //! Fills the list as told at the lists' common Refresh(), and checks the entries again whose keys are still there;
-    //! `ItemCheck` is raised for each.
+    //! `ItemCheck` is raised for each, unless it is a handler of such an `ItemCheck` that calls this.
     void Refresh() override;
 
     void initProperties() override;
@@ -73,6 +73,8 @@ protected:
     void raiseRefreshed() override { Q_EMIT Refreshed(); }
 
 private:
+    void putBack(const QString &checked);
+
     class Private;
     std::unique_ptr<Private> d;
 };

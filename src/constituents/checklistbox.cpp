@@ -23,6 +23,7 @@ CheckListBox::CheckListBox(CheckedEntryModel *entries, QWidget *parent) : ListBo
 void CheckListBox::Clear()
 {
     ++m_clearings;
+    m_pressedBox = -1;
     ListBox::Clear();
 }
 

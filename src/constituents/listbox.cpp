@@ -16,6 +16,7 @@
 #include <QtWidgets/QStyledItemDelegate>
 
 #include <algorithm>
+#include <utility>
 
 namespace kor {
 
@@ -62,6 +63,7 @@ ListBox::ListBox(EntryModel *entries, QWidget *parent) : QListView(parent), m_en
     viewport()->setMouseTracking(true); // MouseMove comes without a button too
     setAppearance(AppearanceType::A3D);
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, &ListBox::raiseChange);
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &ListBox::followSelection);
 }
 
 // --- entries and selection
@@ -81,6 +83,7 @@ void ListBox::AddItems(const QStringList &names) { m_entries->append(names); }
 
 void ListBox::Clear()
 {
+    m_isClickDue = m_isClickDue || ListIndex() != m_selected;
     m_selected = -1; // not news to anybody
     m_entries->clear();
 }
@@ -113,7 +116,20 @@ void ListBox::raiseChange()
     Q_EMIT Click();
 }
 
-// Whatever makes an entry the current one, an assistive tool among them, selects it: there is no other notion of it.
+void ListBox::endPress()
+{
+    if (std::exchange(m_isClickDue, false))
+        m_selected = -1;
+    raiseChange();
+}
+
+// Assistive tools select entries without making them the current one, or the other way round; here the two are one.
+void ListBox::followSelection(const QItemSelection &selected)
+{
+    if (m_acting == 0 && !selected.isEmpty())
+        setListIndex(selected.first().top());
+}
+
 QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex &index, const QEvent *) const
 {
     return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
@@ -212,6 +228,7 @@ void ListBox::press(const QMouseEvent &event)
 {
     const QPointer<ListBox> self = this;
     m_pressed |= event.button();
+    m_isClickDue = false;
     MouseArguments mouse(this, event);
     Q_EMIT MouseDown(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
     if (!self || event.button() != Qt::LeftButton)
@@ -233,7 +250,7 @@ void ListBox::mouseMoveEvent(QMouseEvent *event)
         if (!event->buttons().testFlag(Qt::LeftButton)) {
             m_pressed = {}; // released where nobody saw it, over a message that a handler showed
             m_following.stop();
-            raiseChange();
+            endPress();
             return;
         }
         m_mouse = event->position().toPoint();
@@ -258,10 +275,12 @@ void ListBox::followMouse()
 
 void ListBox::timerEvent(QTimerEvent *event)
 {
-    if (event->timerId() == m_following.timerId())
+    if (event->timerId() != m_following.timerId())
+        QListView::timerEvent(event);
+    else if (hasFocus())
         guarded(this, [this] { followMouse(); });
     else
-        QListView::timerEvent(event);
+        m_following.stop(); // disabled, hidden or behind a message, where no release will be seen
 }
 
 void ListBox::mouseReleaseEvent(QMouseEvent *event)
@@ -279,7 +298,7 @@ void ListBox::mouseReleaseEvent(QMouseEvent *event)
         if (self && isLeft)
             releasedAt(event->position().toPoint());
         if (self && isLeft)
-            raiseChange();
+            endPress();
     });
     event->accept();
 }
@@ -289,12 +308,14 @@ void ListBox::mouseDoubleClickEvent(QMouseEvent *event)
     const QPointer<ListBox> self = this;
     guarded(this, [&] {
         const QPoint place = event->position().toPoint();
-        if (event->button() != Qt::LeftButton || entryAt(place.y()) < 0) {
+        const int entry = entryAt(place.y());
+        if (event->button() != Qt::LeftButton || entry < 0) {
             press(*event);
             return;
         }
         m_pressed |= event->button();
         m_mouse = place;
+        select(entry); // the second press may fall on the entry beside the first one's
         Q_EMIT DblClick();
         if (self)
             pressedAt(place);

@@ -89,6 +89,9 @@ private:
     //! Selects without a word; raiseChange() says it.
     void select(int index);
     void raiseChange();
+    //! The mouse has finished selecting.
+    void endPress();
+    void followSelection(const QItemSelection &selected);
     void press(QKeyEvent *event);
     void actAs(QKeyEvent *event);
     bool move(int key);
@@ -105,6 +108,7 @@ private:
     QPoint m_mouse;             //!< where the held left button is
     QBasicTimer m_following;    //!< scrolls on while it is held beyond an edge
     int m_selected = -1;        //!< the entry that Click was raised for
+    bool m_isClickDue = false;  //!< the entries were removed between a selection by the mouse and its Click
     int m_acting = 0;
 };
 

@@ -12,6 +12,7 @@
 #include <KorDaoUC/runtimeerror.h>
 
 #include <QtCore/QPointer>
+#include <QtCore/QScopeGuard>
 
 #include <vector>
 
@@ -25,12 +26,16 @@ public:
     //! A set of the checked entries, each by what the function says of its place.
     template <class PartOf>
     [[nodiscard]] QString joinChecked(PartOf partOf) const;
+    //! Whether a handler of an ItemCheck that Refresh() raises has called it again.
+    [[nodiscard]] bool isRefreshingAgain() const { return puttingBack > 1; }
 
     CheckListBox *box;
     KeyText keyText{Locale::systemDefault()};
     QString separator;
     QString valueChecked; //!< the set that was read or written last, which is what is saved
     QString textChecked;
+    int puttingBack = 0; //!< how many calls of Refresh() put the checks back, each called by a handler of the last one
+    QString toPutBack;   //!< what they all put back
 
     static const SettingsTable<KorListCheck> settings;
 };
@@ -69,7 +74,7 @@ KorListCheck::KorListCheck(QWidget *parent) : ListControl(parent, checkListRules
     d->box->setObjectName(QStringLiteral("CheckList"));
     setListBox(d->box);
     connect(d->box, &CheckListBox::ItemCheck, this, [this](int &item) {
-        if (!BlockClick())
+        if (!BlockClick() && !d->isRefreshingAgain())
             Q_EMIT ItemCheck(item);
     });
     connect(d->box, &ListBox::DblClick, this, &KorListCheck::DblClick);
@@ -96,13 +101,27 @@ void KorListCheck::Refresh()
 {
     const QPointer<KorListCheck> self = this;
     if (canReload()) {
-        const QString checked = ValueChecked();
+        const QString checked = d->puttingBack > 0 ? d->toPutBack : ValueChecked();
         if (!reload())
             return;
-        setValueChecked(checked);
+        putBack(checked);
     }
     if (self)
         Q_EMIT Refreshed();
+}
+
+// A handler of ItemCheck that refreshes is called by what it has called. To it, too, all checks come back, those that
+// were still waiting included; but it is not told again, or there would be no end.
+void KorListCheck::putBack(const QString &checked)
+{
+    const QPointer<KorListCheck> self = this;
+    d->toPutBack = checked;
+    ++d->puttingBack;
+    const auto done = qScopeGuard([self] {
+        if (self)
+            --self->d->puttingBack;
+    });
+    setValueChecked(checked);
 }
 
 // --- checked sets

@@ -39,6 +39,8 @@ private Q_SLOTS:
 
     void keysAreFound_data();
     void keysAreFound();
+    void clicksOfTheProgram_data();
+    void clicksOfTheProgram();
     void blockedArrows_data();
     void blockedArrows();
     void refresh_data();
@@ -150,6 +152,62 @@ void tst_ListEquality::keysAreFound()
             control->AddEntry(text("x") + QString::number(i), text("x"));
         QCOMPARE(control->Exists(text("x199")), QVariant(true));
         QCOMPARE(control->Exists(wanted), QVariant(expected));
+    }
+}
+
+// --- selection
+
+void tst_ListEquality::clicksOfTheProgram_data()
+{
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<int>("from");
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<QVariant>("wanted");
+    QTest::addColumn<QString>("events");
+    QTest::addColumn<int>("index");
+    const QString ab = text("LIST a;Alfa|b;Beta");
+    const QByteArray byKey("Value");
+    const QByteArray byName("Text");
+    // clang-format off
+    QTest::newRow("key of the first entry from another one")  << ab << 1 << byKey  << QVariant(text("a"))    << "Click Click" << 0;
+    QTest::newRow("key of the first entry from itself")       << ab << 0 << byKey  << QVariant(text("a"))    << "Click"       << 0;
+    QTest::newRow("key of the first entry from none")         << ab << -1 << byKey << QVariant(text("a"))    << "Click Click" << 0;
+    QTest::newRow("key of another entry")                     << ab << 0 << byKey  << QVariant(text("b"))    << "Click"       << 1;
+    QTest::newRow("key of the selected entry")                << ab << 1 << byKey  << QVariant(text("b"))    << ""            << 1;
+    QTest::newRow("unknown key from another entry")           << ab << 1 << byKey  << QVariant(text("A"))    << "Click"       << 0;
+    QTest::newRow("unknown key from the first entry")         << ab << 0 << byKey  << QVariant(text("x"))    << ""            << 0;
+    QTest::newRow("Null")                                     << ab << 1 << byKey  << null()                 << "Click"       << 0;
+    QTest::newRow("missing argument")                         << ab << 1 << byKey  << missing()              << "Click"       << 0;
+    QTest::newRow("name of the first entry from another one") << ab << 1 << byName << QVariant(text("Alfa")) << "Click Click" << 0;
+    QTest::newRow("name of the first entry from itself")      << ab << 0 << byName << QVariant(text("Alfa")) << "Click"       << 0;
+    QTest::newRow("name of another entry")                    << ab << 0 << byName << QVariant(text("Beta")) << "Click"       << 1;
+    QTest::newRow("name in another case")                     << ab << 1 << byName << QVariant(text("beta")) << "Click"       << 0;
+    QTest::newRow("key in an empty list")                     << "" << -1 << byKey << QVariant(text("a"))    << ""            << -1;
+    QTest::newRow("name in an empty list")                    << "" << -1 << byName << QVariant(text("a"))   << ""            << -1;
+    // clang-format on
+}
+
+void tst_ListEquality::clicksOfTheProgram()
+{
+    QFETCH(QString, source);
+    QFETCH(int, from);
+    QFETCH(QByteArray, property);
+    QFETCH(QVariant, wanted);
+    QFETCH(QString, events);
+    for (const QString &name : controlNames) {
+        DictionaryControl *control = place(name);
+        control->setSQL(source);
+        control->Refresh();
+        for (const bool isBlocked : {false, true}) {
+            control->setListIndex(from);
+            control->setDataChanged(false);
+            control->setBlockClick(isBlocked);
+            EventLog log(control);
+            QVERIFY(control->setProperty(property, wanted));
+            QCOMPARE(log.take(), isBlocked ? QString() : events);
+            QCOMPARE(control->DataChanged(), !events.isEmpty());
+            QTEST(control->ListIndex(), "index");
+        }
     }
 }
 

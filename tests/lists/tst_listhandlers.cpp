@@ -1,0 +1,258 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/eventlog.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/KorList>
+#include <KorDaoUC/KorListCheck>
+#include <KorDaoUC/Locale>
+
+#include <QtGui/QAccessible>
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QListView>
+
+using namespace kor;
+using namespace kor::test;
+
+namespace {
+
+const QString abc = QStringLiteral("LIST a;Alfa|b;Beta|c;Celina");
+const QString xyz = QStringLiteral("LIST x;X|y;Y|z;Z");
+
+void send(QListView *box, QEvent::Type type, const QPoint &place)
+{
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent mouse(type, place, box->viewport()->mapToGlobal(place), button, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(box->viewport(), &mouse);
+}
+
+} // namespace
+
+//! What a host, a timer or an assistive tool does to the two lists while the user is in the middle of something.
+class tst_ListHandlers : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void refreshWhileTheMouseIsDownLosesNoClick();
+    void refreshWhileTheMouseIsDownInventsNoClick();
+    void clearWhileTheMouseIsDownRaisesNoClick();
+    void refillBeforeTheReleaseTogglesNoOtherEntry();
+    void refreshInItemCheckEndsAndKeepsEveryCheck();
+    void refreshInItemCheckTakesANewSource();
+    void scrollingEndsWhenTheReleaseCannotBeSeen_data();
+    void scrollingEndsWhenTheReleaseCannotBeSeen();
+    void doubleClickMeansTheEntryUnderTheMouse();
+    void positionsAreTwips();
+    void assistiveToolsSelect();
+
+private:
+    [[nodiscard]] bool enter(DictionaryControl *list, const QString &source);
+    [[nodiscard]] static QPoint nameOf(const QListView *box, int row)
+    {
+        return box->visualRect(box->model()->index(row, 0)).center();
+    }
+    [[nodiscard]] static QPoint boxOf(const QListView *box, int row) { return {8, nameOf(box, row).y()}; }
+
+    std::unique_ptr<Stage> m_stage;
+    KorList *m_list = nullptr;
+    KorListCheck *m_checkList = nullptr;
+    QListView *m_box = nullptr;
+    QListView *m_checkBox = nullptr;
+};
+
+void tst_ListHandlers::init()
+{
+    failOnWarnings();
+    Locale::setSystemDefault(Locale::polish());
+    m_stage = std::make_unique<Stage>();
+    m_list = m_stage->place(new KorList, 160, 80);
+    m_checkList = m_stage->place(new KorListCheck, 160, 80);
+    m_box = m_list->findChild<QListView *>(QStringLiteral("Lista"));
+    m_checkBox = m_checkList->findChild<QListView *>(QStringLiteral("CheckList"));
+}
+
+void tst_ListHandlers::cleanup() { m_stage.reset(); }
+
+bool tst_ListHandlers::enter(DictionaryControl *list, const QString &source)
+{
+    list->setSQL(source);
+    list->Refresh();
+    if (!m_stage->open())
+        return false;
+    list->setFocus();
+    settle();
+    return list->isAncestorOf(QApplication::focusWidget());
+}
+
+// --- mouse
+
+void tst_ListHandlers::refreshWhileTheMouseIsDownLosesNoClick()
+{
+    QVERIFY(enter(m_list, abc));
+    EventLog log(m_list);
+    send(m_box, QEvent::MouseButtonPress, nameOf(m_box, 2));
+    m_list->Refresh(); // a timer's
+    m_list->Refresh();
+    send(m_box, QEvent::MouseButtonRelease, nameOf(m_box, 2));
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) Refreshed Refreshed MouseUp(1,0) Click"));
+    QCOMPARE(m_list->Value(), QVariant(QStringLiteral("c")));
+    QVERIFY(m_list->DataChanged());
+
+    QVERIFY(enter(m_checkList, abc));
+    EventLog checkLog(m_checkList);
+    int refreshes = 0;
+    connect(m_checkList, &KorListCheck::ItemCheck, this, [&] {
+        if (++refreshes == 1)
+            m_checkList->Refresh();
+    });
+    send(m_checkBox, QEvent::MouseButtonPress, boxOf(m_checkBox, 1));
+    send(m_checkBox, QEvent::MouseButtonRelease, boxOf(m_checkBox, 1));
+    QCOMPARE(checkLog.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0) ItemCheck(1) ItemCheck(1) Refreshed Click"));
+    QCOMPARE(m_checkList->ValueChecked(), QStringLiteral("b;"));
+}
+
+void tst_ListHandlers::refreshWhileTheMouseIsDownInventsNoClick()
+{
+    QVERIFY(enter(m_list, abc));
+    m_list->setListIndex(1);
+    EventLog log(m_list);
+    send(m_box, QEvent::MouseButtonPress, nameOf(m_box, 1));
+    m_list->Refresh();
+    send(m_box, QEvent::MouseButtonRelease, nameOf(m_box, 1));
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) Refreshed MouseUp(1,0)"));
+    QVERIFY(!m_list->DataChanged());
+}
+
+void tst_ListHandlers::clearWhileTheMouseIsDownRaisesNoClick()
+{
+    QVERIFY(enter(m_list, abc));
+    EventLog log(m_list);
+    send(m_box, QEvent::MouseButtonPress, nameOf(m_box, 2));
+    m_list->Clear();
+    send(m_box, QEvent::MouseButtonRelease, {20, 5});
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0)"));
+    m_list->AddEntry(1, QStringLiteral("jeden"));
+    send(m_box, QEvent::MouseButtonPress, {20, m_box->viewport()->height() - 2});
+    send(m_box, QEvent::MouseButtonRelease, {20, m_box->viewport()->height() - 2});
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0)")); // and none is left over
+}
+
+void tst_ListHandlers::refillBeforeTheReleaseTogglesNoOtherEntry()
+{
+    QVERIFY(enter(m_checkList, abc));
+    connect(m_checkList, &KorListCheck::MouseUp, this, [this] {
+        m_checkList->setSQL(xyz);
+        m_checkList->Refresh();
+    });
+    send(m_checkBox, QEvent::MouseButtonPress, boxOf(m_checkBox, 2));
+    send(m_checkBox, QEvent::MouseButtonRelease, boxOf(m_checkBox, 2));
+    QCOMPARE(m_checkList->ListCount(), 3);
+    QCOMPARE(m_checkList->ValueChecked(), QString());
+}
+
+void tst_ListHandlers::scrollingEndsWhenTheReleaseCannotBeSeen_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::newRow("disabled") << QByteArray("enabled");
+    QTest::newRow("hidden") << QByteArray("visible");
+}
+
+void tst_ListHandlers::scrollingEndsWhenTheReleaseCannotBeSeen()
+{
+    QFETCH(QByteArray, property);
+    QVERIFY(enter(m_list, QString()));
+    for (int i = 0; i < 1'000; ++i)
+        m_list->AddEntry(i, QString::number(i));
+    settle();
+    send(m_box, QEvent::MouseButtonPress, nameOf(m_box, 0));
+    send(m_box, QEvent::MouseMove, {20, m_box->viewport()->height() + 30});
+    const int start = m_list->ListIndex();
+    QTRY_VERIFY(m_list->ListIndex() > start);
+    m_list->setProperty(property, false);
+    const int reached = m_list->ListIndex();
+    QTest::qWait(150); // three steps
+    QCOMPARE(m_list->ListIndex(), reached);
+}
+
+void tst_ListHandlers::doubleClickMeansTheEntryUnderTheMouse()
+{
+    QVERIFY(enter(m_list, abc));
+    EventLog log(m_list);
+    QVariant opened;
+    connect(m_list, &KorList::DblClick, this, [&] { opened = m_list->Value(); });
+    // Two quick clicks at the border of two entries.
+    send(m_box, QEvent::MouseButtonPress, nameOf(m_box, 1));
+    send(m_box, QEvent::MouseButtonRelease, nameOf(m_box, 1));
+    send(m_box, QEvent::MouseButtonDblClick, nameOf(m_box, 2));
+    send(m_box, QEvent::MouseButtonRelease, nameOf(m_box, 2));
+    QCOMPARE(opened, QVariant(QStringLiteral("c")));
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0) Click DblClick MouseUp(1,0) Click"));
+}
+
+void tst_ListHandlers::positionsAreTwips()
+{
+    QVERIFY(enter(m_list, abc));
+    QPointF down;
+    QPointF up;
+    connect(m_list, &KorList::MouseDown, this, [&](int, int, float x, float y) { down = {x, y}; });
+    connect(m_list, &KorList::MouseUp, this, [&](int, int, float x, float y) { up = {x, y}; });
+    send(m_box, QEvent::MouseButtonPress, {10, 20});
+    send(m_box, QEvent::MouseButtonRelease, {30, 40});
+    const double perPixel = 1440.0 / m_box->logicalDpiX();
+    QCOMPARE(down, QPointF(10, 20) * perPixel);
+    QCOMPARE(up, QPointF(30, 40) * perPixel);
+}
+
+// --- checks
+
+void tst_ListHandlers::refreshInItemCheckEndsAndKeepsEveryCheck()
+{
+    QVERIFY(enter(m_checkList, abc));
+    m_checkList->setValueChecked(QStringLiteral("a;c;"));
+    m_checkList->setListIndex(1);
+    EventLog log(m_checkList);
+    connect(m_checkList, &KorListCheck::ItemCheck, m_checkList, &KorListCheck::Refresh);
+    QTest::keyClick(m_checkBox, Qt::Key_Space);
+    QCOMPARE(m_checkList->ValueChecked(), QStringLiteral("a;b;c;"));
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(32,0) ItemCheck(1) ItemCheck(0) Refreshed Refreshed"));
+    QTest::keyClick(m_checkBox, Qt::Key_Space); // and again
+    QCOMPARE(m_checkList->ValueChecked(), QStringLiteral("a;c;"));
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(32,0) ItemCheck(1) ItemCheck(0) Refreshed Refreshed"));
+}
+
+void tst_ListHandlers::refreshInItemCheckTakesANewSource()
+{
+    QVERIFY(enter(m_checkList, abc));
+    m_checkList->setValueChecked(QStringLiteral("a;b;"));
+    connect(m_checkList, &KorListCheck::ItemCheck, m_checkList, [this] {
+        m_checkList->setSQL(QStringLiteral("LIST d;Daria|b;Beata|a;Anna"));
+        m_checkList->Refresh();
+    });
+    m_checkList->Refresh();
+    QCOMPARE(m_checkList->ListCount(), 3);
+    QCOMPARE(m_checkList->TextChecked(), QStringLiteral("Beata;Anna;"));
+}
+
+// --- assistive tools
+
+void tst_ListHandlers::assistiveToolsSelect()
+{
+    QVERIFY(enter(m_list, abc));
+    EventLog log(m_list);
+    QAccessibleInterface *tool = QAccessible::queryAccessibleInterface(m_box);
+    QVERIFY(tool && tool->tableInterface());
+    QVERIFY(tool->tableInterface()->selectRow(2));
+    QCOMPARE(m_list->Value(), QVariant(QStringLiteral("c")));
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+    QCOMPARE(m_box->selectionModel()->selectedIndexes().size(), 1);
+    m_box->setCurrentIndex(m_box->model()->index(1, 0));
+    QCOMPARE(m_list->Value(), QVariant(QStringLiteral("b")));
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+}
+
+QTEST_MAIN(tst_ListHandlers)
+#include "tst_listhandlers.moc"
