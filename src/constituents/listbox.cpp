@@ -9,11 +9,13 @@
 #include "constituents/mouse.h"
 
 #include <QtCore/QPointer>
+#include <QtGui/QHelpEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStyledItemDelegate>
+#include <QtWidgets/QToolTip>
 
 #include <algorithm>
 #include <utility>
@@ -41,8 +43,28 @@ public:
     {
         return QStyledItemDelegate::displayText(value, locale).replace(QChar::LineSeparator, QLatin1Char(' '));
     }
+    //! A name that does not fit is read whole in its tip; over all others stands the list's own.
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override
+    {
+        if (event->type() != QEvent::ToolTip || !index.isValid() || !isCutShort(option, index))
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        const QString name = displayText(index.data(), option.locale).toHtmlEscaped();
+        QToolTip::showText(event->globalPos(), QLatin1String("<p>") + name, view->viewport(), option.rect);
+        return true;
+    }
 
 private:
+    [[nodiscard]] bool isCutShort(const QStyleOptionViewItem &option, const QModelIndex &index) const
+    {
+        QStyleOptionViewItem entry = option;
+        initStyleOption(&entry, index);
+        const QStyle *style = m_list->style();
+        const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &entry, m_list) + 1;
+        const int room = style->subElementRect(QStyle::SE_ItemViewItemText, &entry, m_list).width() - 2 * margin;
+        return entry.fontMetrics.horizontalAdvance(entry.text) > room;
+    }
+
     ListBox *m_list;
 };
 
