@@ -20,13 +20,15 @@
 #include <QtWidgets/QMenu>
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 
 namespace kor {
 
 TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
 {
-    setMouseTracking(true); // MouseMove comes without a button too
+    setMouseTracking(true);                                   // MouseMove comes without a button too
+    QLineEdit::setMaxLength(std::numeric_limits<int>::max()); // the toolkit would cut a program's text otherwise
     connect(this, &QLineEdit::textChanged, this, [this] {
         if (m_editingDepth > 0)
             m_isChangePending = true;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/combobox.h"
 #include "constituents/commandbutton.h"
+#include "constituents/errorguard.h"
 #include "constituents/keycodes.h"
 #include "constituents/mouse.h"
 #include "frame/settings.h"
@@ -149,7 +150,7 @@ void KorColor::Private::keyDown(int &code, int &shift)
 {
     const QPointer<KorColor> self = q;
     if (code == Key::F6)
-        chooseOther();
+        guarded(q, [this] { chooseOther(); }); // KeyDown comes in every case
     if (self)
         Q_EMIT q->KeyDown(code, shift);
 }

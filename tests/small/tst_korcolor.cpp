@@ -6,6 +6,7 @@
 
 #include <KorDaoUC/KorColor>
 #include <KorDaoUC/PropertyBag>
+#include <KorDaoUC/RunTimeError>
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QAbstractButton>
@@ -93,6 +94,7 @@ private Q_SLOTS:
     void afterTheDialogTheListHasTheFocus();
     void f6OpensTheDialogAndThenRaisesKeyDown();
     void f6OpensTheDialogFromTheOpenListToo();
+    void anErrorOfAHandlerHoldsNoKeyDownBack();
     void hostHearsKeysOfTheList();
     void mouseEventsComeFromTheSurface();
     void wheelChangesNothingWithoutTheFocus();
@@ -392,6 +394,22 @@ void tst_KorColor::f6OpensTheDialogFromTheOpenListToo()
     QVERIFY(!m_box->view()->isVisible());
     QCOMPARE(m_color->Value(), 0xFF0000);
     QCOMPARE(log.take(), QStringLiteral("Click KeyDown(117,0)"));
+}
+
+void tst_KorColor::anErrorOfAHandlerHoldsNoKeyDownBack()
+{
+    QVERIFY(enter());
+    QStringList log;
+    connect(m_color, &KorColor::Click, this, [] { throw RunTimeError(ErrorNumber::TypeMismatch); });
+    connect(m_color, &UserControl::Error, this, [&](int &number, const QString &, bool &handled) {
+        log << QStringLiteral("Error %1").arg(number);
+        handled = true;
+    });
+    connect(m_color, &KorColor::KeyDown, this, [&](int &code) { log << QStringLiteral("KeyDown %1").arg(code); });
+    DialogUser user(choose("#0000ff"));
+    QTest::keyPress(m_box, Qt::Key_F6);
+    QCOMPARE(log, (QStringList{QStringLiteral("Error 13"), QStringLiteral("KeyDown 117")}));
+    QCOMPARE(m_color->Value(), 0xFF0000);
 }
 
 void tst_KorColor::hostHearsKeysOfTheList()

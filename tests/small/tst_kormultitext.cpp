@@ -45,6 +45,7 @@ private Q_SLOTS:
     void eachOpeningArmsOneTakingBack();
     void reopeningShowsTheFieldsTextAgain();
     void lineBreaksComeBackAsTheyCameIn();
+    void aLongTextIsNeverCut();
     void everyCharacterComesBack_data();
     void everyCharacterComesBack();
     void editorIsParentWidthByWindowHeight();
@@ -69,6 +70,7 @@ private Q_SLOTS:
     void settingsRoundTrip();
     void defaultsAreStoredNowhere();
     void storedFlagWinsOverTheLoadedText();
+    void everyLetReportsItsProperty();
     void outOfRangeIsRefused();
 
 private:
@@ -223,7 +225,7 @@ void tst_KorMultiText::theFieldTakesTheTextWhenItGetsTheFocus()
 void tst_KorMultiText::theTextComesBackWhenTheControlGoesAway_data()
 {
     QTest::addColumn<QString>("way");
-    for (const char *way : {"control disabled", "form disabled", "control hidden", "form closed"})
+    for (const char *way : {"control disabled", "form disabled", "control hidden", "form closed", "editor closed"})
         QTest::newRow(way) << QString::fromLatin1(way);
 }
 
@@ -239,8 +241,10 @@ void tst_KorMultiText::theTextComesBackWhenTheControlGoesAway()
         m_stage->setEnabled(false);
     else if (way == u"control hidden")
         m_text->hide();
-    else
+    else if (way == u"form closed")
         m_stage->close();
+    else
+        popup()->close(); // as the window system does
     settle();
     QVERIFY(!popup()->isVisible());
     QCOMPARE(m_text->Text(), QStringLiteral("nowy"));
@@ -320,6 +324,8 @@ void tst_KorMultiText::reopeningShowsTheFieldsTextAgain()
     m_text->setText(QStringLiteral("drugi"));
     QVERIFY(open());
     QCOMPARE(editor()->toPlainText(), QStringLiteral("drugi"));
+    QTest::keyClick(editor(), Qt::Key_Z, Qt::ControlModifier); // there is nothing of the user's yet
+    QCOMPARE(editor()->toPlainText(), QStringLiteral("drugi"));
 }
 
 void tst_KorMultiText::lineBreaksComeBackAsTheyCameIn()
@@ -341,6 +347,20 @@ void tst_KorMultiText::lineBreaksComeBackAsTheyCameIn()
     QTest::keyClick(editor(), Qt::Key_Escape);
     settle();
     QCOMPARE(m_text->Text(), stored + QStringLiteral("\r\n"));
+}
+
+void tst_KorMultiText::aLongTextIsNeverCut()
+{
+    const QString stored = QStringLiteral("wiersz długiego tekstu\r\n").repeated(4000);
+    m_text->setMaxLength(10);
+    m_text->setText(stored);
+    QCOMPARE(m_text->Text().size(), stored.size());
+    EventLog log(m_text);
+    QVERIFY(open());
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    settle();
+    QVERIFY(m_text->Text() == stored);
+    QCOMPARE(log.take(), QString());
 }
 
 void tst_KorMultiText::everyCharacterComesBack_data()
@@ -707,6 +727,16 @@ void tst_KorMultiText::storedFlagWinsOverTheLoadedText()
     bag.append(QStringLiteral("DataChanged"), true);
     m_text->readProperties(bag);
     QVERIFY(m_text->DataChanged());
+}
+
+void tst_KorMultiText::everyLetReportsItsProperty()
+{
+    QStringList changed;
+    connect(m_text, &UserControl::PropertyChanged, this, [&](const QString &name) { changed << name; });
+    setEverything(*m_text);
+    QCOMPARE(changed.join(QLatin1Char(' ')),
+             QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Alignment OpenDrection EnabledClick "
+                            "Text MaxLength OpenLines DataChanged"));
 }
 
 void tst_KorMultiText::outOfRangeIsRefused()
