@@ -147,7 +147,10 @@ bool DictionaryControl::Private::fill(SourceKind kind)
         add(parseInlineList(sql));
     if (kind != SourceKind::Select)
         return true;
+    const QPointer<DictionaryControl> self = q; // a host's own database may let the window close while it waits
     const DictionaryLoad load = loadDictionary(*database.get(), sql, locale);
+    if (!self)
+        return false;
     if (load.outcome == LoadOutcome::Failed)
         qCDebug(listsLog, "Refresh ended early: %ls", qUtf16Printable(load.failure));
     add(load.rows);

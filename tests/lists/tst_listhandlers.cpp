@@ -1,16 +1,22 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "support/deletion.h"
 #include "support/eventlog.h"
 #include "support/stage.h"
 
+#include <KorDaoUC/Database>
 #include <KorDaoUC/KorList>
 #include <KorDaoUC/KorListCheck>
 #include <KorDaoUC/Locale>
+#include <KorDaoUC/Recordset>
+#include <KorDaoUC/RunTimeError>
 
 #include <QtGui/QAccessible>
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
+
+#include <utility>
 
 using namespace kor;
 using namespace kor::test;
@@ -48,6 +54,11 @@ private Q_SLOTS:
     void doubleClickMeansTheEntryUnderTheMouse();
     void positionsAreTwips();
     void assistiveToolsSelect();
+    void selectionMadeWhileHiddenIsSeenOnceShown();
+    void errorsOfHandlersLeaveTheListInOrder();
+    void deletionInsideAHandlerIsSafe_data();
+    void deletionInsideAHandlerIsSafe();
+    void deletionWhileTheDatabaseReadsIsSafe();
 
 private:
     [[nodiscard]] bool enter(DictionaryControl *list, const QString &source);
@@ -252,6 +263,91 @@ void tst_ListHandlers::assistiveToolsSelect()
     m_box->setCurrentIndex(m_box->model()->index(1, 0));
     QCOMPARE(m_list->Value(), QVariant(QStringLiteral("b")));
     QCOMPARE(log.take(), QStringLiteral("Click"));
+}
+
+void tst_ListHandlers::selectionMadeWhileHiddenIsSeenOnceShown()
+{
+    for (int i = 0; i < 1'000; ++i)
+        m_list->AddEntry(i, QString::number(i));
+    m_list->setValue(700);
+    QVERIFY(m_stage->open());
+    settle();
+    QVERIFY(m_box->viewport()->rect().contains(nameOf(m_box, 700)));
+}
+
+// --- handlers
+
+void tst_ListHandlers::errorsOfHandlersLeaveTheListInOrder()
+{
+    QVERIFY(enter(m_checkList, abc));
+    m_checkList->setListIndex(2);
+    m_checkList->setSQL(xyz);
+    QStringList errors;
+    connect(m_checkList, &UserControl::Error, this, [&](int number, const QString &, bool &handled) {
+        errors << QString::number(number);
+        handled = true;
+    });
+    const auto failing =
+        connect(m_checkList, &KorListCheck::Click, this, [] { throw RunTimeError(ErrorNumber::InvalidProcedureCall); });
+    QTest::keyClick(m_checkBox, Qt::Key_F5); // the selected key is gone
+    QTest::keyClick(m_checkBox, Qt::Key_Down);
+    QTest::mouseClick(m_checkBox->viewport(), Qt::LeftButton, {}, nameOf(m_checkBox, 2));
+    QCOMPARE(errors, QStringList(3, QStringLiteral("5")));
+    disconnect(failing);
+    QCOMPARE(m_checkList->Value(), QVariant(QStringLiteral("z")));
+    EventLog log(m_checkList);
+    QTest::keyClick(m_checkBox, Qt::Key_Up);
+    m_checkList->Refresh();
+    m_checkList->setSelected(true);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(38,0) Click Refreshed ItemCheck(1)"));
+}
+
+void tst_ListHandlers::deletionInsideAHandlerIsSafe_data()
+{
+    QTest::addColumn<QString>("event");
+    for (const char *event :
+         {"Click", "DblClick", "KeyDown", "ItemCheck", "Refreshed", "MouseDown", "MouseMove", "MouseUp"})
+        QTest::newRow(event) << QString::fromLatin1(event);
+}
+
+void tst_ListHandlers::deletionInsideAHandlerIsSafe()
+{
+    QFETCH(QString, event);
+    QVERIFY(enter(m_checkList, abc));
+    const DeletionOn deletion(m_checkList, event);
+    QVERIFY(deletion.isListening());
+    const QPointer<QListView> box = m_checkBox;
+    const QPoint place = boxOf(box, 2);
+    for (const QEvent::Type type : {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseMove,
+                                    QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
+        if (box)
+            send(box, type, place);
+    }
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_F5}) {
+        if (box)
+            QTest::keyClick(box, key);
+    }
+    QVERIFY(deletion.isDone());
+}
+
+void tst_ListHandlers::deletionWhileTheDatabaseReadsIsSafe()
+{
+    struct Closing final : Database { // a host's own, which lets the user close the window while it waits
+        std::unique_ptr<Recordset> OpenRecordset(const QString &, int) override
+        {
+            delete std::exchange(control, nullptr);
+            return nullptr;
+        }
+        DictionaryControl *control = nullptr;
+    } database;
+    for (DictionaryControl *control :
+         {static_cast<DictionaryControl *>(m_list), static_cast<DictionaryControl *>(m_checkList)}) {
+        database.control = control;
+        control->setdatabase(&database);
+        control->setSQL(QStringLiteral("SELECT id, nazwa FROM slownik"));
+        control->Refresh();
+        QVERIFY(!database.control);
+    }
 }
 
 QTEST_MAIN(tst_ListHandlers)
