@@ -11,14 +11,14 @@ namespace {
 //! The length of the line break at a place of a text, 0 when there is none.
 qsizetype breakAt(QStringView text, qsizetype at)
 {
-    const QChar character = text.at(at);
-    if (character == u'\r')
-        return at + 1 < text.size() && text.at(at + 1) == u'\n' ? 2 : 1;
-    // The last two are no characters of any text, but the toolkit's editor breaks lines at them.
-    return character == u'\n' || character == QChar::ParagraphSeparator || character == u'\uFDD0' ||
-                   character == u'\uFDD1'
-               ? 1
-               : 0;
+    switch (text.at(at).unicode()) {
+    case u'\r': return at + 1 < text.size() && text.at(at + 1) == u'\n' ? 2 : 1;
+    case u'\n':
+    case QChar::ParagraphSeparator:
+    case u'\uFDD0': // no characters of any text, this one and the next, but the toolkit's editor breaks lines at them
+    case u'\uFDD1': return 1;
+    default: return 0;
+    }
 }
 
 qsizetype unitAt(QStringView text, qsizetype at) { return std::max<qsizetype>(1, breakAt(text, at)); }

@@ -478,8 +478,8 @@ void tst_KorColor::swatchesAreDrawnInTheList()
         const QRect place = list->visualRect(list->model()->index(row, 0));
         QVERIFY(list->viewport()->rect().contains(place)); // all of them at a glance
         bool isFound = false;
-        for (int x = place.left(); x < place.left() + place.height() * 2 && !isFound; ++x)
-            isFound = picture.pixelColor(x, place.center().y()) == color;
+        for (int x = place.left(); x < place.left() + place.height() && !isFound; ++x)
+            isFound = picture.pixelColor(QPoint(x, place.center().y()) * picture.devicePixelRatio()) == color;
         QVERIFY2(isFound, qPrintable(m_box->itemText(row)));
     }
     m_box->hidePopup();
