@@ -643,7 +643,12 @@ void tst_KorListCheck::settingsAreWrittenInTheirOrder()
     QCOMPARE(bag.ReadProperty(QStringLiteral("ValueChecked")), QVariant(QStringLiteral(",a,b,"))); // as it was set
     QCOMPARE(bag.ReadProperty(QStringLiteral("TextChecked")), QVariant(QStringLiteral("Alfa,Beta,")));
     KorListCheck loaded;
+    QStringList applied;
+    connect(&loaded, &UserControl::PropertyChanged, this, [&](const QString &name) { applied << name; });
     loaded.readProperties(bag);
+    QCOMPARE(applied.join(QLatin1Char(' ')),
+             QStringLiteral("BackColor ForeColor Enabled Font SQL Slownik CanBeNull NullString BackColor Appearance "
+                            "BorderStyle BlockUpDown ToolTipText BlockClick Separator"));
     PropertyBag again;
     loaded.writeProperties(again);
     QCOMPARE(again, bag);

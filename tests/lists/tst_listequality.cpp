@@ -333,7 +333,7 @@ void tst_ListEquality::changedSettingsAreReported_data()
     QTest::addColumn<QString>("reported");
     QTest::newRow("drop-down list") << text("KorCombo") << text("");
     QTest::newRow("list") << text("KorList") << text("");
-    QTest::newRow("check list") << text("KorListCheck") << text("ListIndex");
+    QTest::newRow("check list") << text("KorListCheck") << text("ListIndex Selected ValueChecked");
 }
 
 void tst_ListEquality::changedSettingsAreReported()
@@ -347,6 +347,8 @@ void tst_ListEquality::changedSettingsAreReported()
     list->setValue(1);
     list->setText(text("a"));
     list->setDataChanged(false);
+    list->setProperty("Selected", true); // the check list's alone
+    list->setProperty("ValueChecked", text("1;"));
     QTEST(reported.join(QLatin1Char(' ')), "reported");
 }
 
