@@ -63,7 +63,7 @@ public:
     //! Where the selection begins, or the caret is. Setting it selects nothing.
     [[nodiscard]] int SelStart() const;
     void setSelStart(int start);
-    //! The identifier of the native window around the field.
+    //! The identifier of the native window that the field is drawn in.
     [[nodiscard]] int hWnd() const;
     //! The most characters the user can type or paste; 0 is no limit. Error 380 below 0.
     [[nodiscard]] int MaxLength() const;

@@ -54,7 +54,7 @@ public:
     //! Reads a number from a text, with grouping, percent sign and currency allowed; what is no number is Null.
     void setText(const QString &text);
 
-    //! The identifier of the native window around the field.
+    //! The identifier of the native window that the field is drawn in.
     [[nodiscard]] int hWnd() const;
     //! The most characters the user can type; 0 is no limit.
     [[nodiscard]] int MaxLength() const;

@@ -31,7 +31,7 @@ public:
     //! Kept and saved for the host; the list looks the same with either. Error 380 for any other value.
     [[nodiscard]] kor::BorderStyleType BorderStyle() const;
     void setBorderStyle(kor::BorderStyleType style);
-    //! The identifier of the native window around the list.
+    //! The identifier of the native window that the list is drawn in.
     [[nodiscard]] int hWnd() const;
     //! Kept and saved for the host. The tip that the list shows is the saved setting HelpText.
     [[nodiscard]] QString ToolTipText() const;

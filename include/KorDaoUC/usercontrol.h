@@ -83,6 +83,8 @@ protected:
     //! Names the constituent whose look is the control's: it takes colours and font, and the control's focus.
     void setMainConstituent(QWidget *constituent);
     [[nodiscard]] QWidget *mainConstituent() const;
+    //! The native window that the main constituent is drawn in: its own, or the one of the form around it.
+    [[nodiscard]] int mainWindowHandle() const;
     //! Whether the form shows through the main constituent in place of its background colour.
     [[nodiscard]] bool isBackTransparent() const;
     void setBackTransparent(bool transparent);
@@ -103,7 +105,7 @@ protected:
     void changeEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
-    //! Places the constituents in the control's area. Called at each resize.
+    //! Places the constituents in the control's area. Called at each resize and change of font, style or direction.
     virtual void layoutConstituents();
 
 private:

@@ -84,7 +84,16 @@ void UserControl::setFont(const QFont &font)
 bool UserControl::usesAmbientFont() const { return !d->main->testAttribute(Qt::WA_SetFont); }
 void UserControl::useAmbientFont() { d->main->setFont(QFont()); }
 
-void UserControl::Refresh() { update(); }
+// At once, since a program calls it to show something while it goes on working.
+void UserControl::Refresh() { repaint(); }
+
+int UserControl::mainWindowHandle() const
+{
+    const QWidget *place = d->main;
+    while (!place->internalWinId() && !place->isWindow())
+        place = place->parentWidget();
+    return static_cast<int>(place->winId()); // which a form that was not shown yet gets by being asked
+}
 
 bool UserControl::UserMode() const
 {
@@ -108,9 +117,16 @@ void UserControl::propertyChanged(const char *name) { Q_EMIT PropertyChanged(QSt
 void UserControl::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    // System colours are those of the theme, and the theme has changed.
-    if (event->type() == QEvent::PaletteChange && d->main)
-        d->colors.applyTo(d->main, palette());
+    switch (event->type()) {
+    case QEvent::PaletteChange: // system colours are those of the theme
+        if (d->main)
+            d->colors.applyTo(d->main, palette());
+        break;
+    case QEvent::FontChange: // buttons are as wide as their texts, borders as the style's
+    case QEvent::StyleChange:
+    case QEvent::LayoutDirectionChange: guarded(this, [this] { layoutConstituents(); }); break;
+    default: break;
+    }
 }
 
 void UserControl::showEvent(QShowEvent *event)

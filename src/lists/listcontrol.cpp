@@ -71,7 +71,7 @@ void ListControl::setBorderStyle(BorderStyleType style)
     propertyChanged("BorderStyle");
 }
 
-int ListControl::hWnd() const { return static_cast<int>(effectiveWinId()); }
+int ListControl::hWnd() const { return mainWindowHandle(); }
 
 QString ListControl::ToolTipText() const { return d->toolTipText; }
 

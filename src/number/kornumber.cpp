@@ -291,7 +291,7 @@ void KorNumber::setLocked(bool locked)
 
 bool KorNumber::DataChanged() const { return d->dirty; }
 void KorNumber::setDataChanged(bool changed) { d->dirty = changed; }
-int KorNumber::hWnd() const { return static_cast<int>(effectiveWinId()); }
+int KorNumber::hWnd() const { return mainWindowHandle(); }
 
 int KorNumber::MaxLength() const { return d->box->MaxLength(); }
 

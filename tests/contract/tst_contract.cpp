@@ -59,6 +59,12 @@ private Q_SLOTS:
     void systemColorsFollowThePalette();
     void fontIsTheConstituentsOwn_data() { controls(); }
     void fontIsTheConstituentsOwn();
+    void theFormsFontIsFollowedAfterLoading_data() { controls(); }
+    void theFormsFontIsFollowedAfterLoading();
+    void handleIsThatOfTheConstituent_data() { controls(); }
+    void handleIsThatOfTheConstituent();
+    void refreshRepaintsAtOnce_data() { controls(); }
+    void refreshRepaintsAtOnce();
     void enabledIsTheWidgetsOwn_data() { controls(); }
     void enabledIsTheWidgetsOwn();
     void focusGoesToTheConstituent_data() { controls(); }
@@ -350,6 +356,58 @@ void tst_Contract::fontIsTheConstituentsOwn()
     m_stage->setFont(ambient);
     QCOMPARE(m_control->Font().pointSize(), 8);
     QCOMPARE(m_control->property("font").value<QFont>().pointSize(), 8);
+}
+
+void tst_Contract::theFormsFontIsFollowedAfterLoading()
+{
+    QVERIFY(m_stage->open());
+    setCommonSettings(*m_control);
+    m_control->readProperties(PropertyBag());
+    QFont ambient = m_stage->font();
+    for (const int size : {19, 7}) {
+        ambient.setPointSize(size);
+        m_stage->setFont(ambient);
+        QCOMPARE(m_control->Font().pointSize(), size);
+        QCOMPARE(constituent()->font().pointSize(), size);
+        QVERIFY(!settingsOf(*m_control).contains(QStringLiteral("Font")));
+    }
+}
+
+void tst_Contract::handleIsThatOfTheConstituent()
+{
+    if (!has("hWnd"))
+        return; // the control has no such property
+    const auto handle = [this] { return m_control->property("hWnd").value<int>(); };
+    const int before = handle(); // a form asks while it loads, before it is shown
+    QVERIFY(before != 0);
+    QVERIFY(m_stage->open());
+    QCOMPARE(before, static_cast<int>(constituent()->effectiveWinId()));
+    QCOMPARE(handle(), before);
+    QVERIFY(!constituent()->internalWinId());                 // asking gives the constituent no window of its own
+    const int own = static_cast<int>(constituent()->winId()); // until the host does
+    QCOMPARE(handle(), own);
+}
+
+void tst_Contract::refreshRepaintsAtOnce()
+{
+    if (has("SQL"))
+        return; // the lists reload instead
+    class Paints : public QObject
+    {
+    public:
+        int count = 0;
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    };
+    QVERIFY(m_stage->open());
+    settle();
+    Paints paints;
+    constituent()->installEventFilter(&paints);
+    QVERIFY(QMetaObject::invokeMethod(m_control, "Refresh"));
+    QCOMPARE(paints.count, 1);
 }
 
 void tst_Contract::enabledIsTheWidgetsOwn()

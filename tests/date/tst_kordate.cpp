@@ -56,6 +56,7 @@ private Q_SLOTS:
     void typedAndLeft_data();
     void typedAndLeft();
     void typedAndLeftByIso();
+    void aFieldKeepsTheLocaleItStartedWith();
     void valueIsNotReadWhileTyping();
     void lettersAreDroppedSilently();
     void hyphenIsTypedOnlyWhereItSeparatesDates();
@@ -296,6 +297,20 @@ void tst_KorDate::typedAndLeftByIso()
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     settle();
     QCOMPARE(date->Text(), QStringLiteral("2049-02-01"));
+}
+
+void tst_KorDate::aFieldKeepsTheLocaleItStartedWith()
+{
+    Locale::setSystemDefault(polishIso());
+    QVERIFY(enter(QDate(2024, 2, 1)));
+    QCOMPARE(m_date->Text(), QStringLiteral("01.02.2024"));
+    QTest::keyClick(m_box, Qt::Key_Up);
+    QCOMPARE(m_date->Text(), QStringLiteral("02.02.2024"));
+    m_box->clear();
+    QTest::keyClicks(m_box, QStringLiteral("3/4/24"));
+    leave();
+    QCOMPARE(m_date->Text(), QStringLiteral("03.04.2024"));
+    QCOMPARE(m_date->Value(), QVariant(QDate(2024, 4, 3)));
 }
 
 void tst_KorDate::valueIsNotReadWhileTyping()

@@ -52,6 +52,7 @@ private Q_SLOTS:
     // typing
     void separatorKeysTypeTheLocalesOwn_data();
     void separatorKeysTypeTheLocalesOwn();
+    void aFieldKeepsTheLocaleItStartedWith();
     void minusGoesToTheFront();
     void maxLengthLimitsTypingNotTheProgram();
     void deadKeysAndInputMethodsAreFilteredToo();
@@ -328,6 +329,38 @@ void tst_KorNumber::separatorKeysTypeTheLocalesOwn()
     QCOMPARE(number->Value(), QVariant(1.5));
     QTest::keyClicks(box, QStringLiteral(","));
     QCOMPARE(field(box), QStringLiteral("1") + decimal + QStringLiteral("|5"));
+}
+
+void tst_KorNumber::aFieldKeepsTheLocaleItStartedWith()
+{
+    Stage stage;
+    auto *polish = stage.place(new KorNumber);
+    Locale::setSystemDefault(Locale::english());
+    auto *english = stage.place(new KorNumber);
+    QVERIFY(stage.open());
+    const QList<std::pair<KorNumber *, QString>> fields{{polish, QStringLiteral("1234,5")},
+                                                        {english, QStringLiteral("1234.5")}};
+    Messages messages;
+    for (const auto &[number, typed] : fields) {
+        number->setMaxValue(9999);
+        number->setCheckRange(true);
+        number->setFocus();
+        settle();
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("1234,5"));
+        QCOMPARE(number->Text(), typed);
+        QCOMPARE(number->Value(), QVariant(1234.5));
+    }
+    stage.button()->setFocus();
+    settle();
+    QCOMPARE(polish->Text(), QStringLiteral("1") + nbsp + QStringLiteral("234,50"));
+    QCOMPARE(english->Text(), QStringLiteral("1,234.50"));
+    polish->setMaxValue(QStringLiteral("0,5"));
+    QCOMPARE(polish->MaxValue(), QVariant(0.5F));
+    polish->setFocus();
+    settle();
+    stage.button()->setFocus();
+    settle();
+    QVERIFY(messages.take().join(QString()).endsWith(QStringLiteral("0,5].")));
 }
 
 void tst_KorNumber::minusGoesToTheFront()
