@@ -4,6 +4,7 @@
 
 #include "constituents/errorguard.h"
 
+#include <QtCore/QEvent>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QToolButton>
 
@@ -24,7 +25,8 @@ QToolButton *SpinButtons::addArrow(Qt::ArrowType arrow, const QString &name, int
     button->setArrowType(arrow);
     button->setFocusPolicy(Qt::NoFocus);
     button->setAutoRepeat(true);
-    connect(button, &QToolButton::clicked, this, [this, steps] { guarded(this, [&] { step(steps); }); });
+    // Not on the release, as a click would: each press and each repetition is a step.
+    connect(button, &QToolButton::pressed, this, [this, steps] { guarded(this, [&] { step(steps); }); });
     return button;
 }
 
@@ -82,6 +84,16 @@ QSize SpinButtons::sizeHint() const
     return {line + line / 4, line + line / 2};
 }
 
+bool SpinButtons::event(QEvent *event)
+{
+    // A message that a handler of Change shows takes the release of the mouse; an arrow left down would go on stepping.
+    if (event->type() == QEvent::WindowBlocked) {
+        m_up->setDown(false);
+        m_down->setDown(false);
+    }
+    return QWidget::event(event);
+}
+
 void SpinButtons::resizeEvent(QResizeEvent *)
 {
     const int half = height() / 2;
@@ -89,8 +101,9 @@ void SpinButtons::resizeEvent(QResizeEvent *)
     m_down->setGeometry(0, half, width(), height() - half);
 }
 
-// A click on a grey arrow comes here, and ends here: it is not the form's.
+// A click on a grey arrow, and a drag that leaves the arrows, come here and end here: they are not the form's.
 void SpinButtons::mousePressEvent(QMouseEvent *event) { event->accept(); }
+void SpinButtons::mouseMoveEvent(QMouseEvent *event) { event->accept(); }
 void SpinButtons::mouseReleaseEvent(QMouseEvent *event) { event->accept(); }
 void SpinButtons::mouseDoubleClickEvent(QMouseEvent *event) { event->accept(); }
 

@@ -26,7 +26,9 @@ void loadValue(KorUpDown &control, const QVariant &saved)
 {
     try {
         control.setValue(CLng(saved));
-    } catch (const RunTimeError &) {
+    } catch (const RunTimeError &error) {
+        if (error.number() == static_cast<int>(ErrorNumber::TypeMismatch))
+            throw;
         // The range is not saved, so a value saved under another one may lie outside; the form must load all the same.
     }
 }

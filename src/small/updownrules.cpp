@@ -3,6 +3,7 @@
 #include "small/updownrules.h"
 
 #include <KorDaoUC/convert.h>
+#include <KorDaoUC/runtimeerror.h>
 
 #include <cmath>
 #include <limits>
@@ -11,7 +12,16 @@ namespace kor {
 
 namespace {
 
-double wholeIn(const QString &text) { return std::nearbyint(Val(text)); }
+//! Beyond every range for a number that is too large to be read at all.
+double wholeIn(const QString &text)
+{
+    try {
+        return std::nearbyint(Val(text));
+    } catch (const RunTimeError &) {
+        const double huge = std::numeric_limits<double>::infinity();
+        return text.trimmed().startsWith(u'-') ? -huge : huge;
+    }
+}
 
 } // namespace
 

@@ -11,7 +11,9 @@
 #include <QtTest/QtTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
 
+#include <limits>
 #include <memory>
 
 using namespace kor;
@@ -31,6 +33,7 @@ private Q_SLOTS:
     void theFloorsZeroIsTakenLiterally();
     void typedNumbersBecomeTheValue();
     void typedNumbersOutOfRangeLeaveTheValue();
+    void aNumberTooLargeForAnyReadingIsStillAChange();
     void leavingClampsToTheRange();
     void leavingWithLettersShowsTheMinimum();
     void leavingAFreshFieldInRangeChangesNothing();
@@ -38,10 +41,15 @@ private Q_SLOTS:
     void arrowsTakeNoFocusAndStopAtTheEnds();
     void clicksOnAGreyArrowStayInside();
     void arrowsStepFromTheValueWhateverTheText();
+    void aHeldArrowStepsAtOnceAndRepeats();
+    void aMessageFromAHandlerEndsTheRepeating();
+    void draggingOffAnArrowIsNoMouseMove();
     void upAndDownKeysStep();
     void hostSwallowsAStep();
     void wheelStepsOnlyWithTheFocus();
     void narrowingTheRangeMovesTheValueNotTheText();
+    void theWholeRangeOfALongIsThere();
+    void boundsTheWrongWayRoundEndAtMax();
     void incrementBelowOneIsRefused();
     void keysAndClicksComeFromTheText();
     void mouseEventsComeFromTheSurface();
@@ -53,7 +61,9 @@ private Q_SLOTS:
     void settingsRoundTrip();
     void theRangeIsNotSaved();
     void aStoredValueOutOfRangeIsIgnored();
+    void aStoredValueOfTheWrongKindIsAnError();
     void aStoredTextStaysWhenTheValueAgrees();
+    void everyLetReportsItsProperty();
 
 private:
     std::unique_ptr<Stage> m_stage;
@@ -179,6 +189,22 @@ void tst_KorUpDown::typedNumbersOutOfRangeLeaveTheValue()
     QCOMPARE(log.take(), QStringLiteral("Change"));
 }
 
+void tst_KorUpDown::aNumberTooLargeForAnyReadingIsStillAChange()
+{
+    QVERIFY(enter(QStringLiteral("8")));
+    Messages messages;
+    EventLog log(m_spin);
+    log.ignore({QStringLiteral("KeyDown"), QStringLiteral("KeyPress"), QStringLiteral("KeyUp")});
+    QTest::keyClicks(m_box, QStringLiteral("e400"));
+    QCOMPARE(log.take(), QStringLiteral("Change Change Change Change"));
+    QCOMPARE(m_spin->Value(), 8);
+    m_spin->setText(QStringLiteral("&H123456789"));
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+    leave();
+    QCOMPARE(m_spin->Text(), QStringLiteral("10"));
+    QVERIFY(messages.take().isEmpty());
+}
+
 void tst_KorUpDown::leavingClampsToTheRange()
 {
     m_spin->setMin(0);
@@ -262,6 +288,57 @@ void tst_KorUpDown::arrowsStepFromTheValueWhateverTheText()
     QCOMPARE(m_spin->Text(), QStringLiteral("9"));
 }
 
+void tst_KorUpDown::aHeldArrowStepsAtOnceAndRepeats()
+{
+    QVERIFY(enter(QStringLiteral("5")));
+    QTest::mousePress(m_up, Qt::LeftButton);
+    QCOMPARE(m_spin->Text(), QStringLiteral("6"));
+    QTRY_COMPARE(m_spin->Text(), QStringLiteral("10"));
+    QTest::mouseRelease(m_up, Qt::LeftButton);
+    QTest::mousePress(m_down, Qt::LeftButton);
+    QTRY_COMPARE(m_spin->Text(), QStringLiteral("8"));
+    QTest::mouseRelease(m_down, Qt::LeftButton);
+    const QString released = m_spin->Text();
+    QTest::qWait(3 * 100); // three repetitions
+    QCOMPARE(m_spin->Text(), released);
+}
+
+void tst_KorUpDown::aMessageFromAHandlerEndsTheRepeating()
+{
+    QVERIFY(enter(QStringLiteral("5")));
+    int messages = 0;
+    connect(m_spin, &KorUpDown::Change, this, [&] {
+        ++messages;
+        QDialog message(m_stage.get());
+        QTimer::singleShot(1000, &message, &QDialog::accept); // more than the time until the first repetition
+        message.exec();
+    });
+    QTest::mousePress(m_up, Qt::LeftButton);
+    QTest::qWait(1000);
+    QCOMPARE(messages, 1);
+    QCOMPARE(m_spin->Value(), 6);
+    QVERIFY(!m_up->isDown());
+}
+
+void tst_KorUpDown::draggingOffAnArrowIsNoMouseMove()
+{
+    QVERIFY(enter(QStringLiteral("5")));
+    EventLog log(m_spin);
+    for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+        const auto send = [&](QEvent::Type type, const QPointF &at) {
+            QMouseEvent mouse(type, at, m_up->mapToGlobal(at), type == QEvent::MouseMove ? Qt::NoButton : button,
+                              type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button),
+                              Qt::NoModifier);
+            QApplication::sendEvent(m_up, &mouse);
+        };
+        send(QEvent::MouseButtonPress, {3, 3});
+        send(QEvent::MouseMove, {-30, 3});
+        send(QEvent::MouseMove, {-40, 3});
+        send(QEvent::MouseButtonRelease, {-40, 3});
+    }
+    QCOMPARE(log.take(), QStringLiteral("Change")); // the left button's step
+}
+
 void tst_KorUpDown::upAndDownKeysStep()
 {
     QVERIFY(enter(QStringLiteral("5")));
@@ -326,6 +403,38 @@ void tst_KorUpDown::narrowingTheRangeMovesTheValueNotTheText()
     QVERIFY(enter());
     leave();
     QCOMPARE(m_spin->Text(), QStringLiteral("5"));
+}
+
+void tst_KorUpDown::theWholeRangeOfALongIsThere()
+{
+    const int largest = std::numeric_limits<int>::max();
+    const int smallest = std::numeric_limits<int>::min();
+    m_spin->setMin(smallest);
+    m_spin->setMax(largest);
+    m_spin->setIncrement(largest);
+    m_spin->setValue(largest);
+    QCOMPARE(m_spin->Text(), QStringLiteral("2147483647"));
+    QVERIFY(!m_up->isEnabled());
+    for (int i = 0; i < 3; ++i)
+        QTest::mouseClick(m_down, Qt::LeftButton);
+    QCOMPARE(m_spin->Text(), QStringLiteral("-2147483648"));
+    QVERIFY(!m_down->isEnabled());
+    QVERIFY(enter(QStringLiteral("2147483648")));
+    leave();
+    QCOMPARE(m_spin->Text(), QStringLiteral("2147483647"));
+    QCOMPARE(m_spin->Value(), largest);
+}
+
+void tst_KorUpDown::boundsTheWrongWayRoundEndAtMax()
+{
+    m_spin->setMin(10);
+    m_spin->setMax(2);
+    for (const char *typed : {"5", "1", "12"}) {
+        QVERIFY(enter(QString::fromLatin1(typed)));
+        leave();
+        QCOMPARE(m_spin->Text(), QStringLiteral("2")); // not less than Min, and then not more than Max
+        QCOMPARE(m_spin->Value(), 2);
+    }
 }
 
 void tst_KorUpDown::incrementBelowOneIsRefused()
@@ -398,8 +507,7 @@ void tst_KorUpDown::deletionInsideAHandlerIsSafe()
         QApplication::sendEvent(target, &sent);
     };
     if (event.endsWith(QStringLiteral("arrow"))) {
-        QTest::mousePress(m_up, Qt::LeftButton);
-        mouse(m_up, QEvent::MouseButtonRelease);
+        mouse(m_up, QEvent::MouseButtonPress);
     } else if (event.endsWith(QStringLiteral("key"))) {
         QTest::keyPress(box, Qt::Key_Up);
     } else if (event.endsWith(QStringLiteral("wheel"))) {
@@ -503,6 +611,18 @@ void tst_KorUpDown::aStoredValueOutOfRangeIsIgnored()
     QCOMPARE(m_spin->Value(), 0);
 }
 
+void tst_KorUpDown::aStoredValueOfTheWrongKindIsAnError()
+{
+    PropertyBag bag;
+    bag.append(QStringLiteral("Value"), QStringLiteral("dużo"));
+    try {
+        m_spin->readProperties(bag);
+        QFAIL("no error");
+    } catch (const RunTimeError &error) {
+        QCOMPARE(error.number(), 13);
+    }
+}
+
 void tst_KorUpDown::aStoredTextStaysWhenTheValueAgrees()
 {
     PropertyBag bag;
@@ -513,6 +633,18 @@ void tst_KorUpDown::aStoredTextStaysWhenTheValueAgrees()
     QCOMPARE(m_spin->Text(), QStringLiteral("007"));
     QCOMPARE(m_spin->Value(), 7);
     QCOMPARE(log.take(), QStringLiteral("Change"));
+}
+
+void tst_KorUpDown::everyLetReportsItsProperty()
+{
+    QStringList changed;
+    connect(m_spin, &UserControl::PropertyChanged, this, [&](const QString &name) { changed << name; });
+    setEverything(*m_spin);
+    m_spin->setMin(3);
+    m_spin->setText(QStringLiteral("4"));
+    QCOMPARE(changed.join(QLatin1Char(' ')),
+             QStringLiteral("BackColor ForeColor Enabled Font BackStyle BorderStyle Max Value MaxLength Increment Min "
+                            "Text"));
 }
 
 QTEST_MAIN(tst_KorUpDown)

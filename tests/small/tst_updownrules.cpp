@@ -51,6 +51,10 @@ void tst_UpDownRules::textIsReadAsAWholeNumber_data()
     QTest::newRow("one too large")                  << QStringLiteral("2147483648")   << false << 0;
     QTest::newRow("one too small")                  << QStringLiteral("-2147483649")  << false << 0;
     QTest::newRow("far too large")                  << QStringLiteral("1e30")         << false << 0;
+    QTest::newRow("too large for any number")       << QStringLiteral("1e400")        << false << 0;
+    QTest::newRow("too small for any number")       << QStringLiteral("-1e400")       << false << 0;
+    QTest::newRow("hexadecimal too large")          << QStringLiteral("&H123456789")  << false << 0;
+    QTest::newRow("hexadecimal minus one")          << QStringLiteral("&HFFFF")       << true  << -1;
     // clang-format on
 }
 
@@ -86,6 +90,9 @@ void tst_UpDownRules::leavingClampsTheText_data()
     QTest::newRow("half rounds down out of it")       << 1   << 10  << QStringLiteral("0.5")     << QStringLiteral("1");
     QTest::newRow("far too large")                    << 0   << 10  << QStringLiteral("1e30")    << QStringLiteral("10");
     QTest::newRow("far too small")                    << -5  << 10  << QStringLiteral("-1e30")   << QStringLiteral("-5");
+    QTest::newRow("too large for any number")         << 0   << 10  << QStringLiteral("1e400")   << QStringLiteral("10");
+    QTest::newRow("too small for any number")         << -5  << 10  << QStringLiteral(" -1e400") << QStringLiteral("-5");
+    QTest::newRow("hexadecimal too large")            << 0   << 10  << QStringLiteral("&H123456789") << QStringLiteral("10");
     QTest::newRow("negative range")                   << -20 << -10 << QStringLiteral("3")       << QStringLiteral("-10");
     QTest::newRow("one number only")                  << 7   << 7   << QStringLiteral("8")       << QStringLiteral("7");
     QTest::newRow("bounds the wrong way round")       << 10  << 0   << QStringLiteral("5")       << QStringLiteral("0");
