@@ -254,7 +254,9 @@ void TextBox::press(QKeyEvent *event)
     }
     QKeyEvent plain = withoutText(*event);
     editing([&] { QLineEdit::keyPressEvent(&plain); });
-    event->setAccepted(plain.isAccepted());
+    // A locked field has no use for Delete, and keeps it as it keeps letters and Backspace: the form may mean its
+    // record.
+    event->setAccepted(plain.isAccepted() || ownCode == Key::Delete);
 }
 
 void TextBox::actAs(int code, int shift)

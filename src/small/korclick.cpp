@@ -20,6 +20,7 @@ public:
 
     void keyDown(int &code, int &shift);
     void clear();
+    void showOnButton(const QString &text);
     std::optional<Complaint> boxLeft(QWidget *left) override;
 
     KorClick *q;
@@ -63,6 +64,7 @@ KorClick::KorClick(QWidget *parent) : UserControl(parent), d(std::make_unique<Pr
     d->button->setObjectName(QStringLiteral("cmdClick"));
     setMainConstituent(d->box);
     setFocusClient(d.get());
+    d->showOnButton(QString());
 
     connect(d->box, &TextBox::Change, this, [this] {
         d->dirty = true;
@@ -125,6 +127,14 @@ void KorClick::Private::clear()
         q->propertyChanged("Value");
 }
 
+void KorClick::Private::showOnButton(const QString &text)
+{
+    button->setText(text);
+    // Three dots say nothing to a screen reader.
+    button->setAccessibleName(text.isEmpty() ? QStringLiteral("Wybierz") : QString());
+    q->layoutConstituents();
+}
+
 std::optional<Complaint> KorClick::Private::boxLeft(QWidget *left)
 {
     if (left == button)
@@ -138,20 +148,18 @@ BorderStyleType KorClick::BorderStyle() const { return d->field.frame->BorderSty
 
 void KorClick::setBorderStyle(BorderStyleType style)
 {
-    const QPointer<KorClick> self = this;
-    delegate("BorderStyle", d->field.frame, &FieldFrame::setBorderStyle, style);
-    if (self)
-        layoutConstituents();
+    d->field.frame->setBorderStyle(style);
+    layoutConstituents();
+    propertyChanged("BorderStyle");
 }
 
 AppearanceType KorClick::Appearance() const { return d->field.frame->Appearance(); }
 
 void KorClick::setAppearance(AppearanceType appearance)
 {
-    const QPointer<KorClick> self = this;
-    delegate("Appearance", d->field.frame, &FieldFrame::setAppearance, appearance);
-    if (self)
-        layoutConstituents();
+    d->field.frame->setAppearance(appearance);
+    layoutConstituents();
+    propertyChanged("Appearance");
 }
 
 QVariant KorClick::Value() const { return d->value; }
@@ -188,7 +196,7 @@ void KorClick::setSelText(const QString &text) { delegate("SelText", d->box, &Te
 int KorClick::SelStart() const { return d->box->SelStart(); }
 void KorClick::setSelStart(int start) { delegate("SelStart", d->box, &TextBox::setSelStart, start); }
 
-int KorClick::hWnd() const { return static_cast<int>(effectiveWinId()); }
+int KorClick::hWnd() const { return mainWindowHandle(); }
 
 int KorClick::MaxLength() const { return d->box->MaxLength(); }
 void KorClick::setMaxLength(int length) { delegate("MaxLength", d->box, &TextBox::setMaxLength, length); }
@@ -200,7 +208,6 @@ QString KorClick::ToolButText() const { return d->button->text(); }
 
 void KorClick::setToolButText(const QString &text)
 {
-    d->button->setText(text);
-    layoutConstituents();
+    d->showOnButton(text);
     propertyChanged("ToolButText");
 }

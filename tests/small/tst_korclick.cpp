@@ -5,10 +5,10 @@
 #include "support/stage.h"
 
 #include <KorDaoUC/KorClick>
-#include <KorDaoUC/PropertyBag>
 #include <KorDaoUC/RunTimeError>
 #include <KorDaoUC/Variant>
 
+#include <QtGui/QAccessible>
 #include <QtGui/QClipboard>
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
@@ -31,6 +31,8 @@ private Q_SLOTS:
     void theButtonAsksTheHost();
     void keysRaiseTheirEvents_data();
     void keysRaiseTheirEvents();
+    void handlersChangeTheKey_data();
+    void handlersChangeTheKey();
     void deleteInAnUnlockedFieldDeletesCharactersOnly();
     void deleteInALockedFieldClearsTextAndValue();
     void handlersFindBothClearedOnDelete();
@@ -41,25 +43,24 @@ private Q_SLOTS:
     void enabledClickOffSilencesButtonAndKeys();
     void clicksOnADisabledButtonStayInside();
     void leavingTheButtonRaisesCmdLostFocus();
+    void theButtonLosesTheFocusInEveryWay_data();
+    void theButtonLosesTheFocusInEveryWay();
+    void tabGoesThroughTextAndButtonBothWays();
     void aChooserOpenedFromClickIsNoLossOfFocus();
     void enterPressesTheFocusedButton();
     void enterInTheTextGoesToTheDialogsDefaultButton();
     void mouseEventsComeFromTheText();
+    void mouseEventsCarryButtonsShiftAndTwips_data();
+    void mouseEventsCarryButtonsShiftAndTwips();
     void wheelChangesNothing();
     void typingSetsDataChanged();
     void selectionIsDelegated();
     void buttonShowsItsText();
+    void screenReadersHearWhatTheButtonDoes();
     void layoutFollowsSizeAndDirection();
+    void layoutFollowsTheFormsFont();
     void deletionInsideAHandlerIsSafe_data();
     void deletionInsideAHandlerIsSafe();
-
-    void settingsAreWrittenInTheirOrder();
-    void settingsRoundTrip();
-    void selectionIsLoadedStartFirst();
-    void selTextIsReadAndNotApplied();
-    void lockedIsStoredAsLockedText();
-    void loadingRaisesChangeOnceAndClearsTheFlag();
-    void everyLetButDataChangedReportsItsProperty();
 
 private:
     std::unique_ptr<Stage> m_stage;
@@ -67,6 +68,8 @@ private:
     QLineEdit *m_box = nullptr;
     QPushButton *m_button = nullptr;
     bool enter();
+    //! The keys that the form is offered, but for Shift, Ctrl and Alt themselves.
+    const QList<int> *putOnAFormThatHears();
 };
 
 void tst_KorClick::init()
@@ -86,6 +89,27 @@ bool tst_KorClick::enter()
     m_click->setFocus();
     settle();
     return QApplication::focusWidget() == m_box;
+}
+
+const QList<int> *tst_KorClick::putOnAFormThatHears()
+{
+    class Form : public Stage
+    {
+    public:
+        QList<int> keys;
+
+    protected:
+        void keyPressEvent(QKeyEvent *event) override
+        {
+            if (event->key() < Qt::Key_Shift || event->key() > Qt::Key_Alt)
+                keys << event->key();
+        }
+    };
+    auto form = std::make_unique<Form>();
+    const QList<int> *keys = &form->keys;
+    form->place(m_click);
+    m_stage = std::move(form);
+    return keys;
 }
 
 void tst_KorClick::textAndValueAreIndependent()
@@ -152,18 +176,7 @@ void tst_KorClick::keysRaiseTheirEvents()
     QFETCH(int, key);
     QFETCH(int, modifiers);
     QFETCH(bool, blockUpDown);
-    class Form : public Stage
-    {
-    public:
-        QList<int> keys;
-
-    protected:
-        void keyPressEvent(QKeyEvent *event) override { keys << event->key(); }
-    };
-    auto form = std::make_unique<Form>();
-    auto *formKeys = &form->keys;
-    form->place(m_click);
-    m_stage = std::move(form);
+    const QList<int> *formKeys = putOnAFormThatHears();
     QVERIFY(enter());
     m_click->setBlockUpDown(blockUpDown);
     EventLog log(m_click);
@@ -172,6 +185,36 @@ void tst_KorClick::keysRaiseTheirEvents()
     QTEST(formKeys->contains(key), "offered");
     QTest::keyRelease(m_box, static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers));
     QVERIFY(log.take().startsWith(QStringLiteral("KeyUp(")));
+}
+
+void tst_KorClick::handlersChangeTheKey_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("changed");
+    QTest::addColumn<QString>("left"); // of the text a|b
+    // clang-format off
+    QTest::newRow("a letter to nothing")               << int(Qt::Key_X)    << 0  << QStringLiteral("a|b");
+    QTest::newRow("a letter to another one")           << int(Qt::Key_X)    << 89 << QStringLiteral("ay|b");
+    QTest::newRow("a letter to Delete")                << int(Qt::Key_X)    << 46 << QStringLiteral("a|");
+    QTest::newRow("Delete to Backspace")               << int(Qt::Key_Delete) << 8 << QStringLiteral("|b");
+    QTest::newRow("blocked Down to a letter, too late") << int(Qt::Key_Down) << 89 << QStringLiteral("a|b");
+    QTest::newRow("blocked Up to End, too late")       << int(Qt::Key_Up)   << 35 << QStringLiteral("a|b");
+    QTest::newRow("Home to End")                       << int(Qt::Key_Home) << 35 << QStringLiteral("ab|");
+    // clang-format on
+}
+
+void tst_KorClick::handlersChangeTheKey()
+{
+    QFETCH(int, key);
+    QFETCH(int, changed);
+    const QList<int> *formKeys = putOnAFormThatHears();
+    QVERIFY(enter());
+    m_click->setBlockUpDown(true);
+    setField(m_box, QStringLiteral("a|b"));
+    connect(m_click, &KorClick::KeyDown, this, [changed](int &code, int &) { code = changed; });
+    QTest::keyPress(m_box, static_cast<Qt::Key>(key));
+    QTEST(field(m_box), "left");
+    QVERIFY(formKeys->isEmpty());
 }
 
 void tst_KorClick::deleteInAnUnlockedFieldDeletesCharactersOnly()
@@ -188,6 +231,7 @@ void tst_KorClick::deleteInAnUnlockedFieldDeletesCharactersOnly()
 
 void tst_KorClick::deleteInALockedFieldClearsTextAndValue()
 {
+    const QList<int> *formKeys = putOnAFormThatHears();
     QVERIFY(enter());
     m_click->setLocked(true);
     m_click->setText(QStringLiteral("Kowalski"));
@@ -207,6 +251,7 @@ void tst_KorClick::deleteInALockedFieldClearsTextAndValue()
     QVERIFY(isNull(m_click->Value()));
     QTest::keyPress(m_box, Qt::Key_Delete);
     QCOMPARE(log.take(), QStringLiteral("KeyDown(46,0)")); // the text was empty already
+    QVERIFY(formKeys->isEmpty());
 }
 
 void tst_KorClick::handlersFindBothClearedOnDelete()
@@ -283,16 +328,24 @@ void tst_KorClick::hostSwallowsAPaste()
 
 void tst_KorClick::enabledClickOffSilencesButtonAndKeys()
 {
+    const QList<int> *formKeys = putOnAFormThatHears();
     QVERIFY(enter());
     m_click->setEnabledClick(false);
     QVERIFY(!m_button->isEnabled());
     EventLog log(m_click);
     log.ignore({QStringLiteral("KeyUp")});
-    QTest::mouseClick(m_button, Qt::LeftButton);
-    QTest::keyClick(m_box, Qt::Key_F4);
-    QTest::keyClick(m_box, Qt::Key_Down, Qt::AltModifier);
-    QTest::keyClick(m_box, Qt::Key_Left, Qt::AltModifier);
-    QCOMPARE(log.take(), QString());
+    for (const bool block : {false, true}) {
+        m_click->setBlockUpDown(block);
+        QTest::mouseClick(m_button, Qt::LeftButton);
+        QTest::keyClick(m_box, Qt::Key_F4);
+        QTest::keyClick(m_box, Qt::Key_F4, Qt::ControlModifier);
+        QTest::keyClick(m_box, Qt::Key_Down, Qt::AltModifier);
+        QTest::keyClick(m_box, Qt::Key_Left, Qt::AltModifier);
+        QCOMPARE(log.take(), QString());
+        QVERIFY(formKeys->isEmpty()); // swallowed
+    }
+    QTest::keyClick(m_box, Qt::Key_Down);
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(40,0)")); // other keys are as ever
     m_click->setEnabledClick(true);
     QTest::keyClick(m_box, Qt::Key_F4);
     QCOMPARE(log.take(), QStringLiteral("Click"));
@@ -344,6 +397,65 @@ void tst_KorClick::leavingTheButtonRaisesCmdLostFocus()
     m_box->setFocus();
     settle();
     QCOMPARE(log.take(), QStringLiteral("CmdLostFocus")); // also when it stays in the control
+}
+
+void tst_KorClick::theButtonLosesTheFocusInEveryWay_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<QString>("events");
+    const QString lost = QStringLiteral("CmdLostFocus");
+    QTest::newRow("a handler of Click moves on") << QStringLiteral("handler") << QStringLiteral("Click CmdLostFocus");
+    QTest::newRow("EnabledClick is set to False") << QStringLiteral("EnabledClick") << lost;
+    QTest::newRow("the control is hidden") << QStringLiteral("hidden") << lost;
+    QTest::newRow("a click into the text")
+        << QStringLiteral("text") << QStringLiteral("CmdLostFocus MouseDown(1,0) MouseUp(1,0)");
+    QTest::newRow("another window has it for a while") << QStringLiteral("window") << QString();
+}
+
+void tst_KorClick::theButtonLosesTheFocusInEveryWay()
+{
+    QFETCH(QString, way);
+    QVERIFY(enter());
+    m_button->setFocus();
+    settle();
+    EventLog log(m_click);
+    if (way == u"handler") {
+        connect(m_click, &KorClick::Click, this, [this] { m_stage->button()->setFocus(); });
+        QTest::keyClick(m_button, Qt::Key_Return);
+    } else if (way == u"EnabledClick") {
+        m_click->setEnabledClick(false);
+    } else if (way == u"hidden") {
+        m_click->hide();
+    } else if (way == u"text") {
+        QTest::mouseClick(m_stage->windowHandle(), Qt::LeftButton, {},
+                          m_box->mapTo(m_stage.get(), m_box->rect().center()));
+        log.ignore({QStringLiteral("MouseMove")});
+    } else {
+        Stage other;
+        QVERIFY(other.open());
+        settle();
+        other.hide();
+        QVERIFY(m_stage->open());
+    }
+    settle();
+    QString events = log.take();
+    events.remove(QStringLiteral("MouseMove(0,0) "));
+    QTEST(events, "events");
+}
+
+void tst_KorClick::tabGoesThroughTextAndButtonBothWays()
+{
+    QVERIFY(enter());
+    for (QWidget *next : std::initializer_list<QWidget *>{m_button, m_stage->button(), m_box}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        settle();
+        QCOMPARE(QApplication::focusWidget(), next);
+    }
+    for (QWidget *next : std::initializer_list<QWidget *>{m_stage->button(), m_button, m_box}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+        settle();
+        QCOMPARE(QApplication::focusWidget(), next);
+    }
 }
 
 void tst_KorClick::aChooserOpenedFromClickIsNoLossOfFocus()
@@ -417,6 +529,55 @@ void tst_KorClick::mouseEventsComeFromTheText()
     QCOMPARE(log.take(), QStringLiteral("Click"));
 }
 
+void tst_KorClick::mouseEventsCarryButtonsShiftAndTwips_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("button"); // the one that changed
+    QTest::addColumn<int>("down");   // all that are down
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("heard");
+    const int left = Qt::LeftButton;
+    const int right = Qt::RightButton;
+    const int middle = Qt::MiddleButton;
+    const int press = QEvent::MouseButtonPress;
+    const int move = QEvent::MouseMove;
+    const int all = Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier;
+    // clang-format off
+    QTest::newRow("press")                    << press << left   << left                    << 0                      << QStringLiteral("MouseDown 1 0");
+    QTest::newRow("press of another button")  << press << right  << (left | right)          << int(Qt::AltModifier)   << QStringLiteral("MouseDown 2 4");
+    QTest::newRow("press of the middle one")  << press << middle << middle                  << int(Qt::ShiftModifier) << QStringLiteral("MouseDown 4 1");
+    QTest::newRow("move without a button")    << move  << 0      << 0                       << 0                      << QStringLiteral("MouseMove 0 0");
+    QTest::newRow("move with one button")     << move  << 0      << right                   << all                    << QStringLiteral("MouseMove 2 7");
+    QTest::newRow("move with all buttons")    << move  << 0      << (left | right | middle) << int(Qt::MetaModifier)  << QStringLiteral("MouseMove 7 0");
+    // clang-format on
+}
+
+void tst_KorClick::mouseEventsCarryButtonsShiftAndTwips()
+{
+    QFETCH(int, type);
+    QFETCH(int, button);
+    QFETCH(int, down);
+    QFETCH(int, modifiers);
+    QVERIFY(enter());
+    QString heard;
+    QPointF place;
+    const auto hear = [&](const char *event) {
+        return [&heard, &place, event](int &changed, int &shift, float &x, float &y) {
+            heard = QStringLiteral("%1 %2 %3").arg(QString::fromLatin1(event)).arg(changed).arg(shift);
+            place = {x, y};
+        };
+    };
+    connect(m_click, &KorClick::MouseDown, this, hear("MouseDown"));
+    connect(m_click, &KorClick::MouseMove, this, hear("MouseMove"));
+    const QPointF at(12, 7.5);
+    QMouseEvent mouse(static_cast<QEvent::Type>(type), at, m_box->mapToGlobal(at), Qt::MouseButton(button),
+                      Qt::MouseButtons(down), Qt::KeyboardModifiers(modifiers));
+    QApplication::sendEvent(m_box, &mouse);
+    QTEST(heard, "heard");
+    const double twips = 1440.0 / m_box->logicalDpiX(); // 15 a pixel on most screens
+    QCOMPARE(place, at * twips);
+}
+
 void tst_KorClick::wheelChangesNothing()
 {
     QVERIFY(m_stage->open());
@@ -483,6 +644,28 @@ void tst_KorClick::buttonShowsItsText()
     QCOMPARE(m_button->width(), bare);
 }
 
+void tst_KorClick::screenReadersHearWhatTheButtonDoes()
+{
+    const auto heard = [this] { return QAccessible::queryAccessibleInterface(m_button)->text(QAccessible::Name); };
+    QCOMPARE(heard(), QStringLiteral("Wybierz"));
+    m_click->setToolButText(QStringLiteral("Klienci"));
+    QCOMPARE(heard(), QStringLiteral("Klienci"));
+    m_click->setToolButText(QString());
+    QCOMPARE(heard(), QStringLiteral("Wybierz"));
+}
+
+void tst_KorClick::layoutFollowsTheFormsFont()
+{
+    QVERIFY(m_stage->open());
+    m_click->resize(300, 26);
+    m_click->setToolButText(QStringLiteral("Wybierz"));
+    QFont font = m_stage->font();
+    font.setPointSize(font.pointSize() + 6);
+    m_stage->setFont(font);
+    QVERIFY(m_button->width() > m_button->fontMetrics().horizontalAdvance(m_button->text()));
+    QCOMPARE(m_button->x(), m_box->x() + m_box->width());
+}
+
 void tst_KorClick::layoutFollowsSizeAndDirection()
 {
     QVERIFY(m_stage->open());
@@ -499,8 +682,8 @@ void tst_KorClick::layoutFollowsSizeAndDirection()
         }
         m_click->resize(0, 0);
     }
-    m_click->setLayoutDirection(Qt::RightToLeft);
     m_click->resize(150, 26);
+    m_stage->setLayoutDirection(Qt::RightToLeft);
     QCOMPARE(m_button->x(), 0);
     QCOMPARE(m_box->x(), m_button->width());
 }
@@ -560,130 +743,6 @@ void tst_KorClick::deletionInsideAHandlerIsSafe()
     }
     settle();
     QVERIFY(deletion.isDone());
-}
-
-// --- settings
-
-namespace {
-
-QString keysOf(const PropertyBag &bag)
-{
-    QStringList keys;
-    for (const auto &[key, value] : bag.entries())
-        keys << key;
-    return keys.join(QLatin1Char(' '));
-}
-
-void setEverything(KorClick &click)
-{
-    click.setBackColor(0x00C0FFFF);
-    click.setForeColor(0x00800000);
-    click.setEnabled(false);
-    QFont font = click.Font();
-    font.setItalic(true);
-    font.setPointSize(13);
-    click.setFont(font);
-    click.setBorderStyle(BorderStyleType::None);
-    click.setAppearance(AppearanceType::Flat);
-    click.setBlockUpDown(true);
-    click.setText(QStringLiteral("Hurtownia"));
-    click.setSelStart(2);
-    click.setSelLength(4);
-    click.setLocked(true);
-    click.setValue(QStringLiteral("H7"));
-    click.setMaxLength(30);
-    click.setEnabledClick(false);
-    click.setToolButText(QStringLiteral("..."));
-}
-
-} // namespace
-
-void tst_KorClick::settingsAreWrittenInTheirOrder()
-{
-    KorClick click;
-    setEverything(click);
-    PropertyBag bag;
-    click.writeProperties(bag);
-    QCOMPARE(
-        keysOf(bag),
-        QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Appearance BlockUpDown Text SelLength SelText "
-                       "SelStart LockedText Value MaxLength EnabledClick ToolButText"));
-    for (const char *key : {"BorderStyle", "Appearance", "SelLength", "SelStart", "MaxLength"})
-        QCOMPARE(bag.ReadProperty(QString::fromLatin1(key)).typeId(), int(QMetaType::Short));
-}
-
-void tst_KorClick::settingsRoundTrip()
-{
-    KorClick click;
-    setEverything(click);
-    PropertyBag bag;
-    click.writeProperties(bag);
-    KorClick loaded;
-    loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
-    loaded.readProperties(PropertyBag());
-    PropertyBag none;
-    loaded.writeProperties(none);
-    QVERIFY(none.isEmpty());
-}
-
-void tst_KorClick::selectionIsLoadedStartFirst()
-{
-    PropertyBag bag;
-    bag.append(QStringLiteral("SelLength"), 3);
-    bag.append(QStringLiteral("SelStart"), 1);
-    bag.append(QStringLiteral("Text"), QStringLiteral("abcdef"));
-    m_click->readProperties(bag);
-    QCOMPARE(field(m_box), QStringLiteral("a[bcd]ef"));
-}
-
-void tst_KorClick::selTextIsReadAndNotApplied()
-{
-    PropertyBag bag;
-    bag.append(QStringLiteral("Text"), QStringLiteral("abcdef"));
-    bag.append(QStringLiteral("SelLength"), 2);
-    bag.append(QStringLiteral("SelText"), QStringLiteral("XYZ"));
-    m_click->readProperties(bag);
-    QCOMPARE(field(m_box), QStringLiteral("[ab]cdef"));
-}
-
-void tst_KorClick::lockedIsStoredAsLockedText()
-{
-    PropertyBag bag;
-    bag.append(QStringLiteral("Locked"), true);
-    m_click->readProperties(bag);
-    QVERIFY(!m_click->Locked());
-    bag.append(QStringLiteral("LockedText"), true);
-    m_click->readProperties(bag);
-    QVERIFY(m_click->Locked());
-}
-
-void tst_KorClick::loadingRaisesChangeOnceAndClearsTheFlag()
-{
-    PropertyBag bag;
-    bag.append(QStringLiteral("Text"), QStringLiteral("abc"));
-    EventLog log(m_click);
-    m_click->readProperties(bag);
-    QCOMPARE(log.take(), QStringLiteral("Change"));
-    QVERIFY(!m_click->DataChanged());
-}
-
-void tst_KorClick::everyLetButDataChangedReportsItsProperty()
-{
-    QStringList changed;
-    connect(m_click, &UserControl::PropertyChanged, this, [&](const QString &name) { changed << name; });
-    m_click->setDataChanged(true);
-    QVERIFY(changed.isEmpty());
-    setEverything(*m_click);
-    QCOMPARE(
-        changed.join(QLatin1Char(' ')),
-        QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Appearance BlockUpDown Text SelStart SelLength "
-                       "Locked Value MaxLength EnabledClick ToolButText"));
-    changed.clear();
-    m_click->setSelText(QStringLiteral("x"));
-    QCOMPARE(changed, QStringList{QStringLiteral("SelText")});
 }
 
 QTEST_MAIN(tst_KorClick)
