@@ -73,6 +73,8 @@ private:
     QAbstractButton *m_down = nullptr;
     bool enter(const QString &typed = {});
     void leave();
+    //! Lets the arrows repeat sooner than a user would like.
+    void hurry();
 };
 
 void tst_KorUpDown::init()
@@ -103,6 +105,14 @@ void tst_KorUpDown::leave()
 {
     m_stage->button()->setFocus();
     settle();
+}
+
+void tst_KorUpDown::hurry()
+{
+    for (QAbstractButton *arrow : {m_up, m_down}) {
+        arrow->setAutoRepeatDelay(40);
+        arrow->setAutoRepeatInterval(20);
+    }
 }
 
 void tst_KorUpDown::aFreshFieldShowsText1()
@@ -291,6 +301,7 @@ void tst_KorUpDown::arrowsStepFromTheValueWhateverTheText()
 void tst_KorUpDown::aHeldArrowStepsAtOnceAndRepeats()
 {
     QVERIFY(enter(QStringLiteral("5")));
+    hurry();
     QTest::mousePress(m_up, Qt::LeftButton);
     QCOMPARE(m_spin->Text(), QStringLiteral("6"));
     QTRY_COMPARE(m_spin->Text(), QStringLiteral("10"));
@@ -299,7 +310,7 @@ void tst_KorUpDown::aHeldArrowStepsAtOnceAndRepeats()
     QTRY_COMPARE(m_spin->Text(), QStringLiteral("8"));
     QTest::mouseRelease(m_down, Qt::LeftButton);
     const QString released = m_spin->Text();
-    QTest::qWait(3 * 100); // three repetitions
+    QTest::qWait(100); // longer than until the next repetition
     QCOMPARE(m_spin->Text(), released);
 }
 
@@ -310,11 +321,12 @@ void tst_KorUpDown::aMessageFromAHandlerEndsTheRepeating()
     connect(m_spin, &KorUpDown::Change, this, [&] {
         ++messages;
         QDialog message(m_stage.get());
-        QTimer::singleShot(1000, &message, &QDialog::accept); // more than the time until the first repetition
+        QTimer::singleShot(100, &message, &QDialog::accept); // longer than until the first repetition
         message.exec();
     });
+    hurry();
     QTest::mousePress(m_up, Qt::LeftButton);
-    QTest::qWait(1000);
+    QTest::qWait(100);
     QCOMPARE(messages, 1);
     QCOMPARE(m_spin->Value(), 6);
     QVERIFY(!m_up->isDown());
