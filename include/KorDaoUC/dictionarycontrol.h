@@ -100,8 +100,8 @@ protected:
 
     //! Names the constituent that shows the entries; a widget of the control's own.
     void setEntryBox(EntryBox *box);
-    //! The key of an entry, Null where there is none.
-    [[nodiscard]] QVariant keyAt(int place) const;
+    //! The key of an entry, Null where there is none. Good until the entries change.
+    [[nodiscard]] const QVariant &keyAt(int place) const;
 
     //! The box reports that its selection has changed.
     void boxClicked();

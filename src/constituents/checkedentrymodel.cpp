@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/checkedentrymodel.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace kor {
 
 void CheckedEntryModel::clear()
@@ -21,6 +24,16 @@ bool CheckedEntryModel::setChecked(int index, bool checked)
     m_checks[place] = checked;
     m_checkedCount += checked ? 1 : -1;
     return true;
+}
+
+void CheckedEntryModel::setChecked(std::vector<bool> checks)
+{
+    checks.resize(static_cast<std::size_t>(count()));
+    if (checks.empty())
+        return;
+    m_checks = std::move(checks);
+    m_checkedCount = static_cast<int>(std::count(m_checks.cbegin(), m_checks.cend(), true));
+    announce(0, count() - 1);
 }
 
 void CheckedEntryModel::announce(int first, int last)

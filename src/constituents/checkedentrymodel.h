@@ -29,6 +29,8 @@ public:
     //! announce(), so that many checks cost them one look.
     bool setChecked(int index, bool checked);
     void announce(int first, int last);
+    //! Gives each entry its check, from the first on, and takes it from those beyond the last one given. Announced.
+    void setChecked(std::vector<bool> checks);
 
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;

@@ -31,7 +31,7 @@ void CheckListBox::Clear()
 
 bool CheckListBox::Selected(int index) const
 {
-    if (index < 0 || index >= ListCount())
+    if (index < 0 || index >= m_checks->count())
         throw RunTimeError(ErrorNumber::InvalidPropertyArrayIndex);
     return m_checks->isChecked(index);
 }
@@ -65,6 +65,8 @@ void CheckListBox::setSelected(const std::vector<bool> &checks)
     if (last >= 0)
         m_checks->announce(first, last);
 }
+
+void CheckListBox::setSelectedSilently(std::vector<bool> checks) { m_checks->setChecked(std::move(checks)); }
 
 int CheckListBox::SelCount() const { return m_checks->checkedCount(); }
 

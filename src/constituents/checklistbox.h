@@ -27,6 +27,8 @@ public:
     void setSelected(int index, bool checked);
     //! Whether each entry is to be checked, from the first on. Ends early when a handler removes the entries.
     void setSelected(const std::vector<bool> &checks);
+    //! The same without raising ItemCheck, many times as fast.
+    void setSelectedSilently(std::vector<bool> checks);
     //! How many entries are checked.
     [[nodiscard]] int SelCount() const;
 

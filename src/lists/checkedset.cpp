@@ -36,18 +36,15 @@ CheckedSet::CheckedSet(const QString &keys, const QString &separator)
 void CheckedSet::takeApart()
 {
     const QStringView text = m_text;
+    m_pieces.reserve(static_cast<std::size_t>(text.count(m_separator)));
     qsizetype start = m_separator.size();
     for (qsizetype end = 0; (end = text.indexOf(m_separator, start)) >= 0; start = end + m_separator.size())
-        m_pieces.push_back({start, end - start, -1});
+        m_pieces.push_back({start, end - start, qHash(text.sliced(start, end - start)), -1});
 
     m_buckets.assign(std::bit_ceil(2 * m_pieces.size() + 1), -1);
-    for (std::size_t i = 0; i < m_pieces.size(); ++i) {
-        Piece &piece = m_pieces[i];
-        piece.next = std::exchange(m_buckets[bucketOf(text.sliced(piece.start, piece.length))], static_cast<int>(i));
-    }
+    for (std::size_t i = 0; i < m_pieces.size(); ++i)
+        m_pieces[i].next = std::exchange(bucketOf(m_pieces[i].hash), static_cast<int>(i));
 }
-
-std::size_t CheckedSet::bucketOf(QStringView piece) const { return qHash(piece) & (m_buckets.size() - 1); }
 
 bool CheckedSet::contains(QStringView key) const
 {
@@ -55,15 +52,23 @@ bool CheckedSet::contains(QStringView key) const
         // Without a separator a key is in the set wherever it stands; nothing is in an empty text.
         return !m_text.isEmpty() && m_text.contains(m_separator + key.toString() + m_separator);
     }
+    if (hasPiece(key, [](QStringView) { return true; }))
+        return true;
+    // A key with separators inside has to go on as the text does.
     const qsizetype headEnd = key.indexOf(m_separator);
-    const QStringView head = headEnd < 0 ? key : key.first(headEnd);
-    for (int i = m_buckets[bucketOf(head)]; i >= 0; i = m_pieces[static_cast<std::size_t>(i)].next) {
+    return headEnd >= 0 && hasPiece(key.first(headEnd), [&](QStringView rest) {
+               return rest.startsWith(key) && rest.sliced(key.size()).startsWith(m_separator);
+           });
+}
+
+template <class IsWanted>
+bool CheckedSet::hasPiece(QStringView wanted, IsWanted isWanted) const
+{
+    const std::size_t hash = qHash(wanted);
+    for (int i = bucketOf(hash); i >= 0; i = m_pieces[static_cast<std::size_t>(i)].next) {
         const Piece &piece = m_pieces[static_cast<std::size_t>(i)];
         const QStringView rest = QStringView(m_text).sliced(piece.start);
-        if (rest.first(piece.length) != head)
-            continue;
-        // A key with separators inside has to go on as the text does.
-        if (headEnd < 0 || (rest.startsWith(key) && rest.sliced(key.size()).startsWith(m_separator)))
+        if (piece.hash == hash && rest.first(piece.length) == wanted && isWanted(rest))
             return true;
     }
     return false;

@@ -27,11 +27,16 @@ private:
     struct Piece {
         qsizetype start;
         qsizetype length;
+        std::size_t hash;
         int next; //!< the piece before it of the same bucket, -1 for none
     };
 
     void takeApart();
-    [[nodiscard]] std::size_t bucketOf(QStringView piece) const;
+    //! Whether there is such a piece, wanted also for the text from its beginning on.
+    template <class IsWanted>
+    [[nodiscard]] bool hasPiece(QStringView wanted, IsWanted isWanted) const;
+    [[nodiscard]] int &bucketOf(std::size_t hash) { return m_buckets[hash & (m_buckets.size() - 1)]; }
+    [[nodiscard]] int bucketOf(std::size_t hash) const { return m_buckets[hash & (m_buckets.size() - 1)]; }
 
     QString m_separator;
     QString m_text;

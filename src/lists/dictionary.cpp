@@ -38,7 +38,11 @@ void Dictionary::append(const QList<QVariant> &keys)
         std::for_each(keys.cbegin(), keys.cend(), [this](const QVariant &key) { m_index.append(key); });
 }
 
-QVariant Dictionary::key(int place) const { return place >= 0 && place < count() ? m_keys[place] : null(); }
+const QVariant &Dictionary::key(int place) const
+{
+    static const QVariant none = null();
+    return place >= 0 && place < count() ? m_keys[place] : none;
+}
 
 int Dictionary::indexOf(const QVariant &wanted) const
 {

@@ -26,8 +26,8 @@ public:
 
     [[nodiscard]] bool isEmpty() const { return m_keys.isEmpty(); }
     [[nodiscard]] int count() const { return static_cast<int>(m_keys.size()); }
-    //! The key at a place, Null where there is none.
-    [[nodiscard]] QVariant key(int place) const;
+    //! The key at a place, Null where there is none. Good until the keys change.
+    [[nodiscard]] const QVariant &key(int place) const;
 
     //! The first place of a key, -1 when there is none. Null and a missing argument are found nowhere.
     [[nodiscard]] int indexOf(const QVariant &wanted) const;

@@ -103,7 +103,7 @@ void DictionaryControl::Clear()
 QVariant DictionaryControl::Exists(const QVariant &val) const { return d->dictionary.contains(val); }
 bool DictionaryControl::HasValues() const { return !d->dictionary.isEmpty(); }
 int DictionaryControl::ListCount() const { return d->box->ListCount(); }
-QVariant DictionaryControl::keyAt(int place) const { return d->dictionary.key(place); }
+const QVariant &DictionaryControl::keyAt(int place) const { return d->dictionary.key(place); }
 
 void DictionaryControl::Refresh()
 {

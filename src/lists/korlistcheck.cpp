@@ -11,9 +11,11 @@
 #include <KorDaoUC/locale.h>
 #include <KorDaoUC/runtimeerror.h>
 
+#include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
 #include <QtCore/QScopeGuard>
 
+#include <utility>
 #include <vector>
 
 using namespace kor;
@@ -21,14 +23,17 @@ using namespace kor;
 class KorListCheck::Private
 {
 public:
-    explicit Private(KorListCheck *control) : box(new CheckListBox(control)) {}
+    explicit Private(KorListCheck *control) : q(control), box(new CheckListBox(control)) {}
 
+    void check(std::vector<bool> checks);
     //! A set of the checked entries, each by what the function says of its place.
     template <class PartOf>
     [[nodiscard]] QString joinChecked(PartOf partOf) const;
-    //! Whether a handler of an ItemCheck that Refresh() raises has called it again.
-    [[nodiscard]] bool isRefreshingAgain() const { return puttingBack > 1; }
+    //! Whether checks are raised as ItemCheck: not when the host blocks it, nor when a handler of an ItemCheck that
+    //! Refresh() raises has called it again.
+    [[nodiscard]] bool isTelling() const { return !q->BlockClick() && puttingBack <= 1; }
 
+    KorListCheck *q;
     CheckListBox *box;
     KeyText keyText{Locale::systemDefault()};
     QString separator;
@@ -74,7 +79,7 @@ KorListCheck::KorListCheck(QWidget *parent) : ListControl(parent, checkListRules
     d->box->setObjectName(QStringLiteral("CheckList"));
     setListBox(d->box);
     connect(d->box, &CheckListBox::ItemCheck, this, [this](int &item) {
-        if (!BlockClick() && !d->isRefreshingAgain())
+        if (d->isTelling())
             Q_EMIT ItemCheck(item);
     });
     connect(d->box, &ListBox::DblClick, this, &KorListCheck::DblClick);
@@ -126,11 +131,21 @@ void KorListCheck::putBack(const QString &checked)
 
 // --- checked sets
 
+void KorListCheck::Private::check(std::vector<bool> checks)
+{
+    // Raising an event for each of thousands of checks takes longer than checking them.
+    if (isTelling() && q->isSignalConnected(QMetaMethod::fromSignal(&KorListCheck::ItemCheck)))
+        box->setSelected(checks);
+    else
+        box->setSelectedSilently(std::move(checks));
+}
+
 template <class PartOf>
 QString KorListCheck::Private::joinChecked(PartOf partOf) const
 {
     QString set;
-    for (int i = 0; i < box->ListCount(); ++i) {
+    const int count = box->ListCount();
+    for (int i = 0; i < count; ++i) {
         if (box->Selected(i))
             set.append(partOf(i)).append(separator);
     }
@@ -151,7 +166,7 @@ void KorListCheck::setValueChecked(const QString &keys)
         std::vector<bool> checks(static_cast<std::size_t>(ListCount()));
         for (std::size_t i = 0; i < checks.size(); ++i)
             checks[i] = set.contains(d->keyText.of(keyAt(static_cast<int>(i))));
-        d->box->setSelected(checks);
+        d->check(std::move(checks));
         if (!self)
             return;
         d->valueChecked = set.text();
@@ -177,7 +192,7 @@ void KorListCheck::setSelected(bool checked)
 
 void KorListCheck::CheckAll(bool checked)
 {
-    d->box->setSelected(std::vector<bool>(static_cast<std::size_t>(ListCount()), checked));
+    d->check(std::vector<bool>(static_cast<std::size_t>(ListCount()), checked));
 }
 
 int KorListCheck::SelCount() const { return d->box->SelCount(); }

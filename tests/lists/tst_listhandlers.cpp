@@ -16,6 +16,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
 
+#include <optional>
 #include <utility>
 
 using namespace kor;
@@ -55,6 +56,8 @@ private Q_SLOTS:
     void positionsAreTwips();
     void assistiveToolsSelect();
     void selectionMadeWhileHiddenIsSeenOnceShown();
+    void checksAreTheSameWhoeverListens_data();
+    void checksAreTheSameWhoeverListens();
     void errorsOfHandlersLeaveTheListInOrder();
     void deletionInsideAHandlerIsSafe_data();
     void deletionInsideAHandlerIsSafe();
@@ -276,6 +279,38 @@ void tst_ListHandlers::selectionMadeWhileHiddenIsSeenOnceShown()
 }
 
 // --- handlers
+
+void tst_ListHandlers::checksAreTheSameWhoeverListens_data()
+{
+    QTest::addColumn<bool>("listens");
+    QTest::addColumn<bool>("blocks");
+    QTest::addColumn<QString>("events");
+    QTest::newRow("a host that listens") << true << false << "ItemCheck(0) ItemCheck(1) ItemCheck(2) ItemCheck(0)";
+    QTest::newRow("one that blocks the event") << true << true << "";
+    QTest::newRow("nobody") << false << false << "";
+}
+
+void tst_ListHandlers::checksAreTheSameWhoeverListens()
+{
+    QFETCH(bool, listens);
+    QFETCH(bool, blocks);
+    QVERIFY(enter(m_checkList, abc));
+    std::optional<EventLog> log;
+    if (listens)
+        log.emplace(m_checkList);
+    m_checkList->setBlockClick(blocks);
+    m_checkList->setValueChecked(QStringLiteral("b;a;"));
+    QCOMPARE(m_checkList->SelCount(), 2);
+    QCOMPARE(m_checkList->TextChecked(), QStringLiteral("Alfa;Beta;"));
+    m_checkList->CheckAll();
+    QCOMPARE(m_checkList->SelCount(), 3);
+    m_checkList->setValueChecked(QStringLiteral("c;b;"));
+    QCOMPARE(m_checkList->ValueChecked(), QStringLiteral("b;c;"));
+    m_checkList->AddEntry(QStringLiteral("d"), QStringLiteral("Daria"));
+    QCOMPARE(m_checkList->ValueChecked(), QStringLiteral("b;c;"));
+    if (listens)
+        QTEST(log->take(), "events");
+}
 
 void tst_ListHandlers::errorsOfHandlersLeaveTheListInOrder()
 {
