@@ -376,6 +376,20 @@ void ListBox::focusOutEvent(QFocusEvent *event)
 
 // --- look and size
 
+// The toolkit starts timers anew for every entry. The first one asks for the layout, and the others wait for it with
+// it.
+void ListBox::rowsInserted(const QModelIndex &parent, int first, int last)
+{
+    if (!std::exchange(m_awaitsLayout, true))
+        QListView::rowsInserted(parent, first, last);
+}
+
+void ListBox::doItemsLayout()
+{
+    m_awaitsLayout = false;
+    QListView::doItemsLayout();
+}
+
 AppearanceType ListBox::Appearance() const
 {
     return frameShape() == QFrame::StyledPanel ? AppearanceType::A3D : AppearanceType::Flat;

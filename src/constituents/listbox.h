@@ -79,6 +79,8 @@ protected:
     void timerEvent(QTimerEvent *event) override;
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void rowsInserted(const QModelIndex &parent, int first, int last) override;
+    void doItemsLayout() override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
                                                                        const QEvent *event) const override;
 
@@ -110,6 +112,7 @@ private:
     int m_selected = -1;        //!< the entry that Click was raised for
     bool m_isClickDue = false;  //!< the entries were removed between a selection by the mouse and its Click
     int m_acting = 0;
+    bool m_awaitsLayout = false; //!< entries were added since the last one
 };
 
 } // namespace kor
