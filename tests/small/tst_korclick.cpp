@@ -152,11 +152,15 @@ void tst_KorClick::keysRaiseTheirEvents_data()
     const int shift = Qt::ShiftModifier;
     const int ctrl = Qt::ControlModifier;
     const int alt = Qt::AltModifier;
+    const int keypad = Qt::KeypadModifier;
     // clang-format off
     QTest::newRow("Down passes")                        << int(Qt::Key_Down)  << none  << false << QStringLiteral("KeyDown(40,0)") << true;
     QTest::newRow("Down, blocked, is only reported")    << int(Qt::Key_Down)  << none  << true  << QStringLiteral("KeyDown(40,0)") << false;
     QTest::newRow("Up, blocked, is only reported")      << int(Qt::Key_Up)    << none  << true  << QStringLiteral("KeyDown(38,0)") << false;
     QTest::newRow("Ctrl+Down, blocked")                 << int(Qt::Key_Down)  << ctrl  << true  << QStringLiteral("KeyDown(40,2)") << false;
+    QTest::newRow("Ctrl+Up, blocked")                   << int(Qt::Key_Up)    << ctrl  << true  << QStringLiteral("KeyDown(38,2)") << false;
+    QTest::newRow("the keypad's Down, blocked")         << int(Qt::Key_Down)  << keypad << true << QStringLiteral("KeyDown(40,0)") << false;
+    QTest::newRow("Alt+Up, blocked, passes")            << int(Qt::Key_Up)    << alt   << true  << QStringLiteral("KeyDown(38,4)") << true;
     QTest::newRow("Shift+Down, blocked, passes")        << int(Qt::Key_Down)  << shift << true  << QStringLiteral("KeyDown(40,1)") << true;
     QTest::newRow("Alt+Down asks")                      << int(Qt::Key_Down)  << alt   << false << QStringLiteral("Click") << false;
     QTest::newRow("Alt+Down, blocked, asks")            << int(Qt::Key_Down)  << alt   << true  << QStringLiteral("Click") << false;
@@ -166,6 +170,9 @@ void tst_KorClick::keysRaiseTheirEvents_data()
     QTest::newRow("Left is a key")                      << int(Qt::Key_Left)  << none  << false << QStringLiteral("KeyDown(37,0)") << false;
     QTest::newRow("F4 asks")                            << int(Qt::Key_F4)    << none  << false << QStringLiteral("Click") << false;
     QTest::newRow("Shift+F4 asks")                      << int(Qt::Key_F4)    << shift << false << QStringLiteral("Click") << false;
+    QTest::newRow("Ctrl+F4 asks")                       << int(Qt::Key_F4)    << ctrl  << true  << QStringLiteral("Click") << false;
+    QTest::newRow("Alt+F4 is the window system's")      << int(Qt::Key_F4)    << alt   << false << QStringLiteral("KeyDown(115,4)") << true;
+    QTest::newRow("the keypad's Left with Alt asks")    << int(Qt::Key_Left)  << (alt | keypad) << false << QStringLiteral("Click") << false;
     QTest::newRow("F5 is a key")                        << int(Qt::Key_F5)    << none  << false << QStringLiteral("KeyDown(116,0)") << true;
     QTest::newRow("a letter")                           << int(Qt::Key_A)     << none  << false << QStringLiteral("KeyDown(65,0) KeyPress(97) Change") << false;
     // clang-format on
@@ -260,10 +267,21 @@ void tst_KorClick::handlersFindBothClearedOnDelete()
     m_click->setLocked(true);
     m_click->setText(QStringLiteral("Kowalski"));
     m_click->setValue(5);
-    QVariant seen;
-    connect(m_click, &KorClick::Change, this, [&] { seen = m_click->Value(); });
-    QTest::keyPress(m_box, Qt::Key_Delete);
-    QVERIFY(isNull(seen));
+    QStringList seen;
+    const auto look = [&](const char *event) {
+        seen << QStringLiteral("%1: '%2'%3")
+                    .arg(QString::fromLatin1(event), m_click->Text(),
+                         isNull(m_click->Value()) ? QString() : QStringLiteral(" and a value"));
+    };
+    connect(m_click, &KorClick::Change, this, [&] { look("Change"); });
+    connect(m_click, &KorClick::KeyDown, this, [&](int &code, int &) {
+        if (code == 46)
+            look("KeyDown");
+        code = 0; // too late to keep the text
+    });
+    QTest::keyPress(m_box, Qt::Key_Delete, Qt::ShiftModifier);
+    QCOMPARE(seen.join(QStringLiteral(", ")), QStringLiteral("Change: '', KeyDown: ''"));
+    QCOMPARE(m_click->Text(), QString());
 }
 
 void tst_KorClick::backspaceInALockedFieldDoesNothing()
