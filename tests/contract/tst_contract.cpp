@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "contract/publicsurface.h"
 #include "support/deletion.h"
+#include "support/settings.h"
 #include "support/stage.h"
 
 #include <KorDaoUC/Color>
@@ -91,14 +92,6 @@ private:
 };
 
 namespace {
-
-QStringList keysOf(const PropertyBag &bag)
-{
-    QStringList keys;
-    for (const auto &[key, value] : bag.entries())
-        keys << key;
-    return keys;
-}
 
 PropertyBag settingsOf(const UserControl &control)
 {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
+#include "support/settings.h"
 #include "support/stage.h"
 
 #include <KorDaoUC/Clock>
@@ -450,14 +451,6 @@ void tst_KorDateEvents::errorsOfHandlersAreRaisedAsTheErrorEvent()
 // --- settings
 
 namespace {
-
-QStringList keysOf(const PropertyBag &bag)
-{
-    QStringList keys;
-    for (const auto &[key, value] : bag.entries())
-        keys << key;
-    return keys;
-}
 
 void setEverything(KorDate &date)
 {

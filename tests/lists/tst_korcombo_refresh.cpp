@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
+#include "support/sqlitefile.h"
 #include "support/stage.h"
 
 #include <KorDaoUC/KorCombo>
@@ -8,8 +9,6 @@
 #include <KorDaoUC/SqlDatabase>
 #include <KorDaoUC/Variant>
 
-#include <QtCore/QTemporaryDir>
-#include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
 #include <QtTest/QtTest>
@@ -32,7 +31,6 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase();
 
     void lowerCaseSourceIsAccepted();
     void trailingBarIsOptional();
@@ -70,7 +68,7 @@ private:
     void load(const QString &source, bool canBeNull = false);
     [[nodiscard]] QStringList names() const;
 
-    QTemporaryDir m_folder;
+    SqliteFile m_file;
     std::unique_ptr<SqlDatabase> m_database;
     std::unique_ptr<Stage> m_stage;
     QPointer<KorCombo> m_combo;
@@ -79,9 +77,6 @@ private:
 
 void tst_KorComboRefresh::initTestCase()
 {
-    auto connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("lists"));
-    connection.setDatabaseName(m_folder.filePath(QStringLiteral("dane.sqlite")));
-    QVERIFY(connection.open());
     run("CREATE TABLE kraje (id, nazwa, stolica)");
     run("INSERT INTO kraje VALUES (1, 'Polska', 'Warszawa'), (2, 'Łotwa', 'Ryga'), (3, 'Żuławy', NULL)");
     run("CREATE TABLE rozne (id, nazwa)");
@@ -90,17 +85,11 @@ void tst_KorComboRefresh::initTestCase()
     run("CREATE TABLE puste (id, nazwa)");
 }
 
-void tst_KorComboRefresh::cleanupTestCase()
-{
-    m_database.reset();
-    QSqlDatabase::removeDatabase(QStringLiteral("lists"));
-}
-
 void tst_KorComboRefresh::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
     Locale::setSystemDefault(Locale::polish());
-    m_database = std::make_unique<SqlDatabase>(QSqlDatabase::database(QStringLiteral("lists")));
+    m_database = std::make_unique<SqlDatabase>(m_file.connection());
     m_stage = std::make_unique<Stage>();
     m_combo = m_stage->place(new KorCombo);
     m_combo->setdatabase(m_database.get());
@@ -111,7 +100,7 @@ void tst_KorComboRefresh::cleanup() { m_stage.reset(); }
 
 void tst_KorComboRefresh::run(const char *statement)
 {
-    QSqlQuery query(QSqlDatabase::database(QStringLiteral("lists")));
+    QSqlQuery query(m_file.connection());
     QVERIFY2(query.exec(QString::fromUtf8(statement)), qPrintable(query.lastError().text()));
 }
 
@@ -429,7 +418,7 @@ void tst_KorComboRefresh::nullStringAndCanBeNullTakeEffectAtTheNextRefresh()
 void tst_KorComboRefresh::closingTheConnectionUnderALiveControl()
 {
     load(QStringLiteral("SELECT id, nazwa FROM kraje"));
-    QSqlDatabase connection = QSqlDatabase::database(QStringLiteral("lists"));
+    QSqlDatabase connection = m_file.connection();
     connection.close();
     EventLog log(m_combo);
     m_combo->Refresh();
@@ -468,7 +457,7 @@ void tst_KorComboRefresh::databaseIsTakenByLateBinding()
     QVERIFY(QMetaObject::invokeMethod(control, "setdatabase", Q_ARG(QObject *, this))); // no database: ignored
     QCOMPARE(reloaded(), 3);
     m_combo->setdatabase(nullptr);
-    QVERIFY(QMetaObject::invokeMethod(control, "setdatabase", Q_ARG(QString, QStringLiteral("lists"))));
+    QVERIFY(QMetaObject::invokeMethod(control, "setdatabase", Q_ARG(QString, m_file.connection().connectionName())));
     QCOMPARE(reloaded(), 3);
     QVERIFY(QMetaObject::invokeMethod(control, "setdatabase", Q_ARG(QString, QStringLiteral("nie ma"))));
     QCOMPARE(reloaded(), 0);

@@ -1,19 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "lists/listsuite.h"
 #include "support/eventlog.h"
-#include "support/stage.h"
 
 #include <KorDaoUC/KorList>
-#include <KorDaoUC/Locale>
 #include <KorDaoUC/RunTimeError>
-#include <KorDaoUC/SqlDatabase>
 #include <KorDaoUC/Variant>
 
-#include <QtCore/QTemporaryDir>
-#include <QtSql/QSqlDatabase>
 #include <QtTest/QtTest>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QListView>
 #include <QtWidgets/QScrollBar>
 
 using namespace kor;
@@ -36,14 +30,12 @@ void doubleClick(QWidget *surface, const QPoint &place)
 } // namespace
 
 //! Entries, keys and mouse.
-class tst_KorList : public QObject
+class tst_KorList : public ListSuite<KorList>
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase();
 
     void trailingBarIsOptional();
     void anyOtherTextLoadsNothingAndStillRefreshes();
@@ -85,66 +77,12 @@ private Q_SLOTS:
     void manyEntriesAreReachedAtOnce();
 
 private:
-    void load(const QString &source, bool canBeNull = false);
-    [[nodiscard]] bool enter(const QString &source);
-    void press(int key, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        QTest::keyClick(m_box, static_cast<Qt::Key>(key), modifiers);
-    }
-    [[nodiscard]] QPoint middleOf(int row) const;
+    [[nodiscard]] QPoint middleOf(int row) const { return rect(row).center(); }
     [[nodiscard]] QStringList names() const;
-
-    QTemporaryDir m_folder;
-    std::unique_ptr<SqlDatabase> m_database;
-    std::unique_ptr<Stage> m_stage;
-    QPointer<KorList> m_list;
-    QPointer<QListView> m_box;
 };
 
-void tst_KorList::initTestCase()
-{
-    auto connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("lists"));
-    connection.setDatabaseName(m_folder.filePath(QStringLiteral("dane.sqlite")));
-    QVERIFY(connection.open());
-}
-
-void tst_KorList::cleanupTestCase()
-{
-    m_database.reset();
-    QSqlDatabase::removeDatabase(QStringLiteral("lists"));
-}
-
-void tst_KorList::init()
-{
-    failOnWarnings();
-    Locale::setSystemDefault(Locale::polish());
-    m_database = std::make_unique<SqlDatabase>(QSqlDatabase::database(QStringLiteral("lists")));
-    m_stage = std::make_unique<Stage>();
-    m_list = m_stage->place(new KorList, 160, 100);
-    m_list->setdatabase(m_database.get());
-    m_box = m_list->findChild<QListView *>(QStringLiteral("Lista"));
-}
-
-void tst_KorList::cleanup() { m_stage.reset(); }
-
-void tst_KorList::load(const QString &source, bool canBeNull)
-{
-    m_list->setSQL(source);
-    m_list->setCanBeNull(canBeNull);
-    m_list->Refresh();
-}
-
-bool tst_KorList::enter(const QString &source)
-{
-    load(source);
-    if (!m_stage->open())
-        return false;
-    m_list->setFocus();
-    settle();
-    return QApplication::focusWidget() == m_box;
-}
-
-QPoint tst_KorList::middleOf(int row) const { return m_box->visualRect(m_box->model()->index(row, 0)).center(); }
+void tst_KorList::init() { setUp(QStringLiteral("Lista")); }
+void tst_KorList::cleanup() { tearDown(); }
 
 QStringList tst_KorList::names() const
 {

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
+#include "support/runtimeerrors.h"
+#include "support/settings.h"
 #include "support/stage.h"
 
 #include <KorDaoUC/KorList>
@@ -20,14 +22,6 @@ using namespace kor::test;
 namespace {
 
 const QString abc = QStringLiteral("LIST a;Alfa|b;Beta|c;Celina");
-
-QString keysOf(const PropertyBag &bag)
-{
-    QStringList keys;
-    for (const auto &entry : bag.entries())
-        keys << entry.first;
-    return keys.join(QLatin1Char(' '));
-}
 
 } // namespace
 
@@ -112,8 +106,9 @@ void tst_KorListSettings::settingsAreWrittenInTheirOrder()
     m_list->setToolTipText(QStringLiteral("imię"));
     PropertyBag bag;
     m_list->writeProperties(bag);
-    QCOMPARE(keysOf(bag), QStringLiteral("BackColor ForeColor Enabled HelpText Font SQL Slownik CanBeNull NullString "
-                                         "BackColor Appearance BorderStyle BlockUpDown BlockClick ToolTipText"));
+    QCOMPARE(keysOf(bag).join(QLatin1Char(' ')),
+             QStringLiteral("BackColor ForeColor Enabled HelpText Font SQL Slownik CanBeNull NullString "
+                            "BackColor Appearance BorderStyle BlockUpDown BlockClick ToolTipText"));
     QCOMPARE(bag.ReadProperty(QStringLiteral("Appearance")), QVariant::fromValue(short(0)));
     QCOMPARE(bag.ReadProperty(QStringLiteral("BorderStyle")).typeId(), int(QMetaType::Short));
 
@@ -223,14 +218,6 @@ void tst_KorListSettings::tipsAreTheListsOwnOrACutName()
 
 void tst_KorListSettings::settingsOutOfRangeAreRefused()
 {
-    const auto errorOf = [](const auto &body) {
-        try {
-            body();
-        } catch (const RunTimeError &error) {
-            return error.number();
-        }
-        return 0;
-    };
     QCOMPARE(errorOf([this] { m_list->setBorderStyle(static_cast<BorderStyleType>(2)); }), 380);
     QCOMPARE(errorOf([this] { m_list->setAppearance(static_cast<AppearanceType>(-1)); }), 380);
     QCOMPARE(m_list->BorderStyle(), BorderStyleType::None);

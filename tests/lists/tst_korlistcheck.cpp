@@ -1,20 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "lists/listsuite.h"
 #include "support/eventlog.h"
-#include "support/stage.h"
+#include "support/runtimeerrors.h"
+#include "support/settings.h"
 
 #include <KorDaoUC/KorListCheck>
 #include <KorDaoUC/Locale>
 #include <KorDaoUC/PropertyBag>
 #include <KorDaoUC/RunTimeError>
-#include <KorDaoUC/SqlDatabase>
 #include <KorDaoUC/Variant>
 
-#include <QtCore/QTemporaryDir>
-#include <QtSql/QSqlDatabase>
 #include <QtTest/QtTest>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QListView>
 
 #include <limits>
 
@@ -24,25 +21,6 @@ using namespace kor::test;
 namespace {
 
 const QString abc = QStringLiteral("LIST a;Alfa|b;Beta|c;Celina");
-
-QString keysOf(const PropertyBag &bag)
-{
-    QStringList keys;
-    for (const auto &entry : bag.entries())
-        keys << entry.first;
-    return keys.join(QLatin1Char(' '));
-}
-
-template <class Body>
-int errorOf(Body &&body)
-{
-    try {
-        body();
-    } catch (const RunTimeError &error) {
-        return error.number();
-    }
-    return 0;
-}
 
 //! As the window system tells it: two presses, the second one as the double click, and both releases.
 void doubleClick(QWidget *surface, const QPoint &place)
@@ -57,14 +35,12 @@ void doubleClick(QWidget *surface, const QPoint &place)
 } // namespace
 
 //! What the check boxes add; everything else is the list's and tested there.
-class tst_KorListCheck : public QObject
+class tst_KorListCheck : public ListSuite<KorListCheck>
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase();
 
     void everyCheckedKeyIsFollowedByTheSeparator();
     void separatorOfTheForm();
@@ -114,62 +90,13 @@ private Q_SLOTS:
     void manyEntriesAreCheckedAtOnce();
 
 private:
-    void load(const QString &source, bool canBeNull = false);
-    [[nodiscard]] bool enter(const QString &source);
     [[nodiscard]] QPoint nameOf(int row) const { return rect(row).center(); }
     [[nodiscard]] QPoint boxOf(int row) const { return {rect(row).left() + 8, rect(row).center().y()}; }
-    [[nodiscard]] QRect rect(int row) const { return m_box->visualRect(m_box->model()->index(row, 0)); }
     void click(const QPoint &place) const { QTest::mouseClick(m_box->viewport(), Qt::LeftButton, {}, place); }
-
-    QTemporaryDir m_folder;
-    std::unique_ptr<SqlDatabase> m_database;
-    std::unique_ptr<Stage> m_stage;
-    QPointer<KorListCheck> m_list;
-    QPointer<QListView> m_box;
 };
 
-void tst_KorListCheck::initTestCase()
-{
-    auto connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("lists"));
-    connection.setDatabaseName(m_folder.filePath(QStringLiteral("dane.sqlite")));
-    QVERIFY(connection.open());
-}
-
-void tst_KorListCheck::cleanupTestCase()
-{
-    m_database.reset();
-    QSqlDatabase::removeDatabase(QStringLiteral("lists"));
-}
-
-void tst_KorListCheck::init()
-{
-    failOnWarnings();
-    Locale::setSystemDefault(Locale::polish());
-    m_database = std::make_unique<SqlDatabase>(QSqlDatabase::database(QStringLiteral("lists")));
-    m_stage = std::make_unique<Stage>();
-    m_list = m_stage->place(new KorListCheck, 160, 100);
-    m_list->setdatabase(m_database.get());
-    m_box = m_list->findChild<QListView *>(QStringLiteral("CheckList"));
-}
-
-void tst_KorListCheck::cleanup() { m_stage.reset(); }
-
-void tst_KorListCheck::load(const QString &source, bool canBeNull)
-{
-    m_list->setSQL(source);
-    m_list->setCanBeNull(canBeNull);
-    m_list->Refresh();
-}
-
-bool tst_KorListCheck::enter(const QString &source)
-{
-    load(source);
-    if (!m_stage->open())
-        return false;
-    m_list->setFocus();
-    settle();
-    return QApplication::focusWidget() == m_box;
-}
+void tst_KorListCheck::init() { setUp(QStringLiteral("CheckList")); }
+void tst_KorListCheck::cleanup() { tearDown(); }
 
 // --- sets
 
@@ -637,9 +564,10 @@ void tst_KorListCheck::settingsAreWrittenInTheirOrder()
     QCOMPARE(m_list->TextChecked(), QStringLiteral("Alfa,Beta,"));
     PropertyBag bag;
     m_list->writeProperties(bag);
-    QCOMPARE(keysOf(bag), QStringLiteral("BackColor ForeColor Enabled HelpText Font SQL Slownik CanBeNull NullString "
-                                         "BackColor Appearance BorderStyle BlockUpDown ToolTipText BlockClick "
-                                         "ValueChecked Separator TextChecked"));
+    QCOMPARE(keysOf(bag).join(QLatin1Char(' ')),
+             QStringLiteral("BackColor ForeColor Enabled HelpText Font SQL Slownik CanBeNull NullString "
+                            "BackColor Appearance BorderStyle BlockUpDown ToolTipText BlockClick "
+                            "ValueChecked Separator TextChecked"));
     QCOMPARE(bag.ReadProperty(QStringLiteral("ValueChecked")), QVariant(QStringLiteral(",a,b,"))); // as it was set
     QCOMPARE(bag.ReadProperty(QStringLiteral("TextChecked")), QVariant(QStringLiteral("Alfa,Beta,")));
     KorListCheck loaded;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
+#include "support/sqlitefile.h"
 #include "support/stage.h"
 
 #include <KorDaoUC/ControlRegistry>
@@ -10,8 +11,6 @@
 #include <KorDaoUC/SqlDatabase>
 #include <KorDaoUC/Variant>
 
-#include <QtCore/QTemporaryDir>
-#include <QtSql/QSqlDatabase>
 #include <QtTest/QtTest>
 
 #include <array>
@@ -32,10 +31,8 @@ class tst_ListEquality : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase();
 
     void keysAreFound_data();
     void keysAreFound();
@@ -51,29 +48,15 @@ private Q_SLOTS:
 private:
     [[nodiscard]] DictionaryControl *place(const QString &name);
 
-    QTemporaryDir m_folder;
-    std::unique_ptr<SqlDatabase> m_database;
+    SqliteFile m_file;
+    SqlDatabase m_database{m_file.connection()};
     std::unique_ptr<Stage> m_stage;
 };
-
-void tst_ListEquality::initTestCase()
-{
-    auto connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("lists"));
-    connection.setDatabaseName(m_folder.filePath(QStringLiteral("dane.sqlite")));
-    QVERIFY(connection.open());
-}
-
-void tst_ListEquality::cleanupTestCase()
-{
-    m_database.reset();
-    QSqlDatabase::removeDatabase(QStringLiteral("lists"));
-}
 
 void tst_ListEquality::init()
 {
     failOnWarnings();
     Locale::setSystemDefault(Locale::polish());
-    m_database = std::make_unique<SqlDatabase>(QSqlDatabase::database(QStringLiteral("lists")));
     m_stage = std::make_unique<Stage>();
 }
 
@@ -306,7 +289,7 @@ void tst_ListEquality::refresh()
     QFETCH(bool, canBeNull);
     for (const QString &name : controlNames) {
         DictionaryControl *control = place(name);
-        control->setdatabase(m_database.get());
+        control->setdatabase(&m_database);
         if (!before.isEmpty()) {
             control->setSQL(text("LIST a;A|b;B"));
             control->Refresh();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/deletion.h"
 #include "support/eventlog.h"
+#include "support/settings.h"
 #include "support/stage.h"
 
 #include <KorDaoUC/ErrorHandler>
@@ -402,14 +403,6 @@ void tst_KorNumberEvents::errorsOfHandlersAreRaisedAsTheErrorEvent()
 // --- settings
 
 namespace {
-
-QStringList keysOf(const PropertyBag &bag)
-{
-    QStringList keys;
-    for (const auto &[key, value] : bag.entries())
-        keys << key;
-    return keys;
-}
 
 void setEverything(KorNumber &number)
 {

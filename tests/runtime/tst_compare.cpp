@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "runtimeerrors.h"
+#include "support/runtimeerrors.h"
 
 #include <KorDaoUC/Compare>
 #include <KorDaoUC/Currency>

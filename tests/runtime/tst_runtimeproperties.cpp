@@ -3,7 +3,7 @@
 //
 // What must hold for every value, tried on many: the random numbers are the same in every run.
 
-#include "runtimeerrors.h"
+#include "support/runtimeerrors.h"
 
 #include <KorDaoUC/Compare>
 #include <KorDaoUC/Convert>

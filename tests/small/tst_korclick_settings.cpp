@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
+#include "support/settings.h"
 #include "support/stage.h"
 
 #include <KorDaoUC/KorClick>
@@ -14,14 +15,6 @@ using namespace kor;
 using namespace kor::test;
 
 namespace {
-
-QString keysOf(const PropertyBag &bag)
-{
-    QStringList keys;
-    for (const auto &[key, value] : bag.entries())
-        keys << key;
-    return keys.join(QLatin1Char(' '));
-}
 
 void setEverything(KorClick &click)
 {
@@ -82,7 +75,7 @@ void tst_KorClickSettings::settingsAreWrittenInTheirOrder()
     PropertyBag bag;
     click.writeProperties(bag);
     QCOMPARE(
-        keysOf(bag),
+        keysOf(bag).join(QLatin1Char(' ')),
         QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Appearance BlockUpDown Text SelLength SelText "
                        "SelStart LockedText Value MaxLength EnabledClick ToolButText"));
     for (const char *key : {"BorderStyle", "Appearance", "SelLength", "SelStart", "MaxLength"})

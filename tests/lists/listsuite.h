@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/sqlitefile.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/Locale>
+#include <KorDaoUC/SqlDatabase>
+
+#include <QtCore/QPointer>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QListView>
+
+#include <memory>
+
+namespace kor::test {
+
+//! What the suites of the lists begin each test with: one list on a window, and a database to fill it from.
+template <class List>
+class ListSuite : public QObject
+{
+protected:
+    void setUp(const QString &boxName)
+    {
+        failOnWarnings();
+        Locale::setSystemDefault(Locale::polish());
+        m_stage = std::make_unique<Stage>();
+        m_list = m_stage->place(new List, 160, 100);
+        m_list->setdatabase(&m_database);
+        m_box = m_list->template findChild<QListView *>(boxName);
+    }
+    void tearDown() { m_stage.reset(); }
+
+    void load(const QString &source, bool canBeNull = false)
+    {
+        m_list->setSQL(source);
+        m_list->setCanBeNull(canBeNull);
+        m_list->Refresh();
+    }
+    //! Loads the list, and gives it the keyboard.
+    [[nodiscard]] bool enter(const QString &source)
+    {
+        load(source);
+        if (!m_stage->open())
+            return false;
+        m_list->setFocus();
+        settle();
+        return QApplication::focusWidget() == m_box;
+    }
+    [[nodiscard]] QRect rect(int row) const { return m_box->visualRect(m_box->model()->index(row, 0)); }
+    void press(int key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::keyClick(m_box, static_cast<Qt::Key>(key), modifiers);
+    }
+
+    SqliteFile m_file;
+    SqlDatabase m_database{m_file.connection()};
+    std::unique_ptr<Stage> m_stage;
+    QPointer<List> m_list;
+    QPointer<QListView> m_box;
+};
+
+} // namespace kor::test
