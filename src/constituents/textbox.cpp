@@ -217,7 +217,7 @@ void TextBox::press(QKeyEvent *event)
     const int ownCode = keyCode(*event);
     const int ownShift = shiftState(*event);
     const auto command = clipboardCommand(*event);
-    const bool isDone = m_clipboard == Clipboard::WholeText && command != ClipboardCommand::None;
+    const bool isDone = command != ClipboardCommand::None;
     if (isDone)
         run(command);
     if (!self)
@@ -229,10 +229,6 @@ void TextBox::press(QKeyEvent *event)
         Q_EMIT KeyDown(code, shift);
     if (!self || isDone || (code == Key::None && ownCode != Key::None))
         return;
-    if (code == ownCode && command != ClipboardCommand::None) {
-        run(command);
-        return;
-    }
     if (code != ownCode) {
         actAs(code, shift);
         return;

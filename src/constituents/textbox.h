@@ -26,7 +26,7 @@ class TextBox final : public QLineEdit
 public:
     //! Who answers copy, cut and paste, by key, context menu, drop or the middle button.
     enum class Clipboard {
-        Selection, //!< as usual: on the selection, after KeyDown; paste is cut to MaxLength
+        Selection, //!< as usual: on the selection; paste is cut to MaxLength
         WholeText, //!< copy takes the selection; cut takes it and empties the field; paste replaces the whole text
     };
 
