@@ -282,64 +282,38 @@ void KorNumber::Private::controlLeft()
 // --- settings
 
 bool KorNumber::Locked() const { return d->box->Locked(); }
-
-void KorNumber::setLocked(bool locked)
-{
-    d->box->setLocked(locked);
-    propertyChanged("Locked");
-}
+void KorNumber::setLocked(bool locked) { delegate("Locked", d->box, &TextBox::setLocked, locked); }
 
 bool KorNumber::DataChanged() const { return d->dirty; }
 void KorNumber::setDataChanged(bool changed) { d->dirty = changed; }
 int KorNumber::hWnd() const { return mainWindowHandle(); }
 
 int KorNumber::MaxLength() const { return d->box->MaxLength(); }
-
-void KorNumber::setMaxLength(int length)
-{
-    d->box->setMaxLength(length);
-    propertyChanged("MaxLength");
-}
+void KorNumber::setMaxLength(int length) { delegate("MaxLength", d->box, &TextBox::setMaxLength, length); }
 
 int KorNumber::WhatsThisHelpID() const { return d->box->WhatsThisHelpID(); }
-
-void KorNumber::setWhatsThisHelpID(int id)
-{
-    d->box->setWhatsThisHelpID(id);
-    propertyChanged("WhatsThisHelpID");
-}
+void KorNumber::setWhatsThisHelpID(int id) { delegate("WhatsThisHelpID", d->box, &TextBox::setWhatsThisHelpID, id); }
 
 BorderStyleType KorNumber::BorderStyle() const { return d->box->BorderStyle(); }
-
 void KorNumber::setBorderStyle(BorderStyleType style)
 {
-    d->box->setBorderStyle(style);
-    propertyChanged("BorderStyle");
+    delegate("BorderStyle", d->box, &TextBox::setBorderStyle, style);
 }
 
 AlignmentType KorNumber::Alignment() const { return d->box->Alignment(); }
-
 void KorNumber::setAlignment(AlignmentType alignment)
 {
-    d->box->setAlignment(alignment);
-    propertyChanged("Alignment");
+    delegate("Alignment", d->box, &TextBox::setAlignment, alignment);
 }
 
 AppearanceType KorNumber::Appearance() const { return d->box->Appearance(); }
-
 void KorNumber::setAppearance(AppearanceType appearance)
 {
-    d->box->setAppearance(appearance);
-    propertyChanged("Appearance");
+    delegate("Appearance", d->box, &TextBox::setAppearance, appearance);
 }
 
 QString KorNumber::ToolTipText() const { return d->box->toolTip(); }
-
-void KorNumber::setToolTipText(const QString &text)
-{
-    d->box->setToolTip(text);
-    propertyChanged("ToolTipText");
-}
+void KorNumber::setToolTipText(const QString &text) { delegate("ToolTipText", d->box, &QWidget::setToolTip, text); }
 
 QString KorNumber::MaskPicture() const { return d->mask; }
 

@@ -9,6 +9,7 @@
 #include <KorDaoUC/variant.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace kor {
 
@@ -119,7 +120,10 @@ std::optional<double> numberGiven(const QVariant &given, const NumberSigns &sign
     case VariantType::Long:
     case VariantType::Single:
     case VariantType::Double:
-    case VariantType::Currency: return CDbl(value, signs.locale);
+    case VariantType::Currency: {
+        const double number = CDbl(value, signs.locale);
+        return std::isfinite(number) ? std::optional(number) : std::nullopt; // as a database's 0/0 is not
+    }
     default: break;
     }
     const QString text = toEditText(CStr(value, signs.locale), signs);

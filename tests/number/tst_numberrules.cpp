@@ -7,6 +7,8 @@
 
 #include <QtTest/QtTest>
 
+#include <cmath>
+
 using namespace kor;
 
 namespace {
@@ -394,6 +396,8 @@ void tst_NumberRules::given_data()
     QTest::newRow("empty text")         << QVariant(QString())                  << QVariant();
     QTest::newRow("letters")            << QVariant(QStringLiteral("abc"))      << QVariant();
     QTest::newRow("boolean is a word")  << QVariant(true)                       << QVariant();
+    QTest::newRow("not a number")       << QVariant(std::nan(""))               << QVariant();
+    QTest::newRow("infinite")           << QVariant(-HUGE_VAL)                  << QVariant();
     // clang-format on
 }
 
