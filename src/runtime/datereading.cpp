@@ -33,11 +33,30 @@ int indexOfWord(const QStringList &words, QStringView word)
     return -1;
 }
 
+//! What a locale writes behind the last field of its short date, as in "2024. 03. 05." or "5.03.24 \u0433.".
+QString tailOf(const QString &pattern)
+{
+    QString tail;
+    bool isQuoted = false;
+    for (const QChar c : pattern) {
+        if (c == u'\'')
+            isQuoted = !isQuoted;
+        else if (c.isLetter() && !isQuoted)
+            tail.clear();
+        else
+            tail += c;
+    }
+    return tail.trimmed();
+}
+
 //! Cuts a text into numbers, known words and separators.
 class Tokenizer
 {
 public:
-    Tokenizer(QStringView text, const Locale &locale) : m_text(text), m_locale(locale) {}
+    Tokenizer(QStringView text, const Locale &locale)
+        : m_text(text), m_locale(locale), m_tail(tailOf(locale.shortDatePattern))
+    {
+    }
 
     //! False when the text holds anything that no date has.
     bool run(Tokens &tokens)
@@ -48,6 +67,8 @@ public:
                 ++m_at;
                 continue;
             }
+            if (skipTail())
+                continue;
             if (tokens.size() == longestTokenRow || !takeToken(c, tokens))
                 return false;
         }
@@ -55,6 +76,16 @@ public:
     }
 
 private:
+    //! Goes on behind the end of a whole date in numbers.
+    bool skipTail()
+    {
+        if (m_tail.isEmpty() || m_numbers != 3 || !m_text.sliced(m_at).startsWith(m_tail))
+            return false;
+        m_at += m_tail.size();
+        m_tail.clear();
+        return true;
+    }
+
     bool takeToken(char16_t c, Tokens &tokens)
     {
         if (isDigit(c))
@@ -90,6 +121,7 @@ private:
             value = value * 10 + (m_text[m_at].unicode() - u'0');
         }
         tokens.append({Token::Kind::Number, value});
+        ++m_numbers;
         return true;
     }
 
@@ -132,7 +164,9 @@ private:
 
     QStringView m_text;
     const Locale &m_locale;
+    QString m_tail;
     qsizetype m_at = 0;
+    int m_numbers = 0;
 };
 
 enum Field { Day, Month, Year };

@@ -122,6 +122,9 @@ namespace {
 
 QChar firstCharacter(const QString &text, QChar otherwise) { return text.isEmpty() ? otherwise : text.front(); }
 
+//! Marks of writing direction mean nothing in a pattern, and nobody can type them.
+QString withoutMarks(QString pattern) { return pattern.remove(u'\u200e').remove(u'\u200f').remove(u'\u061c'); }
+
 //! The separator of a short date pattern: what follows its first field.
 QChar separatorOf(const QString &pattern)
 {
@@ -168,9 +171,8 @@ QString currencyPattern(const QString &amount)
     if (first >= amount.size())
         return QStringLiteral("n");
     QString pattern = amount.first(first) + u'n' + amount.sliced(last + 1);
-    // Marks of writing direction and no-break blanks mean nothing in a pattern of text that is set beside a number.
-    pattern.remove(u'\u200e').remove(u'\u200f').remove(u'\u061c').replace(u'\u00a0', u' ').replace(u'\u202f', u' ');
-    return pattern;
+    // No-break blanks mean nothing in a pattern of text that is set beside a number.
+    return withoutMarks(pattern.replace(u'\u00a0', u' ').replace(u'\u202f', u' '));
 }
 
 //! Every habit as the toolkit's locale tells it.
@@ -179,9 +181,9 @@ Locale told(const QLocale &locale)
     Locale result;
     result.decimalSeparator = firstCharacter(locale.decimalPoint(), u'.');
     result.groupSeparator = firstCharacter(locale.groupSeparator(), u',');
-    result.shortDatePattern = locale.dateFormat(QLocale::ShortFormat);
-    result.longDatePattern = locale.dateFormat(QLocale::LongFormat);
-    result.timePattern = classicTimePattern(locale.timeFormat(QLocale::LongFormat));
+    result.shortDatePattern = withoutMarks(locale.dateFormat(QLocale::ShortFormat));
+    result.longDatePattern = withoutMarks(locale.dateFormat(QLocale::LongFormat));
+    result.timePattern = withoutMarks(classicTimePattern(locale.timeFormat(QLocale::LongFormat)));
     result.dateSeparator = separatorOf(result.shortDatePattern);
     result.timeSeparator = separatorOf(result.timePattern);
     result.currencySymbol = locale.currencySymbol();

@@ -42,6 +42,8 @@ private Q_SLOTS:
     void cleanup();
     void texts_data();
     void texts();
+    void textsOfLocalesThatWriteSomethingBehindTheDate_data();
+    void textsOfLocalesThatWriteSomethingBehindTheDate();
     void serials_data();
     void serials();
     void dateValue();
@@ -138,6 +140,37 @@ void tst_Date::texts()
     QCOMPARE(read(text, Locale::english()), english);
     QCOMPARE(read(text, Locale::polish()), polish);
     QCOMPARE(read(text, ::polishIso()), polishIso);
+}
+
+void tst_Date::textsOfLocalesThatWriteSomethingBehindTheDate_data()
+{
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("date");
+    const auto row = [](const char *name, const char16_t *pattern, const char16_t *text, const char *date) {
+        QTest::newRow(name) << QString::fromUtf16(pattern) << QString::fromUtf16(text) << QString::fromLatin1(date);
+    };
+    // clang-format off
+    row("point behind the year",           u"d.M.yy.",         u"5.3.24.",            "2024-03-05");
+    row("point and blanks",                u"yyyy. MM. dd.",   u"2024. 03. 05.",      "2024-03-05");
+    row("a time behind the point",         u"yyyy. MM. dd.",   u"2024. 03. 05. 8:15", "2024-03-05 08:15:00");
+    row("without the point as well",       u"d.M.yy.",         u"5.3.24",             "2024-03-05");
+    row("not two of them",                 u"d.M.yy.",         u"5.3.24..",           "-");
+    row("not behind two numbers",          u"d.M.yy.",         u"5.3.",               "-");
+    row("not another separator",           u"d.M.yy.",         u"5.3.24/",            "-");
+    row("a word behind the year",          u"d.MM.yy '\u0433'.", u"5.03.24 \u0433.",   "2024-03-05");
+    row("the word alone",                  u"d.MM.yy '\u0433'.", u"\u0433.",           "-");
+    row("nothing behind the date",         u"d.M.yy",          u"5.3.24.",            "-");
+    // clang-format on
+}
+
+void tst_Date::textsOfLocalesThatWriteSomethingBehindTheDate()
+{
+    QFETCH(QString, pattern);
+    QFETCH(QString, text);
+    Locale locale = Locale::polish();
+    locale.shortDatePattern = pattern;
+    QTEST(read(text, locale), "date");
 }
 
 void tst_Date::serials_data()

@@ -71,6 +71,7 @@ void tst_Locale::othersAreAsTheToolkitTells_data()
     QTest::newRow("British")   << QStringLiteral("en_GB") << QStringLiteral("1,234.50")      << QStringLiteral("£1,234.50")         << QStringLiteral("06/01/1998");
     QTest::newRow("Swiss")     << QStringLiteral("de_CH") << QStringLiteral("1’234.50")      << QStringLiteral("1’234.50 CHF")      << QStringLiteral("06.01.98");
     QTest::newRow("Hungarian") << QStringLiteral("hu_HU") << QStringLiteral("1\u00a0234,50") << QStringLiteral("1\u00a0234,50 Ft")  << QStringLiteral("1998. 01. 06.");
+    QTest::newRow("Arabic")    << QStringLiteral("ar_AE") << QStringLiteral("1,234.50")      << QStringLiteral("\u062f.\u0625.1,234.50")   << QStringLiteral("6/1/1998");
     QTest::newRow("Japanese")  << QStringLiteral("ja_JP") << QStringLiteral("1,234.50")      << QStringLiteral("￥1,234.50")        << QStringLiteral("1998/01/06");
     // clang-format on
 }
@@ -112,6 +113,10 @@ void tst_Locale::everyLocaleReadsWhatItWrites()
         QVERIFY2(kor::CDbl(number, locale) == -1234567.25, name.constData());
         QVERIFY2(kor::CDbl(kor::CStr(0.1, locale), locale) == 0.1, name.constData());
         QVERIFY2(!kor::Format(QDate(1998, 1, 6), u"Long Date", locale).isEmpty(), name.constData());
+        const QString date = kor::Format(QDate(1998, 1, 6), u"Short Date", locale);
+        QVERIFY2(kor::IsDate(date, locale), qPrintable(date));
+        QCOMPARE(kor::DateValue(date, locale), QDate(1998, 1, 6));
+        QVERIFY2(kor::IsDate(date + QStringLiteral(" 17:08"), locale), qPrintable(date));
         QVERIFY2(locale.timePattern.contains(u'm'), name.constData());
     }
 }
