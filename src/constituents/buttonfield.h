@@ -9,7 +9,8 @@
 
 namespace kor {
 
-//! A text box and the button at its end, inside one border: what a click field and a multi-line field are made of.
+//! A text box and the button at its end, inside one border: what a date field, a click field and a
+//! multi-line field are made of.
 struct ButtonField {
     ButtonField(CommandButton::Sign sign, QWidget *control)
         : frame(new FieldFrame(control)), box(new TextBox(frame)), button(new CommandButton(sign, frame))

@@ -37,8 +37,8 @@ bool isHandedBack = false;
 
 } // namespace
 
-frmMonth::frmMonth(const Locale &locale, QWidget *owner)
-    : QFrame(owner, Qt::Popup | Qt::FramelessWindowHint), m_locale(locale), m_view(new MonthView(locale, this))
+frmMonth::frmMonth(const Locale &locale, QWidget *control)
+    : PopupForm(control), m_locale(locale), m_view(new MonthView(locale, this))
 {
     setObjectName(QStringLiteral("frmMonth"));
     setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
@@ -59,12 +59,14 @@ QObject *frmMonth::viewMonthObject() const { return m_view; }
 
 bool frmMonth::takeHandedBack() { return std::exchange(isHandedBack, false); }
 
-void frmMonth::showBeside(const QWidget *control)
+void frmMonth::showBesideControl()
 {
+    const QWidget *control = parentWidget();
     const QRect place(control->mapToGlobal(QPoint(0, 0)), control->size());
     const QScreen *screen = QGuiApplication::screenAt(place.center());
     if (!screen)
         screen = control->screen();
+    setLayoutDirection(control->layoutDirection()); // which windows don't take from where they come
     ensurePolished();
     adjustSize();
     move(placePopup(screen->availableGeometry(), place, size()));
@@ -72,12 +74,16 @@ void frmMonth::showBeside(const QWidget *control)
     m_view->setFocus(Qt::PopupFocusReason);
 }
 
+bool frmMonth::isFieldLocked() const
+{
+    const QVariant locked = m_field ? m_field->property("Locked") : QVariant();
+    return locked.typeId() == QMetaType::Bool && locked.value<bool>();
+}
+
 void frmMonth::writeDay()
 {
     // A field that has gone away, and one without the property, leave the calendar as it is.
-    if (!m_field || m_field->metaObject()->indexOfProperty("Text") < 0)
-        return;
-    if (const QVariant locked = m_field->property("Locked"); locked.typeId() == QMetaType::Bool && locked.value<bool>())
+    if (!m_field || m_field->metaObject()->indexOfProperty("Text") < 0 || isFieldLocked())
         return;
     if (const auto text = written(m_view->Value(), m_mask, m_locale))
         m_field->setProperty("Text", *text);
@@ -86,10 +92,12 @@ void frmMonth::writeDay()
 void frmMonth::handBack()
 {
     const QPointer<frmMonth> self = this;
-    writeDay();
-    isHandedBack = true;
+    if (!isFieldLocked()) { // a day that was only looked at is not handed back
+        writeDay();
+        isHandedBack = true;
+    }
     if (self)
-        hide();
+        dismiss();
 }
 
 void frmMonth::keyDown(int &code)
@@ -104,7 +112,7 @@ void frmMonth::keyDown(int &code)
     case Key::Tab:
     case Key::F4:
         code = Key::None;
-        hide();
+        dismiss();
         break;
     default: break;
     }
@@ -130,13 +138,7 @@ void frmMonth::mousePressEvent(QMouseEvent *event)
         return widget && widget->rect().contains(widget->mapFromGlobal(event->globalPosition().toPoint()));
     };
     setAttribute(Qt::WA_NoMouseReplay, hits(m_opener));
-    QFrame::mousePressEvent(event);
-}
-
-void frmMonth::hideEvent(QHideEvent *event)
-{
-    QFrame::hideEvent(event);
-    guarded(this, [&] { Q_EMIT Closed(); });
+    PopupForm::mousePressEvent(event);
 }
 
 } // namespace kor

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "constituents/popupform.h"
+
 #include <KorDaoUC/locale.h>
 
 #include <QtCore/QPointer>
-#include <QtWidgets/QFrame>
 
 namespace kor {
 
@@ -15,7 +16,7 @@ class MonthView;
 //!
 //! Moving through the calendar writes each day; Enter, Space and a double click write it and close; Escape, Tab and F4
 //! close and write nothing more. A field whose "Locked" is True is never written to.
-class frmMonth final : public QFrame // NOLINT(readability-identifier-naming): the name by which hosts find it
+class frmMonth final : public PopupForm // NOLINT(readability-identifier-naming): the name by which hosts find it
 {
     Q_OBJECT
     Q_PROPERTY(QObject *ParentControl READ ParentControl WRITE setParentControl DESIGNABLE false STORED false)
@@ -23,7 +24,7 @@ class frmMonth final : public QFrame // NOLINT(readability-identifier-naming): t
     Q_PROPERTY(QObject *viewMonth READ viewMonthObject DESIGNABLE false STORED false)
 
 public:
-    frmMonth(const Locale &locale, QWidget *owner);
+    frmMonth(const Locale &locale, QWidget *control);
 
     //! The field that receives the day, through its property "Text".
     [[nodiscard]] QObject *ParentControl() const { return m_field; }
@@ -36,23 +37,19 @@ public:
 
     //! The button that opens the window. A click on it while the window is open only closes it.
     void setOpener(QWidget *button) { m_opener = button; }
-    //! Shows the window beside the control, wholly on its screen.
-    void showBeside(const QWidget *control);
+    //! Shows the window beside its control, wholly on the control's screen.
+    void showBesideControl();
 
     //! Whether any calendar has handed a day back by a deliberate choice since the last call: one flag for the whole
     //! library, cleared by asking.
     [[nodiscard]] static bool takeHandedBack();
 
-Q_SIGNALS:
-    //! The window has been closed, by the user or the program.
-    void Closed();
-
 protected:
     void mousePressEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void hideEvent(QHideEvent *event) override;
 
 private:
+    [[nodiscard]] bool isFieldLocked() const;
     void writeDay();
     void handBack();
     void keyDown(int &code);

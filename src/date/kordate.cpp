@@ -1,12 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "constituents/commandbutton.h"
-#include "constituents/fieldframe.h"
-#include "constituents/fieldlayout.h"
+#include "constituents/buttonfield.h"
 #include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
 #include "constituents/monthview.h"
-#include "constituents/textbox.h"
 #include "date/accessibledate.h"
 #include "date/daterules.h"
 #include "date/frmmonth.h"
@@ -32,13 +29,7 @@ using namespace kor;
 class KorDate::Private final : public FocusClient
 {
 public:
-    explicit Private(KorDate *control)
-        : q(control),
-          frame(new FieldFrame(control)),
-          box(new TextBox(frame)),
-          button(new CommandButton(CommandButton::Sign::Arrow, frame))
-    {
-    }
+    explicit Private(KorDate *control) : q(control), field(CommandButton::Sign::Arrow, control) {}
 
     void keyDown(int &code, int &shift);
     void keyPress(int &ascii);
@@ -61,9 +52,9 @@ public:
     [[nodiscard]] QString written(const QVariant &date) const { return Format(date, mask, locale); }
 
     KorDate *q;
-    FieldFrame *frame;
-    TextBox *box;
-    CommandButton *button;
+    const ButtonField field;
+    TextBox *const box = field.box;
+    CommandButton *const button = field.button;
     QPointer<frmMonth> month; //!< made at the first opening, then reused
     const Locale &locale = Locale::systemDefault();
     QString mask;
@@ -105,11 +96,8 @@ const SettingsTable<KorDate> KorDate::Private::settings = {
 
 KorDate::KorDate(QWidget *parent) : UserControl(parent), d(std::make_unique<Private>(this))
 {
-    d->frame->setObjectName(QStringLiteral("picBack"));
-    d->frame->setField(d->box);
     d->box->setObjectName(QStringLiteral("txtDate"));
     d->box->setClipboard(TextBox::Clipboard::WholeText);
-    d->box->setBorderStyle(BorderStyleType::None); // the border is drawn around box and button together
     d->box->installEventFilter(this);
     d->button->setObjectName(QStringLiteral("cmdDate"));
     d->button->setFocusPolicy(Qt::NoFocus); // a click on it brings the focus to the box
@@ -300,7 +288,7 @@ void KorDate::Private::openCalendar()
     if (!q->UserMode() || !button->isEnabled())
         return;
     if (month && month->isVisible()) {
-        month->hide();
+        month->dismiss();
         return;
     }
     if (!month) {
@@ -311,7 +299,7 @@ void KorDate::Private::openCalendar()
     }
     month->setDateMask(mask);
     month->viewMonth()->setValue(calendarStart(box->text(), rules()));
-    month->showBeside(q);
+    month->showBesideControl();
     Q_EMIT q->Click();
 }
 
@@ -327,7 +315,7 @@ void KorDate::Private::calendarClosed()
 bool KorDate::eventFilter(QObject *watched, QEvent *event)
 {
     if (d->month && d->month->isVisible() && d->bringsUserBack(*event))
-        d->month->hide();
+        d->month->dismiss();
     return UserControl::eventFilter(watched, event);
 }
 
@@ -349,13 +337,6 @@ void KorDate::showEvent(QShowEvent *event)
         d->value = Clock::today(); // Kept: the text is not written anew here
         d->dirty = true;
     }
-}
-
-void KorDate::hideEvent(QHideEvent *event)
-{
-    UserControl::hideEvent(event);
-    if (d->month)
-        d->month->hide();
 }
 
 // --- focus
@@ -413,11 +394,11 @@ void KorDate::Private::controlLeft()
 
 // --- settings
 
-BorderStyleType KorDate::BorderStyle() const { return d->frame->BorderStyle(); }
+BorderStyleType KorDate::BorderStyle() const { return d->field.frame->BorderStyle(); }
 
 void KorDate::setBorderStyle(BorderStyleType style)
 {
-    d->frame->setBorderStyle(style);
+    d->field.frame->setBorderStyle(style);
     d->box->setBorderStyle(BorderStyleType::None);
     const QPointer<KorDate> self = this;
     propertyChanged("BorderStyle");
@@ -465,7 +446,7 @@ AppearanceType KorDate::Appearance() const { return d->box->Appearance(); }
 void KorDate::setAppearance(AppearanceType appearance)
 {
     d->box->setAppearance(appearance);
-    d->frame->setAppearance(appearance);
+    d->field.frame->setAppearance(appearance);
     const QPointer<KorDate> self = this;
     propertyChanged("Appearance");
     if (self)
@@ -498,23 +479,6 @@ void KorDate::setToolTipText(const QString &text)
 
 // --- layout
 
-void KorDate::layoutConstituents()
-{
-    d->frame->setGeometry(rect());
-    const QRect inside = d->frame->inside();
-    const auto place = layoutField(inside, d->button->widthBeside(inside.height()), layoutDirection());
-    d->box->setGeometry(place.field);
-    d->button->setGeometry(place.end);
-}
-
-QSize KorDate::sizeHint() const
-{
-    const int border = 2 * d->frame->borderWidth();
-    return d->box->sizeHint() + QSize(d->button->sizeHint().width() + border, border);
-}
-
-QSize KorDate::minimumSizeHint() const
-{
-    const int border = 2 * d->frame->borderWidth();
-    return d->box->minimumSizeHint() + QSize(d->button->sizeHint().width() + border, border);
-}
+void KorDate::layoutConstituents() { d->field.layout(*this); }
+QSize KorDate::sizeHint() const { return d->field.sizeHint(); }
+QSize KorDate::minimumSizeHint() const { return d->field.minimumSizeHint(); }

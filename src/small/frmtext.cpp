@@ -2,14 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "small/frmtext.h"
 
-#include "constituents/errorguard.h"
 #include "constituents/keycodes.h"
 #include "constituents/multilinetextbox.h"
 #include "constituents/twips.h"
 #include "small/multitextrules.h"
 
 #include <QtGui/QFocusEvent>
-#include <QtGui/QMouseEvent>
 
 #include <algorithm>
 
@@ -26,7 +24,7 @@ bool isMove(const QFocusEvent &event)
 } // namespace
 
 frmText::frmText(QWidget *control, QWidget *field)
-    : QWidget(control, Qt::Popup), m_field(field), m_text(new MultiLineTextBox(this))
+    : PopupForm(control), m_field(field), m_text(new MultiLineTextBox(this))
 {
     setObjectName(QStringLiteral("frmText"));
     setAccessibleName(QStringLiteral("Edytor tekstu"));
@@ -34,7 +32,6 @@ frmText::frmText(QWidget *control, QWidget *field)
     setFocusProxy(m_text);
     setAttribute(Qt::WA_NoMouseReplay); // the click that closes the form does not open it again
     connect(m_text, &MultiLineTextBox::KeyDown, this, &frmText::keyDown);
-    control->installEventFilter(this);
     field->installEventFilter(this);
 }
 
@@ -59,66 +56,12 @@ void frmText::keyDown(int &code, int &shift)
         dismiss();
 }
 
-void frmText::dismiss()
-{
-    const QPointer<frmText> self = this;
-    m_isClosing = true;
-    hide();
-    if (!self)
-        return;
-    m_isClosing = false;
-    Q_EMIT Closed();
-}
-
-void frmText::dismissSoon()
-{
-    // Not in the middle of the toolkit's own work, which a host's handler could pull the ground from under.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            guarded(this, [this] {
-                if (isVisible())
-                    dismiss();
-            });
-        },
-        Qt::QueuedConnection);
-}
-
-// --- what the program does meanwhile
-
 bool frmText::eventFilter(QObject *watched, QEvent *event)
 {
-    const bool isControlHidden = event->type() == QEvent::Hide && watched == parent();
-    const bool isFieldEntered = event->type() == QEvent::FocusIn && watched == m_field;
-    if (isVisible() && (isControlHidden || (isFieldEntered && isMove(*static_cast<QFocusEvent *>(event)))))
+    const bool isFieldEntered = watched == m_field && event->type() == QEvent::FocusIn;
+    if (isFieldEntered && isVisible() && isMove(*static_cast<QFocusEvent *>(event)))
         dismissSoon();
-    return QWidget::eventFilter(watched, event);
-}
-
-void frmText::changeEvent(QEvent *event)
-{
-    QWidget::changeEvent(event);
-    // Disabled with its control, it would hold keyboard and mouse and take no key or click that could close it.
-    if (event->type() == QEvent::EnabledChange && !isEnabled() && isVisible())
-        dismissSoon();
-}
-
-// --- what the user does
-
-void frmText::mousePressEvent(QMouseEvent *event)
-{
-    event->accept();
-    if (!rect().contains(event->position().toPoint()))
-        guarded(this, [this] { dismiss(); });
-}
-
-void frmText::hideEvent(QHideEvent *event)
-{
-    QWidget::hideEvent(event);
-    if (m_isClosing || event->spontaneous())
-        return;
-    QMetaObject::invokeMethod(
-        this, [this] { guarded(this, [this] { Q_EMIT Closed(); }); }, Qt::QueuedConnection);
+    return PopupForm::eventFilter(watched, event);
 }
 
 } // namespace kor

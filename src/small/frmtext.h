@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "constituents/popupform.h"
+
 #include <QtCore/QPointer>
-#include <QtWidgets/QWidget>
 
 namespace kor {
 
@@ -12,7 +13,7 @@ class MultiLineTextBox;
 //! The pop-up form in which a multi-line text is edited.
 //!
 //! Its control sets the three properties, loads it once, and then only shows and hides it.
-class frmText final : public QWidget
+class frmText final : public PopupForm
 {
     Q_OBJECT
     //! The width and the height of the form, in twips.
@@ -31,30 +32,19 @@ public:
 
     //! Takes its size from the properties.
     void load();
-    //! Hides the form and says so.
-    void dismiss();
-
-Q_SIGNALS:
-    //! The user has closed the form, or the window system has.
-    void Closed();
 
 protected:
-    void mousePressEvent(QMouseEvent *event) override;
-    void hideEvent(QHideEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
-    void changeEvent(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void keyDown(int &code, int &shift);
-    void dismissSoon();
 
     float m_parentWidth = 0;
     float m_windowHeight = 0;
     QPointer<QObject> m_control;
     QPointer<QWidget> m_field;
     MultiLineTextBox *m_text;
-    bool m_isClosing = false;
 };
 
 } // namespace kor

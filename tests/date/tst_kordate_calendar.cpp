@@ -9,13 +9,10 @@
 #include <KorDaoUC/UserControl>
 #include <KorDaoUC/Variant>
 
-#include <QtGui/QAccessible>
-#include <QtGui/QScreen>
 #include <QtTest/QtTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCalendarWidget>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QTableView>
 #include <QtWidgets/QToolButton>
@@ -29,7 +26,7 @@ namespace {
 const QDate today(2024, 3, 5);
 }
 
-//! The month calendar of a date field: opening, picking, closing, its place on the screen.
+//! The month calendar of a date field: opening, picking, closing.
 class tst_KorDateCalendar : public QObject
 {
     Q_OBJECT
@@ -70,22 +67,8 @@ private Q_SLOTS:
     void clickWritesTheDayAndStaysOpen();
     void pagingByMouseSelectsNothing();
     void aLockedFieldIsNotWrittenTo();
+    void aChoiceCountsForTheNextFieldThatIsLeft();
     void keysSentToTheWindowReachTheCalendar();
-    void focusInTheBoxClosesTheCalendar();
-    void hidingTheFieldClosesTheCalendar();
-    void deletingTheFieldUnloadsTheCalendar();
-    void aFieldThatIsGoneLeavesTheCalendarAsItIs();
-
-    // looks
-    void namesAndWeeksFollowTheLocale_data();
-    void namesAndWeeksFollowTheLocale();
-    void todayIsMarked();
-    void daysAreReadableInEveryTheme_data();
-    void daysAreReadableInEveryTheme();
-    void opensWhollyOnTheScreen_data();
-    void opensWhollyOnTheScreen();
-    void isNamedForScreenReaders();
-    void screenReadersGetNameValueAndState();
 
 private:
     std::unique_ptr<Stage> m_owner;
@@ -549,7 +532,11 @@ void tst_KorDateCalendar::pagingByMouseSelectsNothing()
 void tst_KorDateCalendar::aLockedFieldIsNotWrittenTo()
 {
     QVERIFY(enter(QDate(2004, 2, 15)));
+    press(Qt::Key_Tab); // a choice of the test before counts no longer
+    settle();
     m_date->setLocked(true);
+    m_date->setFocus();
+    settle();
     EventLog log(m_date);
     press(Qt::Key_F4);
     QVERIFY(isOpen());
@@ -558,6 +545,26 @@ void tst_KorDateCalendar::aLockedFieldIsNotWrittenTo()
     QVERIFY(!isOpen());
     QCOMPARE(m_box->text(), QStringLiteral("15.02.2004"));
     QCOMPARE(log.take(), QStringLiteral("Click KeyDown(115,0)"));
+    press(Qt::Key_Tab);
+    settle();
+    QVERIFY(!m_date->DataChanged()); // nothing was handed back
+}
+
+void tst_KorDateCalendar::aChoiceCountsForTheNextFieldThatIsLeft()
+{
+    auto *second = m_stage->place(new KorDate);
+    QVERIFY(enter(QDate(1999, 3, 15)));
+    press(Qt::Key_F4);
+    press(Qt::Key_Return);
+    delete m_date; // before it is left
+    second->setDataChanged(false);
+    for (const bool isMarked : {true, false}) {
+        second->setFocus();
+        settle();
+        press(Qt::Key_Tab);
+        settle();
+        QCOMPARE(second->DataChanged(), isMarked);
+    }
 }
 
 void tst_KorDateCalendar::keysSentToTheWindowReachTheCalendar()
@@ -572,209 +579,6 @@ void tst_KorDateCalendar::keysSentToTheWindowReachTheCalendar()
     QVERIFY(isOpen());
     QTest::keyPress(view(), Qt::Key_Escape);
     QVERIFY(!isOpen());
-}
-
-void tst_KorDateCalendar::focusInTheBoxClosesTheCalendar()
-{
-    QVERIFY(enter());
-    press(Qt::Key_F4);
-    m_box->setFocus();
-    QVERIFY(!isOpen());
-    press(Qt::Key_F4);
-    QTest::mouseClick(m_box, Qt::LeftButton);
-    QVERIFY(!isOpen());
-}
-
-void tst_KorDateCalendar::hidingTheFieldClosesTheCalendar()
-{
-    QVERIFY(enter());
-    press(Qt::Key_F4);
-    m_date->hide();
-    QVERIFY(!isOpen());
-}
-
-void tst_KorDateCalendar::deletingTheFieldUnloadsTheCalendar()
-{
-    QVERIFY(enter());
-    press(Qt::Key_F4);
-    const QPointer<QWidget> window = month();
-    delete m_date;
-    QVERIFY(!window);
-    settle();
-}
-
-void tst_KorDateCalendar::aFieldThatIsGoneLeavesTheCalendarAsItIs()
-{
-    QVERIFY(enter(QDate(2004, 2, 15)));
-    press(Qt::Key_F4);
-    QObject stranger; // has no "Text"
-    month()->setProperty("ParentControl", QVariant::fromValue<QObject *>(&stranger));
-    press(Qt::Key_Right);
-    QVERIFY(isOpen());
-    month()->setProperty("ParentControl", QVariant::fromValue<QObject *>(nullptr));
-    press(Qt::Key_Right);
-    QCOMPARE(view()->selectedDate(), QDate(2004, 2, 17));
-    QCOMPARE(m_box->text(), QStringLiteral("15.02.2004"));
-}
-
-// --- looks
-
-void tst_KorDateCalendar::namesAndWeeksFollowTheLocale_data()
-{
-    QTest::addColumn<Locale>("locale");
-    QTest::addColumn<QString>("month");
-    QTest::addColumn<int>("firstDay");
-    QTest::newRow("Polish") << Locale::polish() << QStringLiteral("luty") << int(Qt::Monday);
-    QTest::newRow("English") << Locale::english() << QStringLiteral("February") << int(Qt::Sunday);
-    QTest::newRow("German") << Locale::german() << QStringLiteral("Februar") << int(Qt::Monday);
-}
-
-void tst_KorDateCalendar::namesAndWeeksFollowTheLocale()
-{
-    QFETCH(Locale, locale);
-    QFETCH(int, firstDay);
-    delete m_date;
-    Locale::setSystemDefault(locale);
-    m_date = m_stage->place(new KorDate);
-    m_box = m_date->findChild<QLineEdit *>(QStringLiteral("txtDate"));
-    QVERIFY(enter(QDate(2004, 2, 15)));
-    press(Qt::Key_F4);
-    QTEST(view()->findChild<QToolButton *>(QStringLiteral("qt_calendar_monthbutton"))->text(), "month");
-    QCOMPARE(int(view()->firstDayOfWeek()), firstDay);
-    QCOMPARE(view()->verticalHeaderFormat(), QCalendarWidget::ISOWeekNumbers);
-}
-
-void tst_KorDateCalendar::todayIsMarked()
-{
-    QVERIFY(enter(QDate(2024, 3, 20)));
-    press(Qt::Key_F4);
-    const auto picture = [this] { return days()->grab().toImage(); };
-    const QImage marked = picture();
-    Clock::setSource([] { return QDate(2024, 3, 12); });
-    days()->update();
-    const QImage movedOn = picture();
-    QVERIFY(marked != movedOn);
-    const auto cell = [this](const QImage &image, QDate day) {
-        QRect around(0, 0, 12, 12);
-        around.moveCenter(placeOf(day));
-        return image.copy(around.adjusted(-8, -4, 8, 4));
-    };
-    QCOMPARE(cell(marked, QDate(2024, 3, 27)), cell(movedOn, QDate(2024, 3, 27)));
-}
-
-void tst_KorDateCalendar::daysAreReadableInEveryTheme_data()
-{
-    QTest::addColumn<QColor>("paper");
-    QTest::addColumn<QColor>("ink");
-    QTest::newRow("light") << QColor(Qt::white) << QColor(Qt::black);
-    QTest::newRow("dark") << QColor(35, 35, 35) << QColor(240, 240, 240);
-}
-
-void tst_KorDateCalendar::daysAreReadableInEveryTheme()
-{
-    QFETCH(QColor, paper);
-    QFETCH(QColor, ink);
-    const QPalette before = QApplication::palette();
-    QPalette theme = before;
-    theme.setColor(QPalette::Base, paper);
-    theme.setColor(QPalette::Text, ink);
-    QApplication::setPalette(theme);
-    QVERIFY(enter());
-    press(Qt::Key_F4);
-    const auto luminance = [](const QColor &color) {
-        const auto channel = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-        return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF()) + 0.0722 * channel(color.blueF());
-    };
-    const auto contrast = [&](const QColor &one, const QColor &other) {
-        const auto [low, high] = std::minmax({luminance(one), luminance(other)});
-        return (high + 0.05) / (low + 0.05);
-    };
-    for (const auto day : {Qt::Saturday, Qt::Sunday}) {
-        const QColor shown = view()->weekdayTextFormat(day).foreground().color();
-        QVERIFY2(contrast(shown, paper) >= 4.5, qPrintable(shown.name()));
-    }
-    press(Qt::Key_Escape);
-    QApplication::setPalette(before);
-}
-
-void tst_KorDateCalendar::opensWhollyOnTheScreen_data()
-{
-    QTest::addColumn<QPoint>("where"); // -1, 0, 1: at the left, in the middle, at the right
-    QTest::addColumn<bool>("isBelow");
-    // clang-format off
-    QTest::newRow("middle")       << QPoint(0, 0)   << true;
-    QTest::newRow("upper left")   << QPoint(-1, -1) << true;
-    QTest::newRow("top")          << QPoint(0, -1)  << true;
-    QTest::newRow("upper right")  << QPoint(1, -1)  << true;
-    QTest::newRow("left")         << QPoint(-1, 0)  << true;
-    QTest::newRow("right")        << QPoint(1, 0)   << true;
-    QTest::newRow("lower left")   << QPoint(-1, 1)  << false;
-    QTest::newRow("bottom")       << QPoint(0, 1)   << false;
-    QTest::newRow("lower right")  << QPoint(1, 1)   << false;
-    // clang-format on
-}
-
-void tst_KorDateCalendar::opensWhollyOnTheScreen()
-{
-    QFETCH(QPoint, where);
-    QFETCH(bool, isBelow);
-    m_stage->setWindowFlag(Qt::FramelessWindowHint);
-    m_stage->setFixedSize(180, 70);
-    QVERIFY(m_stage->open());
-    const QRect screen = m_stage->screen()->availableGeometry();
-    const QSize room = screen.size() - m_stage->size();
-    m_stage->move(screen.x() + room.width() * (where.x() + 1) / 2,
-                  screen.y() + room.height() * (where.y() + 1) / 2 - (where.y() == 0 ? 160 : 0));
-    QTRY_VERIFY(screen.contains(m_stage->frameGeometry()));
-    QTest::qWait(20);
-    QVERIFY(enter());
-    press(Qt::Key_F4);
-    QVERIFY(QTest::qWaitForWindowExposed(month()));
-    const QRect calendar = month()->frameGeometry();
-    const QRect control(m_date->mapToGlobal(QPoint(0, 0)), m_date->size());
-    QVERIFY2(screen.contains(calendar), qPrintable(QStringLiteral("%1,%2").arg(calendar.x()).arg(calendar.y())));
-    QCOMPARE(isBelow ? calendar.top() : calendar.bottom(), isBelow ? control.bottom() + 1 : control.top() - 1);
-    if (control.left() + calendar.width() <= screen.right())
-        QCOMPARE(calendar.left(), control.left());
-    else
-        QCOMPARE(calendar.right(), screen.right());
-}
-
-void tst_KorDateCalendar::isNamedForScreenReaders()
-{
-    QVERIFY(enter(QDate(2004, 2, 15)));
-    press(Qt::Key_F4);
-    QCOMPARE(view()->accessibleName(), QStringLiteral("Kalendarz"));
-    QCOMPARE(view()->accessibleDescription(), QStringLiteral("15 lutego 2004"));
-    QCOMPARE(m_button->accessibleName(), QStringLiteral("Kalendarz"));
-    press(Qt::Key_Right);
-    QCOMPARE(view()->accessibleDescription(), QStringLiteral("16 lutego 2004"));
-}
-
-void tst_KorDateCalendar::screenReadersGetNameValueAndState()
-{
-    auto *label = new QLabel(QStringLiteral("&Data dostawy"), m_stage);
-    label->setBuddy(m_date);
-    m_date->setToolTipText(QStringLiteral("Dzień, w którym towar jest u klienta"));
-    QVERIFY(enter(QDate(2004, 2, 15)));
-    const QAccessibleInterface *field = QAccessible::queryAccessibleInterface(m_date);
-    QVERIFY(field);
-    QCOMPARE(field->role(), QAccessible::ComboBox);
-    QCOMPARE(field->text(QAccessible::Name), QStringLiteral("Data dostawy"));
-    QCOMPARE(field->text(QAccessible::Value), QStringLiteral("15.02.2004"));
-    QCOMPARE(field->text(QAccessible::Description), QStringLiteral("Dzień, w którym towar jest u klienta"));
-    QVERIFY(field->state().hasPopup && field->state().collapsed && field->state().editable);
-    press(Qt::Key_F4);
-    QVERIFY(field->state().expanded && !field->state().collapsed);
-    press(Qt::Key_Escape);
-    m_date->setLocked(true);
-    m_date->setEnabledClick(false);
-    QVERIFY(field->state().readOnly && !field->state().hasPopup);
-
-    const QAccessibleInterface *box = QAccessible::queryAccessibleInterface(m_box);
-    QCOMPARE(box->role(), QAccessible::EditableText);
-    QCOMPARE(box->text(QAccessible::Name), QStringLiteral("Data dostawy"));
-    QCOMPARE(box->text(QAccessible::Value), QStringLiteral("15.02.2004"));
 }
 
 QTEST_MAIN(tst_KorDateCalendar)

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/popupform.h"
+
+#include "constituents/errorguard.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QMouseEvent>
+
+namespace kor {
+
+PopupForm::PopupForm(QWidget *control) : QFrame(control, Qt::Popup | Qt::FramelessWindowHint)
+{
+    control->installEventFilter(this);
+}
+
+void PopupForm::dismiss()
+{
+    const QPointer<PopupForm> self = this;
+    m_isClosing = true;
+    hide();
+    if (!self)
+        return;
+    m_isClosing = false;
+    Q_EMIT Closed();
+}
+
+void PopupForm::dismissSoon()
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            guarded(this, [this] {
+                if (isVisible())
+                    dismiss();
+            });
+        },
+        Qt::QueuedConnection);
+}
+
+// --- what the program does meanwhile
+
+bool PopupForm::eventFilter(QObject *watched, QEvent *event)
+{
+    if (isVisible() && watched == parent() && event->type() == QEvent::Hide)
+        dismissSoon();
+    return QFrame::eventFilter(watched, event);
+}
+
+void PopupForm::changeEvent(QEvent *event)
+{
+    QFrame::changeEvent(event);
+    // Disabled with its control, it would hold keyboard and mouse and take no key or click that could close it.
+    if (event->type() == QEvent::EnabledChange && !isEnabled() && isVisible())
+        dismissSoon();
+}
+
+// --- what the user does
+
+void PopupForm::mousePressEvent(QMouseEvent *event)
+{
+    event->accept();
+    if (!rect().contains(event->position().toPoint()))
+        guarded(this, [this] { dismiss(); });
+}
+
+void PopupForm::hideEvent(QHideEvent *event)
+{
+    QFrame::hideEvent(event);
+    if (m_isClosing || event->spontaneous())
+        return;
+    QMetaObject::invokeMethod(
+        this, [this] { guarded(this, [this] { Q_EMIT Closed(); }); }, Qt::QueuedConnection);
+}
+
+} // namespace kor
