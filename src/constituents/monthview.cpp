@@ -13,6 +13,7 @@
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QIcon>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>
 #include <QtGui/QTextCharFormat>
@@ -77,23 +78,17 @@ MonthView::MonthView(const Locale &locale, QWidget *parent) : QCalendarWidget(pa
     setVerticalHeaderFormat(QCalendarWidget::ISOWeekNumbers);
     setDateEditEnabled(false); // digits are not dates here
     setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
-    auto *days = findChild<QTableView *>();
-    m_days = days;
-    m_canvas = days->viewport();
-    m_days->installEventFilter(this);
-    m_canvas->installEventFilter(this);
+    m_days = findChild<QTableView *>();
+    m_canvas = m_days->viewport();
+    m_year = findChild<QSpinBox *>();
+    for (QWidget *part : {static_cast<QWidget *>(m_days), m_canvas, m_year})
+        part->installEventFilter(this);
     plainBar();
     colorDays();
     connect(this, &QCalendarWidget::selectionChanged, this, [this] {
         setAccessibleDescription(Format(selectedDate(), QStringLiteral("Long Date"), m_locale));
         m_isValueChangePending = true;
         m_isSelChangePending = m_origin == Origin::User;
-        if (m_selectingDepth == 0)
-            raisePending();
-    });
-    // Enter, which the toolkit takes for a double click, never gets that far.
-    connect(this, &QCalendarWidget::activated, this, [this] {
-        m_isDblClickPending = true;
         if (m_selectingDepth == 0)
             raisePending();
     });
@@ -153,24 +148,49 @@ bool MonthView::eventFilter(QObject *watched, QEvent *event)
     case QEvent::MouseMove:
         if (watched != m_canvas)
             break;
-        guarded(this, [&] { selecting([&] { QCoreApplication::sendEvent(watched, event); }); });
+        guarded(this, [&] {
+            selecting([&] {
+                QCoreApplication::sendEvent(watched, event);
+                m_isDblClickPending = event->type() == QEvent::MouseButtonDblClick &&
+                                      isOnSelectedDay(static_cast<const QMouseEvent &>(*event));
+            });
+        });
         return true;
+    case QEvent::Hide:
+        if (watched == m_year)
+            takeKeyboardFromYear();
+        break;
     default: break;
     }
     return QCalendarWidget::eventFilter(watched, event);
 }
 
-bool MonthView::isYearBeingTyped() const
+//! The toolkit leaves the keyboard with the year that has been typed, where nobody sees it. The key that ended the
+//! typing has to be through first: it is not meant for the days.
+void MonthView::takeKeyboardFromYear()
 {
-    const auto *year = findChild<QSpinBox *>();
-    return year && year->hasFocus();
+    QMetaObject::invokeMethod(
+        m_days,
+        [this] {
+            if (m_year->hasFocus() && !m_year->isVisible())
+                m_days->setFocus();
+        },
+        Qt::QueuedConnection);
+}
+
+//! Whether a press of the left button hits the day that is selected. Not left to the toolkit, which takes any button,
+//! and under some styles a single click, for a double one.
+bool MonthView::isOnSelectedDay(const QMouseEvent &event) const
+{
+    const QModelIndex hit = m_days->indexAt(event.position().toPoint());
+    return event.button() == Qt::LeftButton && hit.isValid() && hit == m_days->currentIndex();
 }
 
 void MonthView::keyPressEvent(QKeyEvent *event)
 {
     if (m_selectingDepth > 0)
         event->accept(); // the days have seen it, and say of no key that they used it
-    else if (isYearBeingTyped())
+    else if (m_year->hasFocus())
         QCalendarWidget::keyPressEvent(event);
     else
         press(event);
@@ -197,7 +217,8 @@ void MonthView::press(QKeyEvent *event)
 void MonthView::changeEvent(QEvent *event)
 {
     QCalendarWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && m_days)
+    const bool isLook = event->type() == QEvent::PaletteChange || event->type() == QEvent::LayoutDirectionChange;
+    if (isLook && m_days)
         colorDays();
 }
 

@@ -6,6 +6,9 @@
 
 #include <QtWidgets/QCalendarWidget>
 
+class QMouseEvent;
+class QTableView;
+
 namespace kor {
 
 //! A month calendar: the toolkit's, with today ringed, week numbers, the locale's names and the classic events. They
@@ -51,13 +54,15 @@ private:
     void raisePending();
     void press(QKeyEvent *event);
     void turnYears(int years);
-    [[nodiscard]] bool isYearBeingTyped() const;
+    void takeKeyboardFromYear();
+    [[nodiscard]] bool isOnSelectedDay(const QMouseEvent &event) const;
     void colorDays();
     void plainBar();
 
     const Locale &m_locale;
-    QWidget *m_days = nullptr;   //!< the table of the days, which has the keyboard
-    QWidget *m_canvas = nullptr; //!< the part of it that has the mouse
+    QTableView *m_days = nullptr; //!< the table of the days, which has the keyboard
+    QWidget *m_canvas = nullptr;  //!< the part of it that has the mouse
+    QWidget *m_year = nullptr;    //!< shown while the year is typed
     Origin m_origin = Origin::User;
     int m_selectingDepth = 0;
     bool m_isValueChangePending = false;

@@ -14,6 +14,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCalendarWidget>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QProxyStyle>
 #include <QtWidgets/QTableView>
 #include <QtWidgets/QToolButton>
 
@@ -65,7 +66,11 @@ private Q_SLOTS:
     void aReturnFromTheCalendarIsNoNewEntry();
     void doubleClickPicksTheDay();
     void clickWritesTheDayAndStaysOpen();
+    void onlyADoubleClickOfTheLeftButtonOnADayPicks_data();
+    void onlyADoubleClickOfTheLeftButtonOnADayPicks();
+    void oneClickPicksNothingWhereTheStyleOpensByOne();
     void pagingByMouseSelectsNothing();
+    void aTypedYearGivesTheKeyboardBackToTheDays();
     void aLockedFieldIsNotWrittenTo();
     void aChoiceCountsForTheNextFieldThatIsLeft();
     void keysSentToTheWindowReachTheCalendar();
@@ -517,6 +522,55 @@ void tst_KorDateCalendar::clickWritesTheDayAndStaysOpen()
     QCOMPARE(log.take(), QStringLiteral("Change"));
 }
 
+void tst_KorDateCalendar::onlyADoubleClickOfTheLeftButtonOnADayPicks_data()
+{
+    QTest::addColumn<bool>("isLeft");
+    QTest::addColumn<bool>("isOnDay");
+    QTest::addColumn<bool>("picks");
+    QTest::newRow("left, on a day") << true << true << true;
+    QTest::newRow("right, on a day") << false << true << false;
+    QTest::newRow("left, on the names of the days") << true << false << false;
+}
+
+void tst_KorDateCalendar::onlyADoubleClickOfTheLeftButtonOnADayPicks()
+{
+    QFETCH(bool, isLeft);
+    QFETCH(bool, isOnDay);
+    QFETCH(bool, picks);
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    press(Qt::Key_F4);
+    EventLog log(m_date);
+    const QPoint place = isOnDay ? placeOf(QDate(2004, 2, 15)) : QPoint(3, 3);
+    QTest::mouseDClick(days(), isLeft ? Qt::LeftButton : Qt::RightButton, {}, place);
+    QCOMPARE(isOpen(), !picks);
+    QCOMPARE(m_box->text(), QStringLiteral("15.02.2004"));
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_KorDateCalendar::oneClickPicksNothingWhereTheStyleOpensByOne()
+{
+    class OneClick : public QProxyStyle
+    {
+    public:
+        int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                      QStyleHintReturn *answer) const override
+        {
+            return hint == SH_ItemView_ActivateItemOnSingleClick ? 1
+                                                                 : QProxyStyle::styleHint(hint, option, widget, answer);
+        }
+    };
+    OneClick style;
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    press(Qt::Key_F4);
+    view()->findChild<QTableView *>()->setStyle(&style);
+    QTest::mouseClick(days(), Qt::LeftButton, {}, placeOf(QDate(2004, 2, 20)));
+    QVERIFY(isOpen());
+    QTest::mouseDClick(days(), Qt::LeftButton, {}, placeOf(QDate(2004, 2, 20)));
+    QVERIFY(!isOpen());
+    QCOMPARE(m_box->text(), QStringLiteral("20.02.2004"));
+    view()->findChild<QTableView *>()->setStyle(nullptr);
+}
+
 void tst_KorDateCalendar::pagingByMouseSelectsNothing()
 {
     QVERIFY(enter(QDate(2004, 2, 15)));
@@ -527,6 +581,25 @@ void tst_KorDateCalendar::pagingByMouseSelectsNothing()
     QCOMPARE(view()->monthShown(), 3);
     QCOMPARE(m_box->text(), QStringLiteral("15.02.2004"));
     QVERIFY(isOpen());
+}
+
+void tst_KorDateCalendar::aTypedYearGivesTheKeyboardBackToTheDays()
+{
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    press(Qt::Key_F4);
+    QTest::mouseClick(view()->findChild<QToolButton *>(QStringLiteral("qt_calendar_yearbutton")), Qt::LeftButton);
+    press(Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("1999"));
+    press(Qt::Key_Return);
+    settle();
+    QVERIFY(isOpen()); // the key was for the year
+    QCOMPARE(view()->yearShown(), 1999);
+    QCOMPARE(m_box->text(), QStringLiteral("15.02.2004"));
+    press(Qt::Key_Right);
+    QCOMPARE(m_box->text(), QStringLiteral("16.02.1999"));
+    press(Qt::Key_Return);
+    QVERIFY(!isOpen());
+    QCOMPARE(m_box->text(), QStringLiteral("16.02.1999"));
 }
 
 void tst_KorDateCalendar::aLockedFieldIsNotWrittenTo()

@@ -49,6 +49,7 @@ private Q_SLOTS:
     // looks
     void namesAndWeeksFollowTheLocale_data();
     void namesAndWeeksFollowTheLocale();
+    void directionIsTheForms();
     void todayIsMarked();
     void daysAreReadableInEveryTheme_data();
     void daysAreReadableInEveryTheme();
@@ -251,6 +252,25 @@ void tst_KorDatePopup::namesAndWeeksFollowTheLocale()
     QTEST(view()->findChild<QToolButton *>(QStringLiteral("qt_calendar_monthbutton"))->text(), "month");
     QCOMPARE(int(view()->firstDayOfWeek()), firstDay);
     QCOMPARE(view()->verticalHeaderFormat(), QCalendarWidget::ISOWeekNumbers);
+}
+
+void tst_KorDatePopup::directionIsTheForms()
+{
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    press(Qt::Key_F4);
+    QCOMPARE(view()->layoutDirection(), Qt::LeftToRight);
+    const auto back = [this] {
+        return view()->findChild<QToolButton *>(QStringLiteral("qt_calendar_prevmonth"))->icon().pixmap(32).toImage();
+    };
+    const QImage toTheLeft = back();
+    press(Qt::Key_Escape);
+    m_stage->setLayoutDirection(Qt::RightToLeft);
+    press(Qt::Key_F4);
+    QCOMPARE(view()->layoutDirection(), Qt::RightToLeft);
+    QVERIFY(back() != toTheLeft);
+    QVERIFY(m_button->geometry().right() < m_box->geometry().left());
+    press(Qt::Key_Left); // the days run to the left
+    QCOMPARE(m_box->text(), QStringLiteral("16.02.2004"));
 }
 
 void tst_KorDatePopup::todayIsMarked()
