@@ -85,8 +85,11 @@ MonthView::MonthView(const Locale &locale, QWidget *parent) : QCalendarWidget(pa
         part->installEventFilter(this);
     plainBar();
     colorDays();
+    nameParts();
     connect(this, &QCalendarWidget::selectionChanged, this, [this] {
-        setAccessibleDescription(Format(selectedDate(), QStringLiteral("Long Date"), m_locale));
+        const QString day = Format(selectedDate(), QStringLiteral("Long Date"), m_locale);
+        setAccessibleDescription(day);
+        m_days->setAccessibleDescription(day);
         m_isValueChangePending = true;
         m_isSelChangePending = m_origin == Origin::User;
         if (m_selectingDepth == 0)
@@ -233,6 +236,19 @@ void MonthView::plainBar()
 {
     if (auto *month = findChild<QToolButton *>(QStringLiteral("qt_calendar_monthbutton")))
         month->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
+}
+
+//! Names what a screen reader meets: the days, where the keyboard is, and what has a picture only.
+void MonthView::nameParts()
+{
+    for (QWidget *calendar : {static_cast<QWidget *>(this), static_cast<QWidget *>(m_days)})
+        calendar->setAccessibleName(QStringLiteral("Kalendarz"));
+    m_year->setAccessibleName(QStringLiteral("Rok"));
+    for (const auto &[part, name] : {std::pair("qt_calendar_prevmonth", u"Poprzedni miesiąc"),
+                                     std::pair("qt_calendar_nextmonth", u"Następny miesiąc")}) {
+        if (auto *button = findChild<QToolButton *>(QString::fromLatin1(part)))
+            button->setAccessibleName(QString::fromUtf16(name));
+    }
 }
 
 void MonthView::colorDays()

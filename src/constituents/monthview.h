@@ -58,6 +58,7 @@ private:
     [[nodiscard]] bool isOnSelectedDay(const QMouseEvent &event) const;
     void colorDays();
     void plainBar();
+    void nameParts();
 
     const Locale &m_locale;
     QTableView *m_days = nullptr; //!< the table of the days, which has the keyboard

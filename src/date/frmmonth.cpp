@@ -44,7 +44,6 @@ frmMonth::frmMonth(const Locale &locale, QWidget *control)
     setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
     setAccessibleName(QStringLiteral("Kalendarz"));
     m_view->setObjectName(QStringLiteral("viewMonth"));
-    m_view->setAccessibleName(QStringLiteral("Kalendarz"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);

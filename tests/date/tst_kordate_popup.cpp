@@ -373,11 +373,22 @@ void tst_KorDatePopup::isNamedForScreenReaders()
 {
     QVERIFY(enter(QDate(2004, 2, 15)));
     press(Qt::Key_F4);
-    QCOMPARE(view()->accessibleName(), QStringLiteral("Kalendarz"));
-    QCOMPARE(view()->accessibleDescription(), QStringLiteral("15 lutego 2004"));
+    QWidget *focused = QApplication::focusWidget(); // which is where a screen reader looks
+    for (const QWidget *calendar : {static_cast<QWidget *>(view()), focused}) {
+        QCOMPARE(calendar->accessibleName(), QStringLiteral("Kalendarz"));
+        QCOMPARE(calendar->accessibleDescription(), QStringLiteral("15 lutego 2004"));
+    }
     QCOMPARE(m_button->accessibleName(), QStringLiteral("Kalendarz"));
     press(Qt::Key_Right);
     QCOMPARE(view()->accessibleDescription(), QStringLiteral("16 lutego 2004"));
+    QCOMPARE(focused->accessibleDescription(), QStringLiteral("16 lutego 2004"));
+    const auto nameOf = [this](const char *part) {
+        auto *widget = view()->findChild<QWidget *>(QString::fromLatin1(part));
+        return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+    };
+    QCOMPARE(nameOf("qt_calendar_prevmonth"), QStringLiteral("Poprzedni miesiąc"));
+    QCOMPARE(nameOf("qt_calendar_nextmonth"), QStringLiteral("Następny miesiąc"));
+    QCOMPARE(nameOf("qt_calendar_yearedit"), QStringLiteral("Rok"));
 }
 
 void tst_KorDatePopup::screenReadersGetNameValueAndState()
