@@ -22,6 +22,8 @@ Locale polishIso()
     return locale;
 }
 
+Locale of(const char *name) { return Locale::fromQLocale(QLocale(QString::fromLatin1(name))); }
+
 //! A field: its locale, its mask, and how a clerk writes dates into it.
 struct Field {
     const char *name;
@@ -56,6 +58,14 @@ const QList<Field> &fields()
         {"de yyyy-MM-dd, stops",   Locale::german(),  "yyyy-MM-dd", "ymd", u'.'},
         {"de MM/dd/yyyy, commas",  Locale::german(),  "MM/dd/yyyy", "mdy", u','},
         {"de dd.mm.yyyy",          Locale::german(),  "dd.mm.yyyy", "dmy", u'.'},
+        {"sv Short Date",          of("sv_SE"),       "Short Date", "ymd", u'-'},
+        {"sv Short Date, stops",   of("sv_SE"),       "Short Date", "ymd", u'.'},
+        {"sv dd.MM.yyyy, slashes", of("sv_SE"),       "dd.MM.yyyy", "dmy", u'/'},
+        {"ja Short Date",          of("ja_JP"),       "Short Date", "ymd", u'/'},
+        {"ja Short Date, hyphens", of("ja_JP"),       "Short Date", "ymd", u'-'},
+        {"ja dd.MM.yyyy, stops",   of("ja_JP"),       "dd.MM.yyyy", "dmy", u'.'},
+        {"nl Short Date",          of("nl_NL"),       "Short Date", "dmy", u'-'},
+        {"zh yyyy/M/d, commas",    of("zh_CN"),       "yyyy/M/d",   "ymd", u','},
     };
     // clang-format on
     return all;
@@ -206,6 +216,7 @@ private Q_SLOTS:
     void writtenAndTypedAgainIsTheSame_data();
     void writtenAndTypedAgainIsTheSame();
     void aCheckedTextStaysAsItIs();
+    void everyLocaleAcceptsTheShortDateItShows();
     void anEmptyTextIsValid();
 };
 
@@ -483,6 +494,21 @@ void tst_DateCheck::aCheckedTextStaysAsItIs()
             const DateCheck twice = check(field, once.text);
             QCOMPARE(twice.date, once.date);
             QCOMPARE(twice.text, once.text);
+        }
+    }
+}
+
+void tst_DateCheck::everyLocaleAcceptsTheShortDateItShows()
+{
+    const QString mask = QStringLiteral("Short Date");
+    for (const QLocale &toolkits :
+         QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory)) {
+        const Locale locale = Locale::fromQLocale(toolkits);
+        for (const QDate date : {QDate(2024, 3, 5), QDate(1999, 12, 31), QDate(2011, 11, 11)}) {
+            const QString text = Format(date, mask, locale);
+            const DateCheck result = checkDate(text, {mask, locale, today});
+            QVERIFY2(result.date == date, qPrintable(QStringLiteral("%1: %2").arg(toolkits.name(), text)));
+            QCOMPARE(result.text, text);
         }
     }
 }

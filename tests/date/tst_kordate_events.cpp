@@ -15,10 +15,12 @@
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 
 #include <memory>
+#include <utility>
 
 using namespace kor;
 using namespace kor::test;
@@ -43,6 +45,7 @@ private Q_SLOTS:
     void keysThatStepRaiseNoKeyDown();
     void blockedArrowsAreHandedToTheHost_data();
     void blockedArrowsAreHandedToTheHost();
+    void aBlockedArrowIsDoneWithWhateverTheHostMakesOfIt();
     void changeRewrittenOnLeavingComesFirst();
     void hostMayChangeOrSuppressTheCharacter();
     void hostMaySwallowOrTurnTheKey();
@@ -52,6 +55,7 @@ private Q_SLOTS:
     void deletionInsideAHandlerIsSafe_data();
     void deletionInsideAHandlerIsSafe();
     void deletionWhileLeavingIsSafe();
+    void deletionWhileTheMessageIsUpIsSafe();
     void deletionByAReportedLetIsSafe_data();
     void deletionByAReportedLetIsSafe();
     void errorsOfHandlersAreRaisedAsTheErrorEvent();
@@ -205,6 +209,15 @@ void tst_KorDateEvents::blockedArrowsAreHandedToTheHost()
     QTEST(m_box->text(), "text");
 }
 
+void tst_KorDateEvents::aBlockedArrowIsDoneWithWhateverTheHostMakesOfIt()
+{
+    QVERIFY(enter(QDate(2003, 2, 1)));
+    m_date->setBlockUpDown(true);
+    connect(m_date, &KorDate::KeyDown, m_date, [](int &code, int &) { code = '5'; });
+    QTest::keyPress(m_box, Qt::Key_Up);
+    QCOMPARE(field(m_box), QStringLiteral("[01.02.2003]"));
+}
+
 void tst_KorDateEvents::changeRewrittenOnLeavingComesFirst()
 {
     QVERIFY(enter());
@@ -279,6 +292,15 @@ void tst_KorDateEvents::clicksComeInTheirOrder()
     QCOMPARE(log.take(), QStringLiteral("MouseDown(1,1) MouseUp(1,1) Click"));
     QTest::mouseClick(m_box, Qt::RightButton);
     QCOMPARE(log.take(), QStringLiteral("MouseDown(2,0) MouseUp(2,0)"));
+    QTest::mouseClick(m_box, Qt::LeftButton);
+    QTest::mouseDClick(m_box, Qt::LeftButton);
+    QTest::mouseRelease(m_box, Qt::LeftButton);
+    QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0) Click DblClick MouseUp(1,0)"));
+    log.ignore({});
+    const QPointF at(5, 5);
+    QMouseEvent move(QEvent::MouseMove, at, m_box->mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::ControlModifier);
+    QApplication::sendEvent(m_box, &move);
+    QCOMPARE(log.take(), QStringLiteral("MouseMove(0,2)"));
 }
 
 void tst_KorDateEvents::aDisabledFieldRaisesNothing()
@@ -307,12 +329,13 @@ void tst_KorDateEvents::deletionInsideAHandlerIsSafe_data()
     for (const char *event : {"KeyDown", "KeyPress", "KeyUp"})
         row(event, "key");
     row("KeyDown", "blocked arrow");
-    for (const char *event : {"MouseDown", "MouseUp", "Click", "DblClick"})
+    for (const char *event : {"MouseDown", "MouseMove", "MouseUp", "Click", "DblClick"})
         row(event, "mouse");
     for (const char *cause : {"button", "F4"})
         row("Click", cause);
     row("KeyDown", "F4");
-    for (const char *cause : {"arrow in the calendar", "Enter in the calendar", "year in the calendar"})
+    for (const char *cause :
+         {"arrow in the calendar", "Enter in the calendar", "year in the calendar", "click in the calendar"})
         row("Change", cause);
 }
 
@@ -334,6 +357,7 @@ void tst_KorDateEvents::deletionInsideAHandlerIsSafe()
     connect(m_date, &KorDate::KeyPress, this, [=] { event == u"KeyPress" ? drop() : void(); });
     connect(m_date, &KorDate::KeyUp, this, [=] { event == u"KeyUp" ? drop() : void(); });
     connect(m_date, &KorDate::MouseDown, this, [=] { event == u"MouseDown" ? drop() : void(); });
+    connect(m_date, &KorDate::MouseMove, this, [=] { event == u"MouseMove" ? drop() : void(); });
     connect(m_date, &KorDate::MouseUp, this, [=] { event == u"MouseUp" ? drop() : void(); });
     QVERIFY(type->indexOfSignal("Change()") >= 0);
 
@@ -376,7 +400,10 @@ void tst_KorDateEvents::deletionInsideAHandlerIsSafe()
         inCalendar(Qt::Key_Right);
     else if (cause == u"year in the calendar")
         inCalendar(Qt::Key_PageUp, Qt::ControlModifier);
-    else if (cause == u"Enter in the calendar") {
+    else if (cause == u"click in the calendar") {
+        auto *days = qobject_cast<QAbstractScrollArea *>(QApplication::activePopupWidget()->focusWidget());
+        QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, days->viewport()->rect().center());
+    } else if (cause == u"Enter in the calendar") {
         m_box->setCursorPosition(0);
         m_date->setFormatMask(QStringLiteral("yyyy"));
         inCalendar(Qt::Key_Escape);
@@ -384,8 +411,8 @@ void tst_KorDateEvents::deletionInsideAHandlerIsSafe()
         QTest::keyPress(box, Qt::Key_F4);
         inCalendar(Qt::Key_Return);
     } else {
-        for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
-                                QEvent::MouseButtonRelease}) {
+        for (const auto kind : {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                                QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
             if (!box)
                 break;
             const QPointF at(5, 5);
@@ -412,6 +439,23 @@ void tst_KorDateEvents::deletionWhileLeavingIsSafe()
     settle();
     QVERIFY(!date);
     QTRY_COMPARE(QApplication::focusWidget(), m_stage->button());
+}
+
+void tst_KorDateEvents::deletionWhileTheMessageIsUpIsSafe()
+{
+    Messages messages;
+    QVERIFY(enter());
+    QTest::keyClicks(m_box, QStringLiteral("99"));
+    QTimer deleter;
+    connect(&deleter, &QTimer::timeout, this, [this] {
+        if (QApplication::activeModalWidget())
+            delete std::exchange(m_date, nullptr);
+    });
+    deleter.start(0);
+    QTest::keyClick(m_box, Qt::Key_Tab);
+    QTRY_VERIFY(!m_date);
+    QTRY_VERIFY(!QApplication::activeModalWidget());
+    QCOMPARE(messages.take().size(), 1);
 }
 
 void tst_KorDateEvents::deletionByAReportedLetIsSafe_data()
