@@ -19,7 +19,7 @@ class KORDAOUC_EXPORT KorMultiText final : public kor::UserControl
     Q_PROPERTY(bool EnabledClick READ EnabledClick WRITE setEnabledClick)
     Q_PROPERTY(QString Text READ Text WRITE setText NOTIFY Change USER true)
     Q_PROPERTY(int MaxLength READ MaxLength WRITE setMaxLength)
-    Q_PROPERTY(short OpenLines READ OpenLines WRITE setOpenLines)
+    Q_PROPERTY(int OpenLines READ OpenLines WRITE setOpenLines)
     Q_PROPERTY(bool DataChanged READ DataChanged WRITE setDataChanged DESIGNABLE false)
 
 public:
@@ -43,9 +43,10 @@ public:
     //! over when it is opened for the first time.
     [[nodiscard]] int MaxLength() const;
     void setMaxLength(int length);
-    //! The height of the editor, in heights of the field, when it is opened for the first time. Error 380 below 0.
-    [[nodiscard]] short OpenLines() const;
-    void setOpenLines(short lines);
+    //! The height of the editor, in heights of the field, when it is opened for the first time. Error 380 below 0, and
+    //! error 6 above 32,767.
+    [[nodiscard]] int OpenLines() const;
+    void setOpenLines(int lines);
     //! Set by every change of the text, cleared by the host, saved with the form.
     [[nodiscard]] bool DataChanged() const;
     void setDataChanged(bool changed);

@@ -13,7 +13,7 @@
 class KORDAOUC_EXPORT KorUpDown final : public kor::UserControl
 {
     Q_OBJECT
-    Q_PROPERTY(short BackStyle READ BackStyle WRITE setBackStyle)
+    Q_PROPERTY(int BackStyle READ BackStyle WRITE setBackStyle)
     Q_PROPERTY(kor::BorderStyleType BorderStyle READ BorderStyle WRITE setBorderStyle)
     Q_PROPERTY(QString Text READ Text WRITE setText)
     Q_PROPERTY(int Value READ Value WRITE setValue NOTIFY Change USER true)
@@ -27,8 +27,8 @@ public:
     ~KorUpDown() override;
 
     //! 1: the box has a background of its own; 0: the form shows through it. Error 380 for anything else.
-    [[nodiscard]] short BackStyle() const;
-    void setBackStyle(short style);
+    [[nodiscard]] int BackStyle() const;
+    void setBackStyle(int style);
     [[nodiscard]] kor::BorderStyleType BorderStyle() const;
     void setBorderStyle(kor::BorderStyleType style);
 

@@ -14,6 +14,7 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 
+#include <limits>
 #include <utility>
 
 using namespace kor;
@@ -38,7 +39,7 @@ public:
     frmText *popup = nullptr; //!< created at the first opening, then kept
     bool isTextAway = false;  //!< the editor has the text, and the field takes it back at its next focus
     OpenDirectionType direction = OpenDirectionType::Down;
-    short openLines = 5;
+    int openLines = 5;
     bool dirty = false;
 
     static const SettingsTable<KorMultiText> settings;
@@ -55,7 +56,7 @@ const SettingsTable<KorMultiText> KorMultiText::Private::settings = {
     {"EnabledClick", &KorMultiText::EnabledClick, &KorMultiText::setEnabledClick, true},
     {"Text", &KorMultiText::Text, &KorMultiText::setText, QString()},
     {"MaxLength", &KorMultiText::MaxLength, &KorMultiText::setMaxLength, 0},
-    {"OpenLines", &KorMultiText::OpenLines, &KorMultiText::setOpenLines, integer(5)},
+    {"OpenLines", asInteger(&KorMultiText::OpenLines), &KorMultiText::setOpenLines, integer(5)},
     // Last, so that the text that is loaded does not set it
     {"DataChanged", &KorMultiText::DataChanged, &KorMultiText::setDataChanged, false},
 };
@@ -222,12 +223,14 @@ void KorMultiText::setText(const QString &text) { delegate("Text", d->box, &Text
 int KorMultiText::MaxLength() const { return d->box->MaxLength(); }
 void KorMultiText::setMaxLength(int length) { delegate("MaxLength", d->box, &TextBox::setMaxLength, length); }
 
-short KorMultiText::OpenLines() const { return d->openLines; }
+int KorMultiText::OpenLines() const { return d->openLines; }
 
-void KorMultiText::setOpenLines(short lines)
+void KorMultiText::setOpenLines(int lines)
 {
     if (lines < 0)
         throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    if (lines > std::numeric_limits<short>::max())
+        throw RunTimeError(ErrorNumber::Overflow);
     d->openLines = lines;
     propertyChanged("OpenLines");
 }

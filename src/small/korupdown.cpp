@@ -59,7 +59,7 @@ const SettingsTable<KorUpDown> KorUpDown::Private::settings = {
     // Kept: old forms are read so, key by key
     {"Enabled", &KorUpDown::Enabled, &KorUpDown::setEnabled, true, SettingUse::ReadOnly},
     fontSetting<KorUpDown>(),
-    {"BackStyle", &KorUpDown::BackStyle, &KorUpDown::setBackStyle, integer(1)},
+    {"BackStyle", asInteger(&KorUpDown::BackStyle), &KorUpDown::setBackStyle, integer(1)},
     {"BorderStyle", &KorUpDown::BorderStyle, &KorUpDown::setBorderStyle, integer(1)},
     {"Text", &KorUpDown::Text, &KorUpDown::setText, QStringLiteral("Text1")},
     {"Value", &KorUpDown::Value, &loadValue, 0},
@@ -155,9 +155,9 @@ void KorUpDown::wheelEvent(QWheelEvent *event)
 
 // --- properties
 
-short KorUpDown::BackStyle() const { return isBackTransparent() ? 0 : 1; }
+int KorUpDown::BackStyle() const { return isBackTransparent() ? 0 : 1; }
 
-void KorUpDown::setBackStyle(short style)
+void KorUpDown::setBackStyle(int style)
 {
     if (style != 0 && style != 1)
         throw RunTimeError(ErrorNumber::InvalidPropertyValue);

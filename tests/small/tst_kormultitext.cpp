@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/deletion.h"
 #include "support/eventlog.h"
+#include "support/runtimeerrors.h"
 #include "support/settings.h"
 #include "support/stage.h"
 
@@ -705,7 +706,7 @@ void tst_KorMultiText::defaultsAreStoredNowhere()
     PropertyBag bag;
     m_text->writeProperties(bag);
     QVERIFY(bag.isEmpty());
-    QCOMPARE(m_text->OpenLines(), short(5));
+    QCOMPARE(m_text->OpenLines(), 5);
     QCOMPARE(m_text->OpenDrection(), OpenDirectionType::Down);
     QVERIFY(m_text->EnabledClick());
 }
@@ -735,10 +736,12 @@ void tst_KorMultiText::everyLetReportsItsProperty()
 void tst_KorMultiText::outOfRangeIsRefused()
 {
     QVERIFY_THROWS_EXCEPTION(RunTimeError, m_text->setOpenDrection(static_cast<OpenDirectionType>(2)));
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_text->setOpenLines(-1));
+    QCOMPARE(errorOf([&] { m_text->setOpenLines(-1); }), 380);
+    QCOMPARE(errorOf([&] { m_text->setOpenLines(32768); }), 6);
     QVERIFY_THROWS_EXCEPTION(RunTimeError, m_text->setAlignment(static_cast<AlignmentType>(3)));
     QVERIFY_THROWS_EXCEPTION(RunTimeError, m_text->setMaxLength(-1));
     QCOMPARE(m_text->OpenDrection(), OpenDirectionType::Down);
+    QCOMPARE(m_text->OpenLines(), 5);
 }
 
 QTEST_MAIN(tst_KorMultiText)

@@ -454,8 +454,10 @@ void tst_KorUpDown::incrementBelowOneIsRefused()
 {
     QVERIFY_THROWS_EXCEPTION(RunTimeError, m_spin->setIncrement(0));
     QVERIFY_THROWS_EXCEPTION(RunTimeError, m_spin->setMaxLength(-1));
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_spin->setBackStyle(2));
+    for (const int style : {-1, 2, 65536, 65537}) // as an Integer the last two would be 0 and 1
+        QVERIFY_THROWS_EXCEPTION(RunTimeError, m_spin->setBackStyle(style));
     QCOMPARE(m_spin->Increment(), 1);
+    QCOMPARE(m_spin->BackStyle(), 1);
 }
 
 void tst_KorUpDown::keysAndClicksComeFromTheText()
