@@ -158,7 +158,10 @@ float boundGiven(const QVariant &given, const NumberSigns &signs)
     const QVariant bound = normalized(given);
     if (variantType(bound) == VariantType::String && !isGroupedByThree(CStr(bound).trimmed(), signs.thousandsSeparator))
         throw RunTimeError(ErrorNumber::TypeMismatch);
-    return CSng(bound, signs.locale);
+    const float single = CSng(given, signs.locale);
+    if (std::isnan(single))
+        throw RunTimeError(ErrorNumber::TypeMismatch); // no number is above or below it
+    return single;
 }
 
 std::optional<float> NumberRange::bound(double number) const

@@ -141,7 +141,10 @@ double CDbl(const QVariant &value, const Locale &locale)
     }
     case VariantType::Other: break;
     }
-    return CDbl(normalized(value), locale);
+    const QVariant known = normalized(value);
+    if (isEmpty(known))
+        mismatch(); // an object or a list is no number, not zero
+    return CDbl(known, locale);
 }
 
 float CSng(const QVariant &value, const Locale &locale)

@@ -449,6 +449,9 @@ void tst_NumberRules::refusedBound_data()
     QTest::newRow("empty text")                   << 0 << QVariant(QString())                 << 13;
     QTest::newRow("Null")                         << 0 << null()                              << 94;
     QTest::newRow("too large for a Single")       << 0 << QVariant(1e39)                      << 6;
+    QTest::newRow("infinite")                     << 0 << QVariant(qInf())                    << 6;
+    QTest::newRow("no number at all")             << 0 << QVariant(qQNaN())                   << 13;
+    QTest::newRow("list")                         << 0 << QVariant(QVariantList{1, 2})        << 13;
     // clang-format on
 }
 

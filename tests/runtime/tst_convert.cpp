@@ -296,6 +296,8 @@ void tst_Convert::errors_data()
     row("Boolean of Null",          kor::null(),                           "CBool", 94);
     row("Currency of Null",         kor::null(),                           "CCur", 94);
     row("Double of a missing one",  kor::missing(),                        "CDbl", 13);
+    row("Double of a list",         QVariantList{1, 2},                    "CDbl", 13);
+    row("Long of a list",           QVariantList{1},                       "CLng", 13);
     // clang-format on
 }
 
