@@ -35,7 +35,10 @@ TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
         else
             Q_EMIT Change();
     });
-    connect(this, &QLineEdit::textChanged, this, [this] { m_leftSelection.reset(); });
+    connect(this, &QLineEdit::textChanged, this, [this] {
+        m_leftSelection.reset();
+        m_composedOver.reset();
+    });
     connect(this, &QLineEdit::cursorPositionChanged, this, [this] { m_leftSelection.reset(); });
 }
 
@@ -162,6 +165,7 @@ void TextBox::focusInEvent(QFocusEvent *event)
 
 void TextBox::focusOutEvent(QFocusEvent *event)
 {
+    m_composedOver.reset();
     const Selection before = selection();
     QLineEdit::focusOutEvent(event);
     if (before.length > 0 && !hasSelectedText())
@@ -303,25 +307,39 @@ void TextBox::type(int ascii)
 void TextBox::inputMethodEvent(QInputMethodEvent *event)
 {
     const QString committed = event->commitString();
-    if (committed.isEmpty() || isReadOnly()) {
-        editing([&] { QLineEdit::inputMethodEvent(event); });
+    if (isReadOnly()) {
+        QLineEdit::inputMethodEvent(event);
         return;
     }
     // Dead keys and input methods deliver finished characters; each goes through KeyPress like a typed one.
     const QPointer<TextBox> self = this;
     guarded(this, [&] {
-        FocusTracker::instance().settle();
-        QInputMethodEvent composed{QString(), {}};
-        QLineEdit::inputMethodEvent(&composed);
-        if (event->replacementLength() > 0)
-            setSelection(cursorPosition() + event->replacementStart(), event->replacementLength());
-        offerCharacters(committed);
-        if (self && !event->preeditString().isEmpty()) {
-            QInputMethodEvent composing(event->preeditString(), event->attributes());
-            QLineEdit::inputMethodEvent(&composing);
+        if (!committed.isEmpty()) {
+            FocusTracker::instance().settle();
+            compose({QString(), {}});
+            if (event->replacementLength() > 0)
+                setSelection(cursorPosition() + event->replacementStart(), event->replacementLength());
+            offerCharacters(committed);
         }
+        if (self && (committed.isEmpty() || !event->preeditString().isEmpty()))
+            compose({event->preeditString(), event->attributes()});
     });
     event->accept();
+}
+
+//! Shows what is being composed. The selection stays in the text until the characters are finished: the control may
+//! refuse them, and a dead key struck by mistake must not empty the field.
+void TextBox::compose(QInputMethodEvent event)
+{
+    const bool isComposing = !event.preeditString().isEmpty();
+    if (isComposing && hasSelectedText()) {
+        const Selection selected = selection();
+        setCursorPosition(selected.start + selected.length);
+        m_composedOver = selected;
+    }
+    editing([&] { QLineEdit::inputMethodEvent(&event); });
+    if (const auto over = isComposing ? std::nullopt : std::exchange(m_composedOver, std::nullopt))
+        setSelection(over->start, over->length);
 }
 
 void TextBox::keyReleaseEvent(QKeyEvent *event)

@@ -6,6 +6,7 @@
 
 #include <KorDaoUC/enumerations.h>
 
+#include <QtGui/QInputMethodEvent>
 #include <QtWidgets/QLineEdit>
 
 #include <optional>
@@ -115,6 +116,7 @@ private:
     void offerCharacter(int keyAscii);
     //! The same for each character of a text that one key or an input method gives.
     void offerCharacters(const QString &text);
+    void compose(QInputMethodEvent event);
     void type(int keyAscii);
     void run(ClipboardCommand command);
     void paste(const QString &text);
@@ -127,6 +129,7 @@ private:
     int m_whatsThisHelpID = 0;
     Press m_press = Press::None;
     std::optional<Selection> m_leftSelection; //!< what was selected when the focus went
+    std::optional<Selection> m_composedOver;  //!< what is selected, not shown while characters are composed
     int m_editingDepth = 0;
     bool m_isChangePending = false;
 };

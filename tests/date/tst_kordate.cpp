@@ -61,6 +61,7 @@ private Q_SLOTS:
     void lettersAreDroppedSilently();
     void hyphenIsTypedOnlyWhereItSeparatesDates();
     void deadKeysAndInputMethodsAreFilteredToo();
+    void composingDestroysNothing();
     void copyCutAndPasteActOnTheWholeText();
     void pastedDatesAreCheckedLikeTypedOnes_data();
     void pastedDatesAreCheckedLikeTypedOnes();
@@ -356,6 +357,31 @@ void tst_KorDate::deadKeysAndInputMethodsAreFilteredToo()
     composed.setCommitString(QStringLiteral("1ą.2"));
     QApplication::sendEvent(m_box, &composed);
     QCOMPARE(field(m_box), QStringLiteral("1.2|"));
+}
+
+void tst_KorDate::composingDestroysNothing()
+{
+    QVERIFY(enter(QDate(2003, 2, 1)));
+    EventLog log(m_date);
+    const auto compose = [this](const char16_t *preedit, const char16_t *committed) {
+        QInputMethodEvent event(QString::fromUtf16(preedit), {});
+        event.setCommitString(QString::fromUtf16(committed));
+        QApplication::sendEvent(m_box, &event);
+    };
+    compose(u"´", u""); // a dead key
+    QCOMPARE(m_date->Text(), QStringLiteral("01.02.2003"));
+    compose(u"", u"ś"); // no character of a date
+    QCOMPARE(field(m_box), QStringLiteral("[01.02.2003]"));
+    compose(u"´", u"");
+    compose(u"", u""); // given up
+    QCOMPARE(field(m_box), QStringLiteral("[01.02.2003]"));
+    QCOMPARE(log.take(), QString());
+    QVERIFY(!m_date->DataChanged());
+    compose(u"1", u"");
+    compose(u"12", u"");
+    compose(u"", u"12");
+    QCOMPARE(field(m_box), QStringLiteral("12|"));
+    QCOMPARE(log.take(), QStringLiteral("KeyPress(49) Change KeyPress(50) Change"));
 }
 
 void tst_KorDate::copyCutAndPasteActOnTheWholeText()
