@@ -6,6 +6,7 @@
 
 #include <QtCore/QPointer>
 #include <QtGui/QMouseEvent>
+#include <QtWidgets/QApplication>
 
 namespace kor {
 
@@ -18,11 +19,23 @@ void PopupForm::dismiss()
 {
     const QPointer<PopupForm> self = this;
     m_isClosing = true;
+    closeAbove();
+    if (!self)
+        return;
     hide();
     if (!self)
         return;
     m_isClosing = false;
     Q_EMIT Closed();
+}
+
+//! Closes what has popped up from the window in turn, such as its menus, which would stay on the screen without it.
+void PopupForm::closeAbove()
+{
+    const QPointer<PopupForm> self = this;
+    QWidget *above = isVisible() ? QApplication::activePopupWidget() : nullptr;
+    while (self && above && above != this && above->close())
+        above = QApplication::activePopupWidget();
 }
 
 void PopupForm::dismissSoon()

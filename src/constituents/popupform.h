@@ -33,6 +33,8 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
 
 private:
+    void closeAbove();
+
     bool m_isClosing = false;
 };
 
