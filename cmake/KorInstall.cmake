@@ -15,8 +15,8 @@ install(TARGETS ${installed} EXPORT KorDaoUCTargets)
 install(DIRECTORY include/KorDaoUC DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT KorDaoUCTargets NAMESPACE KorDaoUC:: DESTINATION ${KOR_PACKAGE_DIR})
 if(KORDAOUC_DESIGNER)
-    set_target_properties(KorDaoUCPlugin PROPERTIES INSTALL_RPATH $ORIGIN/../../..)
-    install(TARGETS KorDaoUCPlugin DESTINATION ${CMAKE_INSTALL_LIBDIR}/qt6/plugins/designer)
+    set_target_properties(KorDaoUCPlugin KorDaoUCDesigner PROPERTIES INSTALL_RPATH $ORIGIN/../../..)
+    install(TARGETS KorDaoUCPlugin KorDaoUCDesigner DESTINATION ${CMAKE_INSTALL_LIBDIR}/qt6/plugins/designer)
 endif()
 
 configure_package_config_file(cmake/KorDaoUCConfig.cmake.in ${PROJECT_BINARY_DIR}/KorDaoUCConfig.cmake

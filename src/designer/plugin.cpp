@@ -7,7 +7,20 @@
 #include <KorDaoUC/usercontrol.h>
 #include <KorDaoUC/variant.h>
 
+#include <QtCore/QPluginLoader>
+#include <QtDesigner/QDesignerFormEditorPluginInterface>
+
 namespace kor {
+
+void WidgetPlugin::initialize(QDesignerFormEditorInterface *core)
+{
+    m_isDesigning = true;
+    // The designer finds the other module, but leaves it to itself.
+    QPluginLoader loader(QStringLiteral("designer/KorDaoUCDesigner"));
+    auto *editor = qobject_cast<QDesignerFormEditorPluginInterface *>(loader.instance());
+    if (editor && !editor->isInitialized())
+        editor->initialize(core);
+}
 
 QString WidgetPlugin::group() const { return QStringLiteral("KorDaoUC"); }
 

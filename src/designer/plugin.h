@@ -27,7 +27,7 @@ public:
     [[nodiscard]] QString domXml() const override;
     [[nodiscard]] bool isInitialized() const override { return m_isDesigning; }
     //! Called by the designer only, so from here on the controls are designed, not run.
-    void initialize(QDesignerFormEditorInterface *) override { m_isDesigning = true; }
+    void initialize(QDesignerFormEditorInterface *core) override;
 
 private:
     QString m_name;

@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "designer/propertysheet.h"
+
+#include <KorDaoUC/runtimeerror.h>
+#include <KorDaoUC/usercontrol.h>
+
+#include <QtCore/QScopedValueRollback>
+#include <QtCore/QTimer>
+#include <QtDesigner/QDesignerFormEditorInterface>
+#include <QtDesigner/QDesignerPropertyEditorInterface>
+#include <QtDesigner/QExtensionManager>
+#include <QtWidgets/QMessageBox>
+
+#include <utility>
+
+namespace kor {
+
+PropertySheet::PropertySheet(QDesignerFormEditorInterface *core, QObject *control, QObject *ownSheet, QObject *parent)
+    : QObject(parent),
+      m_core(core),
+      m_control(control),
+      m_sheet(qobject_cast<QDesignerPropertySheetExtension *>(ownSheet)),
+      m_dynamic(qobject_cast<QDesignerDynamicPropertySheetExtension *>(ownSheet))
+{
+}
+
+void PropertySheet::setProperty(int index, const QVariant &value)
+{
+    try {
+        m_sheet->setProperty(index, value);
+    } catch (const RunTimeError &error) {
+        refused(index, error.description());
+    }
+}
+
+bool PropertySheet::reset(int index)
+{
+    try {
+        return m_sheet->reset(index);
+    } catch (const RunTimeError &error) {
+        refused(index, error.description());
+        return false;
+    }
+}
+
+void PropertySheet::refused(int index, const QString &reason)
+{
+    // Later, since the designer is in the middle of its work, and may have more to set while it loads a form.
+    if (m_refusals.isEmpty())
+        QTimer::singleShot(0, this, [this] { tellRefusals(); });
+    const QString name = propertyName(index);
+    m_refusals << QStringLiteral("%1.%2: %3").arg(m_control->objectName(), name, reason);
+    QTimer::singleShot(0, this, [this, index, name] {
+        auto *editor = m_core->propertyEditor();
+        if (editor && editor->object() == m_control)
+            editor->setPropertyValue(name, property(index), isChanged(index)); // it shows the refused one
+    });
+}
+
+void PropertySheet::tellRefusals()
+{
+    auto *message = new QMessageBox(QMessageBox::Warning, QStringLiteral("KorDaoUC"),
+                                    std::exchange(m_refusals, {}).join(u'\n'), QMessageBox::Ok, m_core->topLevel());
+    message->setAttribute(Qt::WA_DeleteOnClose);
+    message->open();
+}
+
+PropertySheetFactory::PropertySheetFactory(QDesignerFormEditorInterface *core)
+    : QExtensionFactory(core->extensionManager()), m_core(core)
+{
+}
+
+void PropertySheetFactory::install(QDesignerFormEditorInterface *core)
+{
+    auto *factory = new PropertySheetFactory(core);
+    for (const char *iid : {qobject_interface_iid<QDesignerPropertySheetExtension *>(),
+                            qobject_interface_iid<QDesignerDynamicPropertySheetExtension *>()})
+        core->extensionManager()->registerExtensions(factory, QString::fromLatin1(iid));
+}
+
+QObject *PropertySheetFactory::createExtension(QObject *object, const QString &iid, QObject *parent) const
+{
+    if (m_isAsking || !qobject_cast<UserControl *>(object))
+        return nullptr;
+    const QScopedValueRollback asking(m_isAsking, true);
+    QObject *ownSheet = extensionManager()->extension(object, iid);
+    if (!ownSheet)
+        return nullptr;
+    auto *sheet = new PropertySheet(m_core, object, ownSheet, parent);
+    connect(object, &QObject::destroyed, sheet, &QObject::deleteLater);
+    return sheet;
+}
+
+} // namespace kor

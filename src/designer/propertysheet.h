@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QStringList>
+#include <QtCore/QVariant>
+#include <QtDesigner/QDesignerDynamicPropertySheetExtension>
+#include <QtDesigner/QDesignerPropertySheetExtension>
+#include <QtDesigner/QExtensionFactory>
+
+class QDesignerFormEditorInterface;
+
+namespace kor {
+
+//! The form designer's own sheet of a control's properties, with one difference: a value that the control refuses is
+//! told to the user, and the old one stays.
+//!
+//! The control throws, as it does to every program, but the designer would end by that, with all forms that are open.
+class PropertySheet final : public QObject,
+                            public QDesignerPropertySheetExtension,
+                            public QDesignerDynamicPropertySheetExtension
+{
+    Q_OBJECT
+    Q_INTERFACES(QDesignerPropertySheetExtension QDesignerDynamicPropertySheetExtension)
+
+public:
+    //! The designer's own sheet must outlive this one.
+    PropertySheet(QDesignerFormEditorInterface *core, QObject *control, QObject *ownSheet, QObject *parent);
+
+    void setProperty(int index, const QVariant &value) override;
+    bool reset(int index) override;
+
+    // All else is the designer's own.
+    [[nodiscard]] int count() const override { return m_sheet->count(); }
+    [[nodiscard]] int indexOf(const QString &name) const override { return m_sheet->indexOf(name); }
+    [[nodiscard]] QString propertyName(int index) const override { return m_sheet->propertyName(index); }
+    [[nodiscard]] QString propertyGroup(int index) const override { return m_sheet->propertyGroup(index); }
+    void setPropertyGroup(int index, const QString &group) override { m_sheet->setPropertyGroup(index, group); }
+    [[nodiscard]] bool hasReset(int index) const override { return m_sheet->hasReset(index); }
+    [[nodiscard]] bool isVisible(int index) const override { return m_sheet->isVisible(index); }
+    void setVisible(int index, bool visible) override { m_sheet->setVisible(index, visible); }
+    [[nodiscard]] bool isAttribute(int index) const override { return m_sheet->isAttribute(index); }
+    void setAttribute(int index, bool attribute) override { m_sheet->setAttribute(index, attribute); }
+    [[nodiscard]] QVariant property(int index) const override { return m_sheet->property(index); }
+    [[nodiscard]] bool isChanged(int index) const override { return m_sheet->isChanged(index); }
+    void setChanged(int index, bool changed) override { m_sheet->setChanged(index, changed); }
+    [[nodiscard]] bool isEnabled(int index) const override { return m_sheet->isEnabled(index); }
+
+    [[nodiscard]] bool dynamicPropertiesAllowed() const override { return m_dynamic->dynamicPropertiesAllowed(); }
+    int addDynamicProperty(const QString &name, const QVariant &value) override
+    {
+        return m_dynamic->addDynamicProperty(name, value);
+    }
+    bool removeDynamicProperty(int index) override { return m_dynamic->removeDynamicProperty(index); }
+    [[nodiscard]] bool isDynamicProperty(int index) const override { return m_dynamic->isDynamicProperty(index); }
+    [[nodiscard]] bool canAddDynamicProperty(const QString &name) const override
+    {
+        return m_dynamic->canAddDynamicProperty(name);
+    }
+
+private:
+    void refused(int index, const QString &reason);
+    void tellRefusals();
+
+    QDesignerFormEditorInterface *m_core;
+    QObject *m_control;
+    QDesignerPropertySheetExtension *m_sheet;
+    QDesignerDynamicPropertySheetExtension *m_dynamic;
+    QStringList m_refusals; //!< since the last message
+};
+
+//! Gives every control of the library its PropertySheet.
+class PropertySheetFactory final : public QExtensionFactory
+{
+    Q_OBJECT
+
+public:
+    //! Makes the designer ask a new factory.
+    static void install(QDesignerFormEditorInterface *core);
+
+protected:
+    QObject *createExtension(QObject *object, const QString &iid, QObject *parent) const override;
+
+private:
+    explicit PropertySheetFactory(QDesignerFormEditorInterface *core);
+
+    QDesignerFormEditorInterface *m_core;
+    mutable bool m_isAsking = false; //!< for the designer's own sheet, which it gives when this factory has none
+};
+
+} // namespace kor

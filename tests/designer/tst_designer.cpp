@@ -1,0 +1,257 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include <QtCore/QBuffer>
+#include <QtCore/QMetaProperty>
+#include <QtDesigner/QDesignerFormEditorInterface>
+#include <QtDesigner/QDesignerFormWindowCursorInterface>
+#include <QtDesigner/QDesignerFormWindowInterface>
+#include <QtDesigner/QDesignerFormWindowManagerInterface>
+#include <QtDesigner/QDesignerIntegration>
+#include <QtDesigner/QDesignerObjectInspectorInterface>
+#include <QtDesigner/QDesignerPropertyEditorInterface>
+#include <QtDesigner/QDesignerPropertySheetExtension>
+#include <QtDesigner/QDesignerWidgetBoxInterface>
+#include <QtDesigner/QExtensionManager>
+#include <QtDesigner/qdesigner_components.h>
+#include <QtGui/QUndoStack>
+#include <QtTest/QtTest>
+#include <QtUiTools/QUiLoader>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMessageBox>
+
+#include <memory>
+
+//! The form designer itself, with the library's plugin in its folder, as a user of it meets the controls.
+class tst_Designer : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase();
+    void init();
+    void cleanup();
+
+    void aNewControlStoresItsPlaceOnly_data() { controls(); }
+    void aNewControlStoresItsPlaceOnly();
+    void everyPropertyThatIsOfferedIsSaved_data() { controls(); }
+    void everyPropertyThatIsOfferedIsSaved();
+    void aRefusedValueIsToldAndTheOldOneStays();
+    void refusedValuesOfAFileAreToldInOneMessage();
+    void aChangeIsUndone();
+
+private:
+    static void controls();
+    void open(const QString &form);
+    [[nodiscard]] QWidget *control() const;
+    [[nodiscard]] QDesignerPropertySheetExtension *sheet() const;
+    void set(const char *property, const QVariant &value);
+    [[nodiscard]] QVariant shown(const char *property) const { return control()->property(property); }
+    //! The text of the message that is up, which is then closed.
+    [[nodiscard]] static QString message();
+
+    std::unique_ptr<QWidget> m_window;
+    QDesignerFormEditorInterface *m_core = nullptr;
+    QDesignerFormWindowInterface *m_form = nullptr;
+};
+
+namespace {
+
+QString formOf(const QString &control, const QString &properties = {})
+{
+    return QStringLiteral("<ui version=\"4.0\"><class>Form</class><widget class=\"QWidget\" name=\"Form\">"
+                          "<widget class=\"%1\" name=\"field\">%2</widget></widget><customwidgets><customwidget>"
+                          "<class>%1</class><extends>QWidget</extends></customwidget></customwidgets></ui>")
+        .arg(control, properties);
+}
+
+//! Another value than the one a property has.
+QVariant otherThan(const QMetaProperty &property, const QVariant &value)
+{
+    const QByteArray name = property.name();
+    if (property.isEnumType())
+        return value.toInt() == 0 ? 1 : 0;
+    if (name == "Value")
+        return 7; // a spin value in the range, a colour that is none of the named ones
+    if (name == "BackStyle")
+        return 0;
+    switch (property.metaType().id()) {
+    case QMetaType::Bool: return !value.toBool();
+    case QMetaType::Int: return value.toInt() + 4;
+    case QMetaType::QFont: return QFont(QStringLiteral("DejaVu Sans"), 17);
+    default: return name == "Text" ? QStringLiteral("7") : QStringLiteral("inny, \"łódź\"");
+    }
+}
+
+} // namespace
+
+void tst_Designer::controls()
+{
+    QTest::addColumn<QString>("name");
+    for (const char *name : {"KorNumber", "KorDate", "KorCombo", "KorClick", "KorList", "KorListCheck", "KorColor",
+                             "KorUpDown", "KorMultiText"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void tst_Designer::initTestCase()
+{
+    QDesignerComponents::initializeResources();
+    m_window = std::make_unique<QWidget>();
+    QWidget *window = m_window.get();
+    m_core = QDesignerComponents::createFormEditor(this);
+    m_core->setTopLevel(window);
+    m_core->setWidgetBox(QDesignerComponents::createWidgetBox(m_core, window));
+    m_core->setPropertyEditor(QDesignerComponents::createPropertyEditor(m_core, window));
+    m_core->setObjectInspector(QDesignerComponents::createObjectInspector(m_core, window));
+    m_core->setActionEditor(QDesignerComponents::createActionEditor(m_core, window));
+    new QDesignerIntegration(m_core, m_core);
+    QDesignerComponents::createTaskMenu(m_core, window);
+    QDesignerComponents::initializePlugins(m_core);
+}
+
+void tst_Designer::cleanupTestCase() { m_window.reset(); }
+
+void tst_Designer::init() { m_form = m_core->formWindowManager()->createFormWindow(m_window.get()); }
+
+void tst_Designer::cleanup() { delete m_form; }
+
+void tst_Designer::open(const QString &form)
+{
+    QByteArray text = form.toUtf8();
+    QBuffer buffer(&text);
+    QVERIFY(buffer.open(QIODevice::ReadOnly));
+    QString reason;
+    QVERIFY2(m_form->setContents(&buffer, &reason), qPrintable(reason));
+    m_core->formWindowManager()->setActiveFormWindow(m_form);
+    QVERIFY(control());
+    m_form->clearSelection();
+    m_form->selectWidget(control());
+}
+
+QWidget *tst_Designer::control() const { return m_form->findChild<QWidget *>(QStringLiteral("field")); }
+
+QDesignerPropertySheetExtension *tst_Designer::sheet() const
+{
+    return qt_extension<QDesignerPropertySheetExtension *>(m_core->extensionManager(), control());
+}
+
+void tst_Designer::set(const char *property, const QVariant &value)
+{
+    m_form->cursor()->setProperty(QString::fromLatin1(property), value);
+}
+
+QString tst_Designer::message()
+{
+    QString text;
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        auto *box = qobject_cast<QMessageBox *>(window);
+        if (!box || !box->isVisible())
+            continue;
+        text = box->text();
+        box->close();
+    }
+    return text;
+}
+
+void tst_Designer::aNewControlStoresItsPlaceOnly()
+{
+    QFETCH(QString, name);
+    open(formOf(name));
+    QCOMPARE(QString::fromLatin1(control()->metaObject()->className()), name);
+    bool userMode = true;
+    QVERIFY(QMetaObject::invokeMethod(control(), "UserMode", Q_RETURN_ARG(bool, userMode)));
+    QVERIFY(!userMode);
+    const QString saved = m_form->contents();
+    const QString block = saved.section(QStringLiteral("name=\"field\""), 1);
+    QVERIFY(block.contains(QStringLiteral("<property name=\"geometry\"")));
+    QCOMPARE(block.count(QStringLiteral("<property")), 1);
+}
+
+void tst_Designer::everyPropertyThatIsOfferedIsSaved()
+{
+    QFETCH(QString, name);
+    open(formOf(name));
+    QVariantMap changed;
+    const QMetaObject *type = control()->metaObject();
+    for (int i = QWidget::staticMetaObject.propertyCount(); i < type->propertyCount(); ++i) {
+        const QMetaProperty property = type->property(i);
+        const int index = sheet()->indexOf(QString::fromLatin1(property.name()));
+        if (index < 0 || !sheet()->isVisible(index))
+            continue;
+        set(property.name(), otherThan(property, property.read(control())));
+        QVERIFY2(sheet()->isChanged(index), property.name());
+        changed.insert(QString::fromLatin1(property.name()), QVariant());
+    }
+    QVERIFY(changed.size() >= 6);
+    for (auto one = changed.begin(); one != changed.end(); ++one)
+        one.value() = control()->property(qPrintable(one.key()));
+    const QString saved = m_form->contents();
+    QCOMPARE(message(), QString());
+
+    // Loaded by the designer again, and by a program that runs
+    open(saved);
+    QCOMPARE(m_form->contents(), saved);
+    QUiLoader loader;
+    loader.clearPluginPaths();
+    loader.addPluginPath(QStringLiteral(KOR_PLUGIN_FOLDER "/designer"));
+    QByteArray text = saved.toUtf8();
+    QBuffer buffer(&text);
+    const std::unique_ptr<QWidget> running(loader.load(&buffer));
+    QVERIFY(running);
+    const auto *run = running->findChild<QWidget *>(QStringLiteral("field"));
+    for (auto one = changed.cbegin(); one != changed.cend(); ++one) {
+        QVERIFY2(saved.contains(QStringLiteral("<property name=\"%1\"").arg(one.key())), qPrintable(one.key()));
+        QCOMPARE(control()->property(qPrintable(one.key())), one.value());
+        QCOMPARE(run->property(qPrintable(one.key())), one.value());
+    }
+}
+
+void tst_Designer::aRefusedValueIsToldAndTheOldOneStays()
+{
+    open(formOf(QStringLiteral("KorUpDown")));
+    set("Value", 9);
+    set("Value", 50);
+    set("Increment", 0);
+    QCOMPARE(shown("Value"), QVariant(9));
+    QCOMPARE(shown("Increment"), QVariant(1));
+    QCoreApplication::processEvents();
+    QCOMPARE(message(), QStringLiteral("field.Value: Invalid property value\nfield.Increment: Invalid property value"));
+    QVERIFY(!m_form->contents().contains(QStringLiteral("<number>50</number>")));
+    set("Value", 3);
+    QCOMPARE(shown("Value"), QVariant(3));
+    QCoreApplication::processEvents();
+    QCOMPARE(message(), QString());
+}
+
+void tst_Designer::refusedValuesOfAFileAreToldInOneMessage()
+{
+    open(formOf(QStringLiteral("KorMultiText"),
+                QStringLiteral("<property name=\"MaxLength\"><number>-1</number></property>"
+                               "<property name=\"OpenLines\"><number>70000</number></property>"
+                               "<property name=\"Text\"><string>uwagi</string></property>")));
+    QCOMPARE(shown("Text"), QVariant(QStringLiteral("uwagi")));
+    QCOMPARE(shown("MaxLength"), QVariant(0));
+    QCOMPARE(shown("OpenLines"), QVariant(5));
+    QCoreApplication::processEvents();
+    QCOMPARE(message(), QStringLiteral("field.MaxLength: Invalid property value\nfield.OpenLines: Overflow"));
+}
+
+void tst_Designer::aChangeIsUndone()
+{
+    open(formOf(QStringLiteral("KorNumber")));
+    set("MaskPicture", QStringLiteral("0.000"));
+    QVERIFY(m_form->isDirty());
+    QCOMPARE(shown("MaskPicture"), QVariant(QStringLiteral("0.000")));
+    m_form->commandHistory()->undo();
+    QCOMPARE(shown("MaskPicture"), QVariant(QStringLiteral("#,##0.00")));
+    QVERIFY(!m_form->contents().contains(QStringLiteral("MaskPicture")));
+}
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_PLUGIN_PATH", KOR_PLUGIN_FOLDER); // where the designer looks for a folder "designer"
+    QApplication application(argc, argv);
+    tst_Designer test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_designer.moc"
