@@ -114,6 +114,8 @@ private Q_SLOTS:
     void eventsConnectByTheirSignature();
     void constituentsAreFoundByName_data();
     void constituentsAreFoundByName();
+    void popUpsAreFoundByName_data();
+    void popUpsAreFoundByName();
 
     void numbersComeInEveryType_data() { controls(); }
     void numbersComeInEveryType();
@@ -351,6 +353,38 @@ void tst_LateBindingControls::constituentsAreFoundByName()
     QVERIFY(found);
     QVERIFY(found->inherits(base.constData()));
     QCOMPARE(m_control->focusProxy() == found, isMain);
+}
+
+void tst_LateBindingControls::popUpsAreFoundByName_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("popUp");
+    QTest::addColumn<QString>("editor");
+    QTest::addColumn<QByteArray>("base");
+    // clang-format off
+    QTest::newRow("KorDate")      << QStringLiteral("cmdDate")  << QStringLiteral("frmMonth")
+                                  << QStringLiteral("viewMonth") << QByteArray("QCalendarWidget");
+    QTest::newRow("KorMultiText") << QStringLiteral("cmdClick") << QStringLiteral("frmText")
+                                  << QStringLiteral("txtMulti") << QByteArray("QPlainTextEdit");
+    // clang-format on
+}
+
+void tst_LateBindingControls::popUpsAreFoundByName()
+{
+    QFETCH(QString, button);
+    QFETCH(QString, popUp);
+    QFETCH(QString, editor);
+    QFETCH(QByteArray, base);
+    QVERIFY(focused());
+    QVERIFY(!m_control->findChild<QWidget *>(popUp)); // made when it is asked for
+    QTest::mouseClick(m_control->findChild<QWidget *>(button), Qt::LeftButton);
+    const auto *window = m_control->findChild<QWidget *>(popUp);
+    QVERIFY(window);
+    QVERIFY(window->isWindow() && window->isVisible());
+    const auto *edited = window->findChild<QWidget *>(editor);
+    QVERIFY(edited);
+    QVERIFY(edited->inherits(base.constData()));
+    QVERIFY(edited->isAncestorOf(QApplication::focusWidget()) || edited == QApplication::focusWidget());
 }
 
 // --- values by name
