@@ -20,6 +20,7 @@
 #include <QtWidgets/QMessageBox>
 
 #include <memory>
+#include <vector>
 
 //! The form designer itself, with the library's plugin in its folder, as a user of it meets the controls.
 class tst_Designer : public QObject
@@ -35,6 +36,8 @@ private Q_SLOTS:
     void aNewControlStoresItsPlaceOnly();
     void everyPropertyThatIsOfferedIsSaved_data() { controls(); }
     void everyPropertyThatIsOfferedIsSaved();
+    void aResetPropertyIsNoLongerSaved_data() { controls(); }
+    void aResetPropertyIsNoLongerSaved();
     void aRefusedValueIsToldAndTheOldOneStays();
     void refusedValuesOfAFileAreToldInOneMessage();
     void aChangeIsUndone();
@@ -44,6 +47,8 @@ private:
     void open(const QString &form);
     [[nodiscard]] QWidget *control() const;
     [[nodiscard]] QDesignerPropertySheetExtension *sheet() const;
+    //! The properties of the library's own that the property editor shows.
+    [[nodiscard]] std::vector<QMetaProperty> offered() const;
     void set(const char *property, const QVariant &value);
     [[nodiscard]] QVariant shown(const char *property) const { return control()->property(property); }
     //! The text of the message that is up, which is then closed.
@@ -64,7 +69,7 @@ QString formOf(const QString &control, const QString &properties = {})
         .arg(control, properties);
 }
 
-//! Another value than the one a property has.
+//! Another value than the one a property has, and one that its control takes.
 QVariant otherThan(const QMetaProperty &property, const QVariant &value)
 {
     const QByteArray name = property.name();
@@ -78,8 +83,11 @@ QVariant otherThan(const QMetaProperty &property, const QVariant &value)
     case QMetaType::Bool: return !value.toBool();
     case QMetaType::Int: return value.toInt() + 4;
     case QMetaType::QFont: return QFont(QStringLiteral("DejaVu Sans"), 17);
-    default: return name == "Text" ? QStringLiteral("7") : QStringLiteral("inny, \"łódź\"");
+    default: break;
     }
+    if (name != "Text")
+        return QStringLiteral("inny, \"łódź\"");
+    return value.toString().isEmpty() || value == QStringLiteral("Text1") ? QStringLiteral("7") : QString(); // no date
 }
 
 } // namespace
@@ -134,6 +142,18 @@ QDesignerPropertySheetExtension *tst_Designer::sheet() const
     return qt_extension<QDesignerPropertySheetExtension *>(m_core->extensionManager(), control());
 }
 
+std::vector<QMetaProperty> tst_Designer::offered() const
+{
+    std::vector<QMetaProperty> all;
+    const QMetaObject *type = control()->metaObject();
+    for (int i = QWidget::staticMetaObject.propertyCount(); i < type->propertyCount(); ++i) {
+        const int index = sheet()->indexOf(QString::fromLatin1(type->property(i).name()));
+        if (index >= 0 && sheet()->isVisible(index))
+            all.push_back(type->property(i));
+    }
+    return all;
+}
+
 void tst_Designer::set(const char *property, const QVariant &value)
 {
     m_form->cursor()->setProperty(QString::fromLatin1(property), value);
@@ -171,14 +191,9 @@ void tst_Designer::everyPropertyThatIsOfferedIsSaved()
     QFETCH(QString, name);
     open(formOf(name));
     QVariantMap changed;
-    const QMetaObject *type = control()->metaObject();
-    for (int i = QWidget::staticMetaObject.propertyCount(); i < type->propertyCount(); ++i) {
-        const QMetaProperty property = type->property(i);
-        const int index = sheet()->indexOf(QString::fromLatin1(property.name()));
-        if (index < 0 || !sheet()->isVisible(index))
-            continue;
+    for (const QMetaProperty &property : offered()) {
         set(property.name(), otherThan(property, property.read(control())));
-        QVERIFY2(sheet()->isChanged(index), property.name());
+        QVERIFY2(sheet()->isChanged(sheet()->indexOf(QString::fromLatin1(property.name()))), property.name());
         changed.insert(QString::fromLatin1(property.name()), QVariant());
     }
     QVERIFY(changed.size() >= 6);
@@ -203,6 +218,28 @@ void tst_Designer::everyPropertyThatIsOfferedIsSaved()
         QCOMPARE(control()->property(qPrintable(one.key())), one.value());
         QCOMPARE(run->property(qPrintable(one.key())), one.value());
     }
+}
+
+void tst_Designer::aResetPropertyIsNoLongerSaved()
+{
+    QFETCH(QString, name);
+    open(formOf(name));
+    const QString before = m_form->contents();
+    const std::vector<QMetaProperty> properties = offered();
+    QVariantList values;
+    for (const QMetaProperty &property : properties)
+        values << property.read(control());
+    for (std::size_t i = 0; i < properties.size(); ++i) {
+        set(properties[i].name(), otherThan(properties[i], values[i]));
+        QVERIFY2(properties[i].read(control()) != values[i], properties[i].name());
+    }
+    QVERIFY(m_form->contents() != before);
+    // Backwards: a text comes before the value that writes it
+    for (std::size_t i = properties.size(); i-- > 0;)
+        m_form->cursor()->resetWidgetProperty(control(), QString::fromLatin1(properties[i].name()));
+    for (std::size_t i = 0; i < properties.size(); ++i)
+        QCOMPARE(properties[i].read(control()), values[i]);
+    QCOMPARE(m_form->contents(), before);
 }
 
 void tst_Designer::aRefusedValueIsToldAndTheOldOneStays()
