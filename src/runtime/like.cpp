@@ -37,21 +37,24 @@ void walkList(QStringView list, Range range)
     }
 }
 
-char16_t lower(char16_t c) { return QChar::toLower(c); }
-char16_t upper(char16_t c) { return QChar::toUpper(c); }
+//! What ranges and characters are compared by.
+char16_t rankOf(char16_t c, TextComparison mode)
+{
+    return mode == TextComparison::Text ? static_cast<char16_t>(QChar::toLower(c)) : c;
+}
 
 bool listHolds(QStringView list, char16_t c, TextComparison mode)
 {
     bool found = false;
-    const char16_t other = mode == TextComparison::Binary ? c : lower(c) == c ? upper(c) : lower(c);
+    const char16_t rank = rankOf(c, mode);
     walkList(list, [&](char16_t first, char16_t last) {
-        found = found || (c >= first && c <= last) || (other >= first && other <= last);
+        found = found || (rank >= rankOf(first, mode) && rank <= rankOf(last, mode));
     });
     return found;
 }
 
 //! The list that opens before `at`, which is moved behind its closing bracket.
-void compileList(QStringView pattern, qsizetype &at, Pattern &elements)
+void compileList(QStringView pattern, qsizetype &at, TextComparison mode, Pattern &elements)
 {
     const qsizetype end = pattern.indexOf(u']', at);
     if (end < 0)
@@ -62,15 +65,15 @@ void compileList(QStringView pattern, qsizetype &at, Pattern &elements)
     const bool excluding = list.size() > 1 && list.front() == u'!';
     if (excluding)
         list = list.sliced(1);
-    walkList(list, [](char16_t first, char16_t last) {
-        if (first > last && lower(first) > lower(last))
+    walkList(list, [mode](char16_t first, char16_t last) {
+        if (rankOf(first, mode) > rankOf(last, mode))
             refuse();
     });
     if (!list.isEmpty())
         elements.append({excluding ? Element::Kind::ExcludingList : Element::Kind::List, 0, list});
 }
 
-Pattern compile(QStringView pattern)
+Pattern compile(QStringView pattern, TextComparison mode)
 {
     Pattern elements;
     for (qsizetype at = 0; at < pattern.size(); ++at) {
@@ -81,7 +84,7 @@ Pattern compile(QStringView pattern)
             if (elements.isEmpty() || elements.last().kind != Element::Kind::Star)
                 elements.append({Element::Kind::Star, 0, {}});
             break;
-        case u'[': compileList(pattern, ++at, elements); break;
+        case u'[': compileList(pattern, ++at, mode, elements); break;
         default: elements.append({Element::Kind::Character, c, {}}); break;
         }
     }
@@ -91,8 +94,7 @@ Pattern compile(QStringView pattern)
 bool matches(const Element &element, char16_t c, TextComparison mode)
 {
     switch (element.kind) {
-    case Element::Kind::Character:
-        return element.character == c || (mode == TextComparison::Text && lower(element.character) == lower(c));
+    case Element::Kind::Character: return rankOf(element.character, mode) == rankOf(c, mode);
     case Element::Kind::Any: return true;
     case Element::Kind::Digit: return c >= u'0' && c <= u'9';
     case Element::Kind::List: return listHolds(element.list, c, mode);
@@ -106,7 +108,7 @@ bool matches(const Element &element, char16_t c, TextComparison mode)
 
 bool Like(QStringView text, QStringView pattern, TextComparison mode)
 {
-    const Pattern elements = compile(pattern);
+    const Pattern elements = compile(pattern, mode);
     qsizetype at = 0;
     qsizetype element = 0;
     // Only the last star is ever given more: what the earlier ones took was the least they could, so time grows with

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void textModeIgnoresCase();
     void refusesMalformedPatterns_data();
     void refusesMalformedPatterns();
+    void textModeRefusesRangesThatDescendInTheAlphabet();
     void manyStarsAreNotTriedInAllWays();
 };
 
@@ -92,6 +93,8 @@ void tst_Like::textModeIgnoresCase_data()
     QTest::newRow("capital in a small range") << QStringLiteral("M") << QStringLiteral("[a-z]") << true;
     QTest::newRow("small in a capital range") << QStringLiteral("m") << QStringLiteral("[A-Z]") << true;
     QTest::newRow("excluded in the other case") << QStringLiteral("M") << QStringLiteral("[!a-z]") << false;
+    QTest::newRow("range from a small letter to a capital") << QStringLiteral("m") << QStringLiteral("[a-Z]") << true;
+    QTest::newRow("what lies between Z and a in code units") << QStringLiteral("_") << QStringLiteral("[A-z]") << false;
     QTest::newRow("digits are no letters") << QStringLiteral("5") << QStringLiteral("[a-z]") << false;
 }
 
@@ -110,6 +113,7 @@ void tst_Like::refusesMalformedPatterns_data()
     QTest::newRow("list without an end") << QStringLiteral("a") << QStringLiteral("[abc");
     QTest::newRow("list without an end, reached by no character") << QString() << QStringLiteral("x[");
     QTest::newRow("range that descends") << QStringLiteral("m") << QStringLiteral("[z-a]");
+    QTest::newRow("range that descends by code unit") << QStringLiteral("m") << QStringLiteral("[a-Z]");
     QTest::newRow("excluded range that descends") << QStringLiteral("m") << QStringLiteral("[!9-0]");
 }
 
@@ -123,6 +127,17 @@ void tst_Like::refusesMalformedPatterns()
     } catch (const kor::RunTimeError &error) {
         QCOMPARE(error.number(), 93);
     }
+}
+
+void tst_Like::textModeRefusesRangesThatDescendInTheAlphabet()
+{
+    try {
+        (void)kor::Like(u"m", u"[Z-a]", TextComparison::Text);
+        QFAIL("no error was raised");
+    } catch (const kor::RunTimeError &error) {
+        QCOMPARE(error.number(), 93);
+    }
+    QVERIFY(kor::Like(u"_", u"[Z-a]"));
 }
 
 void tst_Like::manyStarsAreNotTriedInAllWays()
