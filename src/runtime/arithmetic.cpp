@@ -37,20 +37,19 @@ QVariant wholeSum(const QVariant &left, const QVariant &right, const Locale &loc
     return static_cast<double>(sum);
 }
 
-QVariant dateSum(double serial)
-{
-    const auto moment = momentOfSerial(serial);
-    if (!moment)
-        throw RunTimeError(ErrorNumber::Overflow);
-    return dateVariant(*moment);
-}
-
 QVariant doubleSum(double left, double right)
 {
     const double sum = left + right;
     if (!std::isfinite(sum))
         throw RunTimeError(ErrorNumber::Overflow);
     return sum;
+}
+
+//! A date as long as the sum lies in the calendar.
+QVariant dateSum(double left, double right)
+{
+    const auto moment = momentOfSerial(left + right);
+    return moment ? dateVariant(*moment) : doubleSum(left, right);
 }
 
 //! Single as long as the other operand has no more digits than a Single and the sum fits.
@@ -84,9 +83,8 @@ QVariant add(const QVariant &leftValue, const QVariant &rightValue, const Locale
     if (isWhole(leftType) && isWhole(rightType))
         return wholeSum(left, right, locale);
     if (either(VariantType::Date))
-        return dateSum(CDbl(left, locale) + CDbl(right, locale));
-    if (either(VariantType::Currency) && !either(VariantType::Double) && !either(VariantType::Single) &&
-        !either(VariantType::String))
+        return dateSum(CDbl(left, locale), CDbl(right, locale));
+    if (either(VariantType::Currency))
         return QVariant::fromValue(CCur(left, locale) + CCur(right, locale));
     const auto fitsSingle = [](VariantType type) {
         return type == VariantType::Single || (isWhole(type) && type != VariantType::Long);

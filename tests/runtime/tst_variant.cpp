@@ -131,9 +131,12 @@ void tst_Variant::sums_data()
     row("Singles widen to Double",        3e38F,          3e38F,            double(3e38F) * 2);
     row("Currency is exact",              amount(1000),   amount(2000),     amount(3000));
     row("Currency and Long",              amount(15000),  2,                amount(35000));
-    row("Currency and Double",            amount(15000),  0.25,             1.75);
+    row("Currency and Double",            amount(15000),  0.25,             amount(17500));
+    row("Single and Currency",            0.25F,          amount(15000),    amount(17500));
     row("date and number",                QDate(2000, 1, 1), 31,            QDate(2000, 2, 1));
     row("number and date",                0.5,            QDate(2000, 1, 1), QDateTime(QDate(2000, 1, 1), QTime(12, 0), Qt::UTC));
+    row("date and Currency",              QDate(2000, 1, 1), amount(5000),  QDateTime(QDate(2000, 1, 1), QTime(12, 0), Qt::UTC));
+    row("a day beyond the calendar is a Double", QDate(9999, 12, 31), 1,    2958466.0);
     row("Null and a number",              kor::null(),    1,                kor::null());
     row("text and Null",                  QStringLiteral("a"), kor::null(), kor::null());
     row("Empty and a number",             QVariant(),     1.5,              1.5);
@@ -141,7 +144,7 @@ void tst_Variant::sums_data()
     row("Empty and Empty",                QVariant(),     QVariant(),       integer(0));
     row("texts are joined",               QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("12"));
     row("text and number add up",         QStringLiteral("1,5"), 2,         3.5);
-    row("text and Currency add up",       amount(10000),  QStringLiteral("0,5"), 1.5);
+    row("text and Currency add up",       amount(10000),  QStringLiteral("0,5"), amount(15000));
     row("64 bits",                        qlonglong(1),   2,                3);
     // clang-format on
 }
@@ -165,7 +168,8 @@ void tst_Variant::sumErrors()
     QCOMPARE(error(kor::missing(), 1), 13);
     QCOMPARE(error(1.7e308, 1.7e308), 6);
     QCOMPARE(error(amount(std::numeric_limits<qint64>::max()), 1), 6);
-    QCOMPARE(error(QDate(9999, 12, 31), 1), 6);
+    QCOMPARE(error(amount(0), 1e15), 6);
+    QCOMPARE(error(QDate(9999, 12, 31), std::numeric_limits<double>::infinity()), 6);
 }
 
 void tst_Variant::currency()
