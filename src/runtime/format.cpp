@@ -131,12 +131,11 @@ public:
 
     QString operator()(const DateMask &mask) const
     {
-        const auto moment = dateOf(m_value, m_locale);
-        if (!moment)
-            return CStr(m_value, m_locale);
-        MaskOutput out;
-        mask.write(*moment, m_locale, out);
-        return textOf(out);
+        if (variantType(m_value) != VariantType::String)
+            return writtenDate(mask);
+        // A date without its year asks for today's, and a host's clock may format something of its own meanwhile: the
+        // mask would lose its place in the cache.
+        return writtenDate(DateMask(mask));
     }
 
     QString operator()(const TextMask &mask) const
@@ -147,6 +146,16 @@ public:
     }
 
 private:
+    [[nodiscard]] QString writtenDate(const DateMask &mask) const
+    {
+        const auto moment = dateOf(m_value, m_locale);
+        if (!moment)
+            return CStr(m_value, m_locale);
+        MaskOutput out;
+        mask.write(*moment, m_locale, out);
+        return textOf(out);
+    }
+
     [[nodiscard]] QString generalNumber(const Decimal &number) const
     {
         switch (variantType(m_value)) {

@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include <KorDaoUC/Clock>
 #include <KorDaoUC/Format>
 #include <KorDaoUC/RunTimeError>
 
 #include <QtCore/QDateTime>
+#include <QtCore/QScopeGuard>
 #include <QtTest/QTest>
 
 using kor::Locale;
@@ -38,6 +40,7 @@ private Q_SLOTS:
     void otherValues();
     void dayNumbersBeyondTheCalendarOverflow();
     void localTimeIsNotConverted();
+    void aClockMayFormatOnItsOwn();
 };
 
 void tst_FormatDate::pictures_data()
@@ -199,6 +202,18 @@ void tst_FormatDate::localTimeIsNotConverted()
 {
     const QDateTime local(QDate(2003, 7, 1), QTime(10, 20, 30));
     QCOMPARE(kor::Format(local, u"yyyy-mm-dd hh:nn:ss", Locale::polish()), QStringLiteral("2003-07-01 10:20:30"));
+}
+
+//! A date without its year asks the host's clock in the middle of being formatted.
+void tst_FormatDate::aClockMayFormatOnItsOwn()
+{
+    const auto restore = qScopeGuard([] { kor::Clock::setSource({}); });
+    kor::Clock::setSource([] {
+        for (int digits = 1; digits <= 100; ++digits)
+            (void)kor::Format(1, QString(digits, u'0'));
+        return QDate(2003, 9, 28);
+    });
+    QCOMPARE(kor::Format(QStringLiteral("6 stycznia"), u"yyyy-mm-dd", Locale::polish()), QStringLiteral("2003-01-06"));
 }
 
 QTEST_GUILESS_MAIN(tst_FormatDate)
