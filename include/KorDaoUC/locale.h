@@ -21,7 +21,7 @@ struct KORDAOUC_RUNTIME_EXPORT Locale {
     QChar dateSeparator = u'/';
     QChar timeSeparator = u':';
     QString currencySymbol = QStringLiteral("$");
-    QString currencyPositive = QStringLiteral("$n"); //!< n stands for the number
+    QString currencyPositive = QStringLiteral("$n"); //!< the n outside the symbol is the number
     QString currencyNegative = QStringLiteral("($n)");
     QString shortDatePattern = QStringLiteral("M/d/yyyy");
     QString longDatePattern = QStringLiteral("dddd, MMMM dd, yyyy");
@@ -49,7 +49,8 @@ struct KORDAOUC_RUNTIME_EXPORT Locale {
     [[nodiscard]] static Locale english();
     //! de-DE: 1.234,50, dd.MM.yyyy, "n €".
     [[nodiscard]] static Locale german();
-    //! Of any locale the toolkit knows.
+    //! Of any locale the toolkit knows. Short dates have four-digit years; a short date, a time and an amount that
+    //! are written in it are read back.
     [[nodiscard]] static Locale fromQLocale(const QLocale &locale);
 
     //! The process default: read once from the system, unless the host or a test has set one. Thread-safe.

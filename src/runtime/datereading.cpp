@@ -24,15 +24,6 @@ using Tokens = QVarLengthArray<Token, 16>;
 
 constexpr int longestTokenRow = 24; // "Tuesday, 6. January 1998 17:08:06 PM" has fourteen
 
-int indexOfWord(const QStringList &words, QStringView word)
-{
-    for (qsizetype i = 0; i < words.size(); ++i) {
-        if (word.compare(words[i], Qt::CaseInsensitive) == 0)
-            return static_cast<int>(i);
-    }
-    return -1;
-}
-
 //! What a locale writes behind the last field of its short date, as in "2024. 03. 05." or "5.03.24 \u0433.".
 QString tailOf(const QString &pattern)
 {
@@ -63,7 +54,7 @@ public:
     {
         while (m_at < m_text.size()) {
             const char16_t c = m_text[m_at].unicode();
-            if (isBlank(c) || c == u'\u00a0') {
+            if (isBlank(c) || c == u'\u00a0' || c == u'\u202f') {
                 ++m_at;
                 continue;
             }
@@ -88,10 +79,10 @@ private:
 
     bool takeToken(char16_t c, Tokens &tokens)
     {
+        if (mayBeName(c) && takeName(tokens))
+            return true;
         if (isDigit(c))
             return takeNumber(tokens);
-        if (QChar(c).isLetter())
-            return takeWord(tokens);
         const auto separator = separatorKind(c);
         if (separator)
             tokens.append({*separator});
@@ -125,41 +116,51 @@ private:
         return true;
     }
 
-    bool takeWord(Tokens &tokens)
+    //! Spares most dates the search for names: names begin with letters, or all months with their numbers ("2月").
+    [[nodiscard]] bool mayBeName(char16_t c) const
     {
-        const qsizetype start = m_at;
-        while (m_at < m_text.size() && m_text[m_at].isLetter())
-            ++m_at;
-        QStringView word = m_text.sliced(start, m_at - start);
-        // Some locales end their short names with a point ("wt.").
-        const bool pointed = m_at < m_text.size() && m_text[m_at] == u'.';
-        const auto find = [&](const QStringList &words) {
-            const int index = indexOfWord(words, word);
-            return index >= 0 || !pointed ? index : indexOfWord(words, m_text.sliced(start, m_at + 1 - start));
-        };
-        for (const QStringList *words :
-             {&m_locale.monthNames, &m_locale.monthNamesGenitive, &m_locale.shortMonthNames}) {
-            if (const int month = find(*words); month >= 0)
-                return append(tokens, {Token::Kind::MonthName, month + 1}, (*words)[month]);
-        }
-        for (const QStringList *words : {&m_locale.dayNames, &m_locale.shortDayNames}) {
-            if (const int day = find(*words); day >= 0)
-                return append(tokens, {Token::Kind::DayName}, (*words)[day]);
-        }
-        const QString am = m_locale.amText;
-        const QString pm = m_locale.pmText;
-        if (indexOfWord({QStringLiteral("AM"), QStringLiteral("A"), am}, word) >= 0)
-            return append(tokens, {Token::Kind::HalfOfDay, 0}, {});
-        if (indexOfWord({QStringLiteral("PM"), QStringLiteral("P"), pm}, word) >= 0)
-            return append(tokens, {Token::Kind::HalfOfDay, 1}, {});
-        return false;
+        if (QChar(c).isLetter() || QChar::isSurrogate(c))
+            return true;
+        const QString january = m_locale.shortMonthNames.value(0);
+        return isDigit(c) && !january.isEmpty() && isDigit(january.front().unicode());
     }
 
-    bool append(Tokens &tokens, Token token, const QString &name)
+    //! The longest name that stands here as a whole: names may hold points ("wt."), blanks ("a. m.") or digits ("2月").
+    bool takeName(Tokens &tokens)
     {
-        tokens.append(token);
-        m_at += name.endsWith(u'.') ? 1 : 0;
+        qsizetype longest = 0;
+        Token found = {Token::Kind::DayName};
+        const auto look = [&](QStringView name, Token token) {
+            if (name.size() > longest && standsHere(name)) {
+                longest = name.size();
+                found = token;
+            }
+        };
+        for (const QStringList *names :
+             {&m_locale.monthNames, &m_locale.monthNamesGenitive, &m_locale.shortMonthNames}) {
+            for (int month = 0; month < names->size(); ++month)
+                look((*names)[month], {Token::Kind::MonthName, month + 1});
+        }
+        for (const QStringList *names : {&m_locale.dayNames, &m_locale.shortDayNames}) {
+            for (const QString &name : *names)
+                look(name, {Token::Kind::DayName});
+        }
+        for (const QStringView am : {QStringView(m_locale.amText), QStringView(u"AM"), QStringView(u"A")})
+            look(am, {Token::Kind::HalfOfDay, 0});
+        for (const QStringView pm : {QStringView(m_locale.pmText), QStringView(u"PM"), QStringView(u"P")})
+            look(pm, {Token::Kind::HalfOfDay, 1});
+        if (longest == 0)
+            return false;
+        tokens.append(found);
+        m_at += longest;
         return true;
+    }
+
+    [[nodiscard]] bool standsHere(QStringView name) const
+    {
+        const QStringView rest = m_text.sliced(m_at);
+        const bool ends = rest.size() <= name.size() || !(rest[name.size()].isLetter() || rest[name.size()].isMark());
+        return ends && rest.startsWith(name, Qt::CaseInsensitive);
     }
 
     QStringView m_text;
@@ -236,8 +237,16 @@ private:
     }
     [[nodiscard]] bool startsTime(qsizetype at) const
     {
+        if (leadsTime(at))
+            return true;
         return is(at, Token::Kind::Number) &&
-               (is(at + 1, Token::Kind::TimeSeparator) || is(at + 1, Token::Kind::HalfOfDay));
+               (is(at + 1, Token::Kind::TimeSeparator) || (is(at + 1, Token::Kind::HalfOfDay) && !leadsTime(at + 1)));
+    }
+    //! Whether the half of the day stands there before its hour, where the locale writes it so.
+    [[nodiscard]] bool leadsTime(qsizetype at) const
+    {
+        return m_locale.timePattern.startsWith(u't') && is(at, Token::Kind::HalfOfDay) &&
+               is(at + 1, Token::Kind::Number);
     }
 
     void skipDayName()
@@ -250,6 +259,7 @@ private:
     {
         std::array<int, 3> parts = {0, 0, 0};
         std::size_t count = 0;
+        const Token *half = leadsTime(m_at) ? &m_tokens[m_at++] : nullptr;
         if (!is(m_at, Token::Kind::Number))
             return false;
         parts[count++] = m_tokens[m_at++].value;
@@ -258,8 +268,10 @@ private:
                 return false;
             parts[count++] = m_tokens[m_at++].value;
         }
-        if (is(m_at, Token::Kind::HalfOfDay)) {
-            const bool afternoon = m_tokens[m_at++].value == 1;
+        if (!half && is(m_at, Token::Kind::HalfOfDay))
+            half = &m_tokens[m_at++];
+        if (half) {
+            const bool afternoon = half->value == 1;
             // Hours beyond twelve know their half by themselves.
             if (afternoon && parts[0] < 12)
                 parts[0] += 12;

@@ -72,6 +72,15 @@ std::optional<Moment> dateOf(const QVariant &value, const Locale &locale)
     return moment;
 }
 
+//! Where the number stands in a currency pattern: at the letter n that is no part of the symbol ("n kn").
+qsizetype placeOfNumber(const QString &pattern, const QString &symbol)
+{
+    const qsizetype symbolAt = symbol.isEmpty() ? -1 : pattern.indexOf(symbol);
+    const qsizetype place = pattern.indexOf(u'n');
+    const bool isInSymbol = symbolAt >= 0 && place >= symbolAt && place < symbolAt + symbol.size();
+    return isInSymbol ? pattern.indexOf(u'n', symbolAt + symbol.size()) : place;
+}
+
 void writeCurrency(const Decimal &number, const Locale &locale, MaskOutput &out)
 {
     static const NumberMask amount = NumberMask::fromPicture(u"#,##0.00");
@@ -79,12 +88,13 @@ void writeCurrency(const Decimal &number, const Locale &locale, MaskOutput &out)
     magnitude.keepPlaces(2);
     const bool negative = magnitude.negative && !magnitude.isZero();
     magnitude.negative = false;
-    for (const QChar c : negative ? locale.currencyNegative : locale.currencyPositive) {
-        if (c == u'n')
-            amount.write(magnitude, locale, out);
-        else
-            out.append(c.unicode());
-    }
+    const QString &pattern = negative ? locale.currencyNegative : locale.currencyPositive;
+    const qsizetype place = placeOfNumber(pattern, locale.currencySymbol);
+    if (place < 0)
+        return appendText(pattern, out);
+    appendText(QStringView(pattern).first(place), out);
+    amount.write(magnitude, locale, out);
+    appendText(QStringView(pattern).sliced(place + 1), out);
 }
 
 //! Writes one value through one kind of mask; a text that is nothing to the mask stays as it is.

@@ -138,29 +138,73 @@ QChar separatorOf(const QString &pattern)
     return u'/';
 }
 
-//! A pattern of times in the classic tokens: tt for the half of the day, no zone.
-QString classicTimePattern(const QString &pattern)
+//! A short time pattern of the toolkit, taken apart: where the hours and the half of the day stand, what parts the
+//! minutes. Words and zones that some locales add are left out.
+struct TimeHabits {
+    QString hours = QStringLiteral("HH");
+    QChar separator = u':';
+    enum class HalfOfDay { None, Before, Behind } half = HalfOfDay::None;
+
+    explicit TimeHabits(const QString &pattern)
+    {
+        bool quoted = false;
+        qsizetype hoursEnd = -1;
+        for (qsizetype i = 0; i < pattern.size(); ++i) {
+            const QChar c = pattern[i];
+            if (c == u'\'') {
+                quoted = !quoted;
+            } else if (quoted) {
+                continue;
+            } else if ((c == u'h' || c == u'H') && hoursEnd < 0) {
+                hoursEnd = i + 1 + (i + 1 < pattern.size() && pattern[i + 1] == c ? 1 : 0);
+                hours = pattern.sliced(i, hoursEnd - i);
+            } else if (c == u'a' || c == u'A' || c == u'b' || c == u'B') {
+                half = hoursEnd < 0 ? HalfOfDay::Before : HalfOfDay::Behind;
+            } else if (c == u'm' && i == hoursEnd + 1 && pattern[hoursEnd].isPunct()) {
+                separator = pattern[hoursEnd];
+            }
+        }
+    }
+
+    [[nodiscard]] QString pattern() const
+    {
+        const QString time = hours + separator + QStringLiteral("mm") + separator + QStringLiteral("ss");
+        switch (half) {
+        case HalfOfDay::Before: return QStringLiteral("tt ") + time;
+        case HalfOfDay::Behind: return time + QStringLiteral(" tt");
+        case HalfOfDay::None: break;
+        }
+        return time;
+    }
+};
+
+//! A short date as people type it: the fields with one separator between them, without words, blanks and a point at the
+//! end, and the year with its century. From two digits, a date of 1925 would be read back as one of 2025.
+QString typedDatePattern(const QString &pattern, QChar separator)
 {
     QString result;
     bool quoted = false;
-    for (qsizetype i = 0; i < pattern.size(); ++i) {
-        const QChar c = pattern[i];
-        if (c == u'\'')
-            quoted = !quoted;
-        if (!quoted && (c == u'a' || c == u'A')) {
-            result += QStringLiteral("tt");
-            if (i + 1 < pattern.size() && pattern[i + 1].toUpper() == u'P')
-                ++i;
-        } else if (quoted || c != u't') {
-            result += c;
-        }
+    for (const QChar c : pattern) {
+        quoted = quoted != (c == u'\'');
+        if (quoted || (c != u'd' && c != u'M' && c != u'y'))
+            continue;
+        if (!result.isEmpty() && result.back() != c)
+            result += separator;
+        result += c;
     }
-    result.remove(QStringLiteral("()"));
-    return result.trimmed();
+    return result.contains(QStringLiteral("yyyy")) ? result
+                                                   : result.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
 }
 
-//! The place of the digits in an amount that the toolkit wrote, as the letter n.
-QString currencyPattern(const QString &amount)
+//! Text that is set beside a number: no-break blanks mean nothing there, and the minus is the one of the keyboard,
+//! which is the only one that numbers are read with.
+QString besideNumber(QString text)
+{
+    return withoutMarks(text.replace(u'\u00a0', u' ').replace(u'\u202f', u' ').replace(u'\u2212', u'-'));
+}
+
+//! The place of the digits in an amount that the toolkit wrote, as the letter n; without such digits, `otherwise`.
+QString currencyPattern(const QString &amount, const QString &otherwise)
 {
     qsizetype first = 0;
     while (first < amount.size() && !amount[first].isDigit())
@@ -169,10 +213,14 @@ QString currencyPattern(const QString &amount)
     while (last > first && !amount[last].isDigit())
         --last;
     if (first >= amount.size())
-        return QStringLiteral("n");
-    QString pattern = amount.first(first) + u'n' + amount.sliced(last + 1);
-    // No-break blanks mean nothing in a pattern of text that is set beside a number.
-    return withoutMarks(pattern.replace(u'\u00a0', u' ').replace(u'\u202f', u' '));
+        return otherwise;
+    return besideNumber(amount.first(first) + u'n' + amount.sliced(last + 1));
+}
+
+//! The symbol as it stands in amounts. The toolkit has none for some currencies, whose amounts carry a code.
+QString symbolOf(const QString &amountPattern, const QString &symbol)
+{
+    return symbol.isEmpty() ? QString(amountPattern).remove(u'n').trimmed() : besideNumber(symbol);
 }
 
 //! Every habit as the toolkit's locale tells it.
@@ -181,14 +229,19 @@ Locale told(const QLocale &locale)
     Locale result;
     result.decimalSeparator = firstCharacter(locale.decimalPoint(), u'.');
     result.groupSeparator = firstCharacter(locale.groupSeparator(), u',');
-    result.shortDatePattern = withoutMarks(locale.dateFormat(QLocale::ShortFormat));
+    const QString shortDate = withoutMarks(locale.dateFormat(QLocale::ShortFormat));
+    result.dateSeparator = separatorOf(shortDate);
+    result.shortDatePattern = typedDatePattern(shortDate, result.dateSeparator);
     result.longDatePattern = withoutMarks(locale.dateFormat(QLocale::LongFormat));
-    result.timePattern = withoutMarks(classicTimePattern(locale.timeFormat(QLocale::LongFormat)));
-    result.dateSeparator = separatorOf(result.shortDatePattern);
-    result.timeSeparator = separatorOf(result.timePattern);
-    result.currencySymbol = locale.currencySymbol();
-    result.currencyPositive = currencyPattern(locale.toCurrencyString(1.25));
-    result.currencyNegative = currencyPattern(locale.toCurrencyString(-1.25));
+    TimeHabits time(locale.timeFormat(QLocale::ShortFormat));
+    // "5.08.06" would be read back as a date where points part dates, too.
+    if (time.separator == result.dateSeparator)
+        time.separator = u':';
+    result.timeSeparator = time.separator;
+    result.timePattern = time.pattern();
+    result.currencyPositive = currencyPattern(locale.toCurrencyString(1.25), QStringLiteral("n"));
+    result.currencyNegative = currencyPattern(locale.toCurrencyString(-1.25), QStringLiteral("-n"));
+    result.currencySymbol = symbolOf(result.currencyPositive, locale.currencySymbol());
     result.amText = locale.amText();
     result.pmText = locale.pmText();
     for (int month = 1; month <= 12; ++month) {
@@ -244,7 +297,7 @@ Locale Locale::fromQLocale(const QLocale &locale)
         return locale.language() == language && locale.territory() == territory;
     };
     const Locale asTold = told(locale);
-    // The toolkit's data differ from the classic ones in these three (short dates with one digit or a two-digit year).
+    // The toolkit's data differ from the classic ones in these three: days of one digit, words, signs of amounts.
     if (is(QLocale::Polish, QLocale::Poland))
         return corrected(asTold, told(QLocale(QLocale::Polish, QLocale::Poland)), polish());
     if (is(QLocale::English, QLocale::UnitedStates))

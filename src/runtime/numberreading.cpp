@@ -114,8 +114,9 @@ public:
         if (current() == u'&' && !m_hasSign && !m_hasOpening && !m_hasCurrency)
             return readRadix();
         readDigits();
-        if (!m_reading.digits.hasDigits() || !readExponentPart())
+        if (!m_reading.digits.hasDigits())
             return {};
+        readExponentPart();
         while (m_at < m_text.size() && (takeBlank() || takeSign() || takeClosingBracket() || takeCurrencySymbol())) {
         }
         if (m_at != m_text.size() || m_hasOpening != m_hasClosing)
@@ -213,18 +214,18 @@ private:
         }
     }
 
-    //! False when there is an exponent letter without an exponent.
-    bool readExponentPart()
+    //! A letter without an exponent behind it is left: a currency may begin with it ("5DA").
+    void readExponentPart()
     {
         const char16_t c = current();
         if (c != u'e' && c != u'E' && c != u'd' && c != u'D')
-            return true;
-        ++m_at;
+            return;
         int exponent = 0;
-        if (!readExponent(m_text, m_at, exponent, false))
-            return false;
+        qsizetype at = m_at + 1;
+        if (!readExponent(m_text, at, exponent, false))
+            return;
         m_reading.digits.takeExponent(exponent);
-        return true;
+        m_at = at;
     }
 
     NumberReading readRadix()

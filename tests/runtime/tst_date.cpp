@@ -44,6 +44,8 @@ private Q_SLOTS:
     void texts();
     void textsOfLocalesThatWriteSomethingBehindTheDate_data();
     void textsOfLocalesThatWriteSomethingBehindTheDate();
+    void textsWithTheNamesOfOtherLocales_data();
+    void textsWithTheNamesOfOtherLocales();
     void serials_data();
     void serials();
     void dateValue();
@@ -98,6 +100,10 @@ void tst_Date::texts_data()
     row("month and year",                    u"2/1998",           "1998-02-01", "1998-02-01", "1998-02-01");
     row("one number",                        u"1998",             "-",          "-",          "-");
     row("bare digits",                       u"980106",           "-",          "-",          "-");
+    row("name without blanks around",        u"6sty1998",         "-",          "1998-01-06", "1998-01-06");
+    row("Polish short name of the day without its point", u"wt, 6 sty 98", "-",    "-",          "-");
+    row("Polish name in capitals",           u"15 PAŹDZIERNIKA 1998", "-",        "1998-10-15", "1998-10-15");
+    row("beginning of a Polish name",        u"6 stycz 1998",     "-",          "-",          "-");
     row("English name",                      u"January 6, 1998",  "1998-01-06", "-",          "-");
     row("English short name",                u"6-Jan-98",         "1998-01-06", "-",          "-");
     row("name and year",                     u"Jan 1998",         "1998-01-01", "-",          "-");
@@ -171,6 +177,44 @@ void tst_Date::textsOfLocalesThatWriteSomethingBehindTheDate()
     Locale locale = Locale::polish();
     locale.shortDatePattern = pattern;
     QTEST(read(text, locale), "date");
+}
+
+void tst_Date::textsWithTheNamesOfOtherLocales_data()
+{
+    QTest::addColumn<QString>("timePattern");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *name, const char16_t *timePattern, const char16_t *text, const char *expected) {
+        QTest::newRow(name) << QString::fromUtf16(timePattern) << QString::fromUtf16(text)
+                            << QString::fromLatin1(expected);
+    };
+    // clang-format off
+    row("half of the day with points and blanks",     u"h:mm:ss tt", u"6.1.1998 5:08 p.\u00a0m.", "1998-01-06 17:08:00");
+    row("half of the day in capitals",                u"h:mm:ss tt", u"5:08 P.\u00a0M.",     "1899-12-30 17:08:00");
+    row("half of the day and more letters",           u"h:mm:ss tt", u"5:08 p.\u00a0m.x",    "-");
+    row("half of the day first",                      u"tt h:mm:ss", u"6.1.1998 p.\u00a0m. 5:08", "1998-01-06 17:08:00");
+    row("half of the day first, and the date behind", u"tt h:mm:ss", u"PM 5:08 6.1.1998",    "1998-01-06 17:08:00");
+    row("both halves of the day",                     u"tt h:mm:ss", u"PM 5:08 AM",          "-");
+    row("half of the day first, elsewhere",           u"h:mm:ss tt", u"PM 5:08",             "-");
+    row("name that begins with digits",               u"H:mm:ss",    u"6 1月 1998",           "1998-01-06");
+    row("name that holds another",                    u"H:mm:ss",    u"6 11月 1998",          "1998-11-06");
+    row("narrow no-break blanks",                     u"H:mm:ss",    u"6.1.1998\u202f17:08", "1998-01-06 17:08:00");
+    // clang-format on
+}
+
+void tst_Date::textsWithTheNamesOfOtherLocales()
+{
+    QFETCH(QString, timePattern);
+    QFETCH(QString, text);
+    QFETCH(QString, expected);
+    Locale locale = Locale::polish();
+    locale.timePattern = timePattern;
+    locale.amText = QStringLiteral("a.\u00a0m.");
+    locale.pmText = QStringLiteral("p.\u00a0m.");
+    locale.shortMonthNames.clear();
+    for (int month = 1; month <= 12; ++month)
+        locale.shortMonthNames += QStringLiteral("%1月").arg(month);
+    QCOMPARE(read(text, locale), expected);
 }
 
 void tst_Date::serials_data()

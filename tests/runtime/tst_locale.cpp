@@ -6,6 +6,7 @@
 #include <KorDaoUC/Format>
 #include <KorDaoUC/Locale>
 
+#include <QtCore/QDateTime>
 #include <QtCore/QLocale>
 #include <QtCore/QThread>
 #include <QtTest/QTest>
@@ -24,6 +25,8 @@ private Q_SLOTS:
     void knownOnesAreClassic();
     void othersAreAsTheToolkitTells_data();
     void othersAreAsTheToolkitTells();
+    void timesAreWrittenWithoutWordsAndZones_data();
+    void timesAreWrittenWithoutWordsAndZones();
     void theDefaultIsReplacedAndReferencesStay();
     void everyLocaleReadsWhatItWrites();
     void theClockIsReplaced();
@@ -67,10 +70,14 @@ void tst_Locale::othersAreAsTheToolkitTells_data()
     QTest::addColumn<QString>("date");
     // clang-format off
     QTest::newRow("French")    << QStringLiteral("fr_FR") << QStringLiteral("1\u202f234,50") << QStringLiteral("1\u202f234,50 €")   << QStringLiteral("06/01/1998");
-    QTest::newRow("Czech")     << QStringLiteral("cs_CZ") << QStringLiteral("1\u00a0234,50") << QStringLiteral("1\u00a0234,50 Kč")  << QStringLiteral("06.01.98");
+    QTest::newRow("Czech, with the century in the year") << QStringLiteral("cs_CZ") << QStringLiteral("1\u00a0234,50") << QStringLiteral("1\u00a0234,50 Kč")  << QStringLiteral("06.01.1998");
     QTest::newRow("British")   << QStringLiteral("en_GB") << QStringLiteral("1,234.50")      << QStringLiteral("£1,234.50")         << QStringLiteral("06/01/1998");
-    QTest::newRow("Swiss")     << QStringLiteral("de_CH") << QStringLiteral("1’234.50")      << QStringLiteral("1’234.50 CHF")      << QStringLiteral("06.01.98");
-    QTest::newRow("Hungarian") << QStringLiteral("hu_HU") << QStringLiteral("1\u00a0234,50") << QStringLiteral("1\u00a0234,50 Ft")  << QStringLiteral("1998. 01. 06.");
+    QTest::newRow("Swiss")     << QStringLiteral("de_CH") << QStringLiteral("1’234.50")      << QStringLiteral("1’234.50 CHF")      << QStringLiteral("06.01.1998");
+    QTest::newRow("Hungarian, without blanks and a last point") << QStringLiteral("hu_HU") << QStringLiteral("1\u00a0234,50") << QStringLiteral("1\u00a0234,50 Ft")  << QStringLiteral("1998.01.06");
+    QTest::newRow("Slovak, without blanks") << QStringLiteral("sk_SK") << QStringLiteral("1\u00a0234,50") << QStringLiteral("1\u00a0234,50 €") << QStringLiteral("6.1.1998");
+    QTest::newRow("Bulgarian, without the word for year") << QStringLiteral("bg_BG") << QStringLiteral("1\u00a0234,50") << QStringLiteral("1\u00a0234,50 лв.") << QStringLiteral("6.01.1998");
+    QTest::newRow("Egyptian, without marks of direction") << QStringLiteral("ar_EG") << QStringLiteral("1٬234٫50") << QStringLiteral("1٬234٫50 ج.م.") << QStringLiteral("6/1/1998");
+    QTest::newRow("Albanian, whose currency holds the letter n") << QStringLiteral("sq_MK") << QStringLiteral("1\u00a0234,50") << QStringLiteral("1\u00a0234,50 den") << QStringLiteral("6.1.1998");
     QTest::newRow("Arabic")    << QStringLiteral("ar_AE") << QStringLiteral("1,234.50")      << QStringLiteral("\u062f.\u0625.1,234.50")   << QStringLiteral("6/1/1998");
     QTest::newRow("Japanese")  << QStringLiteral("ja_JP") << QStringLiteral("1,234.50")      << QStringLiteral("￥1,234.50")        << QStringLiteral("1998/01/06");
     // clang-format on
@@ -88,6 +95,32 @@ void tst_Locale::othersAreAsTheToolkitTells()
     QCOMPARE(kor::Format(QDate(1998, 1, 6), u"Short Date", locale), date);
     QCOMPARE(locale.monthNames.size(), 12);
     QCOMPARE(locale.dayNames.size(), 7);
+}
+
+void tst_Locale::timesAreWrittenWithoutWordsAndZones_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("time");
+    // clang-format off
+    QTest::newRow("Czech")                              << QStringLiteral("cs_CZ") << QStringLiteral("5:08:06");
+    QTest::newRow("British")                            << QStringLiteral("en_GB") << QStringLiteral("05:08:06");
+    QTest::newRow("a comma before the zone")            << QStringLiteral("be_BY") << QStringLiteral("05:08:06");
+    QTest::newRow("words for hours")                    << QStringLiteral("fr_CA") << QStringLiteral("05:08:06");
+    QTest::newRow("points, as between day and month")   << QStringLiteral("fi_FI") << QStringLiteral("5:08:06");
+    QTest::newRow("points, where dates have none")      << QStringLiteral("id_ID") << QStringLiteral("05.08.06");
+    QTest::newRow("half of the day behind")             << QStringLiteral("en_CA") << QStringLiteral("5:08:06 a.m.");
+    QTest::newRow("half of the day before")             << QStringLiteral("ko_KR") << QStringLiteral("오전 5:08:06");
+    QTest::newRow("part of the day for half of the day") << QStringLiteral("zh_TW") << QStringLiteral("上午 5:08:06");
+    // clang-format on
+}
+
+void tst_Locale::timesAreWrittenWithoutWordsAndZones()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, time);
+    const Locale locale = Locale::fromQLocale(QLocale(name));
+    QCOMPARE(kor::Format(QTime(5, 8, 6), u"Long Time", locale), time);
+    QCOMPARE(kor::CDate(time, locale), kor::CDate(QTime(5, 8, 6), locale));
 }
 
 void tst_Locale::theDefaultIsReplacedAndReferencesStay()
@@ -112,12 +145,19 @@ void tst_Locale::everyLocaleReadsWhatItWrites()
         QVERIFY2(kor::IsNumeric(number, locale), name.constData());
         QVERIFY2(kor::CDbl(number, locale) == -1234567.25, name.constData());
         QVERIFY2(kor::CDbl(kor::CStr(0.1, locale), locale) == 0.1, name.constData());
-        QVERIFY2(!kor::Format(QDate(1998, 1, 6), u"Long Date", locale).isEmpty(), name.constData());
-        const QString date = kor::Format(QDate(1998, 1, 6), u"Short Date", locale);
-        QVERIFY2(kor::IsDate(date, locale), qPrintable(date));
-        QCOMPARE(kor::DateValue(date, locale), QDate(1998, 1, 6));
-        QVERIFY2(kor::IsDate(date + QStringLiteral(" 17:08"), locale), qPrintable(date));
-        QVERIFY2(locale.timePattern.contains(u'm'), name.constData());
+        for (const double amount : {1234.5, -1234.5})
+            QVERIFY2(kor::CDbl(kor::Format(amount, u"Currency", locale), locale) == amount, name.constData());
+        const QDate date(1925, 11, 2);
+        QVERIFY2(kor::DateValue(kor::Format(date, u"Short Date", locale), locale) == date, name.constData());
+        QVERIFY2(kor::IsDate(kor::Format(date, u"d mmm yyyy", locale), locale), name.constData());
+        for (const QTime time : {QTime(0, 8, 6), QTime(5, 8, 6), QTime(12, 8, 6), QTime(23, 8, 6)}) {
+            const QVariant moment = QDateTime(date, time, Qt::UTC);
+            QVERIFY2(kor::CDate(kor::CStr(moment, locale), locale) == moment, name.constData());
+            QVERIFY2(kor::CDate(kor::CStr(time, locale), locale) == kor::CDate(time, locale), name.constData());
+        }
+        QVERIFY2(kor::IsDate(kor::Format(date, u"Short Date", locale) + QStringLiteral(" 17:08"), locale),
+                 name.constData());
+        QVERIFY2(!kor::Format(date, u"Long Date", locale).isEmpty(), name.constData());
     }
 }
 
