@@ -14,7 +14,7 @@ namespace kor::Clock {
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT QDate today();
 
 //! Replaces the source of today's date, for tests and for hosts with a business day of their own. An empty function
-//! brings the system's clock back.
+//! brings the system's clock back. It is asked in the thread that needs the date.
 KORDAOUC_RUNTIME_EXPORT void setSource(std::function<QDate()> source);
 
 } // namespace kor::Clock

@@ -258,20 +258,24 @@ Locale told(const QLocale &locale)
 }
 
 //! Where the system says nothing of its own, the classic value; where it does, what it says.
-Locale corrected(const Locale &told, const Locale &stock, const Locale &classic)
+Locale corrected(const Locale &system, const Locale &stock, const Locale &classic)
 {
     Locale result = classic;
     const auto take = [&](auto member) {
-        if (told.*member != stock.*member)
-            result.*member = told.*member;
+        if (system.*member != stock.*member)
+            result.*member = system.*member;
     };
     take(&Locale::decimalSeparator);
     take(&Locale::groupSeparator);
-    take(&Locale::dateSeparator);
-    take(&Locale::timeSeparator);
     take(&Locale::currencySymbol);
     take(&Locale::currencyPositive);
     take(&Locale::currencyNegative);
+    // LC_TIME=C says nothing about dates: the toolkit's neutral ones ("6 Jan 1998") are nobody's, and can't be typed.
+    static const QString neutral = told(QLocale::c()).shortDatePattern;
+    if (system.shortDatePattern == neutral)
+        return result;
+    take(&Locale::dateSeparator);
+    take(&Locale::timeSeparator);
     take(&Locale::shortDatePattern);
     take(&Locale::longDatePattern);
     take(&Locale::timePattern);
@@ -296,20 +300,20 @@ Locale Locale::fromQLocale(const QLocale &locale)
     const auto is = [&](QLocale::Language language, QLocale::Territory territory) {
         return locale.language() == language && locale.territory() == territory;
     };
-    const Locale asTold = told(locale);
     // The toolkit's data differ from the classic ones in these three: days of one digit, words, signs of amounts.
+    const Locale stock = told(QLocale(locale.language(), locale.script(), locale.territory()));
+    Locale classic = stock;
     if (is(QLocale::Polish, QLocale::Poland))
-        return corrected(asTold, told(QLocale(QLocale::Polish, QLocale::Poland)), polish());
-    if (is(QLocale::English, QLocale::UnitedStates))
-        return corrected(asTold, told(QLocale(QLocale::English, QLocale::UnitedStates)), english());
-    if (is(QLocale::German, QLocale::Germany))
-        return corrected(asTold, told(QLocale(QLocale::German, QLocale::Germany)), german());
-    Locale result = asTold;
-    if (locale.language() == QLocale::Polish)
-        setPolishWords(result);
+        classic = polish();
+    else if (is(QLocale::English, QLocale::UnitedStates))
+        classic = english();
+    else if (is(QLocale::German, QLocale::Germany))
+        classic = german();
+    else if (locale.language() == QLocale::Polish)
+        setPolishWords(classic);
     else if (locale.language() == QLocale::German)
-        setGermanWords(result);
-    return result;
+        setGermanWords(classic);
+    return corrected(told(locale), stock, classic);
 }
 
 namespace {

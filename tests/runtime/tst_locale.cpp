@@ -40,6 +40,8 @@ void tst_Locale::theSystemsIsTheEnvironments()
         QCOMPARE(Locale::systemDefault(), Locale::polish());
     else if (environment.startsWith('C'))
         QCOMPARE(Locale::systemDefault(), Locale::english());
+    else if (qgetenv("LANG").startsWith("pl_PL") && qgetenv("LC_TIME") == "C")
+        QCOMPARE(Locale::systemDefault(), Locale::polish());
     else
         QSKIP("tells nothing without LC_ALL");
 }
