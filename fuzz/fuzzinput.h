@@ -5,6 +5,7 @@
 #include <KorDaoUC/Locale>
 
 #include <QtCore/QByteArrayView>
+#include <QtCore/QLocale>
 #include <QtCore/QString>
 
 #include <algorithm>
@@ -38,13 +39,25 @@ public:
 
     kor::Locale takeLocale()
     {
-        switch (take<uint8_t>() % 4) {
+        switch (take<uint8_t>() % 6) {
         case 0: return kor::Locale::english();
         case 1: return kor::Locale::german();
         case 2: {
             kor::Locale locale = kor::Locale::polish();
             locale.shortDatePattern = QStringLiteral("yyyy-MM-dd");
             locale.dateSeparator = u'-';
+            return locale;
+        }
+        case 4: { // the half of the day before the hours
+            static const auto korean = kor::Locale::fromQLocale(QLocale(QLocale::Korean));
+            return korean;
+        }
+        case 5: { // halves of the day with points and blanks, a currency that holds the letter n
+            static const auto spanish = kor::Locale::fromQLocale(QLocale(QLocale::Spanish, QLocale::UnitedStates));
+            kor::Locale locale = spanish;
+            locale.currencySymbol = QStringLiteral("den");
+            locale.currencyPositive = QStringLiteral("n den");
+            locale.currencyNegative = QStringLiteral("-n den");
             return locale;
         }
         default: return kor::Locale::polish();
