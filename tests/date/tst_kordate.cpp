@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "date/datesuite.h"
 #include "support/eventlog.h"
-#include "support/stage.h"
 
-#include <KorDaoUC/Clock>
 #include <KorDaoUC/KorDate>
 #include <KorDaoUC/KorNumber>
 #include <KorDaoUC/Locale>
@@ -15,14 +14,10 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 
-#include <memory>
-
 using namespace kor;
 using namespace kor::test;
 
 namespace {
-
-const QDate today(2024, 3, 5);
 
 Locale polishIso()
 {
@@ -35,7 +30,7 @@ Locale polishIso()
 } // namespace
 
 //! The date field in the hands of a clerk: typing, stepping, entering, leaving.
-class tst_KorDate : public QObject
+class tst_KorDate : public DateSuite
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -94,42 +89,15 @@ private Q_SLOTS:
     void wheelChangesNothing();
 
 private:
-    std::unique_ptr<Stage> m_owner;
-    Stage *m_stage = nullptr;
-    KorDate *m_date = nullptr;
-    QLineEdit *m_box = nullptr;
-
-    //! A field on an open window with the focus in it.
-    [[nodiscard]] bool enter(const QVariant &value = null());
     void leave();
 };
 
-void tst_KorDate::init()
-{
-    failOnWarnings();
-    Locale::setSystemDefault(Locale::polish());
-    Clock::setSource([] { return today; });
-    m_owner = std::make_unique<Stage>();
-    m_stage = m_owner.get();
-    m_date = m_stage->place(new KorDate);
-    m_box = m_date->findChild<QLineEdit *>(QStringLiteral("txtDate"));
-}
+void tst_KorDate::init() { setUp(); }
 
 void tst_KorDate::cleanup()
 {
     QGuiApplication::clipboard()->clear();
-    m_owner.reset();
-}
-
-bool tst_KorDate::enter(const QVariant &value)
-{
-    m_date->setValue(value);
-    m_date->setDataChanged(false);
-    if (!m_stage->open())
-        return false;
-    m_date->setFocus();
-    settle();
-    return QApplication::focusWidget() == m_box;
+    tearDown();
 }
 
 void tst_KorDate::leave()

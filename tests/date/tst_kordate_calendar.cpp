@@ -1,34 +1,22 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "date/datesuite.h"
 #include "support/eventlog.h"
-#include "support/stage.h"
 
-#include <KorDaoUC/Clock>
 #include <KorDaoUC/KorDate>
-#include <KorDaoUC/Locale>
 #include <KorDaoUC/UserControl>
-#include <KorDaoUC/Variant>
 
 #include <QtTest/QtTest>
-#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QCalendarWidget>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QProxyStyle>
 #include <QtWidgets/QTableView>
 #include <QtWidgets/QToolButton>
 
-#include <memory>
-
 using namespace kor;
 using namespace kor::test;
 
-namespace {
-const QDate today(2024, 3, 5);
-}
-
 //! The month calendar of a date field: opening, picking, closing.
-class tst_KorDateCalendar : public QObject
+class tst_KorDateCalendar : public CalendarSuite
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -74,67 +62,10 @@ private Q_SLOTS:
     void aLockedFieldIsNotWrittenTo();
     void aChoiceCountsForTheNextFieldThatIsLeft();
     void keysSentToTheWindowReachTheCalendar();
-
-private:
-    std::unique_ptr<Stage> m_owner;
-    Stage *m_stage = nullptr;
-    KorDate *m_date = nullptr;
-    QLineEdit *m_box = nullptr;
-    QAbstractButton *m_button = nullptr;
-
-    [[nodiscard]] bool enter(const QVariant &value = null());
-    [[nodiscard]] QWidget *month() const { return m_date->findChild<QWidget *>(QStringLiteral("frmMonth")); }
-    [[nodiscard]] QCalendarWidget *view() const
-    {
-        return m_date->findChild<QCalendarWidget *>(QStringLiteral("viewMonth"));
-    }
-    [[nodiscard]] bool isOpen() const { return month() && month()->isVisible(); }
-    //! A key where the keyboard is.
-    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
-    //! The middle of a day's cell, and what it is in.
-    [[nodiscard]] QPoint placeOf(QDate day) const;
-    [[nodiscard]] QWidget *days() const { return view()->findChild<QTableView *>()->viewport(); }
 };
 
-void tst_KorDateCalendar::init()
-{
-    failOnWarnings();
-    Locale::setSystemDefault(Locale::polish());
-    Clock::setSource([] { return today; });
-    m_owner = std::make_unique<Stage>();
-    m_stage = m_owner.get();
-    m_date = m_stage->place(new KorDate);
-    m_box = m_date->findChild<QLineEdit *>(QStringLiteral("txtDate"));
-    m_button = m_date->findChild<QAbstractButton *>(QStringLiteral("cmdDate"));
-}
-
-void tst_KorDateCalendar::cleanup() { m_owner.reset(); }
-
-bool tst_KorDateCalendar::enter(const QVariant &value)
-{
-    m_date->setValue(value);
-    m_date->setDataChanged(false);
-    if (!m_stage->open())
-        return false;
-    m_date->setFocus();
-    settle();
-    return QApplication::focusWidget() == m_box;
-}
-
-void tst_KorDateCalendar::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
-{
-    QTest::keyPress(QApplication::focusWidget(), key, modifiers);
-}
-
-QPoint tst_KorDateCalendar::placeOf(QDate day) const
-{
-    const auto *table = view()->findChild<QTableView *>();
-    // The first row and column are titles; weeks begin with the locale's first day, and never with the first row.
-    const QDate first(view()->yearShown(), view()->monthShown(), 1);
-    const int offset = (first.dayOfWeek() - view()->firstDayOfWeek() + 7) % 7;
-    const int cell = (offset == 0 ? 7 : offset) + day.day() - 1;
-    return table->visualRect(table->model()->index(1 + cell / 7, 1 + cell % 7)).center();
-}
+void tst_KorDateCalendar::init() { setUp(); }
+void tst_KorDateCalendar::cleanup() { tearDown(); }
 
 // --- opening
 

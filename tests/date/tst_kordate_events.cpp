@@ -1,14 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "date/datesuite.h"
 #include "support/eventlog.h"
 #include "support/settings.h"
-#include "support/stage.h"
 
-#include <KorDaoUC/Clock>
 #include <KorDaoUC/ControlRegistry>
 #include <KorDaoUC/ErrorHandler>
 #include <KorDaoUC/KorDate>
-#include <KorDaoUC/Locale>
 #include <KorDaoUC/PropertyBag>
 #include <KorDaoUC/RunTimeError>
 #include <KorDaoUC/Variant>
@@ -25,12 +23,8 @@
 using namespace kor;
 using namespace kor::test;
 
-namespace {
-const QDate today(2024, 3, 5);
-}
-
 //! What the host of a date field hears, may change, and finds saved.
-class tst_KorDateEvents : public QObject
+class tst_KorDateEvents : public DateSuite
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -76,39 +70,10 @@ private Q_SLOTS:
     void isTheSecondControlOfTheLibrary();
     void oneBorderIsDrawnAroundBoxAndButton();
     void borderChangesTheLayout();
-
-private:
-    std::unique_ptr<Stage> m_owner;
-    Stage *m_stage = nullptr;
-    KorDate *m_date = nullptr;
-    QLineEdit *m_box = nullptr;
-
-    [[nodiscard]] bool enter(const QVariant &value = null());
 };
 
-void tst_KorDateEvents::init()
-{
-    failOnWarnings();
-    Locale::setSystemDefault(Locale::polish());
-    Clock::setSource([] { return today; });
-    m_owner = std::make_unique<Stage>();
-    m_stage = m_owner.get();
-    m_date = m_stage->place(new KorDate);
-    m_box = m_date->findChild<QLineEdit *>(QStringLiteral("txtDate"));
-}
-
-void tst_KorDateEvents::cleanup() { m_owner.reset(); }
-
-bool tst_KorDateEvents::enter(const QVariant &value)
-{
-    m_date->setValue(value);
-    m_date->setDataChanged(false);
-    if (!m_stage->open())
-        return false;
-    m_date->setFocus();
-    settle();
-    return QApplication::focusWidget() == m_box;
-}
+void tst_KorDateEvents::init() { setUp(); }
+void tst_KorDateEvents::cleanup() { tearDown(); }
 
 void tst_KorDateEvents::aDigitRaisesDownPressChangeUp()
 {

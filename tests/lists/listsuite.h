@@ -9,6 +9,7 @@
 #include <KorDaoUC/SqlDatabase>
 
 #include <QtCore/QPointer>
+#include <QtGui/QMouseEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
@@ -16,6 +17,16 @@
 #include <memory>
 
 namespace kor::test {
+
+//! As the window system tells it: two presses, the second one as the double click, and both releases.
+inline void doubleClick(QWidget *surface, const QPoint &place)
+{
+    QTest::mouseClick(surface, Qt::LeftButton, {}, place);
+    for (const QEvent::Type type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+        QMouseEvent mouse(type, place, surface->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(surface, &mouse);
+    }
+}
 
 //! What the suites of the lists begin each test with: one list on a window, and a database to fill it from.
 template <class List>

@@ -22,16 +22,6 @@ namespace {
 
 const QString abc = QStringLiteral("LIST a;Alfa|b;Beta|c;Celina");
 
-//! As the window system tells it: two presses, the second one as the double click, and both releases.
-void doubleClick(QWidget *surface, const QPoint &place)
-{
-    QTest::mouseClick(surface, Qt::LeftButton, {}, place);
-    for (const QEvent::Type type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
-        QMouseEvent mouse(type, place, surface->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(surface, &mouse);
-    }
-}
-
 } // namespace
 
 //! What the check boxes add; everything else is the list's and tested there.

@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/stage.h"
+
+#include <KorDaoUC/Clock>
+#include <KorDaoUC/KorDate>
+#include <KorDaoUC/Locale>
+#include <KorDaoUC/Variant>
+
+#include <QtCore/QDate>
+#include <QtTest/QTest>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QCalendarWidget>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QTableView>
+
+#include <memory>
+
+namespace kor::test {
+
+//! What the suites of the date field begin each test with: a field on a window, in Poland, on a certain day of 2024.
+class DateSuite : public QObject
+{
+protected:
+    static inline const QDate today{2024, 3, 5};
+
+    void setUp()
+    {
+        failOnWarnings();
+        Locale::setSystemDefault(Locale::polish());
+        Clock::setSource([] { return today; });
+        m_owner = std::make_unique<Stage>();
+        m_stage = m_owner.get();
+        m_date = m_stage->place(new KorDate);
+        m_box = m_date->findChild<QLineEdit *>(QStringLiteral("txtDate"));
+        m_button = m_date->findChild<QAbstractButton *>(QStringLiteral("cmdDate"));
+    }
+    void tearDown() { m_owner.reset(); }
+
+    //! Gives the field a value, as if it had been loaded, and the keyboard.
+    [[nodiscard]] bool enter(const QVariant &value = null())
+    {
+        m_date->setValue(value);
+        m_date->setDataChanged(false);
+        if (!m_stage->open())
+            return false;
+        m_date->setFocus();
+        settle();
+        return QApplication::focusWidget() == m_box;
+    }
+
+    std::unique_ptr<Stage> m_owner;
+    Stage *m_stage = nullptr;
+    KorDate *m_date = nullptr;
+    QLineEdit *m_box = nullptr;
+    QAbstractButton *m_button = nullptr;
+};
+
+//! The same with the field's calendar.
+class CalendarSuite : public DateSuite
+{
+protected:
+    [[nodiscard]] QWidget *month() const { return m_date->findChild<QWidget *>(QStringLiteral("frmMonth")); }
+    [[nodiscard]] QCalendarWidget *view() const
+    {
+        return m_date->findChild<QCalendarWidget *>(QStringLiteral("viewMonth"));
+    }
+    [[nodiscard]] bool isOpen() const { return month() && month()->isVisible(); }
+    //! A key where the keyboard is.
+    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyPress(QApplication::focusWidget(), key, modifiers);
+    }
+    //! The middle of a day's cell, and what it is in.
+    [[nodiscard]] QPoint placeOf(QDate day) const
+    {
+        const auto *table = view()->findChild<QTableView *>();
+        // The first row and column are titles; weeks begin with the locale's first day, and never with the first row.
+        const QDate first(view()->yearShown(), view()->monthShown(), 1);
+        const int offset = (first.dayOfWeek() - view()->firstDayOfWeek() + 7) % 7;
+        const int cell = (offset == 0 ? 7 : offset) + day.day() - 1;
+        return table->visualRect(table->model()->index(1 + cell / 7, 1 + cell % 7)).center();
+    }
+    [[nodiscard]] QWidget *days() const { return view()->findChild<QTableView *>()->viewport(); }
+};
+
+} // namespace kor::test
