@@ -180,7 +180,8 @@ void MultiLineTextBox::inputMethodEvent(QInputMethodEvent *event)
     // Dead keys and input methods deliver finished characters; each goes through KeyPress like a typed one.
     const QPointer<MultiLineTextBox> self = this;
     guarded(this, [&] {
-        FocusTracker::instance().settle();
+        if (!FocusTracker::instance().settle() || !self)
+            return;
         QInputMethodEvent composed{QString(), {}};
         composed.setCommitString(QString(), event->replacementStart(), event->replacementLength());
         editing([&] { QPlainTextEdit::inputMethodEvent(&composed); });

@@ -315,7 +315,8 @@ void TextBox::inputMethodEvent(QInputMethodEvent *event)
     const QPointer<TextBox> self = this;
     guarded(this, [&] {
         if (!committed.isEmpty()) {
-            FocusTracker::instance().settle();
+            if (!FocusTracker::instance().settle() || !self)
+                return;
             compose({QString(), {}});
             if (event->replacementLength() > 0)
                 setSelection(cursorPosition() + event->replacementStart(), event->replacementLength());
@@ -373,7 +374,7 @@ void TextBox::run(ClipboardCommand command)
     if (m_clipboard == Clipboard::WholeText)
         setProgramText(QString());
     else if (hasSelectedText())
-        editing([this] { editing([this] { del(); }); });
+        editing([this] { del(); });
 }
 
 void TextBox::paste(const QString &text)

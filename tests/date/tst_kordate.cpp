@@ -84,6 +84,7 @@ private Q_SLOTS:
     void aReturnAfterTheMessageIsNoNewEntry();
     void aWrongDateIsErasedWithABeepWhenTheUserCannotGoBack();
     void twoWrongFieldsGiveOneMessage();
+    void whatIsComposedOnTheWayBackIsNotTyped();
     void anotherWindowIsNoLeaving();
     void nullStaysNullThroughTabbing();
     void wheelChangesNothing();
@@ -667,6 +668,23 @@ void tst_KorDate::twoWrongFieldsGiveOneMessage()
     QCOMPARE(messages.take().size(), 1);
     QTRY_COMPARE(QApplication::focusWidget(), m_box);
     QCOMPARE(second->Text(), QStringLiteral("88")); // never entered
+}
+
+void tst_KorDate::whatIsComposedOnTheWayBackIsNotTyped()
+{
+    Messages messages;
+    auto *second = m_stage->place(new KorDate);
+    second->setValue(null());
+    auto *secondBox = second->findChild<QLineEdit *>(QStringLiteral("txtDate"));
+    QVERIFY(enter());
+    QTest::keyClicks(m_box, QStringLiteral("99"));
+    secondBox->setFocus();
+    QInputMethodEvent composed; // comes before the first field had its say
+    composed.setCommitString(QStringLiteral("1"));
+    QApplication::sendEvent(secondBox, &composed);
+    QCOMPARE(messages.take().size(), 1);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QCOMPARE(second->Text(), QString());
 }
 
 void tst_KorDate::anotherWindowIsNoLeaving()
