@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "frame/formitems.h"
-#include "frame/formplace.h"
-#include "frame/settingsmerge.h"
+#include "forms/formitems.h"
+#include "forms/formplace.h"
+#include "forms/settingsmerge.h"
 
 #include <KorDaoUC/controlregistry.h>
 #include <KorDaoUC/convert.h>

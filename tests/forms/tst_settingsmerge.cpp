@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "frame/settingsmerge.h"
+#include "forms/settingsmerge.h"
 
 #include <QtTest/QtTest>
 

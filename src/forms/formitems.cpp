@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "frame/formitems.h"
+#include "forms/formitems.h"
 
 #include "frame/settings.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "frame/formplace.h"
+#include "forms/formplace.h"
 
 #include "constituents/twips.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "frame/formnumber.h"
+#include "forms/formnumber.h"
 
 #include <KorDaoUC/currency.h>
 #include <KorDaoUC/variant.h>

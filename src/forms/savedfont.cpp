@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "frame/savedfont.h"
+#include "forms/savedfont.h"
 
 #include <KorDaoUC/formfile.h>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "frame/formtext.h"
+#include "forms/formtext.h"
 
 #include <KorDaoUC/formfile.h>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "frame/formtext.h"
+#include "forms/formtext.h"
 
-#include "frame/formnumber.h"
-#include "frame/savedfont.h"
+#include "forms/formnumber.h"
+#include "forms/savedfont.h"
 
 #include <KorDaoUC/variant.h>
 
