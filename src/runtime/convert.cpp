@@ -181,7 +181,7 @@ Currency CCur(const QVariant &value, const Locale &locale)
     std::optional<Currency> result;
     switch (variantType(value)) {
     case VariantType::Currency: return held<Currency>(value);
-    case VariantType::Single: result = Decimal::fromSingle(held<float>(value)).toCurrency(); break;
+    case VariantType::Single: result = Decimal::fromSingle(held<float>(value)).toCurrency(Decimal::Halves::ToEven); break;
     case VariantType::String: {
         const NumberReading reading = readOrRefuse(value, locale);
         if (reading.kind == NumberReading::Kind::Decimal) {

@@ -124,9 +124,13 @@ Decimal Decimal::fromCurrency(Currency value)
     return result;
 }
 
-std::optional<Currency> Decimal::toCurrency() const
+std::optional<Currency> Decimal::toCurrency(Halves halves) const
 {
     Decimal rounded = *this;
+    const int kept = exponent + 4;
+    const bool isHalf = kept >= 0 && count == kept + 1 && digits[static_cast<std::size_t>(kept)] == '5';
+    if (halves == Halves::ToEven && isHalf && (digitAt(-4) - '0') % 2 == 0)
+        rounded.count = kept; // the half is dropped
     rounded.keepPlaces(4);
     if (rounded.isZero())
         return Currency();

@@ -52,8 +52,9 @@ struct Decimal {
     [[nodiscard]] static Decimal fromInteger(qint64 value);
     [[nodiscard]] static Decimal fromCurrency(Currency value);
 
-    //! Nothing when the number is out of the Currency's range.
-    [[nodiscard]] std::optional<Currency> toCurrency() const;
+    enum class Halves { AwayFromZero, ToEven };
+    //! Rounded to four places. Nothing when the number is out of the Currency's range.
+    [[nodiscard]] std::optional<Currency> toCurrency(Halves halves = Halves::AwayFromZero) const;
 };
 
 } // namespace kor

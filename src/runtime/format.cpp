@@ -10,6 +10,7 @@
 #include <KorDaoUC/runtimeerror.h>
 #include <KorDaoUC/variant.h>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -23,7 +24,16 @@ const T &held(const QVariant &value)
     return *static_cast<const T *>(value.constData());
 }
 
-//! What a text is as a number: its digits or a truth value. Nothing when it is neither.
+//! Whether a text is one number with a point or comma that the locale does not part decimals with. Between day and month
+//! it might stand just as well, but nobody who wrote "1234.5" meant the May of that year.
+bool isForeignNumber(QStringView text)
+{
+    const QStringView digits = text.trimmed();
+    const auto isPart = [](QChar c) { return isDigit(c.unicode()) || c == u'.' || c == u','; };
+    return std::all_of(digits.cbegin(), digits.cend(), isPart) && digits.count(u'.') + digits.count(u',') == 1;
+}
+
+//! What a text is as a number: its digits, a truth value or the serial number of a date. Nothing when it is none.
 std::optional<Decimal> numberOfText(const QString &text, const Locale &locale)
 {
     const NumberReading reading = readNumber(text, locale);
@@ -33,6 +43,9 @@ std::optional<Decimal> numberOfText(const QString &text, const Locale &locale)
     }
     if (const auto truth = readBoolean(text, locale))
         return Decimal::fromInteger(*truth ? -1 : 0);
+    const auto moment = isForeignNumber(text) ? std::nullopt : readDate(text, locale);
+    if (moment)
+        return Decimal::fromDouble(serialOf(*moment));
     return std::nullopt;
 }
 
@@ -57,11 +70,9 @@ std::optional<Moment> dateOf(const QVariant &value, const Locale &locale)
     double serial = 0;
     if (variantType(value) == VariantType::String) {
         const QString &text = held<QString>(value);
-        if (const auto moment = readDate(text, locale))
-            return moment;
         const NumberReading reading = readNumber(text, locale);
-        if (!reading.isNumber())
-            return std::nullopt;
+        if (!reading.isNumber() || !reading.isFinite())
+            return readDate(text, locale);
         serial = reading.toDouble();
     } else {
         serial = CDbl(value, locale);
@@ -132,12 +143,7 @@ public:
         return textOf(out);
     }
 
-    QString operator()(const LiteralMask &mask) const
-    {
-        if (variantType(m_value) == VariantType::String)
-            return (*this)(std::monostate());
-        return (*this)(mask.text);
-    }
+    QString operator()(const LiteralMask &mask) const { return (*this)(mask.text); }
 
     QString operator()(const DateMask &mask) const
     {

@@ -34,6 +34,7 @@ public:
     explicit Compiler(QStringView picture) : m_picture(picture)
     {
         m_section.m_items.reserve(static_cast<std::size_t>(picture.size()));
+        m_section.m_empty = picture.isEmpty(); // a section of "" is one that writes nothing
     }
 
     NumberSection compile()
@@ -80,7 +81,9 @@ private:
     void takePlace(bool zero)
     {
         if (m_section.m_exponentLetter != 0) {
-            literal(zero ? u'0' : u'#');
+            // Apart from the exponent there is nothing left for a place to write.
+            if (zero)
+                literal(u'0');
             return;
         }
         if (m_inFraction) {
@@ -109,13 +112,12 @@ private:
         add(Part::DecimalPoint);
     }
 
-    //! E+0, E-00, e+###: false when no sign and place follow.
+    //! E+0, E-00, e+###, E+ alone: false when no sign follows.
     bool takeExponent(char16_t letter)
     {
         const auto at = [&](qsizetype i) { return i < m_picture.size() ? m_picture[i].unicode() : u'\0'; };
         const char16_t sign = at(m_at);
-        const bool place = at(m_at + 1) == u'0' || at(m_at + 1) == u'#';
-        if ((sign != u'+' && sign != u'-') || !place || m_section.m_exponentLetter != 0)
+        if ((sign != u'+' && sign != u'-') || m_section.m_exponentLetter != 0)
             return false;
         m_section.m_exponentLetter = letter;
         m_section.m_exponentPlus = sign == u'+';
@@ -186,6 +188,8 @@ void NumberSection::writeExponent(int exponent, MaskOutput &out) const
         out.append(u'-');
     else if (m_exponentPlus)
         out.append(u'+');
+    if (exponent == 0 && m_exponentZeros == 0)
+        return;
     std::array<char, 12> text;
     const auto end = std::to_chars(text.data(), text.data() + text.size(), qAbs(exponent)).ptr;
     for (auto length = end - text.data(); length < m_exponentZeros; ++length)
@@ -244,7 +248,8 @@ void NumberMask::write(const Decimal &number, const Locale &locale, MaskOutput &
         section = 1;
     else if (number.isZero() && m_sections.size() > 2 && !m_sections[2].isEmpty())
         section = 2;
-    m_sections[section].write(number, number.negative && section == 0, locale, out);
+    if (!m_sections[section].isEmpty())
+        m_sections[section].write(number, number.negative && section == 0, locale, out);
 }
 
 void NumberMask::writeNull(const Locale &locale, MaskOutput &out) const

@@ -21,7 +21,7 @@ public:
     [[nodiscard]] static NumberSection fromPicture(QStringView picture);
 
     //! Whether the section has no characters at all, so that another one stands in for it.
-    [[nodiscard]] bool isEmpty() const { return m_items.empty(); }
+    [[nodiscard]] bool isEmpty() const { return m_empty; }
     //! Writes the number's digits. The sign is written first when asked for and when any digit but 0 is left.
     void write(Decimal number, bool withSign, const Locale &locale, MaskOutput &out) const;
 
@@ -46,6 +46,7 @@ private:
     int m_powerOfTen = 0; //!< from per cent and from scaling commas
     int m_exponentZeros = 0;
     char16_t m_exponentLetter = 0;
+    bool m_empty = false;
     bool m_exponentPlus = false;
     bool m_grouping = false;
 };

@@ -274,9 +274,9 @@ std::optional<bool> readBoolean(QStringView text, const Locale &locale)
 {
     const QStringView word = text.trimmed();
     const auto is = [&](QStringView other) { return word.compare(other, Qt::CaseInsensitive) == 0; };
-    if (is(u"True") || is(u"#TRUE#") || is(locale.trueText))
+    if (is(u"True") || is(locale.trueText))
         return true;
-    if (is(u"False") || is(u"#FALSE#") || is(locale.falseText))
+    if (is(u"False") || is(locale.falseText))
         return false;
     return std::nullopt;
 }

@@ -14,16 +14,15 @@ TextMask::Section TextMask::Section::fromPicture(QStringView picture)
         ++section.places;
     };
     const auto literal = [&](QChar c) { section.items.push_back({Part::Literal, c.unicode()}); };
-    // The first of < and > holds for the whole section.
-    const auto letterCase = [&](LetterCase wanted) {
-        section.letterCase = section.letterCase == LetterCase::Kept ? wanted : section.letterCase;
-    };
+    bool lower = false;
+    bool upper = false;
+    LetterCase quotedCase = LetterCase::Kept;
     bool quoted = false;
     for (qsizetype at = 0; at < picture.size(); ++at) {
         const QChar c = picture[at];
-        // Kept: a quoted < or > is written and sets the case all the same.
-        if (c == u'<' || c == u'>')
-            letterCase(c == u'<' ? LetterCase::Lower : LetterCase::Upper);
+        // Kept: a quoted < or > is written and sets the case all the same, the first of several.
+        if (quoted && quotedCase == LetterCase::Kept)
+            quotedCase = c == u'<' ? LetterCase::Lower : c == u'>' ? LetterCase::Upper : LetterCase::Kept;
         if (c == u'"')
             quoted = !quoted;
         else if (quoted)
@@ -32,8 +31,10 @@ TextMask::Section TextMask::Section::fromPicture(QStringView picture)
             place(Part::CharacterOrBlank);
         else if (c == u'&')
             place(Part::CharacterOrNothing);
-        else if (c == u'<' || c == u'>')
-            continue;
+        else if (c == u'<')
+            lower = true;
+        else if (c == u'>')
+            upper = true;
         else if (c == u'!')
             section.fromLeft = true;
         else if (c != u'\\')
@@ -41,6 +42,10 @@ TextMask::Section TextMask::Section::fromPicture(QStringView picture)
         else if (at + 1 < picture.size())
             literal(picture[++at]);
     }
+    lower = lower || quotedCase == LetterCase::Lower;
+    upper = upper || quotedCase == LetterCase::Upper;
+    if (lower != upper)
+        section.letterCase = lower ? LetterCase::Lower : LetterCase::Upper;
     return section;
 }
 
@@ -51,16 +56,14 @@ void TextMask::Section::write(QStringView text, MaskOutput &out) const
         cased = text.toString().toUpper();
         text = cased;
     } else if (letterCase == LetterCase::Lower) {
-        // Kept: only the letters A to Z are lowered, while > raises every letter.
-        cased = text.toString();
-        for (QChar &c : cased)
-            c = c >= u'A' && c <= u'Z' ? QChar(c.unicode() + 32) : c;
+        cased = text.toString().toLower();
         text = cased;
     }
     // From the left, what has no place is cut off at the front; from the right it is appended at the end.
     if (fromLeft && places > 0 && text.size() > places)
         text = text.last(places);
     qsizetype blanks = fromLeft ? 0 : qMax<qsizetype>(0, places - text.size());
+    const bool pads = !text.isEmpty(); // nothing is not filled up
     qsizetype next = 0;
     for (const Item item : items) {
         if (item.part == Part::Literal) {
@@ -69,7 +72,7 @@ void TextMask::Section::write(QStringView text, MaskOutput &out) const
             out.append(text[next++].unicode());
         } else {
             blanks -= blanks > 0 ? 1 : 0;
-            if (item.part == Part::CharacterOrBlank)
+            if (pads && item.part == Part::CharacterOrBlank)
                 out.append(u' ');
         }
     }

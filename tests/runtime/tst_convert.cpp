@@ -258,6 +258,18 @@ void tst_Convert::amounts()
     QCOMPARE(units(-1.00005), qint64(-10001));
     QCOMPARE(units(1.00004999), qint64(10000));
     QCOMPARE(units(0.1F), qint64(1000));
+    // A Single is rounded as it is shown, with seven digits, and halves go to the even neighbour.
+    QCOMPARE(units(1.00005F), qint64(10000));
+    QCOMPARE(units(1.00015F), qint64(10002));
+    QCOMPARE(units(-1.00005F), qint64(-10000));
+    QCOMPARE(units(-1.00015F), qint64(-10002));
+    QCOMPARE(units(1.00025F), qint64(10002));
+    QCOMPARE(units(1.000051F), qint64(10001));
+    QCOMPARE(units(0.00005F), qint64(0));
+    QCOMPARE(units(0.00015F), qint64(2));
+    QCOMPARE(units(0.000051F), qint64(1));
+    QCOMPARE(units(9.99995F), qint64(100000));
+    QCOMPARE(units(1234567.0F), qint64(12345670000));
     QCOMPARE(units(true), qint64(-10000));
 }
 
@@ -286,6 +298,11 @@ void tst_Convert::errors_data()
     row("Double of a word",         QStringLiteral("abc"),                 "CDbl", 13);
     row("Double of nothing",        QString(),                             "CDbl", 13);
     row("Double of true",           QStringLiteral("True"),                "CDbl", 13);
+    row("Boolean of a quoted word", QStringLiteral("#False#"),             "CBool", 13);
+    row("Boolean of a quoted true", QStringLiteral("#TRUE#"),              "CBool", 13);
+    row("Boolean of a date",        QStringLiteral("06.01.1998"),          "CBool", 13);
+    row("Boolean of nothing",       QString(),                             "CBool", 13);
+    row("Boolean of a huge text",   QStringLiteral("1e400"),               "CBool", 6);
     row("Boolean of a word",        QStringLiteral("tak"),                 "CBool", 13);
     row("Currency above",           922337203685478.0,                     "CCur", 6);
     row("Currency of a word",       QStringLiteral("abc"),                 "CCur", 13);

@@ -87,6 +87,10 @@ void tst_FormatDate::pictures_data()
     row("mm behind minutes is the month", evening, u"h:mm mm",        u"21:30 09",           u"21:30 09");
     row("second",                         morning, u"s",              u"7",                  u"7");
     row("long time",                      evening, u"ttttt",          u"9:30:45 PM",         u"21:30:45");
+    row("text behind the long time",      evening, u"ttttt \"x\"",    u"9:30:45 PM x",       u"21:30:45 x");
+    row("fewer than five are letters",    evening, u"ttt x d",        u"ttt x 28",           u"ttt x 28");
+    row("fewer than five alone are letters", evening, u"ttt x",       u"ttt x",              u"ttt x");
+    row("more than five",                 evening, u"tttttt",         u"9:30:45 PMt",        u"21:30:45t");
     row("AM/PM",                          evening, u"h:nn AM/PM",     u"9:30 PM",            u"9:30 PM");
     row("am/pm",                          evening, u"h:nn am/pm",     u"9:30 pm",            u"9:30 pm");
     row("A/P",                            evening, u"h:nn A/P",       u"9:30 P",             u"9:30 P");
@@ -136,6 +140,8 @@ void tst_FormatDate::namedFormats_data()
     row("general date of a time",      moment(1899, 12, 30, 6, 5, 9), "General Date", u"6:05:09 AM",  u"06:05:09",            u"06:05:09");
     row("general date of day zero",    moment(1899, 12, 30), "General Date", u"12:00:00 AM",          u"00:00:00",            u"00:00:00");
     row("long date",                   noonish,             "Long Date",    u"Tuesday, February 29, 2000", u"29 lutego 2000", u"29 lutego 2000");
+    row("medium date, first centuries", moment(100, 1, 1),  "Medium Date",  u"01-Jan-00",             u"01-sty-00",           u"01-sty-00");
+    row("medium date of three digits", moment(967, 6, 15),  "Medium Date",  u"15-Jun-67",             u"15-cze-67",           u"15-cze-67");
     row("medium date",                 noonish,             "Medium Date",  u"29-Feb-00",             u"29-lut-00",           u"29-lut-00");
     row("short date",                  noonish,             "Short Date",   u"2/29/2000",             u"29.02.2000",          u"2000-02-29");
     row("long time",                   noonish,             "Long Time",    u"12:34:56 PM",           u"12:34:56",            u"12:34:56");

@@ -75,6 +75,13 @@ void tst_FormatNumber::pictures_data()
     row("empty zero section",                         0,         u"0;-0;",            u"0",               u"0");
     row("negative that rounds to zero in its section",-0.2,      u"0;(0)",            u"(0)",             u"(0)");
     row("small number is not the zero section's",     0.2,       u"0;-0;zero",        u"0",               u"0");
+    row("empty first section",                        5,         u";-0",              u"",                u"");
+    row("empty first section, negative",              -5,        u";(0)",             u"(5)",             u"(5)");
+    row("empty first section, zero",                  0,         u";(0);0.0",         u"0.0",             u"0,0");
+    row("two empty sections, zero",                   0,         u";;\"brak\"",       u"brak",            u"brak");
+    row("two empty sections, negative",               -5,        u";;\"brak\"",       u"",                u"");
+    row("quoted nothing is a section",                -5,        u"0;\"\";\"-\"",     u"",                u"");
+    row("quoted nothing for zero",                    0,         u"0;-0;\"\"",        u"",                u"");
     row("semicolon in quotes",                        5,         u"0\";\"0",          u"0;5",             u"0;5");
     row("escaped semicolon",                          5,         u"0\\;0",            u"0;5",             u"0;5");
     row("sign before a prefix",                       -5,        u"$0",               u"-$5",             u"-$5");
@@ -89,6 +96,18 @@ void tst_FormatNumber::pictures_data()
     row("scientific, three places before the point",  12345,     u"000.0E+0",         u"123.5E+2",        u"123,5E+2");
     row("scientific, rounding carries",               9.99,      u"0.0E+0",           u"1.0E+1",          u"1,0E+1");
     row("scientific zero",                            0,         u"0.00E+00",         u"0.00E+00",        u"0,00E+00");
+    row("exponent without places",                    12345,     u"0.0E+",            u"1.2E+4",          u"1,2E+4");
+    row("exponent without places, negative",          0.012,     u"0.0e-",            u"1.2e-2",          u"1,2e-2");
+    row("no exponent to write without places",        5,         u"0E+",              u"5E+",             u"5E+");
+    row("hash in the exponent",                       12345,     u"0.0E+##",          u"1.2E+4",          u"1,2E+4");
+    row("hash writes no exponent of zero",            5,         u"0E+##",            u"5E+",             u"5E+");
+    row("hash and zero in the exponent",              5,         u"0E+#0",            u"5E+0",            u"5E+0");
+    row("hash behind a zero pads the exponent as well", 12345,   u"0E+0#",            u"1E+04",           u"1E+04");
+    row("other digits of the exponent are literals",  12345,     u"0E+05",            u"1E+45",           u"1E+45");
+    row("a digit in the exponent's place",            12345,     u"0E-7",             u"1E47",            u"1E47");
+    row("zeros apart from the exponent are literals", 12345,     u"0E+0 00",          u"1E+4 00",         u"1E+4 00");
+    row("hashes apart from it have nothing to write", 12345,     u"0E+0 ##",          u"1E+4 ",           u"1E+4 ");
+    row("a second exponent is letters",               12345,     u"0E+0E+0",          u"1E+4E+0",         u"1E+4E+0");
     row("E without a sign is a letter",               5,         u"0E0",              u"0E5",             u"0E5");
     row("second point is a character",                1.5,       u"0.0.0",            u"1.5.0",           u"1,5.0");
     row("very large",                                 1e22,      u"#,##0",            u"10,000,000,000,000,000,000,000",
