@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/flexgrid/linesizes.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+namespace kor {
+
+namespace {
+int lowestBit(int number) { return number & -number; }
+} // namespace
+
+void LineSizes::insert(int first, int number)
+{
+    const bool isAtEnd = first == m_count;
+    m_count += number;
+    if (m_own.empty())
+        return;
+    m_own.insert(m_own.begin() + first, static_cast<std::size_t>(number), usesDefault);
+    if (!isAtEnd || m_isTreeStale) {
+        m_isTreeStale = true;
+        return;
+    }
+    m_tree.resize(m_own.size() + 1);
+    for (int line = first; line < m_count; ++line)
+        makeNode(line);
+}
+
+void LineSizes::remove(int first, int number)
+{
+    m_count -= number;
+    if (m_own.empty())
+        return;
+    const auto begin = m_own.begin() + first;
+    m_own.erase(begin, begin + number);
+    if (first == m_count && !m_isTreeStale)
+        m_tree.resize(m_own.size() + 1);
+    else
+        m_isTreeStale = true;
+}
+
+int LineSizes::size(int line) const { return hasOwnSize(line) ? m_own[static_cast<std::size_t>(line)] : m_default; }
+
+bool LineSizes::hasOwnSize(int line) const
+{
+    return !m_own.empty() && m_own[static_cast<std::size_t>(line)] != usesDefault;
+}
+
+void LineSizes::setSize(int line, int twips)
+{
+    if (m_own.empty()) {
+        m_own.assign(static_cast<std::size_t>(m_count), usesDefault);
+        m_tree.assign(m_own.size() + 1, 0);
+        m_isTreeStale = false;
+    }
+    const int before = pixels(line);
+    m_own[static_cast<std::size_t>(line)] = twips;
+    update(line, pixels(line) - before);
+}
+
+void LineSizes::resetSize(int line)
+{
+    if (!hasOwnSize(line))
+        return;
+    const int before = pixels(line);
+    m_own[static_cast<std::size_t>(line)] = usesDefault;
+    update(line, pixels(line) - before);
+}
+
+void LineSizes::resetSizes()
+{
+    m_own = std::vector<int>();
+    m_tree = std::vector<int>();
+    m_isTreeStale = false;
+}
+
+void LineSizes::setDefaultSize(int twips)
+{
+    m_default = twips;
+    m_isTreeStale = !m_own.empty();
+}
+
+void LineSizes::setTwipsPerPixel(double twips)
+{
+    if (twips == m_twipsPerPixel)
+        return;
+    m_twipsPerPixel = twips;
+    m_isTreeStale = !m_own.empty();
+}
+
+// A line that is to be seen at all takes one pixel at least.
+int LineSizes::toPixels(int twips) const
+{
+    return twips == 0 ? 0 : std::max(1, static_cast<int>(std::lround(twips / m_twipsPerPixel)));
+}
+
+int LineSizes::offset(int line) const
+{
+    makeTree();
+    int sum = line * toPixels(m_default);
+    if (!m_tree.empty()) {
+        for (int node = line; node > 0; node -= lowestBit(node))
+            sum += m_tree[static_cast<std::size_t>(node)];
+    }
+    return sum;
+}
+
+int LineSizes::lineAt(int offset) const
+{
+    makeTree();
+    const int usual = toPixels(m_default);
+    if (m_tree.empty())
+        return usual == 0 ? m_count : std::clamp(offset / usual, 0, m_count);
+    int line = 0;
+    int rest = offset;
+    for (int step = static_cast<int>(std::bit_floor(static_cast<unsigned>(m_count))); step > 0; step /= 2) {
+        if (line + step > m_count)
+            continue;
+        const int pixels = step * usual + m_tree[static_cast<std::size_t>(line + step)];
+        if (pixels <= rest) {
+            line += step;
+            rest -= pixels;
+        }
+    }
+    return line;
+}
+
+void LineSizes::update(int line, int pixels)
+{
+    if (m_isTreeStale || pixels == 0)
+        return;
+    for (int node = line + 1; node <= m_count; node += lowestBit(node))
+        m_tree[static_cast<std::size_t>(node)] += pixels;
+}
+
+void LineSizes::makeNode(int line) const
+{
+    const int node = line + 1;
+    int sum = pixels(line) - toPixels(m_default);
+    for (int child = node - 1; child > node - lowestBit(node); child -= lowestBit(child))
+        sum += m_tree[static_cast<std::size_t>(child)];
+    m_tree[static_cast<std::size_t>(node)] = sum;
+}
+
+void LineSizes::makeTree() const
+{
+    if (!m_isTreeStale)
+        return;
+    m_isTreeStale = false;
+    m_tree.resize(m_own.size() + 1);
+    for (int line = 0; line < m_count; ++line)
+        makeNode(line);
+}
+
+} // namespace kor

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+namespace kor {
+
+//! The heights of a grid's rows or the widths of its columns; line 0 is the title row or the fixed column.
+//!
+//! Sizes are twips. On the screen every line takes whole pixels, and begins where the one before it ends. Lines have
+//! the default size until they get one of their own; only then does their number cost anything. Places are found in
+//! logarithmic time, whatever the sizes are.
+class LineSizes
+{
+public:
+    LineSizes(int count, int defaultSize) : m_count(count), m_default(defaultSize) {}
+
+    [[nodiscard]] int count() const { return m_count; }
+    //! New lines have the default size.
+    void insert(int first, int number);
+    void remove(int first, int number);
+
+    [[nodiscard]] int size(int line) const;
+    [[nodiscard]] bool hasOwnSize(int line) const;
+    void setSize(int line, int twips);
+    void resetSize(int line);
+    void resetSizes();
+    [[nodiscard]] int defaultSize() const { return m_default; }
+    void setDefaultSize(int twips);
+
+    [[nodiscard]] double twipsPerPixel() const { return m_twipsPerPixel; }
+    void setTwipsPerPixel(double twips);
+    [[nodiscard]] int pixels(int line) const { return toPixels(size(line)); }
+    //! The pixels of all lines before this one; of count() those of all lines.
+    [[nodiscard]] int offset(int line) const;
+    //! The line that a pixel falls on, count() for one behind the last line. Lines without any size are passed over.
+    [[nodiscard]] int lineAt(int offset) const;
+
+private:
+    [[nodiscard]] int toPixels(int twips) const;
+    void update(int line, int pixels);
+    //! Makes the tree's node from the lines that it stands for, the earlier nodes being up to date.
+    void makeNode(int line) const;
+    void makeTree() const;
+
+    static constexpr int usesDefault = -1;
+
+    int m_count;
+    int m_default;
+    double m_twipsPerPixel = 15.0;
+    std::vector<int> m_own; //!< twips; empty while every line has the default size
+    //! Sums of how many pixels lines differ from the default: a binary indexed tree, node i standing for line i - 1.
+    mutable std::vector<int> m_tree;
+    mutable bool m_isTreeStale = false;
+};
+
+} // namespace kor
