@@ -82,7 +82,8 @@ public:
     Q_INVOKABLE void Clear();
     //! Fills the list from `SQL` and selects again the key that was selected. `Click` is raised when that key is gone,
     //! and `Refreshed` at the end. A statement that gives no rows or fails leaves nothing selected, raises neither, and
-    //! shows no message. Without a database a SELECT leaves the list as it is.
+    //! shows no message; a failing one is a warning in the log. What the program does to the list while its database
+    //! waits comes later and holds: the rows of this call are dropped when another one, or Clear(), came meanwhile. Without a database a SELECT leaves the list as it is.
     void Refresh() override;
 
     //! Set by every change of the selection that may raise `Click`, blocked or not; cleared by Refresh() and the host.
@@ -112,10 +113,10 @@ protected:
     void loadNoEntries();
     void loadNullEntry();
 
-    //! Whether Refresh() has a source that it can fill the list from.
+    //! Whether Refresh() has a source that it can fill the list from. One that begins with a blank gets a warning.
     [[nodiscard]] bool canReload() const;
-    //! Fills the list anew and selects the same key again. False when that came to an early end, or the control was
-    //! deleted by a handler.
+    //! Fills the list anew and selects the same key again. False when that came to an early end, was overtaken by
+    //! another call or Clear(), or the control was deleted meanwhile.
     [[nodiscard]] bool reload();
 
     virtual void raiseClick() = 0;

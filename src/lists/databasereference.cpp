@@ -21,8 +21,13 @@ void DatabaseReference::setObject(QObject *object)
 
 void DatabaseReference::setConnection(const QString &name)
 {
-    m_own = name.isEmpty() ? nullptr : std::make_unique<SqlDatabase>(name);
+    m_own = name.isEmpty() ? nullptr : std::make_shared<SqlDatabase>(name);
     m_database = m_own.get();
+}
+
+std::shared_ptr<Database> DatabaseReference::share() const
+{
+    return m_own ? m_own : std::shared_ptr<Database>(m_database.get(), [](Database *) {}); // the host's is not ours
 }
 
 } // namespace kor

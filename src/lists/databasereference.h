@@ -22,10 +22,12 @@ public:
 
     //! Null when there is none, or no longer.
     [[nodiscard]] Database *get() const { return m_database; }
+    //! The same, for as long as it is in use: one made for a connection's name outlives the host's next choice.
+    [[nodiscard]] std::shared_ptr<Database> share() const;
 
 private:
     QPointer<Database> m_database;
-    std::unique_ptr<Database> m_own; //!< around a connection that the host gave by its name
+    std::shared_ptr<Database> m_own; //!< around a connection that the host gave by its name
 };
 
 } // namespace kor

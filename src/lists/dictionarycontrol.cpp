@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/entrybox.h"
 #include "constituents/keycodes.h"
+#include "database/source.h"
 #include "lists/databasereference.h"
 #include "lists/dictionary.h"
 #include "lists/dictionaryloader.h"
@@ -16,7 +17,7 @@
 
 #include <algorithm>
 
-Q_LOGGING_CATEGORY(listsLog, "kordaouc.lists", QtInfoMsg)
+Q_LOGGING_CATEGORY(listsLog, "kordaouc.lists")
 
 namespace kor {
 
@@ -27,7 +28,10 @@ public:
 
     void select(int found);
     void clicked();
-    [[nodiscard]] bool fill(SourceKind kind);
+    void restore(const QVariant &before);
+    [[nodiscard]] bool fill();
+    [[nodiscard]] bool fillFromDatabase();
+    void warn(const QString &text) const;
     void add(const DictionaryRows &rows);
 
     DictionaryControl *q;
@@ -41,6 +45,8 @@ public:
     QString nullString;
     bool canBeNull = false;
     bool dirty = false;
+    QVariant toRestore;       //!< what was selected before the list was emptied for rows that are still under way
+    int clearings = 0;        //!< how often the list was emptied; rows asked for before the last time are out of date
     bool isRestoring = false; //!< Refresh() selects again what was selected
     bool blockClick = false;
     bool blockUpDown = false;
@@ -96,6 +102,8 @@ void DictionaryControl::Private::add(const DictionaryRows &rows)
 
 void DictionaryControl::Clear()
 {
+    ++d->clearings;
+    d->toRestore.clear();
     d->dictionary.clear();
     d->box->Clear();
 }
@@ -116,45 +124,79 @@ void DictionaryControl::Refresh()
 
 bool DictionaryControl::canReload() const
 {
+    const SourceKind kind = sourceKind(d->sql);
+    if (kind == SourceKind::Other && sourceKind(QStringView(d->sql).trimmed()) != SourceKind::Other)
+        d->warn(QStringLiteral("SQL begins with a blank, so it loads nothing: ") + statementExcerpt(d->sql));
     // While a form is designed, its controls leave databases alone.
-    return (d->database.get() && UserMode()) || sourceKind(d->sql) == SourceKind::List;
+    return (d->database.get() && UserMode()) || kind == SourceKind::List;
 }
 
 bool DictionaryControl::reload()
 {
     const QPointer<DictionaryControl> self = this;
-    const QVariant before = ListIndex() >= 0 ? Value() : QVariant();
+    const QVariant before = ListIndex() >= 0 ? Value() : d->toRestore;
     Clear();
+    d->toRestore = before;
     if (d->canBeNull)
         AddEntry(null(), d->nullString);
-    if (!d->fill(sourceKind(d->sql)))
+    if (!d->fill())
         return false;
 
-    d->isRestoring = true;
-    setValue(before);
-    d->isRestoring = false;
-    d->dirty = false;
-    if (d->dictionary.isDifferent(Value(), before))
-        d->clicked();
+    d->toRestore.clear();
+    if (ListIndex() < 0) // nobody has selected anything while the database was waited for
+        d->restore(before);
     if (self)
         update();
     return self;
 }
 
-bool DictionaryControl::Private::fill(SourceKind kind)
+void DictionaryControl::Private::restore(const QVariant &before)
 {
-    if (kind == SourceKind::List)
-        add(parseInlineList(sql));
-    if (kind != SourceKind::Select)
-        return true;
-    const QPointer<DictionaryControl> self = q; // a host's own database may let the window close while it waits
-    const DictionaryLoad load = loadDictionary(*database.get(), sql, locale);
+    isRestoring = true;
+    q->setValue(before);
+    isRestoring = false;
+    dirty = false;
+    if (dictionary.isDifferent(q->Value(), before))
+        clicked();
+}
+
+//! Whether all entries are there; if not, the control itself may be gone.
+bool DictionaryControl::Private::fill()
+{
+    switch (sourceKind(sql)) {
+    case SourceKind::Select: return fillFromDatabase();
+    case SourceKind::List: add(parseInlineList(sql)); return true;
+    case SourceKind::Other: break;
+    }
+    return true;
+}
+
+// A host's own database may run an event loop while it waits, in which anything happens to the control: it is deleted,
+// cleared, given another source or refreshed again. What came later holds, and the rows asked for before are dropped.
+bool DictionaryControl::Private::fillFromDatabase()
+{
+    const QPointer<DictionaryControl> self = q;
+    const int asked = clearings;
+    const auto source = database.share();
+    const QString statement = sql;
+    const Locale language = locale;
+    const DictionaryLoad load = loadDictionary(*source, statement, language);
     if (!self)
         return false;
     if (load.outcome == LoadOutcome::Failed)
-        qCDebug(listsLog, "Refresh ended early: %ls", qUtf16Printable(load.failure));
+        warn(QStringLiteral("Refresh ended early: ") + load.failure);
+    if (clearings != asked)
+        return false;
     add(load.rows);
+    if (load.outcome != LoadOutcome::Loaded)
+        toRestore.clear();
     return load.outcome == LoadOutcome::Loaded;
+}
+
+void DictionaryControl::Private::warn(const QString &text) const
+{
+    const QString name = q->objectName().isEmpty() ? QString() : u' ' + q->objectName();
+    qCWarning(listsLog, "%s%ls: %ls", q->metaObject()->className(), qUtf16Printable(name), qUtf16Printable(text));
 }
 
 // --- selection

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "lists/dictionaryloader.h"
 
+#include "database/source.h"
+
 #include <KorDaoUC/convert.h>
 #include <KorDaoUC/database.h>
 
@@ -22,14 +24,21 @@ void readRows(Recordset &recordset, DictionaryLoad &load, const Locale &locale)
     load.outcome = LoadOutcome::Loaded;
 }
 
+void fail(DictionaryLoad &load, const std::exception &error, const QString &statement)
+{
+    load.outcome = LoadOutcome::Failed;
+    load.failure = QString::fromUtf8(error.what());
+    if (const QString excerpt = statementExcerpt(statement); !load.failure.contains(excerpt))
+        load.failure += QStringLiteral(" (while reading: ") + excerpt + u')';
+}
+
 //! Closes the recordset; one that does not even close has failed.
-void close(Recordset &recordset, DictionaryLoad &load)
+void close(Recordset &recordset, DictionaryLoad &load, const QString &statement)
 {
     try {
         recordset.Close();
     } catch (const std::exception &error) {
-        load.outcome = LoadOutcome::Failed;
-        load.failure = QString::fromUtf8(error.what());
+        fail(load, error, statement);
     }
 }
 
@@ -44,11 +53,10 @@ DictionaryLoad loadDictionary(Database &database, const QString &statement, cons
         if (recordset && recordset->RecordCount() >= 1)
             readRows(*recordset, load, locale);
     } catch (const std::exception &error) {
-        load.outcome = LoadOutcome::Failed;
-        load.failure = QString::fromUtf8(error.what());
+        fail(load, error, statement);
     }
     if (recordset)
-        close(*recordset, load);
+        close(*recordset, load, statement);
     return load;
 }
 

@@ -21,11 +21,11 @@ enum class LoadOutcome {
 struct DictionaryLoad {
     LoadOutcome outcome = LoadOutcome::NoRows;
     DictionaryRows rows;
-    QString failure; //!< for the log; empty unless it failed
+    QString failure; //!< the driver's text and the statement, for the log; empty unless it failed
 };
 
 //! Reads key and name from the first two columns of a statement's rows. Raises nothing; the recordset is closed on
-//! every way out.
+//! every way out. The arguments have to outlive the call, whatever a host's database does meanwhile.
 [[nodiscard]] DictionaryLoad loadDictionary(Database &database, const QString &statement, const Locale &locale);
 
 } // namespace kor

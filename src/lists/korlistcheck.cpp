@@ -39,7 +39,8 @@ public:
     QString separator;
     QString valueChecked; //!< the set that was read or written last, which is what is saved
     QString textChecked;
-    int puttingBack = 0; //!< how many calls of Refresh() put the checks back, each called by a handler of the last one
+    int refreshing = 0;  //!< how many calls of Refresh() are under way, each called by what the last one has called
+    int puttingBack = 0; //!< how many of them put the checks back
     QString toPutBack;   //!< what they all put back
 
     static const SettingsTable<KorListCheck> settings;
@@ -106,7 +107,13 @@ void KorListCheck::Refresh()
 {
     const QPointer<KorListCheck> self = this;
     if (canReload()) {
-        const QString checked = d->puttingBack > 0 ? d->toPutBack : ValueChecked();
+        const QString checked = d->refreshing > 0 ? d->toPutBack : ValueChecked();
+        d->toPutBack = checked;
+        ++d->refreshing;
+        const auto done = qScopeGuard([self] {
+            if (self)
+                --self->d->refreshing;
+        });
         if (!reload())
             return;
         putBack(checked);
@@ -120,7 +127,6 @@ void KorListCheck::Refresh()
 void KorListCheck::putBack(const QString &checked)
 {
     const QPointer<KorListCheck> self = this;
-    d->toPutBack = checked;
     ++d->puttingBack;
     const auto done = qScopeGuard([self] {
         if (self)
