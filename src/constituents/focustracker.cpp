@@ -164,6 +164,33 @@ void FocusTracker::putBack(QWidget *box)
         clientOf(clients.front())->boxEntered(watched, FocusEntry::Returned);
 }
 
+bool FocusTracker::leaveInPlace(QWidget *box)
+{
+    const QPointer<QWidget> watched = box;
+    if (!settle())
+        return false;
+    const QScopedValueRollback handling(m_state, State::Handling);
+    const auto left = clientsAround(watched);
+    if (left.empty())
+        return true;
+    if (const auto complaint = clientOf(left.front())->boxLeft(watched)) {
+        complain({watched ? watched->window() : nullptr, watched, watched}, *complaint);
+        return false;
+    }
+    for (const auto &control : left) {
+        if (control)
+            clientOf(control)->controlLeft();
+    }
+    return true;
+}
+
+void FocusTracker::enterInPlace(QWidget *box)
+{
+    const QPointer<QWidget> watched = box;
+    if (settle() && watched)
+        enter(nullptr, watched);
+}
+
 void FocusTracker::enter(QWidget *from, QWidget *to)
 {
     const QPointer<QWidget> box = to;

@@ -61,6 +61,10 @@ public:
     bool settle();
     //! Gives the focus back to a box whose pop-up has been closed.
     void putBack(QWidget *box);
+    //! Asks a box and its controls as if they were left, while the focus stays. False when the box complained.
+    bool leaveInPlace(QWidget *box);
+    //! Tells a box and its controls that they were entered, while the focus is there already.
+    void enterInPlace(QWidget *box);
 
 private:
     struct Move {

@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/stage.h"
+
+#include <KorDaoUC/Clock>
+#include <KorDaoUC/FocusedField>
+#include <KorDaoUC/KorDate>
+#include <KorDaoUC/KorMultiText>
+#include <KorDaoUC/KorNumber>
+#include <KorDaoUC/KorUpDown>
+#include <KorDaoUC/Locale>
+#include <KorDaoUC/RunTimeError>
+#include <KorDaoUC/Variant>
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+
+#include <memory>
+
+using namespace kor;
+using namespace kor::test;
+
+//! Commands that run while the user stays in a field.
+class tst_FocusedField : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init()
+    {
+        failOnWarnings();
+        Locale::setSystemDefault(Locale::polish());
+        Clock::setSource([] { return QDate(2026, 11, 21); });
+        m_stage = std::make_unique<Stage>();
+        m_number = m_stage->place(new KorNumber);
+        m_number->setMaxValue(5000);
+        m_number->setCheckRange(true);
+        m_number->setValue(1234.5);
+        m_date = m_stage->place(new KorDate);
+        m_date->setValue(QDate(2026, 11, 5));
+        m_spin = m_stage->place(new KorUpDown);
+        m_remarks = m_stage->place(new KorMultiText);
+        m_remarks->setText(QStringLiteral("pilne"));
+        m_plain = m_stage->place(new QLineEdit(QStringLiteral("zwykłe")));
+        QVERIFY(m_stage->open());
+    }
+
+    void looksAsIfEntered_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("number") << "txtNumber";
+        QTest::newRow("date") << "txtDate";
+        QTest::newRow("whole number with arrows") << "txtUpDown";
+        QTest::newRow("remarks") << "txtText";
+        QTest::newRow("the toolkit's own field") << "";
+    }
+    void looksAsIfEntered()
+    {
+        QFETCH(const QString, name);
+        QLineEdit *box = name.isEmpty() ? m_plain : m_stage->findChild<QLineEdit *>(name);
+        QVERIFY(box);
+        box->setFocus(Qt::TabFocusReason);
+        settle();
+        const QString entered = field(box);
+        QVERIFY2(entered.contains(u'['), qPrintable(entered));
+        QVERIFY(leaveFocusedField(m_stage.get()));
+        // What a command does that shows the record anew.
+        m_number->setValue(1.5);
+        m_number->setValue(1234.5);
+        m_date->setText(m_date->Text());
+        m_spin->setText(m_spin->Text());
+        m_remarks->setText(QString());
+        m_remarks->setText(QStringLiteral("pilne"));
+        m_plain->setText(QStringLiteral("zwykłe"));
+        m_plain->deselect();
+        enterFocusedField(m_stage.get());
+        QCOMPARE(field(box), entered);
+        QCOMPARE(m_number->Value(), QVariant(1234.5));
+    }
+
+    void theNextDigitReplacesTheNumber()
+    {
+        enter(m_number);
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("500"));
+        QVERIFY(leaveFocusedField(m_stage.get()));
+        QCOMPARE(m_number->Text(), QStringLiteral("500,00"));
+        enterFocusedField(m_stage.get());
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("7"));
+        QCOMPARE(m_number->Text(), QStringLiteral("7"));
+    }
+
+    void whatIsBeingTypedIsRead()
+    {
+        enter(m_date);
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("010227"));
+        QVERIFY(leaveFocusedField(m_stage.get()));
+        QCOMPARE(m_date->Value(), QVariant(QDate(2027, 2, 1)));
+        enter(m_spin);
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("99"));
+        QVERIFY(leaveFocusedField(m_stage.get()));
+        QCOMPARE(m_spin->Text(), QStringLiteral("10"));
+        enter(m_number);
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("-"));
+        QVERIFY(leaveFocusedField(m_stage.get()));
+        QCOMPARE(m_number->Text(), QString());
+        QVERIFY(isNull(m_number->Value()));
+    }
+
+    void aRefusedFieldStopsTheCommand()
+    {
+        Messages messages;
+        enter(m_number);
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("9000"));
+        QVERIFY(!leaveFocusedField(m_stage.get()));
+        QCOMPARE(messages.take().size(), 1);
+        QTRY_VERIFY(m_number->isAncestorOf(QApplication::focusWidget()));
+        QCOMPARE(field(m_stage->findChild<QLineEdit *>(QStringLiteral("txtNumber"))), QStringLiteral("[9000,00]"));
+        enter(m_date);
+        settle();
+        QCOMPARE(messages.take().size(), 1); // and it is still refused when it is left
+    }
+
+    void aWindowWithoutFocusedFieldIsNoObstacle()
+    {
+        QWidget empty;
+        QVERIFY(leaveFocusedField(&empty));
+        enterFocusedField(&empty);
+        m_stage->button()->setFocus();
+        settle();
+        QVERIFY(leaveFocusedField(m_stage.get()));
+        enterFocusedField(m_stage.get());
+        QVERIFY(m_stage->button()->hasFocus());
+    }
+
+    void aHandlerMayEndTheField()
+    {
+        enter(m_date);
+        connect(m_date, &KorDate::Change, m_date, [date = m_date] { delete date; });
+        (void)leaveFocusedField(m_stage.get());
+        enterFocusedField(m_stage.get());
+        QVERIFY(!m_stage->findChild<KorDate *>());
+    }
+
+private:
+    static void enter(QWidget *control)
+    {
+        control->setFocus(Qt::TabFocusReason);
+        settle();
+    }
+
+    std::unique_ptr<Stage> m_stage;
+    KorNumber *m_number = nullptr;
+    KorDate *m_date = nullptr;
+    KorUpDown *m_spin = nullptr;
+    KorMultiText *m_remarks = nullptr;
+    QLineEdit *m_plain = nullptr;
+};
+
+QTEST_MAIN(tst_FocusedField)
+#include "tst_focusedfield.moc"
