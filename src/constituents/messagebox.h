@@ -8,7 +8,8 @@ class QWidget;
 
 namespace kor {
 
-//! Shows a message with the exclamation icon and waits until the user has closed it. The text is shown as it is.
-void exclaim(QWidget *parent, const QString &text, const QString &title);
+//! Shows a message with the exclamation icon and waits until the user has closed it. The texts are shown as they are;
+//! more is what stands below the text, to be marked and copied.
+void exclaim(QWidget *parent, const QString &text, const QString &title, const QString &more = {});
 
 } // namespace kor
