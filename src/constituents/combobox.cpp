@@ -9,6 +9,7 @@
 #include "constituents/keycodes.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/qmath.h>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
 #include <QtGui/QWheelEvent>
@@ -26,6 +27,7 @@ namespace {
 constexpr int visibleEntries = 12;
 constexpr int usualLetters = 12;    // that the field has room for, where the form leaves it the choice
 constexpr int fewestLetters = 3;    // that it can be pressed together to
+constexpr int lowestLine = 14;      // that the toolkit makes room for, however small the font
 constexpr int mostListLetters = 80; // of a name that the open list makes room for
 constexpr int mostNamesMeasured = 50;
 
@@ -33,29 +35,13 @@ constexpr int mostNamesMeasured = 50;
 
 ComboBox::ComboBox(QWidget *parent) : QComboBox(parent), m_entries(new EntryModel(this))
 {
-    followStyle();
     // The toolkit selects the first entry of its own accord, unless it has something to show in place of none.
     setPlaceholderText(QStringLiteral(" "));
     setModel(m_entries);
     setFocusPolicy(Qt::StrongFocus); // a wheel that passes by gives no focus
     setMaxVisibleItems(visibleEntries);
-    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // the other policies measure every name
-    setMinimumContentsLength(usualLetters);
-    setIconSize({0, 0}); // that policy makes room for one
-
-    auto *list = qobject_cast<QListView *>(view());
-    list->setUniformItemSizes(true);
-    list->setTextElideMode(Qt::ElideRight);
-    list->installEventFilter(this); // after the toolkit's own filter, so it is asked first
-    list->viewport()->installEventFilter(this);
-    m_list = list;
-
-    if (parent)
-        parent->installEventFilter(this);
     connect(this, &QComboBox::currentIndexChanged, this, &ComboBox::raiseChange);
     connect(this, &QComboBox::activated, this, [this] { m_isChosen = m_acting > 0; });
-    connect(m_entries, &QAbstractItemModel::modelReset, this, &ComboBox::fitListSoon);
-    connect(m_entries, &QAbstractItemModel::rowsInserted, this, &ComboBox::fitListSoon);
 }
 
 // --- entries and selection
@@ -291,9 +277,30 @@ bool ComboBox::offerToToolkit(QObject *watched, QEvent *event)
 
 void ComboBox::showPopup()
 {
-    if (m_list)
-        m_list->setMinimumWidth(listWidth());
+    makeList();
+    m_list->setMinimumWidth(listWidth());
     QComboBox::showPopup();
+}
+
+// The open list takes many times as long to make as the field, and most of a form's fields are never opened.
+void ComboBox::makeList()
+{
+    if (m_list)
+        return;
+    followStyle();
+    setIconSize({0, 0}); // nothing to make room for
+    auto *list = qobject_cast<QListView *>(view());
+    list->parentWidget()->setFont(font());
+    list->setUniformItemSizes(true);
+    list->setTextElideMode(Qt::ElideRight);
+    list->installEventFilter(this); // after the toolkit's own filter, so it is asked first
+    list->viewport()->installEventFilter(this);
+    m_list = list;
+    if (QWidget *place = parentWidget())
+        place->installEventFilter(this);
+    connect(m_entries, &QAbstractItemModel::modelReset, this, &ComboBox::fitListSoon);
+    connect(m_entries, &QAbstractItemModel::rowsInserted, this, &ComboBox::fitListSoon);
+    Q_EMIT listMade(list);
 }
 
 int ComboBox::listWidth() const
@@ -344,21 +351,37 @@ void ComboBox::fitList()
 
 void ComboBox::followStyle() { setStyle(DropListStyle::ofApplication()); }
 
-void ComboBox::changeEvent(QEvent *event)
+void ComboBox::childEvent(QChildEvent *event)
 {
-    QComboBox::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        Q_EMIT heightChanged();
+    // Assistive tools, or a host through the toolkit's own interface, may have the list made before it is opened.
+    m_hasList = m_hasList || (event->added() && event->child()->isWidgetType());
+    QComboBox::childEvent(event);
 }
 
-QSize ComboBox::minimumSizeHint() const
+void ComboBox::changeEvent(QEvent *event)
 {
-    // The toolkit's own goes through all entries in search of a picture.
+    const bool isHeight = event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange;
+    if (isHeight && !m_hasList)
+        QWidget::changeEvent(event); // the toolkit's own would make the list, to tell it
+    else
+        QComboBox::changeEvent(event);
+    if (isHeight) {
+        updateGeometry();
+        Q_EMIT heightChanged();
+    }
+}
+
+// The toolkit's own ones measure every name, or go through all entries in search of a picture.
+QSize ComboBox::sizeForWidth(int textWidth) const
+{
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    const QSize letters(fewestLetters * fontMetrics().averageCharWidth(), fontMetrics().height());
-    const int narrowest = style()->sizeFromContents(QStyle::CT_ComboBox, &option, letters, this).width();
-    return {narrowest, sizeHint().height()};
+    const int line = std::max(qCeil(QFontMetricsF(fontMetrics()).height()), lowestLine) + 2;
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, {textWidth, line}, this);
 }
+
+QSize ComboBox::sizeHint() const { return sizeForWidth(usualLetters * fontMetrics().horizontalAdvance(u'X')); }
+
+QSize ComboBox::minimumSizeHint() const { return sizeForWidth(fewestLetters * fontMetrics().averageCharWidth()); }
 
 } // namespace kor

@@ -16,7 +16,7 @@ class EntryModel;
 //!
 //! No entry is selected until the user or the program selects one. Keys are offered as KeyDown before they act, also
 //! while the list is open; the handlers may swallow them with 0 or, while it is closed, turn them into others. The
-//! list opens at once however many entries it has.
+//! list opens at once however many entries it has; it is made when it is opened for the first time.
 class ComboBox final : public QComboBox, public EntryBox
 {
     Q_OBJECT
@@ -38,6 +38,7 @@ public:
     void setPictureWidth(int width) { m_pictureWidth = width; }
 
     void showPopup() override;
+    [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
@@ -48,6 +49,8 @@ Q_SIGNALS:
     void KeyUp(int &KeyCode, int &Shift);
     //! The user has chosen an entry, be it the one that was selected already. Comes after Click.
     void Chosen();
+    //! The list is about to be opened for the first time; the moment to give it a delegate.
+    void listMade(QAbstractItemView *list);
     //! The font or the style, and with it the height, may have changed.
     void heightChanged();
 
@@ -58,6 +61,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void childEvent(QChildEvent *event) override;
 
 private:
     //! Lets the toolkit do something that may change the selection, and raises Click once it is done with it.
@@ -73,13 +77,16 @@ private:
     [[nodiscard]] bool filterList(QObject *watched, QEvent *event);
     [[nodiscard]] bool pressInList(QKeyEvent *event);
     bool offerToToolkit(QObject *watched, QEvent *event);
+    void makeList();
     void followStyle();
     void fitListSoon();
     void fitList();
     [[nodiscard]] int listWidth() const;
+    [[nodiscard]] QSize sizeForWidth(int textWidth) const;
 
     EntryModel *m_entries;
-    QPointer<QAbstractItemView> m_list;
+    QPointer<QAbstractItemView> m_list; //!< once it has been opened
+    bool m_hasList = false;             //!< the toolkit has made it, perhaps before
     QElapsedTimer m_searching; //!< since the last character of a type-ahead
     int m_selected = -1;       //!< the entry that Click was raised for
     int m_acting = 0;

@@ -80,11 +80,12 @@ KorColor::KorColor(QWidget *parent) : UserControl(parent), d(std::make_unique<Pr
     d->picture->setObjectName(QStringLiteral("picColor"));
     d->picture->setAttribute(Qt::WA_TransparentForMouseEvents); // it is part of the button's face
     d->box->AddItems(ColorList::names());
-    d->box->view()->setItemDelegate(
-        new ColorDelegate([this](int row) { return d->colors.color(row); }, d->box->view()));
     setMainConstituent(d->box);
     setMouseTracking(true);
 
+    connect(d->box, &ComboBox::listMade, this, [this](QAbstractItemView *list) {
+        list->setItemDelegate(new ColorDelegate([this](int row) { return d->colors.color(row); }, list));
+    });
     connect(d->box, &ComboBox::Click, this, [this] { d->selected(); });
     connect(d->box, &ComboBox::Chosen, this, [this] {
         // "Inny kolor..." can show its former colour; choosing it again is how the user gets the new one.

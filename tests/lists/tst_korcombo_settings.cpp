@@ -82,6 +82,9 @@ private Q_SLOTS:
     void heightIsTheListsOwnInsideALayout();
     void colorsReachFieldAndList();
     void fontIsTheConstituents();
+    void listIsMadeWhenItIsOpened();
+    void listLooksAsTheFieldHoweverItWasMade_data();
+    void listLooksAsTheFieldHoweverItWasMade();
     void wideNamesWidenTheOpenList();
     void manyEntriesOpenBelowTheField();
     void looksLikeTheApplicationsStyle_data();
@@ -217,6 +220,7 @@ void tst_KorComboSettings::loadingTouchesNoDatabaseAndRaisesNothing()
     QCOMPARE(database.asked, 0);
     QCOMPARE(log.take(), QString());
     QVERIFY(!combo.DataChanged());
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("3146: ")));
     combo.Refresh();
     QCOMPARE(database.asked, 1);
 }
@@ -299,6 +303,70 @@ void tst_KorComboSettings::fontIsTheConstituents()
     combo.setFont(font);
     QCOMPARE(boxOf(combo)->font(), combo.Font());
     QCOMPARE(boxOf(combo)->view()->font().bold(), font.bold());
+}
+
+void tst_KorComboSettings::listIsMadeWhenItIsOpened()
+{
+    Stage stage;
+    QFont larger = stage.font();
+    larger.setPointSize(larger.pointSize() + 5);
+    auto *combo = stage.place(new KorCombo, 100);
+    setEverything(*combo);
+    combo->setEnabled(true);
+    combo->setFont(larger);
+    combo->AddEntry(1, QStringLiteral("a"));
+    combo->setValue(1);
+    QVERIFY(stage.open());
+    combo->setFocus();
+    combo->setFont(QFont());
+    stage.setFont(larger);
+    stage.setStyleSheet(QStringLiteral("QWidget { margin: 0 }"));
+    settle();
+    QVERIFY(!combo->findChild<QAbstractItemView *>()); // a form of a hundred fields would wait for as many lists
+    boxOf(*combo)->showPopup();
+    QVERIFY(combo->findChild<QAbstractItemView *>());
+    boxOf(*combo)->hidePopup();
+}
+
+void tst_KorComboSettings::listLooksAsTheFieldHoweverItWasMade_data()
+{
+    QTest::addColumn<bool>("isMadeEarly");
+    QTest::newRow("made when it is opened") << false;
+    QTest::newRow("made by an assistive tool before") << true;
+}
+
+void tst_KorComboSettings::listLooksAsTheFieldHoweverItWasMade()
+{
+    QFETCH(bool, isMadeEarly);
+    Stage stage;
+    auto *combo = stage.place(new KorCombo, 100);
+    QComboBox *box = boxOf(*combo);
+    for (const char *name : {"Alfa", "Beta"})
+        combo->AddEntry(QString::fromLatin1(name), QString::fromLatin1(name));
+    if (isMadeEarly)
+        QVERIFY(box->view());
+    QFont larger = stage.font();
+    larger.setPointSize(larger.pointSize() + 7);
+    combo->setFont(larger);
+    combo->setForeColor(0x000000FF);
+    stage.setLayoutDirection(Qt::RightToLeft);
+    QVERIFY(stage.open());
+    EventLog log(combo);
+    box->showPopup();
+    QCOMPARE(box->view()->font(), box->font());
+    QCOMPARE(box->view()->font().pointSize(), larger.pointSize());
+    QCOMPARE(box->view()->palette().color(QPalette::Text), QColor(0xFF, 0, 0));
+    QCOMPARE(box->view()->layoutDirection(), Qt::RightToLeft);
+    QVERIFY(qobject_cast<QListView *>(box->view())->uniformItemSizes());
+    QTest::keyClick(box->view(), Qt::Key_Down);
+    QTest::keyClick(box->view(), Qt::Key_Return);
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+    QVERIFY(!box->view()->isVisible());
+    combo->setFont(QFont());
+    box->showPopup();
+    QCOMPARE(box->view()->font().pointSize(), box->font().pointSize());
+    QVERIFY(box->font().pointSize() < larger.pointSize());
+    box->hidePopup();
 }
 
 void tst_KorComboSettings::wideNamesWidenTheOpenList()

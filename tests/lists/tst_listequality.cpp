@@ -257,8 +257,8 @@ void tst_ListEquality::refresh_data()
     QTest::addColumn<QString>("warning");
     const auto row = [](const char *behaviour, const char *before, const char *source, bool canBeNull,
                         const char *events, const char *selected, int count, const char *warning = "") {
-        QTest::newRow(behaviour) << text(before) << text(source) << canBeNull << text(events) << text(selected)
-                                 << count << text(warning);
+        QTest::newRow(behaviour) << text(before) << text(source) << canBeNull << text(events) << text(selected) << count
+                                 << text(warning);
     };
     // clang-format off
     row("first fill selects with a click",       "",   "LIST a;A|b;B",                     false, "Click Refreshed", "A",   2);
