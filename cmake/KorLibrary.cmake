@@ -59,13 +59,14 @@ function(kor_library layer)
     endif()
 endfunction()
 
-# kor_test(<name> [SOURCES file...] [RULES layer...] [LINK target...] [X11])
+# kor_test(<name> [SOURCES file...] [RULES layer...] [INSIDE layer...] [LINK target...] [X11])
 #
 # One test program, run under the C and the Polish locale. With RULES it links the pure rules of those layers only and
 # needs no windowing system; otherwise it links the library as a host does, runs on the offscreen platform and, with
-# X11, once more under a real X server. Sources default to <name>.cpp.
+# X11, once more under a real X server. INSIDE takes the widgets of those layers, with their rules, in place of the
+# library: for what the library does not show to hosts. Sources default to <name>.cpp.
 function(kor_test name)
-    cmake_parse_arguments(ARG "X11;NOGUI" "" "SOURCES;RULES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "X11;NOGUI" "" "SOURCES;RULES;INSIDE;LINK" ${ARGN})
     if(NOT ARG_RULES AND NOT ARG_NOGUI AND NOT KORDAOUC_GUI)
         return()
     endif()
@@ -79,6 +80,14 @@ function(kor_test name)
     if(ARG_RULES)
         list(TRANSFORM ARG_RULES REPLACE "(.+)" "kor_\\1_rules")
         target_link_libraries(${name} PRIVATE ${ARG_RULES} KorDaoUCRuntime)
+    elseif(ARG_INSIDE)
+        target_link_libraries(${name} PRIVATE kor_test_stage)
+        foreach(layer ${ARG_INSIDE})
+            target_link_libraries(${name} PRIVATE kor_${layer})
+            if(TARGET kor_${layer}_rules)
+                target_link_libraries(${name} PRIVATE kor_${layer}_rules)
+            endif()
+        endforeach()
     elseif(ARG_NOGUI)
         target_link_libraries(${name} PRIVATE KorDaoUCRuntime)
     else()

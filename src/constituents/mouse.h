@@ -22,8 +22,8 @@ struct MouseArguments {
     MouseArguments(const QWidget *surface, const QMouseEvent &event)
         : Button(event.type() == QEvent::MouseMove ? mouseButtons(event.buttons()) : mouseButtons(event.button())),
           Shift(shiftState(event.modifiers())),
-          X(static_cast<float>(event.position().x() * twipsPerPixelX(surface))),
-          Y(static_cast<float>(event.position().y() * twipsPerPixelY(surface)))
+          X(static_cast<float>(toTwipsX(surface, event.position().x()).count())),
+          Y(static_cast<float>(toTwipsY(surface, event.position().y()).count()))
     {
     }
 };

@@ -14,8 +14,8 @@ namespace kor {
 [[nodiscard]] inline bool fitsWidth(const QWidget &widget, const QString &text, int widthInPixels)
 {
     constexpr double margin = 1.22;
-    const double twips = twipsPerPixelX(&widget);
-    return widget.fontMetrics().horizontalAdvance(text) * twips * margin < qRound(widthInPixels * twips);
+    const Twips needed = toTwipsX(&widget, widget.fontMetrics().horizontalAdvance(text)) * margin;
+    return needed < Twips(toTwipsX(&widget, widthInPixels).rounded());
 }
 
 } // namespace kor

@@ -10,9 +10,17 @@ namespace {
 constexpr double twipsPerInch = 1440.0;
 }
 
-double twipsPerPixelX(const QWidget *widget) { return twipsPerInch / widget->logicalDpiX(); }
-double twipsPerPixelY(const QWidget *widget) { return twipsPerInch / widget->logicalDpiY(); }
-int toPixelsX(const QWidget *widget, double twips) { return qRound(twips / twipsPerPixelX(widget)); }
-int toPixelsY(const QWidget *widget, double twips) { return qRound(twips / twipsPerPixelY(widget)); }
+Twips toTwipsX(const QWidget *widget, double pixels) { return Twips(pixels * twipsPerInch / widget->logicalDpiX()); }
+Twips toTwipsY(const QWidget *widget, double pixels) { return Twips(pixels * twipsPerInch / widget->logicalDpiY()); }
+
+int toPixelsX(const QWidget *widget, Twips length)
+{
+    return qRound(length.count() * widget->logicalDpiX() / twipsPerInch);
+}
+
+int toPixelsY(const QWidget *widget, Twips length)
+{
+    return qRound(length.count() * widget->logicalDpiY() / twipsPerInch);
+}
 
 } // namespace kor

@@ -24,15 +24,15 @@ struct Side {
     QLatin1String key;
     int (QRect::*pixels)() const;
     void (QRect::*setPixels)(int);
-    int (*toPixels)(const QWidget *, double);
-    double (*twipsPerPixel)(const QWidget *);
+    int (*toPixels)(const QWidget *, Twips);
+    Twips (*toTwips)(const QWidget *, double);
 };
 
 constexpr std::array sides{
-    Side{QLatin1String("Left"), &QRect::x, &QRect::moveLeft, toPixelsX, twipsPerPixelX},
-    Side{QLatin1String("Top"), &QRect::y, &QRect::moveTop, toPixelsY, twipsPerPixelY},
-    Side{QLatin1String("Width"), &QRect::width, &QRect::setWidth, toPixelsX, twipsPerPixelX},
-    Side{QLatin1String("Height"), &QRect::height, &QRect::setHeight, toPixelsY, twipsPerPixelY},
+    Side{QLatin1String("Left"), &QRect::x, &QRect::moveLeft, toPixelsX, toTwipsX},
+    Side{QLatin1String("Top"), &QRect::y, &QRect::moveTop, toPixelsY, toTwipsY},
+    Side{QLatin1String("Width"), &QRect::width, &QRect::setWidth, toPixelsX, toTwipsX},
+    Side{QLatin1String("Height"), &QRect::height, &QRect::setHeight, toPixelsY, toTwipsY},
 };
 
 std::span<const Side> sidesOf(FormPlace::Extent extent)
@@ -61,7 +61,7 @@ void FormPlace::apply(QWidget &widget)
         place = widget.geometry();
     for (const Side &side : sidesOf(m_extent)) {
         if (m_settings.contains(side.key))
-            (place.*side.setPixels)(side.toPixels(&widget, CDbl(m_settings.ReadProperty(side.key))));
+            (place.*side.setPixels)(side.toPixels(&widget, Twips(CDbl(m_settings.ReadProperty(side.key)))));
     }
     if (m_extent == Extent::SizeOnly)
         widget.resize(place.size());
@@ -76,7 +76,7 @@ void FormPlace::write(const QWidget &widget, PropertyBag &settings) const
     for (const Side &side : sidesOf(m_extent)) {
         const int pixels = (now.*side.pixels)();
         if (pixels != (m_placed.*side.pixels)())
-            settings.append(side.key, qRound(pixels * side.twipsPerPixel(&widget)));
+            settings.append(side.key, side.toTwips(&widget, pixels).rounded());
         else if (m_settings.contains(side.key))
             settings.append(side.key, m_settings.ReadProperty(side.key));
     }

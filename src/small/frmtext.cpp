@@ -38,7 +38,7 @@ frmText::frmText(QWidget *control, QWidget *field)
 void frmText::load()
 {
     // A window without height could not be shown at all.
-    resize(std::max(1, toPixelsX(this, m_parentWidth)), std::max(1, toPixelsY(this, m_windowHeight)));
+    resize(std::max(1, toPixelsX(this, Twips(m_parentWidth))), std::max(1, toPixelsY(this, Twips(m_windowHeight))));
 }
 
 void frmText::resizeEvent(QResizeEvent *) { m_text->setGeometry(rect()); }

@@ -119,8 +119,8 @@ void KorMultiText::Private::open()
 void KorMultiText::Private::createPopup()
 {
     popup = new frmText(q, box);
-    const auto width = static_cast<float>(q->width() * twipsPerPixelX(q));
-    const auto lineHeight = static_cast<float>(box->height() * twipsPerPixelY(box));
+    const auto width = static_cast<float>(toTwipsX(q, q->width()).count());
+    const auto lineHeight = static_cast<float>(toTwipsY(box, box->height()).count());
     popup->setProperty("ParentWidth", width);
     popup->setProperty("WindowHeight", static_cast<float>(openLines) * lineHeight);
     // Kept: size and limit are those of the first opening; hosts that set them later have always met the old ones
