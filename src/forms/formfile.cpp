@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "forms/formtext.h"
+#include "forms/wholefile.h"
 
 #include <KorDaoUC/formfile.h>
 
 #include <QtCore/QFile>
-#include <QtCore/QSaveFile>
 #include <QtCore/QStringDecoder>
 
 #include <algorithm>
@@ -209,9 +209,8 @@ std::optional<FormError> FormFile::save(const FormBlock &form, const QString &fi
     const QByteArray text = serialize(form);
     if (FormResult readBack = parse(text); !readBack.form)
         return readBack.error;
-    QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
-        return FormError{0, file.errorString()};
+    if (const std::optional<QString> reason = writeWhole(fileName, text))
+        return FormError{0, *reason};
     return std::nullopt;
 }
 
