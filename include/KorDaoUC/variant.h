@@ -20,9 +20,10 @@ struct Missing {
 //!
 //! A Variant is a QVariant with this mapping: Empty = invalid; Null = std::nullptr_t; Boolean = bool; Byte = uchar;
 //! Integer = short; Long = int; Single = float; Double = double; Currency = kor::Currency; Date = QDate, or QDateTime
-//! when it carries a time; String = QString; Missing = kor::Missing. Whatever else a host hands in (qlonglong,
-//! QByteArray, QTime, a registered type, a date outside the years 100 to 9999) is Other until it is brought into one of
-//! these by normalized().
+//! when it carries a time; String = QString; Missing = kor::Missing. LongLong = qint64, but only for integers beyond
+//! 2^53, which a Double would run together. Whatever else a host hands in (a smaller qint64, QByteArray, QTime, a
+//! registered type, a date outside the years 100 to 9999) is Other until it is brought into one of these by
+//! normalized().
 enum class VariantType {
     Empty,
     Null,
@@ -30,6 +31,7 @@ enum class VariantType {
     Byte,
     Integer,
     Long,
+    LongLong,
     Single,
     Double,
     Currency,
@@ -49,9 +51,10 @@ enum class VariantType {
 [[nodiscard]] inline bool isEmpty(const QVariant &value) { return !value.isValid(); }
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT bool isMissing(const QVariant &value);
 
-//! The same value in the mapping above: a 64-bit integer that fits becomes a Long, a larger one a Double; a database
-//! NULL of any type (a null QVariant with a type) and an invalid date become Null; anything unknown becomes its text,
-//! or Empty.
+//! The same value in the mapping above: a 64-bit integer that fits becomes a Long, a larger one a Double, and one that
+//! a Double does not hold with all its digits stays a 64-bit integer (above 2^63, which none holds, a Double); a
+//! database NULL of any type (a null QVariant with a type) and an invalid date become Null; anything unknown becomes
+//! its text, or Empty.
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT QVariant normalized(const QVariant &value);
 
 } // namespace kor

@@ -5,8 +5,15 @@
 #include "database/failure.h"
 
 #include <KorDaoUC/recordset.h>
+#include <KorDaoUC/variant.h>
+
+#include <cmath>
 
 namespace kor {
+
+//! A fraction of a database, which may hold infinity and what is no number. No Variant is one of these, so they are
+//! Null: a field shows nothing, and as a key they are found nowhere.
+[[nodiscard]] inline QVariant finiteOrNull(double number) { return std::isfinite(number) ? QVariant(number) : null(); }
 
 //! The walk that every forward-only recordset shares: where it stands and what may be asked there. The classes below
 //! it only know how to fetch a row and to look into it.

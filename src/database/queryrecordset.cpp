@@ -4,6 +4,7 @@
 
 #include "database/forwardrecordset.h"
 
+#include <KorDaoUC/convert.h>
 #include <KorDaoUC/variant.h>
 
 #include <QtCore/QPointer>
@@ -50,7 +51,11 @@ private:
     QVariant valueAt(int index) const override
     {
         const QVariant value = m_query.value(index);
-        return value.isValid() ? normalized(value) : null(); // the ODBC driver gives a NULL text without a type
+        if (!value.isValid()) {
+            return null(); // the ODBC driver gives a NULL text without a type
+        }
+        const QVariant known = normalized(value);
+        return variantType(known) == VariantType::Double ? finiteOrNull(CDbl(known)) : known;
     }
 
     QString nameAt(int index) const override { return m_query.record().fieldName(index); }

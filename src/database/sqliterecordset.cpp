@@ -37,7 +37,7 @@ Pointee *pointerIn(const QVariant &handle)
 QVariant integerValue(sqlite3_int64 value)
 {
     const bool fits = value >= std::numeric_limits<int>::min() && value <= std::numeric_limits<int>::max();
-    return fits ? QVariant(static_cast<int>(value)) : QVariant(static_cast<double>(value));
+    return fits ? QVariant(static_cast<int>(value)) : normalized(QVariant::fromValue(qint64(value)));
 }
 
 QString textOf(sqlite3_stmt *row, int index)
@@ -56,7 +56,7 @@ QVariant valueOf(sqlite3_stmt *row, int index)
 {
     switch (sqlite3_column_type(row, index)) {
     case SQLITE_INTEGER: return integerValue(sqlite3_column_int64(row, index));
-    case SQLITE_FLOAT: return sqlite3_column_double(row, index);
+    case SQLITE_FLOAT: return finiteOrNull(sqlite3_column_double(row, index));
     case SQLITE_TEXT: return textOf(row, index);
     case SQLITE_BLOB: return normalized(blobOf(row, index));
     default: return null();

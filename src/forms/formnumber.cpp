@@ -64,6 +64,15 @@ NumberResult readAs(QByteArrayView digits, QStringView token)
     return result(fault, QVariant::fromValue(number), token);
 }
 
+//! A smaller integer is taken, too, as what it is everywhere else.
+NumberResult readLongLong(QByteArrayView digits, QStringView token)
+{
+    NumberResult read = readAs<qint64>(digits, token);
+    if (read.reason.isEmpty())
+        read.value = normalized(read.value);
+    return read;
+}
+
 NumberResult readHexadecimal(QByteArrayView digits, QStringView token)
 {
     quint32 number = 0;
@@ -115,6 +124,7 @@ QString writeNumber(const QVariant &number)
     case VariantType::Byte: return QString::number(number.value<uchar>()) + u'b';
     case VariantType::Integer: return QString::number(number.value<short>()) + u'%';
     case VariantType::Long: return writeLong(number.value<int>());
+    case VariantType::LongLong: return QString::number(number.value<qint64>()) + u'^';
     case VariantType::Single: return shortest(number.value<float>(), u'!');
     case VariantType::Currency: return writeCurrency(number.value<Currency>()) + u'@';
     default: return shortest(number.value<double>(), u'#');
@@ -136,6 +146,7 @@ NumberResult readNumber(QStringView token)
     switch (digits.back()) {
     case 'b': return readAs<uchar>(number, token);
     case '%': return readAs<short>(number, token);
+    case '^': return readLongLong(number, token);
     case '!': return readAs<float>(number, token);
     case '#': return readAs<double>(number, token);
     case '@': return readCurrency(number, token);

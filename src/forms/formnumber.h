@@ -9,7 +9,8 @@
 namespace kor {
 
 // Numbers in a form file: "." is the decimal point in every country, the last character tells the type (5b Byte,
-// 5% Integer, 5 Long, 5! Single, 5# Double, 5@ Currency), and what is written reads back as the very same number.
+// 5% Integer, 5 Long, 9007199254740993^ a 64-bit integer, 5! Single, 5# Double, 5@ Currency), and what is written reads
+// back as the very same number.
 
 //! A number, or the reason why the token is none.
 struct NumberResult {

@@ -139,6 +139,7 @@ QString writeValue(const QVariant &value)
     case VariantType::Byte:
     case VariantType::Integer:
     case VariantType::Long:
+    case VariantType::LongLong:
     case VariantType::Single:
     case VariantType::Double:
     case VariantType::Currency: return writeNumber(variant);

@@ -50,8 +50,21 @@ void KeyIndex::clear()
     m_count = 0;
     m_numbers.clear();
     m_rounded.clear();
+    m_wholes.clear();
+    m_roundedWholes.clear();
     m_texts.clear();
 }
+
+namespace {
+
+//! The only 64-bit integer that is equal to a number; nothing where there is none.
+std::optional<qint64> wholeOf(double number)
+{
+    constexpr double limit = 0x1p63;
+    return number >= -limit && number < limit ? std::optional(static_cast<qint64>(number)) : std::nullopt;
+}
+
+} // namespace
 
 //! The number as which a key may be found; nothing for one that is equal to no number.
 std::optional<double> KeyIndex::numberOf(const QVariant &key) const
@@ -71,7 +84,11 @@ void KeyIndex::append(const QVariant &given)
 {
     const QVariant key = normalized(given);
     const VariantType type = variantType(key);
-    if (const auto number = numberOf(key)) {
+    if (type == VariantType::LongLong) {
+        m_wholes.append(key.value<qint64>(), m_count);
+        if (m_equality == KeyEquality::Loose)
+            m_roundedWholes.append(CDbl(key, m_locale), m_count);
+    } else if (const auto number = numberOf(key)) {
         m_numbers.append(*number, m_count);
         if (type == VariantType::Double || type == VariantType::String)
             m_rounded.append(static_cast<float>(*number), m_count);
@@ -94,6 +111,12 @@ int KeyIndex::firstPlace(const QVariant &given, const std::function<bool(int)> &
         consider(m_texts.first(CStr(wanted, m_locale), isSame));
     if (const auto number = numberOf(wanted)) {
         consider(m_numbers.first(*number, isSame));
+        if (type == VariantType::LongLong)
+            consider(m_wholes.first(wanted.value<qint64>(), isSame));
+        else if (const auto whole = wholeOf(*number))
+            consider(m_wholes.first(*whole, isSame));
+        if (type == VariantType::String)
+            consider(m_roundedWholes.first(*number, isSame));
         if (type == VariantType::Single)
             consider(m_rounded.first(static_cast<float>(*number), isSame));
         else

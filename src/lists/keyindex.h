@@ -63,7 +63,9 @@ private:
     Locale m_locale;
     int m_count = 0;
     Buckets<double> m_numbers;
-    Buckets<float> m_rounded; //!< Doubles once more, for a search with a Single
+    Buckets<float> m_rounded;        //!< Doubles once more, for a search with a Single
+    Buckets<qint64> m_wholes;        //!< 64-bit integers, each by itself
+    Buckets<double> m_roundedWholes; //!< the same once more, for a search with a text that says one
     Buckets<QString> m_texts;
 };
 

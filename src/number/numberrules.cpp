@@ -118,6 +118,7 @@ std::optional<double> numberGiven(const QVariant &given, const NumberSigns &sign
     case VariantType::Byte:
     case VariantType::Integer:
     case VariantType::Long:
+    case VariantType::LongLong:
     case VariantType::Single:
     case VariantType::Double:
     case VariantType::Currency: {

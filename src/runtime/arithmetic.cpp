@@ -18,23 +18,36 @@ namespace {
 bool isWhole(VariantType type)
 {
     return type == VariantType::Empty || type == VariantType::Boolean || type == VariantType::Byte ||
-           type == VariantType::Integer || type == VariantType::Long;
+           type == VariantType::Integer || type == VariantType::Long || type == VariantType::LongLong;
 }
 
 //! How wide the whole numbers of a type are; a truth value and Empty count as Integer.
-int rank(VariantType type) { return type == VariantType::Long ? 2 : type == VariantType::Byte ? 0 : 1; }
+int rank(VariantType type)
+{
+    switch (type) {
+    case VariantType::Byte: return 0;
+    case VariantType::Long:
+    case VariantType::LongLong: return 2;
+    default: return 1;
+    }
+}
+
+qint64 wholeOf(const QVariant &value, const Locale &locale)
+{
+    return variantType(value) == VariantType::LongLong ? value.toLongLong() : CLng(value, locale);
+}
 
 QVariant wholeSum(const QVariant &left, const QVariant &right, const Locale &locale)
 {
-    const qint64 sum = qint64(CLng(left, locale)) + CLng(right, locale);
+    qint64 sum = 0;
+    if (qAddOverflow(wholeOf(left, locale), wholeOf(right, locale), &sum))
+        return CDbl(left, locale) + CDbl(right, locale);
     const int width = qMax(rank(variantType(left)), rank(variantType(right)));
     if (width == 0 && std::in_range<uchar>(sum))
         return QVariant::fromValue(static_cast<uchar>(sum));
     if (width <= 1 && std::in_range<short>(sum))
         return QVariant::fromValue(static_cast<short>(sum));
-    if (std::in_range<int>(sum))
-        return static_cast<int>(sum);
-    return static_cast<double>(sum);
+    return normalized(QVariant::fromValue(sum));
 }
 
 QVariant doubleSum(double left, double right)
@@ -87,7 +100,7 @@ QVariant add(const QVariant &leftValue, const QVariant &rightValue, const Locale
     if (either(VariantType::Currency))
         return QVariant::fromValue(CCur(left, locale) + CCur(right, locale));
     const auto fitsSingle = [](VariantType type) {
-        return type == VariantType::Single || (isWhole(type) && type != VariantType::Long);
+        return type == VariantType::Single || (isWhole(type) && rank(type) < 2);
     };
     if (fitsSingle(leftType) && fitsSingle(rightType))
         return singleSum(CDbl(left, locale), CDbl(right, locale));

@@ -30,22 +30,28 @@ std::partial_ordering compareTexts(const QString &left, const QString &right, Te
 
 bool isNothing(VariantType type) { return type == VariantType::Null || type == VariantType::Missing; }
 
-//! Both are numbers, truth values, dates or Empty. The locale is of no importance to these.
+//! Of a number, truth value, date or Empty, to which the locale is of no importance.
+ExactNumber exactNumberOf(const QVariant &value)
+{
+    static const Locale locale = Locale::english();
+    return variantType(value) == VariantType::LongLong ? exactly(held<qint64>(value)) : exactly(CDbl(value, locale));
+}
+
+//! Both are numbers, truth values, dates or Empty.
 std::partial_ordering compareNumbers(const QVariant &left, const QVariant &right)
 {
     const VariantType leftType = variantType(left);
     const VariantType rightType = variantType(right);
     if (leftType == VariantType::Currency && rightType == VariantType::Currency)
         return held<Currency>(left) <=> held<Currency>(right);
-    static const Locale locale = Locale::english();
-    const double leftNumber = CDbl(left, locale);
-    const double rightNumber = CDbl(right, locale);
+    const ExactNumber leftNumber = exactNumberOf(left);
+    const ExactNumber rightNumber = exactNumberOf(right);
     // A Double beside a Single has no more digits than the Single: 0.7 lies inside a range that ends at 0.7.
     const bool single = (leftType == VariantType::Single && rightType == VariantType::Double) ||
                         (leftType == VariantType::Double && rightType == VariantType::Single);
     if (single)
-        return static_cast<float>(leftNumber) <=> static_cast<float>(rightNumber);
-    return leftNumber <=> rightNumber;
+        return static_cast<float>(leftNumber.number) <=> static_cast<float>(rightNumber.number);
+    return compareExactly(leftNumber, rightNumber);
 }
 
 //! The equality of two values of one kind; texts are compared exactly.
@@ -94,19 +100,31 @@ bool looselyEqual(const QVariant &left, const QVariant &right, const Locale &loc
     const NumberReading reading = readNumber(held<QString>(leftText ? left : right), locale);
     if (!reading.isNumber())
         return false;
-    return std::is_eq(compareNumbers(reading.toDouble(), leftText ? right : left));
+    const QVariant &number = leftText ? right : left;
+    const ExactNumber exact = reading.toExact();
+    if (exact.isWhole)
+        return std::is_eq(compareExactly(exact, exactNumberOf(number)));
+    return std::is_eq(compareNumbers(exact.number, number));
 }
 
 namespace {
 
 //! A value as the number that its neighbour's type calls for: beside a date a text is read as a date.
-double numberBeside(const QVariant &value, const QVariant &neighbour, const Locale &locale)
+ExactNumber numberBeside(const QVariant &value, const QVariant &neighbour, const Locale &locale)
 {
-    if (variantType(value) == VariantType::String && variantType(neighbour) == VariantType::Date)
-        return CDbl(CDate(value, locale), locale);
-    if (variantType(value) == VariantType::String && variantType(neighbour) == VariantType::Boolean)
-        return CBool(value, locale) ? -1 : 0;
-    return CDbl(value, locale);
+    if (variantType(value) == VariantType::LongLong)
+        return exactly(held<qint64>(value));
+    if (variantType(value) != VariantType::String)
+        return exactly(CDbl(value, locale));
+    switch (variantType(neighbour)) {
+    case VariantType::Date: return exactly(CDbl(CDate(value, locale), locale));
+    case VariantType::Boolean: return exactly(CBool(value, locale) ? -1.0 : 0.0);
+    case VariantType::LongLong:
+        if (const NumberReading reading = readNumber(held<QString>(value), locale); reading.isNumber())
+            return reading.toExact();
+        [[fallthrough]];
+    default: return exactly(CDbl(value, locale));
+    }
 }
 
 //! One side is a declared variable, the other a Variant or declared as well, and exactly one of them is a text.
@@ -118,7 +136,7 @@ std::partial_ordering compareTextWithNumber(const QVariant &left, const QVariant
         const QString rightText = CStr(right, locale);
         return fromInt(byCodeUnit ? leftText.compare(rightText) : compareByDictionary(leftText, rightText));
     }
-    return numberBeside(left, right, locale) <=> numberBeside(right, left, locale);
+    return compareExactly(numberBeside(left, right, locale), numberBeside(right, left, locale));
 }
 
 } // namespace
@@ -126,6 +144,8 @@ std::partial_ordering compareTextWithNumber(const QVariant &left, const QVariant
 std::optional<std::partial_ordering> compareDeclared(const QVariant &left, const QVariant &right, Declared declared,
                                                      TextComparison mode, const Locale &locale)
 {
+    if (variantType(left) == VariantType::Other || variantType(right) == VariantType::Other)
+        return compareDeclared(normalized(left), normalized(right), declared, mode, locale);
     const VariantType leftType = variantType(left);
     const VariantType rightType = variantType(right);
     const bool leftText = leftType == VariantType::String;

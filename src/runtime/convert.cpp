@@ -102,6 +102,7 @@ QString CStr(const QVariant &value, const Locale &locale)
     case VariantType::Byte: return QString::number(held<uchar>(value));
     case VariantType::Integer: return QString::number(held<short>(value));
     case VariantType::Long: return QString::number(held<int>(value));
+    case VariantType::LongLong: return QString::number(held<qint64>(value));
     case VariantType::Single:
         return numberText(Decimal::fromSingle(held<float>(value)), Decimal::singleDigits, locale.decimalSeparator);
     case VariantType::Double:
@@ -129,6 +130,7 @@ double CDbl(const QVariant &value, const Locale &locale)
     case VariantType::Byte: return held<uchar>(value);
     case VariantType::Integer: return held<short>(value);
     case VariantType::Long: return held<int>(value);
+    case VariantType::LongLong: return static_cast<double>(held<qint64>(value));
     case VariantType::Single: return static_cast<double>(held<float>(value));
     case VariantType::Double: return held<double>(value);
     case VariantType::Currency: return held<Currency>(value).toDouble();
@@ -181,7 +183,9 @@ Currency CCur(const QVariant &value, const Locale &locale)
     std::optional<Currency> result;
     switch (variantType(value)) {
     case VariantType::Currency: return held<Currency>(value);
-    case VariantType::Single: result = Decimal::fromSingle(held<float>(value)).toCurrency(Decimal::Halves::ToEven); break;
+    case VariantType::Single:
+        result = Decimal::fromSingle(held<float>(value)).toCurrency(Decimal::Halves::ToEven);
+        break;
     case VariantType::String: {
         const NumberReading reading = readOrRefuse(value, locale);
         if (reading.kind == NumberReading::Kind::Decimal) {

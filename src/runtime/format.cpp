@@ -24,8 +24,8 @@ const T &held(const QVariant &value)
     return *static_cast<const T *>(value.constData());
 }
 
-//! Whether a text is one number with a point or comma that the locale does not part decimals with. Between day and month
-//! it might stand just as well, but nobody who wrote "1234.5" meant the May of that year.
+//! Whether a text is one number with a point or comma that the locale does not part decimals with. Between day and
+//! month it might stand just as well, but nobody who wrote "1234.5" meant the May of that year.
 bool isForeignNumber(QStringView text)
 {
     const QStringView digits = text.trimmed();
@@ -57,6 +57,7 @@ std::optional<Decimal> numberOf(const QVariant &value, const Locale &locale)
     case VariantType::Single: return Decimal::fromSingle(held<float>(value));
     case VariantType::Currency: return Decimal::fromCurrency(held<Currency>(value));
     case VariantType::Long: return Decimal::fromInteger(held<int>(value));
+    case VariantType::LongLong: return Decimal::fromInteger(held<qint64>(value));
     case VariantType::String: return numberOfText(held<QString>(value), locale);
     default: return Decimal::fromDouble(CDbl(value, locale));
     }
@@ -175,7 +176,8 @@ private:
     [[nodiscard]] QString generalNumber(const Decimal &number) const
     {
         switch (variantType(m_value)) {
-        case VariantType::Single: return CStr(m_value, m_locale);
+        case VariantType::Single:
+        case VariantType::LongLong: return CStr(m_value, m_locale);
         case VariantType::Currency: return CStr(m_value, m_locale);
         default: return numberText(number, Decimal::doubleDigits, m_locale.decimalSeparator);
         }

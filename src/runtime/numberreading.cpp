@@ -4,6 +4,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <limits>
 
 namespace kor {
@@ -54,6 +55,20 @@ Decimal DigitReader::toDecimal() const
     return result;
 }
 
+std::optional<qint64> DigitReader::toWhole() const
+{
+    const Decimal decimal = toDecimal();
+    constexpr int mostDigits = std::numeric_limits<qint64>::digits10 + 1;
+    if (m_isCut || decimal.count > decimal.exponent || decimal.exponent > mostDigits)
+        return std::nullopt;
+    quint64 magnitude = 0;
+    for (int power = decimal.exponent - 1; power >= 0; --power)
+        magnitude = magnitude * 10 + static_cast<quint64>(decimal.digitAt(power) - '0');
+    if (magnitude > static_cast<quint64>(std::numeric_limits<qint64>::max()))
+        return std::nullopt;
+    return static_cast<qint64>(magnitude);
+}
+
 bool readExponent(QStringView text, qsizetype &at, int &exponent, bool skipBlanks)
 {
     qsizetype here = at;
@@ -97,6 +112,17 @@ double NumberReading::toDouble() const
 {
     const double value = kind == Kind::Radix ? static_cast<double>(bits) : digits.toDouble();
     return negative ? -value : value;
+}
+
+ExactNumber NumberReading::toExact() const
+{
+    constexpr double exactInDouble = 0x1p53;
+    const double rounded = toDouble();
+    if (kind == Kind::Radix || !(std::fabs(rounded) >= exactInDouble))
+        return exactly(rounded);
+    if (const auto magnitude = digits.toWhole())
+        return exactly(negative ? -*magnitude : *magnitude);
+    return exactly(rounded);
 }
 
 namespace {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "runtime/decimal.h"
+#include "runtime/exactnumber.h"
 
 #include <KorDaoUC/locale.h>
 
@@ -21,8 +22,10 @@ public:
     {
         if (m_mantissa < 1'000'000'000'000'000'000ULL)
             m_mantissa = m_mantissa * 10 + (digit - u'0');
-        else
+        else {
             ++m_scale;
+            m_isCut = m_isCut || digit != u'0';
+        }
         m_scale -= m_inFraction ? 1 : 0;
         m_hasDigits = true;
     }
@@ -35,12 +38,15 @@ public:
     [[nodiscard]] double toDouble() const;
     [[nodiscard]] bool isFinite() const { return m_scale < 280 || toDouble() <= std::numeric_limits<double>::max(); }
     [[nodiscard]] Decimal toDecimal() const;
+    //! The magnitude when it is an integer of less than 2^63 with no digit lost.
+    [[nodiscard]] std::optional<qint64> toWhole() const;
 
 private:
     quint64 m_mantissa = 0;
     int m_scale = 0;
     bool m_inFraction = false;
     bool m_hasDigits = false;
+    bool m_isCut = false; //!< a digit other than 0 was beyond the nineteenth
 };
 
 //! Reads an exponent's sign and digits at `at`. Nothing is consumed and false returned when there is no digit.
@@ -57,6 +63,7 @@ struct NumberReading {
 
     [[nodiscard]] bool isNumber() const { return kind != Kind::NotANumber; }
     [[nodiscard]] double toDouble() const; //!< infinity when it does not fit
+    [[nodiscard]] ExactNumber toExact() const;
     [[nodiscard]] bool isFinite() const { return kind == Kind::Radix || digits.isFinite(); }
 };
 

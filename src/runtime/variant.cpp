@@ -11,6 +11,15 @@
 
 namespace kor {
 
+namespace {
+
+//! Up to here a Double holds every integer, and no other integer is the same Double.
+constexpr qint64 exactInDouble = qint64(1) << 53;
+
+bool isBeyondDouble(qint64 value) { return value > exactInDouble || value < -exactInDouble; }
+
+} // namespace
+
 VariantType variantType(const QVariant &value)
 {
     if (value.isNull())
@@ -20,6 +29,9 @@ VariantType variantType(const QVariant &value)
     case QMetaType::UChar: return VariantType::Byte;
     case QMetaType::Short: return VariantType::Integer;
     case QMetaType::Int: return VariantType::Long;
+    case QMetaType::LongLong:
+        return isBeyondDouble(*static_cast<const qint64 *>(value.constData())) ? VariantType::LongLong
+                                                                               : VariantType::Other;
     case QMetaType::Float: return VariantType::Single;
     case QMetaType::Double: return VariantType::Double;
     case QMetaType::QDate:
@@ -39,10 +51,12 @@ bool isMissing(const QVariant &value) { return value.metaType() == QMetaType::fr
 namespace {
 
 template <typename Wide>
-QVariant longOrDouble(Wide value)
+QVariant wholeVariant(Wide value)
 {
     if (std::in_range<int>(value))
         return QVariant(static_cast<int>(value));
+    if (std::in_range<qint64>(value) && isBeyondDouble(static_cast<qint64>(value)))
+        return QVariant::fromValue(static_cast<qint64>(value));
     return QVariant(static_cast<double>(value));
 }
 
@@ -55,9 +69,9 @@ QVariant normalizedOther(const QVariant &value)
     case QMetaType::UShort:
     case QMetaType::UInt:
     case QMetaType::ULong:
-    case QMetaType::ULongLong: return longOrDouble(value.toULongLong());
+    case QMetaType::ULongLong: return wholeVariant(value.toULongLong());
     case QMetaType::Long:
-    case QMetaType::LongLong: return longOrDouble(value.toLongLong());
+    case QMetaType::LongLong: return wholeVariant(value.toLongLong());
     case QMetaType::QDate:
     case QMetaType::QDateTime: return null(); // invalid, or of a year that no Date holds
     case QMetaType::QChar: return QString(value.toChar());
@@ -65,7 +79,7 @@ QVariant normalizedOther(const QVariant &value)
     default: break;
     }
     if (value.metaType().flags() & QMetaType::IsEnumeration)
-        return longOrDouble(value.toLongLong());
+        return wholeVariant(value.toLongLong());
     return value.canConvert<QString>() ? QVariant(value.toString()) : QVariant();
 }
 

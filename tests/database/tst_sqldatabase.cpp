@@ -157,7 +157,10 @@ void tst_SqlDatabase::valuesKeepTheirTypes_data()
     QTest::newRow("smallest Long")                   << "CAST(-2147483648 AS BIGINT)"              << QVariant(std::numeric_limits<int>::min());
     QTest::newRow("one above the Longs is a Double") << "CAST(2147483648 AS BIGINT)"               << QVariant(2147483648.0);
     QTest::newRow("one below the Longs is a Double") << "CAST(-2147483649 AS BIGINT)"              << QVariant(-2147483649.0);
-    QTest::newRow("64 bits are a Double")            << "CAST(9223372036854775807 AS BIGINT)"      << QVariant(9223372036854775807.0);
+    QTest::newRow("last one that a Double holds")    << "CAST(9007199254740992 AS BIGINT)"         << QVariant(9007199254740992.0);
+    QTest::newRow("beyond it 64 bits stay")          << "CAST(9007199254740993 AS BIGINT)"         << QVariant(qlonglong(9007199254740993));
+    QTest::newRow("highest 64 bits")                 << "CAST(9223372036854775807 AS BIGINT)"      << QVariant(std::numeric_limits<qlonglong>::max());
+    QTest::newRow("negative 64 bits beyond it")      << "CAST(-9007199254740993 AS BIGINT)"        << QVariant(qlonglong(-9007199254740993));
     QTest::newRow("fraction is a Double")            << "CAST(0.1 AS DOUBLE PRECISION)"            << QVariant(0.1);
     QTest::newRow("whole Double stays a Double")     << "CAST(3 AS DOUBLE PRECISION)"              << QVariant(3.0);
     QTest::newRow("decimal is a Double")             << "CAST('12.50' AS NUMERIC(10, 2))"          << QVariant(12.5);
@@ -177,6 +180,10 @@ void tst_SqlDatabase::valuesKeepTheirTypes_data()
         QTest::newRow("whole decimal is a Double")   << "7::numeric"                          << QVariant(7.0);
         QTest::newRow("16 bits are a Long")          << "12::smallint"                        << QVariant(12);
         QTest::newRow("negative 64 bits")            << "(-5)::bigint"                        << QVariant(-5);
+        QTest::newRow("what is no number is Null")   << "'NaN'::float8"                       << null;
+        QTest::newRow("infinity is Null")            << "'-Infinity'::float8"                 << null;
+        QTest::newRow("single that is no number")    << "'NaN'::real"                         << null;
+        QTest::newRow("decimal that is no number")   << "'NaN'::numeric"                      << null;
         QTest::newRow("single fraction is a Double") << "0.5::real"                           << QVariant(0.5);
         QTest::newRow("truth is a Boolean")          << "TRUE"                                << QVariant(true);
         QTest::newRow("date is a Date")              << "DATE '2026-03-29'"                   << QVariant(QDate(2026, 3, 29));

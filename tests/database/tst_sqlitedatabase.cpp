@@ -57,6 +57,8 @@ void tst_SqliteDatabase::bothWaysGiveTheSame_data()
     QTest::newRow("integer")                  << "5";
     QTest::newRow("64 bits")                  << "-9223372036854775807";
     QTest::newRow("fraction")                 << "1e300";
+    QTest::newRow("64 bits of a Double")      << "9007199254740992";
+    QTest::newRow("64 bits beyond a Double")  << "9007199254740993";
     QTest::newRow("infinity")                 << "9e999";
     QTest::newRow("text")                     << "'zażółć'";
     QTest::newRow("empty text")               << "''";

@@ -55,6 +55,9 @@ private Q_SLOTS:
         QTest::newRow("Long 5")                         << longOf(5)                    << "5";
         QTest::newRow("Long -1 is no colour")           << longOf(-1)                   << "-1";
         QTest::newRow("largest Long")                   << longOf(2147483647)           << "2147483647";
+        QTest::newRow("64 bits beyond a Double")        << QVariant(qlonglong(9007199254740993)) << "9007199254740993^";
+        QTest::newRow("lowest 64 bits")                 << QVariant(std::numeric_limits<qlonglong>::min()) << "-9223372036854775808^";
+        QTest::newRow("highest 64 bits")                << QVariant(std::numeric_limits<qlonglong>::max()) << "9223372036854775807^";
         QTest::newRow("smallest Long is a colour")      << longOf(-2147483648LL)        << "&H80000000&";
         QTest::newRow("colour of windows")              << longOf(0x80000005LL)         << "&H80000005&";
         QTest::newRow("colour of window texts")         << longOf(0x80000008LL)         << "&H80000008&";
@@ -215,6 +218,9 @@ private Q_SLOTS:
         QTest::newRow("an Integer below -32768")      << "-32769%"             << "out of the range";
         QTest::newRow("an Integer with a fraction")   << "1.5%"                << "no value";
         QTest::newRow("a Long over 2147483647")       << "2147483648"          << "out of the range";
+        QTest::newRow("64 bits with one digit too many") << "9223372036854775808^" << "out of the range";
+        QTest::newRow("64 bits with a fraction")      << "1.5^"                << "no value";
+        QTest::newRow("64 bits without digits")       << "^"                   << "no value";
         QTest::newRow("a Long of twenty digits")      << "99999999999999999999"<< "out of the range";
         QTest::newRow("a hexadecimal of nine digits") << "&H123456789&"        << "out of the range";
         QTest::newRow("a hexadecimal without digits") << "&H&"                 << "no value";
@@ -285,6 +291,7 @@ private Q_SLOTS:
         QTest::newRow("a 64-bit integer that fits is a Long")    << QVariant(qint64(5))                  << "5";
         QTest::newRow("a larger one is a Double")                << QVariant(qint64(5000000000))         << "5000000000#";
         QTest::newRow("an unsigned integer over 2^31 is a Double") << QVariant(4000000000U)              << "4000000000#";
+        QTest::newRow("one beyond a Double stays")               << QVariant(qulonglong(9007199254740993)) << "9007199254740993^";
         QTest::newRow("an infinity is no value")                 << QVariant(std::numeric_limits<double>::infinity()) << "Empty";
         QTest::newRow("no number is no value")                   << QVariant(std::numeric_limits<float>::quiet_NaN()) << "Empty";
         QTest::newRow("a date that is none is Null")             << QVariant(QDate())                    << "Null";

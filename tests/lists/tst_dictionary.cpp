@@ -95,6 +95,29 @@ QList<QVariant> manyKinds()
             qlonglong(7),
             qlonglong(5'000'000'000),
             quint8(3),
+            9'007'199'254'740'991.0,
+            9'007'199'254'740'992.0,
+            qlonglong(9'007'199'254'740'992),
+            qlonglong(9'007'199'254'740'993),
+            qlonglong(9'007'199'254'740'994),
+            9'007'199'254'740'994.0,
+            qlonglong(-9'007'199'254'740'993),
+            std::numeric_limits<qlonglong>::max(),
+            std::numeric_limits<qlonglong>::max() - 1,
+            std::numeric_limits<qlonglong>::min(),
+            9'223'372'036'854'775'807.0,
+            -9'223'372'036'854'775'808.0,
+            9'007'199'254'740'992.0F,
+            9'223'372'036'854'775'807.0F,
+            text("9007199254740992"),
+            text("9007199254740993"),
+            text("9 007 199 254 740 993"),
+            text("9007199254740993,0"),
+            text("9007199254740993,5"),
+            text("9223372036854775807"),
+            text("-9223372036854775808"),
+            text("9223372036854775808"),
+            text("9,223372036854775807e18"),
             QByteArrayLiteral("bajty"),
             QVariant(QMetaType::fromType<int>()),
             QVariant(QMetaType::fromType<QString>())};
@@ -200,6 +223,12 @@ void tst_Dictionary::equalitiesSideBySide_data()
     QTest::newRow("missing and Empty")                     << missing()            << QVariant()           << false << false;
     QTest::newRow("64 bits that fit")                      << QVariant(7)          << QVariant(qlonglong(7)) << true << true;
     QTest::newRow("64 bits that don't")                    << QVariant(5e9)        << QVariant(qlonglong(5'000'000'000)) << true << true;
+    QTest::newRow("64 bits beyond a Double")               << QVariant(qlonglong(9'007'199'254'740'993)) << QVariant(qlonglong(9'007'199'254'740'993)) << true << true;
+    QTest::newRow("their neighbour below")                 << QVariant(qlonglong(9'007'199'254'740'993)) << QVariant(9'007'199'254'740'992.0) << false << false;
+    QTest::newRow("their neighbour above")                 << QVariant(qlonglong(9'007'199'254'740'993)) << QVariant(qlonglong(9'007'199'254'740'994)) << false << false;
+    QTest::newRow("the Double of the same value")          << QVariant(qlonglong(9'007'199'254'740'994)) << QVariant(9'007'199'254'740'994.0) << true << true;
+    QTest::newRow("their text")                            << QVariant(qlonglong(9'007'199'254'740'993)) << text("9007199254740993") << true << false;
+    QTest::newRow("their neighbour's text")                << QVariant(qlonglong(9'007'199'254'740'993)) << text("9007199254740992") << false << false;
     QTest::newRow("64 bits as a key")                      << QVariant(qlonglong(7)) << QVariant(7)        << true  << true;
     QTest::newRow("-0 and 0")                              << QVariant(-0.0)       << QVariant(0)          << true  << true;
     QTest::newRow("large neighbours")                      << QVariant(1e15)       << QVariant(1e15 + 1)   << false << false;

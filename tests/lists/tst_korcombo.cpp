@@ -121,6 +121,7 @@ void tst_KorCombo::keysKeepTheirTypes_data()
     QTest::newRow("Null") << null();
     QTest::newRow("Empty") << QVariant();
     QTest::newRow("64 bits of the host") << QVariant(qlonglong(5'000'000'000));
+    QTest::newRow("64 bits beyond a Double") << QVariant(qlonglong(9'007'199'254'740'993));
 }
 
 void tst_KorCombo::keysKeepTheirTypes()
@@ -199,6 +200,10 @@ void tst_KorCombo::valueFindsKeysLoosely_data()
     QTest::newRow("Single")                           << QVariant(2.5F)                                << 3;
     QTest::newRow("Boolean True is -1")               << QVariant(true)                                << 5;
     QTest::newRow("64 bits")                          << QVariant(qlonglong(2))                        << 2;
+    QTest::newRow("64 bits beyond a Double")          << QVariant(qlonglong(9'007'199'254'740'993))    << 8;
+    QTest::newRow("their text")                       << QVariant(QStringLiteral("9007199254740993"))  << 8;
+    QTest::newRow("the Double nearest to them")       << QVariant(9'007'199'254'740'992.0)             << 7;
+    QTest::newRow("64 bits that are no key")          << QVariant(qlonglong(9'007'199'254'740'995))    << 0;
     QTest::newRow("Null finds not even Null")         << null()                                        << 0;
     QTest::newRow("missing argument counts as Null")  << missing()                                     << 0;
     QTest::newRow("unknown")                          << QVariant(99)                                  << 0;
@@ -215,6 +220,8 @@ void tst_KorCombo::valueFindsKeysLoosely()
     m_combo->AddEntry(QStringLiteral("abc"), QStringLiteral("4"));
     m_combo->AddEntry(-1, QStringLiteral("5"));
     m_combo->AddEntry(null(), QStringLiteral("6"));
+    m_combo->AddEntry(qlonglong(9'007'199'254'740'992), QStringLiteral("7"));
+    m_combo->AddEntry(qlonglong(9'007'199'254'740'993), QStringLiteral("8"));
     m_combo->setValue(wanted);
     QTEST(m_combo->ListIndex(), "index");
 }

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void lastKeyNeedsItsSeparator();
     void keyInsideAnotherIsNotChecked();
     void keysAreWrittenByTheLocale();
+    void keysBeyondADoubleAreToldApart();
     void unknownKeysAreIgnored();
     void orderAndRepetitionDoNotMatter();
     void emptyListKeepsItsSet();
@@ -151,6 +152,18 @@ void tst_KorListCheck::keysAreWrittenByTheLocale()
     m_list->AddEntry(QDate(99999, 1, 1), QStringLiteral("rok poza kalendarzem"));
     m_list->CheckAll();
     QCOMPARE(m_list->ValueChecked(), QStringLiteral(";;"));
+}
+
+void tst_KorListCheck::keysBeyondADoubleAreToldApart()
+{
+    m_list->AddEntry(qlonglong(9'007'199'254'740'993), QStringLiteral("dolny"));
+    m_list->AddEntry(qlonglong(9'007'199'254'740'994), QStringLiteral("górny"));
+    m_list->setValueChecked(QStringLiteral("9007199254740994;"));
+    QCOMPARE(m_list->ValueChecked(), QStringLiteral("9007199254740994;"));
+    QCOMPARE(m_list->TextChecked(), QStringLiteral("górny;"));
+    QCOMPARE(m_list->Exists(qlonglong(9'007'199'254'740'993)), QVariant(true));
+    QCOMPARE(m_list->Exists(qlonglong(9'007'199'254'740'995)), QVariant(false));
+    QCOMPARE(m_list->Exists(9'007'199'254'740'992.0), QVariant(false));
 }
 
 void tst_KorListCheck::unknownKeysAreIgnored()

@@ -52,6 +52,7 @@ void tst_Compare::variants_data()
         QTest::newRow(name) << left << right << QString::fromLatin1(expected);
     };
     const QString one = QStringLiteral("1");
+    const QVariant huge = qlonglong(9'007'199'254'740'993);
     // clang-format off
     row("numbers of any type",                  short(1),          1.0,               "=");
     row("Byte and Currency",                    QVariant::fromValue(uchar(2)), amount(15000), ">");
@@ -83,6 +84,27 @@ void tst_Compare::variants_data()
     row("missing is Null",                      kor::missing(),    1,                 "Null");
     row("a database's NULL",                    QVariant(QMetaType(QMetaType::QString)), one, "Null");
     row("64 bits and Long",                     qlonglong(5),      5,                 "=");
+    row("64 bits beyond a Double",              huge,              huge,              "=");
+    row("their neighbour",                      huge,              qlonglong(9'007'199'254'740'994), "<");
+    row("64 bits above the nearest Double",     huge,              9007199254740992.0, ">");
+    row("64 bits below the next Double",        huge,              9007199254740994.0, "<");
+    row("64 bits and the Double of the same value", qlonglong(9'007'199'254'740'994), 9007199254740994.0, "=");
+    row("64 bits and a fraction",               huge,              0.5,               ">");
+    row("64 bits and a larger Double",          huge,              1e300,             "<");
+    row("64 bits and infinity",                 huge,              std::numeric_limits<double>::infinity(), "<");
+    row("highest 64 bits below two to the 63",  std::numeric_limits<qlonglong>::max(), 0x1p63, "<");
+    row("lowest 64 bits are minus that",        std::numeric_limits<qlonglong>::min(), -0x1p63, "=");
+    row("lowest 64 bits above what is below",   std::numeric_limits<qlonglong>::min(), -0x1.0000000000001p63, ">");
+    row("64 bits beside a Single are not rounded", huge,           9007199254740992.0F, ">");
+    row("64 bits and the Single of the same value", qlonglong(9'007'200'328'482'816), 9'007'200'328'482'816.0F, "=");
+    row("64 bits and Currency",                 huge,              amount(std::numeric_limits<qint64>::max()), ">");
+    row("negative 64 bits and Currency",        qlonglong(-9'007'199'254'740'993), amount(std::numeric_limits<qint64>::min()), "<");
+    row("64 bits and Long",                     huge,              2147483647,        ">");
+    row("64 bits and True",                     huge,              true,              ">");
+    row("64 bits and a date",                   huge,              QDate(9999, 12, 31), ">");
+    row("64 bits and Empty",                    huge,              QVariant(),        ">");
+    row("64 bits and a text",                   huge,              QString(),         "<");
+    row("unsigned beyond them",                 huge,              std::numeric_limits<qulonglong>::max(), "<");
     row("bytes are a text",                     QByteArray("1"),   1,                 ">");
     // clang-format on
 }
@@ -145,6 +167,8 @@ void tst_Compare::declared_data()
     QTest::newRow("both declared")                  << QVariant(seven) << QVariant(42)    << kor::Declared::Both  << QStringLiteral(">");
     QTest::newRow("text beside a declared date")    << QVariant(QStringLiteral("01.01.2000")) << QVariant(QDate(2000, 1, 1)) << kor::Declared::Right << QStringLiteral("=");
     QTest::newRow("text beside a declared Boolean") << QVariant(QStringLiteral("True")) << QVariant(true) << kor::Declared::Right << QStringLiteral("=");
+    QTest::newRow("text beside declared 64 bits")   << QVariant(QStringLiteral("9007199254740992")) << QVariant(qlonglong(9'007'199'254'740'993)) << kor::Declared::Right << QStringLiteral("<");
+    QTest::newRow("declared 64 bits beside a text") << QVariant(qlonglong(9'007'199'254'740'993)) << QVariant(QStringLiteral("9007199254740993")) << kor::Declared::Left << QStringLiteral("=");
     QTest::newRow("two numbers")                    << QVariant(1)     << QVariant(1.0)   << kor::Declared::Both  << QStringLiteral("=");
     QTest::newRow("Null")                           << kor::null()     << QVariant(seven) << kor::Declared::Right << QStringLiteral("Null");
     // clang-format on
@@ -172,6 +196,7 @@ void tst_Compare::equalities_data()
         QTest::newRow(name) << left << right << strictly << loosely;
     };
     const QString one = QStringLiteral("1");
+    const QVariant huge = qlonglong(9'007'199'254'740'993);
     // clang-format off
     row("numbers of different types",       1,             1.0,                      true,  true);
     row("same texts",                       one,           one,                      true,  true);
@@ -199,6 +224,16 @@ void tst_Compare::equalities_data()
     row("date and its day number",          QDate(2000, 1, 1), 36526,                true,  true);
     row("64 bits and Long",                 qlonglong(1),  1,                        true,  true);
     row("64 bits and text",                 qlonglong(1),  one,                      false, true);
+    row("64 bits beyond a Double and text", huge,          QStringLiteral("9007199254740993"), false, true);
+    row("the text of their neighbour",      huge,          QStringLiteral("9007199254740992"), false, false);
+    row("their text with groups and decimals", huge,       QStringLiteral("9 007 199 254 740 993,0"), false, true);
+    row("their text with an exponent",      huge,          QStringLiteral("9,007199254740993e15"), false, true);
+    row("a text just above them",           huge,          QStringLiteral("9007199254740993,5"), false, false);
+    row("a text with a digit too many",     huge,          QStringLiteral("9007199254740993,0000001"), false, false);
+    row("lowest 64 bits and text",          std::numeric_limits<qlonglong>::min(), QStringLiteral("-9223372036854775808"), false, true);
+    row("highest 64 bits and text",         std::numeric_limits<qlonglong>::max(), QStringLiteral("9223372036854775807"), false, true);
+    row("a text beyond 64 bits",            std::numeric_limits<qlonglong>::max(), QStringLiteral("9223372036854775808"), false, false);
+    row("a Double and a text told apart",   9007199254740992.0, QStringLiteral("9007199254740993"), false, false);
     row("not a number",                     std::numeric_limits<double>::quiet_NaN(), 1.0, false, false);
     // clang-format on
 }

@@ -134,6 +134,7 @@ void tst_Convert::numericValues_data()
     QTest::newRow("Double") << QVariant(1.5) << true;
     QTest::newRow("Currency") << QVariant::fromValue(kor::Currency()) << true;
     QTest::newRow("64 bits") << QVariant(qulonglong(5)) << true;
+    QTest::newRow("64 bits beyond a Double") << QVariant(qlonglong(9'007'199'254'740'993)) << true;
     QTest::newRow("date") << QVariant(QDate(2000, 1, 1)) << false;
     QTest::newRow("bytes of a number") << QVariant(QByteArray("12")) << true;
 }
@@ -178,6 +179,9 @@ void tst_Convert::texts_data()
     row("whole Currency",                QVariant::fromValue(kor::Currency::fromTenThousandths(50000)), u"5");
     row("lowest Currency",               QVariant::fromValue(kor::Currency::fromTenThousandths(std::numeric_limits<qint64>::min())), u"-922337203685477,5808");
     row("Long",                          -2147483647 - 1,    u"-2147483648");
+    row("64 bits beyond a Double",       qlonglong(9'007'199'254'740'993), u"9007199254740993");
+    row("lowest 64 bits",                std::numeric_limits<qlonglong>::min(), u"-9223372036854775808");
+    row("64 bits that a Double holds",   qlonglong(9'007'199'254'740'992), u"9,00719925474099E+15");
     row("Byte",                          QVariant::fromValue(uchar(255)), u"255");
     row("True",                          true,               u"True");
     row("False",                         false,              u"False");
@@ -306,6 +310,12 @@ void tst_Convert::errors_data()
     row("Boolean of a word",        QStringLiteral("tak"),                 "CBool", 13);
     row("Currency above",           922337203685478.0,                     "CCur", 6);
     row("Currency of a word",       QStringLiteral("abc"),                 "CCur", 13);
+    row("Long of 64 bits",          qlonglong(9'007'199'254'740'993),      "CLng", 6);
+    row("Integer of 64 bits",       qlonglong(-9'007'199'254'740'993),     "CInt", 6);
+    row("Currency of 64 bits",      qlonglong(9'007'199'254'740'993),      "CCur", 6);
+    row("Double of 64 bits",        qlonglong(9'007'199'254'740'993),      "CDbl", 0);
+    row("Single of 64 bits",        qlonglong(9'007'199'254'740'993),      "CSng", 0);
+    row("Boolean of 64 bits",       qlonglong(9'007'199'254'740'993),      "CBool", 0);
     row("text of Null",             kor::null(),                           "CStr", 94);
     row("Double of Null",           kor::null(),                           "CDbl", 94);
     row("Single of Null",           kor::null(),                           "CSng", 94);

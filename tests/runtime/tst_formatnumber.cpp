@@ -6,6 +6,8 @@
 
 #include <QtTest/QTest>
 
+#include <limits>
+
 using kor::Locale;
 
 class tst_FormatNumber : public QObject
@@ -182,6 +184,11 @@ void tst_FormatNumber::typesKeepTheirDigits_data()
     QTest::newRow("Currency in general")        << QVariant::fromValue(amount)     << QStringLiteral("General Number") << QStringLiteral("922337203685477.5807");
     QTest::newRow("lowest Long")                << QVariant(int(-2147483647 - 1))  << QStringLiteral("#,##0")        << QStringLiteral("-2,147,483,648");
     QTest::newRow("64 bits")                    << QVariant(qlonglong(5'000'000'000)) << QStringLiteral("#,##0")     << QStringLiteral("5,000,000,000");
+    QTest::newRow("64 bits beyond a Double")    << QVariant(qlonglong(9'007'199'254'740'993)) << QStringLiteral("#,##0.00") << QStringLiteral("9,007,199,254,740,993.00");
+    QTest::newRow("64 bits in general")         << QVariant(qlonglong(-9'007'199'254'740'993)) << QStringLiteral("General Number") << QStringLiteral("-9007199254740993");
+    QTest::newRow("64 bits without a mask")     << QVariant(qlonglong(9'007'199'254'740'993)) << QString() << QStringLiteral("9007199254740993");
+    QTest::newRow("lowest 64 bits")             << QVariant(std::numeric_limits<qlonglong>::min()) << QStringLiteral("0;(0)") << QStringLiteral("(9223372036854775808)");
+    QTest::newRow("64 bits through places of text") << QVariant(qlonglong(9'007'199'254'740'993)) << QStringLiteral("@@@@@@@@@@@@@@@@@@") << QStringLiteral("  9007199254740993");
     QTest::newRow("Byte")                       << QVariant::fromValue(uchar(200)) << QStringLiteral("0.0")          << QStringLiteral("200.0");
     QTest::newRow("True is -1")                 << QVariant(true)                  << QStringLiteral("0;(0)")        << QStringLiteral("(1)");
     QTest::newRow("date is a day number")       << QVariant(QDate(2000, 1, 1))     << QStringLiteral("0.0")          << QStringLiteral("36526.0");

@@ -58,6 +58,10 @@ void tst_Variant::types_data()
     same("Byte",             QVariant::fromValue(uchar(200)),        VariantType::Byte);
     same("Integer",          QVariant::fromValue(short(-5)),         VariantType::Integer);
     same("Long",             5,                                      VariantType::Long);
+    same("64 bits beyond a Double",   qlonglong(9'007'199'254'740'993),  VariantType::LongLong);
+    same("64 bits beyond it, negative", qlonglong(-9'007'199'254'740'993), VariantType::LongLong);
+    same("highest 64 bits",           std::numeric_limits<qlonglong>::max(), VariantType::LongLong);
+    same("lowest 64 bits",            std::numeric_limits<qlonglong>::min(), VariantType::LongLong);
     same("Single",           1.5F,                                   VariantType::Single);
     same("Double",           1.5,                                    VariantType::Double);
     same("Currency",         amount(15000),                          VariantType::Currency);
@@ -66,6 +70,9 @@ void tst_Variant::types_data()
     same("null text is an ordinary empty text", QString(),           VariantType::String);
     other("64 bits that fit a Long",  qlonglong(-5),                 VariantType::Long,    -5);
     other("64 bits that do not",      qlonglong(5'000'000'000),      VariantType::Double,  5e9);
+    other("64 bits that a Double holds",  qlonglong(9'007'199'254'740'992), VariantType::Double, 9007199254740992.0);
+    other("64 bits that it holds, negative", qlonglong(-9'007'199'254'740'992), VariantType::Double, -9007199254740992.0);
+    other("unsigned beyond a Double",     qulonglong(9'007'199'254'740'993), VariantType::LongLong, qlonglong(9'007'199'254'740'993));
     other("unsigned 64 bits",         std::numeric_limits<qulonglong>::max(), VariantType::Double, 18446744073709551615.0);
     other("unsigned 32 bits",         uint(4'000'000'000),           VariantType::Double,  4e9);
     other("unsigned 16 bits",         QVariant::fromValue(ushort(60000)), VariantType::Long, 60000);
@@ -116,6 +123,7 @@ void tst_Variant::sums_data()
         QTest::newRow(name) << left << right << expected;
     };
     const auto integer = [](int value) { return QVariant::fromValue(static_cast<short>(value)); };
+    const QVariant huge = qlonglong(9'007'199'254'740'993);
     const auto byte = [](int value) { return QVariant::fromValue(static_cast<uchar>(value)); };
     // clang-format off
     row("Integers",                       integer(2),     integer(3),       integer(5));
@@ -146,6 +154,18 @@ void tst_Variant::sums_data()
     row("text and number add up",         QStringLiteral("1,5"), 2,         3.5);
     row("text and Currency add up",       amount(10000),  QStringLiteral("0,5"), amount(15000));
     row("64 bits",                        qlonglong(1),   2,                3);
+    row("64 bits and Long are exact",     huge,           2,                qlonglong(9'007'199'254'740'995));
+    row("64 bits down to a Double",       huge,           -1,               9007199254740992.0);
+    row("64 bits twice",                  huge,           huge,             qlonglong(18'014'398'509'481'986));
+    row("64 bits down to a Long",         huge,           qlonglong(-9'007'199'254'740'994), -1);
+    row("64 bits widen to Double",        std::numeric_limits<qlonglong>::max(), 1, 9223372036854775808.0);
+    row("64 bits and Double",             huge,           0.5,              9007199254740992.0);
+    row("64 bits and Single",             huge,           0.5F,             9007199254740992.0);
+    row("64 bits and Empty",              huge,           QVariant(),       huge);
+    row("64 bits and Null",               huge,           kor::null(),      kor::null());
+    row("64 bits and True",               huge,           true,             9007199254740992.0);
+    row("64 bits and a date",             huge,           QDate(2000, 1, 1), 9007199254740992.0 + 36526);
+    row("64 bits and a text",             huge,           QStringLiteral("1"), 9007199254740992.0);
     // clang-format on
 }
 
@@ -165,6 +185,7 @@ void tst_Variant::sumErrors()
         return errorOf([&] { return kor::add(left, right, Locale::polish()); });
     };
     QCOMPARE(error(QStringLiteral("abc"), 1), 13);
+    QCOMPARE(error(qlonglong(9'007'199'254'740'993), amount(1)), 6);
     QCOMPARE(error(kor::missing(), 1), 13);
     QCOMPARE(error(1.7e308, 1.7e308), 6);
     QCOMPARE(error(amount(std::numeric_limits<qint64>::max()), 1), 6);
