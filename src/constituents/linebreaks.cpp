@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/linebreaks.h"
 
+#include "constituents/characters.h"
+
 #include <algorithm>
 
 namespace kor {
@@ -82,9 +84,7 @@ QString fittingText(const QString &edited, const QString &lineBreak, qsizetype r
         if (taken > room)
             break;
     }
-    if (at > 0 && at < edited.size() && edited.at(at - 1).isHighSurrogate())
-        --at;
-    return edited.left(at);
+    return wholeCharacters(edited, at);
 }
 
 int toEditorPosition(const QString &text, int position)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/multilinetextbox.h"
 
+#include "constituents/characters.h"
 #include "constituents/errorguard.h"
 #include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
@@ -154,8 +155,10 @@ void MultiLineTextBox::offerCharacter(int ascii, QKeyEvent *event)
         return;
     if (ascii == Key::Enter)
         type(QStringLiteral("\n"));
-    else if (ascii >= Key::Space)
-        type(ascii == own ? event->text() : QString(QChar(static_cast<char16_t>(ascii))));
+    else if (ascii == own && ascii >= Key::Space)
+        type(event->text());
+    else if (ascii >= Key::Space && !QChar::isSurrogate(static_cast<char32_t>(ascii)))
+        type(QString(QChar(static_cast<char16_t>(ascii))));
     else if (ascii == own)
         editing([&] { QPlainTextEdit::keyPressEvent(event); });
 }
@@ -173,7 +176,14 @@ void MultiLineTextBox::type(const QString &text)
 void MultiLineTextBox::inputMethodEvent(QInputMethodEvent *event)
 {
     const QString committed = event->commitString();
-    if (committed.isEmpty() || isReadOnly()) {
+    if (isReadOnly()) {
+        // The toolkit would take the text, and leave standing what was being composed when the lock came.
+        QInputMethodEvent nothing;
+        editing([&] { QPlainTextEdit::inputMethodEvent(&nothing); });
+        event->ignore();
+        return;
+    }
+    if (committed.isEmpty()) {
         editing([&] { QPlainTextEdit::inputMethodEvent(event); });
         return;
     }
@@ -185,10 +195,12 @@ void MultiLineTextBox::inputMethodEvent(QInputMethodEvent *event)
         QInputMethodEvent composed{QString(), {}};
         composed.setCommitString(QString(), event->replacementStart(), event->replacementLength());
         editing([&] { QPlainTextEdit::inputMethodEvent(&composed); });
-        for (const QChar character : fitting(committed)) {
-            QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
-            if (self)
-                offerCharacter(character.unicode(), &typed);
+        const QString finished = fitting(committed);
+        for (qsizetype at = 0; self && at < finished.size();) {
+            const QString character = characterAt(finished, at);
+            at += character.size();
+            QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, character);
+            offerCharacter(character.front().unicode(), &typed);
         }
         if (self && !event->preeditString().isEmpty()) {
             QInputMethodEvent composing(event->preeditString(), event->attributes());

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/textbox.h"
 
+#include "constituents/characters.h"
 #include "constituents/errorguard.h"
 #include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
@@ -14,6 +15,7 @@
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QDropEvent>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QInputMethod>
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
@@ -65,7 +67,7 @@ void TextBox::setTextKeepingCaret(const QString &text)
     editing([&] {
         const int caret = cursorPosition();
         setText(text);
-        setCursorPosition(std::min(caret, TextLength()));
+        setSelStart(caret);
     });
 }
 
@@ -88,20 +90,34 @@ int TextBox::SelStart() const { return selection().start; }
 void TextBox::setSelStart(int start)
 {
     m_leftSelection.reset();
-    setCursorPosition(std::clamp(start, 0, TextLength()));
+    setCursorPosition(place(std::clamp(start, 0, TextLength())));
 }
 
 void TextBox::setSelLength(int length)
 {
     const int start = SelStart();
-    setSelection(start, std::clamp(length, 0, TextLength() - start));
+    const int end = place(start + std::clamp(length, 0, TextLength() - start));
+    setSelection(start, end - start);
 }
+
+int TextBox::place(int place) const { return static_cast<int>(placeOfCharacter(text(), place)); }
 
 void TextBox::setMaxLength(int length)
 {
     if (length < 0)
         throw RunTimeError(ErrorNumber::InvalidPropertyValue);
     m_maxLength = length;
+}
+
+void TextBox::setLocked(bool locked)
+{
+    if (locked && !isReadOnly()) {
+        // What is being composed can't be finished any more; left standing, it would come into the text all the same.
+        if (hasFocus())
+            QGuiApplication::inputMethod()->reset();
+        compose({QString(), {}});
+    }
+    setReadOnly(locked);
 }
 
 void TextBox::setBorderStyle(BorderStyleType style)
@@ -284,9 +300,33 @@ void TextBox::offerCharacter(int ascii)
 void TextBox::offerCharacters(const QString &text)
 {
     const QPointer<TextBox> self = this;
-    for (const QChar character : text) {
-        if (self)
-            offerCharacter(character.unicode());
+    for (qsizetype at = 0; self && at < text.size();) {
+        const QString character = characterAt(text, at);
+        at += character.size();
+        if (character.size() == 1)
+            offerCharacter(character.front().unicode());
+        else
+            offerPair(character);
+    }
+}
+
+void TextBox::offerPair(const QString &pair)
+{
+    const QPointer<TextBox> self = this;
+    int high = pair.at(0).unicode();
+    int low = pair.at(1).unicode();
+    Q_EMIT KeyPress(high);
+    if (self)
+        Q_EMIT KeyPress(low);
+    if (!self)
+        return;
+    if (high == pair.at(0).unicode() && low == pair.at(1).unicode()) {
+        type(pair);
+        return;
+    }
+    for (const int other : {high, low}) { // of the halves themselves, one without the other is no character
+        if (self && other != 0 && !QChar::isSurrogate(static_cast<char32_t>(other)))
+            type(other);
     }
 }
 
@@ -299,8 +339,13 @@ void TextBox::type(int ascii)
         return;
     }
     const QChar character(static_cast<char16_t>(ascii));
-    const bool fits = m_maxLength == 0 || TextLength() - SelLength() < m_maxLength;
-    if (isTyped(character) && fits)
+    if (isTyped(character) && !character.isSurrogate())
+        type(QString(character));
+}
+
+void TextBox::type(const QString &character)
+{
+    if (!isReadOnly() && fitting(character) == character)
         editing([&] { insert(character); });
 }
 
@@ -308,7 +353,7 @@ void TextBox::inputMethodEvent(QInputMethodEvent *event)
 {
     const QString committed = event->commitString();
     if (isReadOnly()) {
-        QLineEdit::inputMethodEvent(event);
+        event->ignore(); // not the toolkit's to act on either: it would take the text
         return;
     }
     // Dead keys and input methods deliver finished characters; each goes through KeyPress like a typed one.
@@ -357,7 +402,7 @@ void TextBox::keyReleaseEvent(QKeyEvent *event)
 
 QString TextBox::fitting(const QString &text) const
 {
-    return m_maxLength == 0 ? text : text.left(std::max(0, m_maxLength - TextLength() + SelLength()));
+    return m_maxLength == 0 ? text : wholeCharacters(text, m_maxLength - TextLength() + SelLength());
 }
 
 void TextBox::run(ClipboardCommand command)

@@ -52,7 +52,7 @@ public:
     [[nodiscard]] int MaxLength() const { return m_maxLength; }
     void setMaxLength(int length);
     [[nodiscard]] bool Locked() const { return isReadOnly(); }
-    void setLocked(bool locked) { setReadOnly(locked); }
+    void setLocked(bool locked);
     [[nodiscard]] BorderStyleType BorderStyle() const { return m_border; }
     void setBorderStyle(BorderStyleType style);
     [[nodiscard]] AppearanceType Appearance() const { return m_appearance; }
@@ -104,6 +104,8 @@ private:
 
     [[nodiscard]] static ClipboardCommand clipboardCommand(const QKeyEvent &event);
     [[nodiscard]] static ClipboardCommand clipboardCommand(int keyCode, int shift);
+    //! A place that the caret may take: not between the two halves of a character.
+    [[nodiscard]] int place(int place) const;
     //! The beginning of a text that MaxLength allows in place of the selection.
     [[nodiscard]] QString fitting(const QString &text) const;
     //! Runs what may change the text and raises Change when it is done: a handler may then set the text anew or delete
@@ -116,8 +118,11 @@ private:
     void offerCharacter(int keyAscii);
     //! The same for each character of a text that one key or an input method gives.
     void offerCharacters(const QString &text);
+    //! The same for one of two halves, which are typed together or not at all.
+    void offerPair(const QString &pair);
     void compose(QInputMethodEvent event);
     void type(int keyAscii);
+    void type(const QString &character);
     void run(ClipboardCommand command);
     void paste(const QString &text);
     void updateFrame();

@@ -1,0 +1,319 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/eventlog.h"
+#include "support/stage.h"
+
+#include <KorDaoUC/ControlRegistry>
+#include <KorDaoUC/UserControl>
+
+#include <QtCore/QMimeData>
+#include <QtGui/QClipboard>
+#include <QtGui/QInputMethodEvent>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextLayout>
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPlainTextEdit>
+
+#include <memory>
+
+using namespace kor;
+using namespace kor::test;
+
+//! What every control with a text box keeps, however a text comes into it: by keys, an input method or the clipboard.
+class tst_TextEntry : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+
+    void aLockedFieldTakesNothingFromAnInputMethod_data() { fieldsWith("Locked"); }
+    void aLockedFieldTakesNothingFromAnInputMethod();
+    void aLockEndsWhatIsBeingComposed_data() { fieldsWith("Locked"); }
+    void aLockEndsWhatIsBeingComposed();
+    void aLockInKeyPressEndsTheCharacter_data() { fieldsWith("Locked"); }
+    void aLockInKeyPressEndsTheCharacter();
+    void aLimitCutsNoCharacterInTwo_data();
+    void aLimitCutsNoCharacterInTwo();
+    void noHandlerSeesHalfACharacter_data() { fieldsWith("MaxLength"); }
+    void noHandlerSeesHalfACharacter();
+    void aCaretStandsBesideCharacters();
+
+    void aLockedEditorTakesNothingFromAnInputMethod();
+    void theEditorCutsNoCharacterInTwo_data();
+    void theEditorCutsNoCharacterInTwo();
+
+private:
+    static void fieldsWith(const char *property);
+    [[nodiscard]] bool enter(const QString &name);
+    [[nodiscard]] QPlainTextEdit *openEditor();
+
+    std::unique_ptr<Stage> m_stage;
+    UserControl *m_control = nullptr;
+    QLineEdit *m_box = nullptr;
+};
+
+namespace {
+
+void compose(QWidget *box, const QString &composed)
+{
+    QInputMethodEvent event(composed, {});
+    QApplication::sendEvent(box, &event);
+}
+
+void commit(QWidget *box, const QString &text)
+{
+    QInputMethodEvent event{QString(), {}};
+    event.setCommitString(text);
+    QApplication::sendEvent(box, &event);
+}
+
+} // namespace
+
+void tst_TextEntry::init()
+{
+    failOnWarnings();
+    QApplication::setCursorFlashTime(0);
+    m_stage = std::make_unique<Stage>();
+}
+
+void tst_TextEntry::fieldsWith(const char *property)
+{
+    QTest::addColumn<QString>("name");
+    for (const QString &name : ControlRegistry::names()) {
+        const std::unique_ptr<UserControl> control(ControlRegistry::create(name));
+        if (control->metaObject()->indexOfProperty(property) >= 0 && qobject_cast<QLineEdit *>(control->focusProxy()))
+            QTest::newRow(qPrintable(name)) << name;
+    }
+}
+
+bool tst_TextEntry::enter(const QString &name)
+{
+    m_control = m_stage->place(ControlRegistry::create(name));
+    m_box = qobject_cast<QLineEdit *>(m_control->focusProxy());
+    if (!m_box || !m_stage->open())
+        return false;
+    m_control->setFocus();
+    settle();
+    return QApplication::focusWidget() == m_box;
+}
+
+// --- locked
+
+void tst_TextEntry::aLockedFieldTakesNothingFromAnInputMethod()
+{
+    QFETCH(QString, name);
+    QVERIFY(enter(name));
+    const QString text = m_box->text();
+    m_control->setProperty("Locked", true);
+    settle();
+    const QImage before = m_box->grab().toImage();
+    EventLog log(m_control);
+    compose(m_box, u"1"_qs);
+    QCOMPARE(m_box->grab().toImage(), before);
+    commit(m_box, u"12"_qs);
+    QCOMPARE(m_box->text(), text);
+    QVERIFY(!log.take().contains(u"Change"));
+}
+
+void tst_TextEntry::aLockEndsWhatIsBeingComposed()
+{
+    QFETCH(QString, name);
+    QVERIFY(enter(name));
+    const QString text = m_box->text();
+    m_box->deselect();
+    const QImage before = m_box->grab().toImage();
+    compose(m_box, u"12"_qs);
+    QVERIFY(m_box->grab().toImage() != before);
+    m_control->setProperty("Locked", true);
+    settle();
+    m_control->setProperty("Locked", false);
+    QCOMPARE(m_box->grab().toImage(), before); // what can't be finished is not left standing
+    QCOMPARE(m_box->text(), text);
+    m_stage->button()->setFocus();
+    settle();
+    QCOMPARE(m_box->text(), text);
+}
+
+void tst_TextEntry::aLockInKeyPressEndsTheCharacter()
+{
+    QFETCH(QString, name);
+    QVERIFY(enter(name));
+    const QString text = m_box->text();
+    class Locking : public QObject
+    {
+    public:
+        explicit Locking(UserControl *control) : m_control(control)
+        {
+            const auto *type = control->metaObject();
+            QMetaObject::connect(control, type->indexOfSignal("KeyPress(int&)"), this,
+                                 QObject::staticMetaObject.methodCount(), Qt::DirectConnection);
+        }
+        int qt_metacall(QMetaObject::Call call, int id, void **arguments) override
+        {
+            id = QObject::qt_metacall(call, id, arguments);
+            if (id == 0 && call == QMetaObject::InvokeMetaMethod)
+                m_control->setProperty("Locked", true);
+            return id - 1;
+        }
+
+    private:
+        UserControl *m_control;
+    } locking(m_control);
+    commit(m_box, u"12"_qs);
+    QVERIFY(m_control->property("Locked").value<bool>());
+    QCOMPARE(m_box->displayText(), text);
+}
+
+// --- limits and halves
+
+void tst_TextEntry::aLimitCutsNoCharacterInTwo_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<QString>("given");
+    QTest::addColumn<QString>("shown");
+    for (const QString &name : ControlRegistry::names()) {
+        const std::unique_ptr<UserControl> control(ControlRegistry::create(name));
+        const bool isLimited = control->metaObject()->indexOfProperty("MaxLength") >= 0;
+        if (!isLimited || !qobject_cast<QLineEdit *>(control->focusProxy()) || name == u"KorNumber") // digits only
+            continue;
+        for (const char *way : {"committed", "pasted", "dropped"}) {
+            const QString how = QString::fromLatin1(way);
+            const auto row = [&](const char *what, const QString &given, const QString &shown) {
+                QTest::addRow("%s, %s %s", qPrintable(name), what, way) << name << how << given << shown;
+            };
+            row("a pair over the limit", u"ab😀"_qs, u"ab"_qs);
+            row("a pair within the limit", u"a😀"_qs, u"a😀"_qs);
+            row("a pair behind the limit", u"abc😀"_qs, u"abc"_qs);
+        }
+        QTest::addRow("%s, an accent over the limit pasted", qPrintable(name))
+            << name << u"pasted"_qs << u"abe\u0301"_qs << u"ab"_qs;
+    }
+}
+
+void tst_TextEntry::aLimitCutsNoCharacterInTwo()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, way);
+    QFETCH(QString, given);
+    QVERIFY(enter(name));
+    m_control->setProperty("Text", QString());
+    m_control->setProperty("MaxLength", 3);
+    if (way == u"committed") {
+        commit(m_box, given);
+    } else if (way == u"pasted") {
+        QGuiApplication::clipboard()->setText(given);
+        QTest::keyClick(m_box, Qt::Key_V, Qt::ControlModifier);
+    } else {
+        QMimeData mime;
+        mime.setText(given);
+        QDragEnterEvent enter(m_box->rect().center(), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_box, &enter);
+        QDropEvent drop(m_box->rect().center(), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_box, &drop);
+    }
+    QTEST(m_box->text(), "shown");
+}
+
+void tst_TextEntry::noHandlerSeesHalfACharacter()
+{
+    QFETCH(QString, name);
+    QVERIFY(enter(name));
+    QStringList seen;
+    connect(m_box, &QLineEdit::textChanged, this, [&](const QString &text) { seen << text; });
+    EventLog log(m_control);
+    log.ignore({u"Change"_qs, u"DataChange"_qs});
+    commit(m_box, u"😀"_qs);
+    QVERIFY(log.take().startsWith(u"KeyPress(55357) KeyPress(56832)") || name == u"KorNumber"); // both halves are told
+    QTest::sendKeyEvent(QTest::Click, m_box, Qt::Key_unknown, u"😀"_qs, Qt::NoModifier);
+    m_box->home(false);
+    QTest::keyClick(m_box, Qt::Key_Delete);
+    m_box->end(false);
+    QTest::keyClick(m_box, Qt::Key_Backspace);
+    for (const QString &text : seen)
+        QVERIFY2(text.isValidUtf16(), qPrintable(text));
+    QVERIFY(seen.size() >= 2 || name == u"KorNumber");
+}
+
+void tst_TextEntry::aCaretStandsBesideCharacters()
+{
+    QVERIFY(enter(u"KorClick"_qs));
+    m_control->setProperty("Text", u"a😀b"_qs);
+    m_control->setProperty("SelStart", 2);
+    QCOMPARE(m_control->property("SelStart").value<int>(), 1);
+    m_control->setProperty("SelLength", 1);
+    QCOMPARE(m_control->property("SelText").value<QString>(), QString());
+    m_control->setProperty("SelStart", 0);
+    m_control->setProperty("SelLength", 2);
+    QCOMPARE(m_control->property("SelText").value<QString>(), u"a"_qs);
+    m_control->setProperty("SelText", u"x"_qs);
+    QCOMPARE(m_box->text(), u"x😀b"_qs);
+}
+
+// --- the editor of several lines
+
+QPlainTextEdit *tst_TextEntry::openEditor()
+{
+    if (!enter(u"KorMultiText"_qs))
+        return nullptr;
+    QTest::mouseClick(m_control->findChild<QWidget *>(u"cmdClick"_qs), Qt::LeftButton);
+    settle();
+    return m_control->findChild<QPlainTextEdit *>(u"txtMulti"_qs);
+}
+
+void tst_TextEntry::aLockedEditorTakesNothingFromAnInputMethod()
+{
+    QPlainTextEdit *editor = openEditor();
+    QVERIFY(editor);
+    editor->setPlainText(u"stoi"_qs);
+    compose(editor, u"^"_qs);
+    editor->setReadOnly(true);
+    commit(editor, u"ô"_qs);
+    QCOMPARE(editor->toPlainText(), u"stoi"_qs);
+    compose(editor, u"^"_qs);
+    QVERIFY(editor->document()->firstBlock().layout()->preeditAreaText().isEmpty());
+    commit(editor, u"ô"_qs);
+    QCOMPARE(editor->toPlainText(), u"stoi"_qs);
+}
+
+void tst_TextEntry::theEditorCutsNoCharacterInTwo_data()
+{
+    QTest::addColumn<bool>("isPasted");
+    QTest::addColumn<QString>("given");
+    QTest::addColumn<QString>("shown");
+    // clang-format off
+    QTest::newRow("a pair over the limit, committed") << false << u"ab😀"_qs       << u"ab"_qs;
+    QTest::newRow("a pair over the limit, pasted")    << true  << u"ab😀"_qs       << u"ab"_qs;
+    QTest::newRow("a pair that fits, committed")      << false << u"a😀b"_qs       << u"a😀"_qs;
+    QTest::newRow("a pair that fits, pasted")         << true  << u"a😀b"_qs       << u"a😀"_qs;
+    QTest::newRow("an accent over the limit, pasted") << true  << u"abe\u0301"_qs << u"ab"_qs;
+    // clang-format on
+}
+
+void tst_TextEntry::theEditorCutsNoCharacterInTwo()
+{
+    QFETCH(bool, isPasted);
+    QFETCH(QString, given);
+    QVERIFY(enter(u"KorMultiText"_qs));
+    m_control->setProperty("MaxLength", 3);
+    QTest::mouseClick(m_control->findChild<QWidget *>(u"cmdClick"_qs), Qt::LeftButton);
+    settle();
+    auto *editor = m_control->findChild<QPlainTextEdit *>(u"txtMulti"_qs);
+    QVERIFY(editor);
+    QStringList seen;
+    connect(editor, &QPlainTextEdit::textChanged, this, [&] { seen << editor->toPlainText(); });
+    if (isPasted) {
+        QGuiApplication::clipboard()->setText(given);
+        QTest::keyClick(editor, Qt::Key_V, Qt::ControlModifier);
+    } else {
+        commit(editor, given);
+    }
+    QTEST(editor->toPlainText(), "shown");
+    for (const QString &text : seen)
+        QVERIFY2(text.isValidUtf16(), qPrintable(text));
+}
+
+QTEST_MAIN(tst_TextEntry)
+#include "tst_textentry.moc"
