@@ -7,6 +7,7 @@
 #include "constituents/errorguard.h"
 #include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
+#include "constituents/popupplace.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/qmath.h>
@@ -280,6 +281,10 @@ void ComboBox::showPopup()
     makeList();
     m_list->setMinimumWidth(listWidth());
     QComboBox::showPopup();
+    if (isDropped()) { // the toolkit looks at the list's height only
+        QWidget *popup = m_list->window();
+        popup->setGeometry(ontoScreen(popup->geometry(), screen()->availableGeometry()));
+    }
 }
 
 // The open list takes many times as long to make as the field, and most of a form's fields are never opened.
@@ -323,7 +328,9 @@ int ComboBox::listWidth() const
     const int beside = m_pictureWidth + look->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, m_list) +
                        2 * (look->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, m_list) + 1 +
                             look->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, m_list));
-    const int most = std::min(screen()->availableGeometry().width(), mostListLetters * metrics.averageCharWidth());
+    const int around = m_list->parentWidget()->width() - m_list->parentWidget()->contentsRect().width(); // its frame
+    const int most =
+        std::min(screen()->availableGeometry().width() - around, mostListLetters * metrics.averageCharWidth());
     return std::max(width(), std::min(widest + beside, most));
 }
 

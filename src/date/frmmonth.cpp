@@ -5,6 +5,7 @@
 #include "constituents/errorguard.h"
 #include "constituents/keycodes.h"
 #include "constituents/monthview.h"
+#include "constituents/popupplace.h"
 #include "date/placement.h"
 
 #include <KorDaoUC/format.h>
@@ -46,6 +47,7 @@ frmMonth::frmMonth(const Locale &locale, QWidget *control)
     m_view->setObjectName(QStringLiteral("viewMonth"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSizeConstraint(QLayout::SetNoConstraint); // no larger than the screen, however large the letters
     layout->addWidget(m_view);
     setFocusProxy(m_view);
 
@@ -68,7 +70,8 @@ void frmMonth::showBesideControl()
     setLayoutDirection(control->layoutDirection()); // which windows don't take from where they come
     ensurePolished();
     adjustSize();
-    move(placePopup(screen->availableGeometry(), place, size()));
+    const QRect room = screen->availableGeometry();
+    setGeometry(ontoScreen(QRect(placePopup(room, place, size()), size()), room));
     show();
     m_view->setFocus(Qt::PopupFocusReason);
 }

@@ -3,6 +3,7 @@
 #include "constituents/buttonfield.h"
 #include "constituents/focustracker.h"
 #include "constituents/multilinetextbox.h"
+#include "constituents/popupplace.h"
 #include "constituents/twips.h"
 #include "frame/settings.h"
 #include "small/frmtext.h"
@@ -148,7 +149,8 @@ void KorMultiText::Private::placeAndShowPopup()
     const QScreen *screen = QGuiApplication::screenAt(control.center());
     if (!screen)
         screen = q->screen();
-    popup->setGeometry(QRect(placeTextPopup(control, popup->size(), screen->geometry()), popup->size()));
+    const QRect wanted(placeTextPopup(control, popup->size(), screen->geometry()), popup->size());
+    popup->setGeometry(ontoScreen(wanted, screen->geometry()));
     popup->show();
     popup->txtMulti()->setFocus(Qt::PopupFocusReason);
 }
