@@ -38,6 +38,7 @@ public:
     void setToolTipText(const QString &text);
 
     void initProperties() override;
+    [[nodiscard]] QSize givenSize() const override;
 
 protected:
     ListControl(QWidget *parent, const DictionaryRules &rules);

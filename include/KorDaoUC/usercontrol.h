@@ -67,6 +67,10 @@ public:
     [[nodiscard]] QFont ambientFont() const;
     void useAmbientFont();
 
+    //! The size that the form or the program gave the control, which is what a form is saved with. The control itself
+    //! may be lower: a list shows whole rows. A height that only the font decides, as that of a drop-down list, was
+    //! given by nobody and is 0.
+    [[nodiscard]] virtual QSize givenSize() const;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 

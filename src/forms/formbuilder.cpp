@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "forms/formitems.h"
+#include "forms/formmirror.h"
 #include "forms/formplace.h"
 #include "forms/settingsmerge.h"
 
@@ -129,10 +130,10 @@ public:
     }
     Q_DISABLE_COPY_MOVE(Construction)
 
-    void add(QWidget *widget)
+    void add(QObject *part)
     {
-        if (widget->parentWidget() == m_window)
-            m_topLevel.push_back(widget);
+        if (part->parent() == m_window)
+            m_topLevel.push_back(part);
     }
     void finish() { m_finished = true; }
 
@@ -141,7 +142,7 @@ private:
     QString m_title;
     QFont m_font;
     QSize m_size;
-    std::vector<QWidget *> m_topLevel;
+    std::vector<QObject *> m_topLevel;
     bool m_finished = false;
 };
 
@@ -152,8 +153,8 @@ class FormBuilder::Private
 public:
     [[nodiscard]] std::optional<FormItemKind> kindOf(const QString &type) const;
     [[nodiscard]] std::optional<QString> unknownClass(const FormBlock &block) const;
-    Item make(const FormBlock &block, QWidget *parent, Construction &construction);
-    void fill(Item &item, const FormBlock &block, Construction &construction);
+    Item make(const FormBlock &block, QWidget *parent, FormMirror &mirror, Construction &construction);
+    void makeChildren(Item &item, const FormBlock &block, Construction &construction);
 
     QHash<QString, FormItemKind> kinds = readyMadeItems();
     std::optional<Item> form;
@@ -185,7 +186,7 @@ std::optional<QString> FormBuilder::Private::unknownClass(const FormBlock &block
     return std::nullopt;
 }
 
-Item FormBuilder::Private::make(const FormBlock &block, QWidget *parent, Construction &construction)
+Item FormBuilder::Private::make(const FormBlock &block, QWidget *parent, FormMirror &mirror, Construction &construction)
 {
     current = described(block);
     FormItemKind kind = *kindOf(block.type);
@@ -196,18 +197,22 @@ Item FormBuilder::Private::make(const FormBlock &block, QWidget *parent, Constru
     construction.add(widget);
     widget->setObjectName(block.name);
     Item item{widget, std::move(kind), {block.type, block.name, block.properties, {}}, place, {}, {}};
-    fill(item, block, construction);
+    item.kind.read(*widget, block.properties);
+    item.place.apply(*widget, mirror);
+    makeChildren(item, block, construction);
     widget->show();
     return item;
 }
 
-void FormBuilder::Private::fill(Item &item, const FormBlock &block, Construction &construction)
+void FormBuilder::Private::makeChildren(Item &item, const FormBlock &block, Construction &construction)
 {
-    item.kind.read(*item.widget, block.properties);
-    item.place.apply(*item.widget);
     item.taken = item.present();
+    if (block.children.empty())
+        return;
+    auto *mirror = new FormMirror(item.widget);
+    construction.add(mirror);
     for (const FormBlock &child : block.children)
-        item.children.push_back(make(child, item.widget, construction));
+        item.children.push_back(make(child, item.widget, *mirror, construction));
 }
 
 std::optional<QString> FormBuilder::build(const FormBlock &form, QWidget *window)
@@ -226,7 +231,9 @@ std::optional<QString> FormBuilder::build(const FormBlock &form, QWidget *window
                   FormPlace(form.properties, FormPlace::Extent::SizeOnly),
                   {},
                   {}};
-        d->fill(item, form, construction);
+        readForm(*window, form.properties);
+        item.place.applyToForm(*window);
+        d->makeChildren(item, form, construction);
         TabOrder order;
         for (const Item &child : item.children)
             order.add(child);

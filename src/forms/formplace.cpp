@@ -3,11 +3,11 @@
 #include "forms/formplace.h"
 
 #include "constituents/twips.h"
+#include "forms/formmirror.h"
 
 #include <KorDaoUC/convert.h>
 #include <KorDaoUC/runtimeerror.h>
-
-#include <QtWidgets/QWidget>
+#include <KorDaoUC/usercontrol.h>
 
 #include <array>
 #include <cmath>
@@ -54,25 +54,40 @@ FormPlace::FormPlace(const PropertyBag &settings, Extent extent) : m_extent(exte
     }
 }
 
-void FormPlace::apply(QWidget &widget)
+QRect FormPlace::inPixels(const QWidget &widget, QRect place) const
 {
-    QRect place(QPoint(0, 0), widget.sizeHint());
-    if (m_extent == Extent::SizeOnly)
-        place = widget.geometry();
     for (const Side &side : sidesOf(m_extent)) {
         if (m_settings.contains(side.key))
             (place.*side.setPixels)(side.toPixels(&widget, Twips(CDbl(m_settings.ReadProperty(side.key)))));
     }
-    if (m_extent == Extent::SizeOnly)
-        widget.resize(place.size());
-    else
-        widget.setGeometry(place);
-    m_placed = widget.geometry();
+    return place;
+}
+
+void FormPlace::applyToForm(QWidget &window)
+{
+    window.resize(inPixels(window, window.geometry()).size());
+    m_placed = placeOf(window);
+}
+
+void FormPlace::apply(QWidget &widget, FormMirror &mirror)
+{
+    m_mirror = &mirror;
+    mirror.place(&widget, inPixels(widget, QRect(QPoint(0, 0), widget.sizeHint())));
+    m_placed = placeOf(widget);
+}
+
+QRect FormPlace::placeOf(const QWidget &widget) const
+{
+    const auto *control = qobject_cast<const UserControl *>(&widget);
+    QSize size = control ? control->givenSize() : widget.size();
+    if (widget.isWindow() && (widget.isMaximized() || widget.isFullScreen()))
+        size = widget.normalGeometry().size(); // the form itself is as large as it was
+    return {m_mirror ? m_mirror->position(widget) : widget.pos(), size};
 }
 
 void FormPlace::write(const QWidget &widget, PropertyBag &settings) const
 {
-    const QRect now = widget.geometry();
+    const QRect now = placeOf(widget);
     for (const Side &side : sidesOf(m_extent)) {
         const int pixels = (now.*side.pixels)();
         if (pixels != (m_placed.*side.pixels)())

@@ -108,6 +108,8 @@ void UserControl::setUserMode(QWidget *form, bool userMode) { form->setProperty(
 
 QFont UserControl::ambientFont() const { return parentWidget() ? parentWidget()->font() : QApplication::font(this); }
 
+QSize UserControl::givenSize() const { return size(); }
+
 QSize UserControl::sizeHint() const { return d->main ? d->main->sizeHint() : QWidget::sizeHint(); }
 
 QSize UserControl::minimumSizeHint() const { return d->main ? d->main->minimumSizeHint() : QWidget::minimumSizeHint(); }

@@ -67,6 +67,8 @@ void KorCombo::layoutConstituents()
     d->box->setGeometry(0, 0, width(), height);
 }
 
+QSize KorCombo::givenSize() const { return {width(), 0}; }
+
 QString KorCombo::ToolTipText() const { return d->box->toolTip(); }
 
 void KorCombo::setToolTipText(const QString &text)

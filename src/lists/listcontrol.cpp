@@ -46,11 +46,16 @@ void ListControl::initProperties()
 void ListControl::layoutConstituents()
 {
     // Another font or frame starts again from the height that the form gave, or the list would lose entries with each.
-    if (height() != d->wholeHeight)
-        d->givenHeight = height();
+    d->givenHeight = givenSize().height();
     d->wholeHeight = d->box->heightOfWholeRows(d->givenHeight);
     d->box->setGeometry(0, 0, width(), d->wholeHeight);
     resize(width(), d->wholeHeight);
+}
+
+// Also while the list is hidden and has not been laid out anew.
+QSize ListControl::givenSize() const
+{
+    return {width(), height() != d->wholeHeight ? height() : d->givenHeight};
 }
 
 AppearanceType ListControl::Appearance() const { return d->box->Appearance(); }
