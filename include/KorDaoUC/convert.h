@@ -9,12 +9,17 @@
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
+#include <optional>
+
 namespace kor {
 
 //! The number that a text begins with, 0 when there is none. Blanks are skipped; "." is the decimal point in every
 //! locale; reading stops at the first character that can't belong to the number. "&HFF" and "&O17" are read too. Error
 //! 6 for a number that no Double holds.
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT double Val(QStringView text);
+
+//! Val() for texts of a user, where nothing is raised: nothing for a number that no Double holds.
+[[nodiscard]] KORDAOUC_RUNTIME_EXPORT std::optional<double> leadingNumber(QStringView text);
 
 //! Whether the value is a number or a text that the conversions would take for one. Null is not numeric.
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT bool IsNumeric(const QVariant &value,

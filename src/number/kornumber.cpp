@@ -9,7 +9,6 @@
 
 #include <KorDaoUC/beep.h>
 #include <KorDaoUC/convert.h>
-#include <KorDaoUC/format.h>
 #include <KorDaoUC/kornumber.h>
 #include <KorDaoUC/variant.h>
 
@@ -165,7 +164,10 @@ void KorNumber::Private::showNumber(double number, const QString &text, std::opt
 
 QVariant KorNumber::Private::valueOf(const QString &shown, std::optional<float> bound) const
 {
-    return bound ? QVariant(*bound) : QVariant(Val(toRawText(shown, signs)));
+    if (bound)
+        return *bound;
+    const auto number = numberShown(shown, signs);
+    return number ? QVariant(*number) : null();
 }
 
 QString KorNumber::Text() const { return d->box->text(); }
@@ -173,10 +175,8 @@ QString KorNumber::Text() const { return d->box->text(); }
 void KorNumber::setText(const QString &text)
 {
     const QPointer<KorNumber> self = this;
-    const QString raw = toRawText(text, d->signs);
-    const Locale &locale = d->signs.locale;
-    if (IsNumeric(raw, locale) || IsNumeric(QString(raw).replace(u'.', d->signs.decimalSeparator), locale)) {
-        setValue(Val(raw));
+    if (const auto number = numberSet(text, d->signs)) {
+        setValue(*number);
     } else {
         setValue(null());
         if (self)
@@ -259,13 +259,9 @@ std::optional<Complaint> KorNumber::Private::boxLeft(QWidget *)
     box->setProgramText(formatForDisplay(box->text(), mask, signs));
     if (!self)
         return std::nullopt;
-    if (range().isOutside(value)) {
-        return Complaint{QStringLiteral("Przekroczony zakres liczby. Wprowadź liczbę z zakresu: [%1...%2].")
-                             .arg(CStr(minValue, signs.locale), CStr(maxValue, signs.locale)),
-                         QStringLiteral("Bład zakresu liczby")};
-    }
-    const QString shown = box->text();
-    if (!isHashFill(shown) && (Format(value, mask, signs.locale) != shown || shown == u"-"))
+    if (range().isOutside(value))
+        return Complaint{range().message(signs.locale), QStringLiteral("Bład zakresu liczby")};
+    if (!saysValue(box->text(), value, mask, signs))
         box->setProgramText(QString());
     return std::nullopt;
 }
@@ -275,7 +271,7 @@ void KorNumber::Private::controlLeft()
     const QPointer<KorNumber> self = q;
     box->setProgramText(formatForDisplay(box->text(), mask, signs));
     // Kept: Val reads the formatted text up to its first grouping or comma, so 1 234,00 is judged as 1
-    if (self && range().isOutside(Val(box->text())))
+    if (self && range().refuses(box->text()))
         box->setProgramText(QString());
 }
 

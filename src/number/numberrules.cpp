@@ -109,6 +109,23 @@ QString formatForDisplay(const QString &text, const QString &mask, const NumberS
     return IsNumeric(edited, signs.locale) ? Format(edited, mask, signs.locale) : QString();
 }
 
+std::optional<double> numberShown(const QString &shown, const NumberSigns &signs)
+{
+    return leadingNumber(toRawText(shown, signs));
+}
+
+std::optional<double> numberSet(const QString &text, const NumberSigns &signs)
+{
+    const QString raw = toRawText(text, signs);
+    const QString edited = QString(raw).replace(u'.', signs.decimalSeparator);
+    return IsNumeric(raw, signs.locale) || IsNumeric(edited, signs.locale) ? leadingNumber(raw) : std::nullopt;
+}
+
+bool saysValue(const QString &shown, const QVariant &value, const QString &mask, const NumberSigns &signs)
+{
+    return isHashFill(shown) || (Format(value, mask, signs.locale) == shown && shown != u"-");
+}
+
 std::optional<double> numberGiven(const QVariant &given, const NumberSigns &signs)
 {
     if (isNoNumber(given))
@@ -182,6 +199,18 @@ bool NumberRange::isOutside(const QVariant &number) const
         return false;
     const auto single = static_cast<float>(CDbl(number));
     return single < min || single > max;
+}
+
+bool NumberRange::refuses(const QString &formatted) const
+{
+    const auto number = leadingNumber(formatted);
+    return number ? isOutside(*number) : isChecked;
+}
+
+QString NumberRange::message(const Locale &locale) const
+{
+    return QStringLiteral("Przekroczony zakres liczby. Wprowadź liczbę z zakresu: [%1...%2].")
+        .arg(CStr(min, locale), CStr(max, locale));
 }
 
 QString hashFill(QString text, const FitTest &fits)

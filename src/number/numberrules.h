@@ -30,6 +30,14 @@ struct NumberSigns {
 //! The number in a text written through the mask. A "#" fill stays as it is; what is no number gives "".
 [[nodiscard]] QString formatForDisplay(const QString &text, const QString &mask, const NumberSigns &signs);
 
+//! The number that a text in the field says, by what it begins with. Nothing for one that no Double holds.
+[[nodiscard]] std::optional<double> numberShown(const QString &shown, const NumberSigns &signs);
+//! The number in a text that a program sets, with "." or the locale's separator; nothing for what is no number.
+[[nodiscard]] std::optional<double> numberSet(const QString &text, const NumberSigns &signs);
+//! Whether a text formatted on leaving still says the number that the field holds.
+[[nodiscard]] bool saysValue(const QString &shown, const QVariant &value, const QString &mask,
+                             const NumberSigns &signs);
+
 //! The number that a program's value stands for; nothing for Null, a missing argument, "" and what is no number.
 [[nodiscard]] std::optional<double> numberGiven(const QVariant &given, const NumberSigns &signs);
 //! Whether a program's value says by itself that there is no number: Null, Empty, a missing argument or "".
@@ -50,6 +58,10 @@ struct NumberRange {
     [[nodiscard]] std::optional<float> bound(double number) const;
     //! Whether a number lies outside a checked range. Null lies nowhere.
     [[nodiscard]] bool isOutside(const QVariant &number) const;
+    //! Whether a formatted text lies outside, as Val reads it. What no Double holds lies outside every checked range.
+    [[nodiscard]] bool refuses(const QString &formatted) const;
+    //! What the user is told of a number outside.
+    [[nodiscard]] QString message(const Locale &locale) const;
 };
 
 //! Whether a text fits the field. Given to the rules, because measuring needs a font.

@@ -38,7 +38,7 @@ private:
     qsizetype m_at = 0;
 };
 
-double radixValue(BlankSkipper &at)
+std::optional<double> radixValue(BlankSkipper &at)
 {
     at.advance();
     const char16_t letter = at.current();
@@ -50,7 +50,7 @@ double radixValue(BlankSkipper &at)
     for (int digit = radixDigit(at.current(), base); digit >= 0; digit = radixDigit(at.current(), base)) {
         bits = bits * static_cast<quint64>(base) + static_cast<quint64>(digit);
         if (bits > 0xffffffffULL)
-            throw RunTimeError(ErrorNumber::Overflow);
+            return std::nullopt;
         at.advance();
     }
     // Kept: literals of 16 and of 32 bits carry their sign in the top bit (&HFFFF is -1), unless & asks for a Long.
@@ -61,7 +61,7 @@ double radixValue(BlankSkipper &at)
 
 } // namespace
 
-double Val(QStringView text)
+std::optional<double> leadingNumber(QStringView text)
 {
     BlankSkipper at(text);
     if (at.current() == u'&')
@@ -90,8 +90,16 @@ double Val(QStringView text)
     }
     const double value = digits.toDouble();
     if (std::isinf(value))
-        throw RunTimeError(ErrorNumber::Overflow);
+        return std::nullopt;
     return negative && value != 0 ? -value : value;
+}
+
+double Val(QStringView text)
+{
+    const auto number = leadingNumber(text);
+    if (!number)
+        throw RunTimeError(ErrorNumber::Overflow);
+    return *number;
 }
 
 } // namespace kor

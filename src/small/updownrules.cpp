@@ -3,7 +3,6 @@
 #include "small/updownrules.h"
 
 #include <KorDaoUC/convert.h>
-#include <KorDaoUC/runtimeerror.h>
 
 #include <cmath>
 #include <limits>
@@ -15,12 +14,10 @@ namespace {
 //! Beyond every range for a number that is too large to be read at all.
 double wholeIn(const QString &text)
 {
-    try {
-        return std::nearbyint(Val(text));
-    } catch (const RunTimeError &) {
-        const double huge = std::numeric_limits<double>::infinity();
-        return text.trimmed().startsWith(u'-') ? -huge : huge;
-    }
+    if (const auto number = leadingNumber(text))
+        return std::nearbyint(*number);
+    const double huge = std::numeric_limits<double>::infinity();
+    return text.trimmed().startsWith(u'-') ? -huge : huge;
 }
 
 } // namespace

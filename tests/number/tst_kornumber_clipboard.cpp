@@ -3,12 +3,15 @@
 #include "support/eventlog.h"
 #include "support/stage.h"
 
+#include <KorDaoUC/ErrorHandler>
 #include <KorDaoUC/KorNumber>
 #include <KorDaoUC/Locale>
+#include <KorDaoUC/RunTimeError>
 #include <KorDaoUC/Variant>
 
 #include <QtCore/QMimeData>
 #include <QtCore/QPointer>
+#include <QtCore/QScopeGuard>
 #include <QtGui/QClipboard>
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QDropEvent>
@@ -48,6 +51,10 @@ private Q_SLOTS:
     void lettersOfMenusAreNotTyped_data();
     void lettersOfMenusAreNotTyped();
     void copyingNothingEmptiesTheClipboard();
+    void whatNoDoubleHoldsIsNoNumber_data();
+    void whatNoDoubleHoldsIsNoNumber();
+    void aTextThatNoDoubleHoldsIsNoNumber_data();
+    void aTextThatNoDoubleHoldsIsNoNumber();
 
 private:
     [[nodiscard]] bool enter(const QString &state);
@@ -371,6 +378,75 @@ void tst_KorNumberClipboard::copyingNothingEmptiesTheClipboard()
     QTest::keyClick(m_box, Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QGuiApplication::clipboard()->text(), QString());
     QCOMPARE(field(m_box), QStringLiteral("12|"));
+}
+
+namespace {
+
+void addTextsThatNoDoubleHolds()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("mask");
+    const auto row = [](const char *name, const QString &text, const char *mask) {
+        QTest::newRow(name) << text << QString::fromLatin1(mask);
+    };
+    const QString digits(400, u'9');
+    row("exponent", QStringLiteral("1e400"), "#,##0.00");
+    row("negative exponent of a huge number", QStringLiteral("-1e400"), "#,##0.00");
+    row("exponent of a Double", QStringLiteral("1d400"), "#,##0.00");
+    row("four hundred digits", digits, "#,##0.00");
+    row("four hundred digits with decimals", digits + QStringLiteral(",5"), "#,##0.00");
+    row("per cent", QStringLiteral("1e400%"), "0%");
+    row("amount", QStringLiteral("1e400 zł"), "Currency");
+    row("without a mask", QStringLiteral("1e400"), "");
+    row("hexadecimal of a hundred digits", QStringLiteral("&H") + QString(100, u'F'), "#,##0.00");
+}
+
+} // namespace
+
+void tst_KorNumberClipboard::whatNoDoubleHoldsIsNoNumber_data() { addTextsThatNoDoubleHolds(); }
+
+void tst_KorNumberClipboard::whatNoDoubleHoldsIsNoNumber()
+{
+    QFETCH(const QString, text);
+    QFETCH(const QString, mask);
+    QStringList errors;
+    setUnhandledErrorHandler([&errors](QObject *, const RunTimeError &error) { errors += error.description(); });
+    const auto restored = qScopeGuard([] { setUnhandledErrorHandler({}); });
+    for (const bool isChecked : {false, true}) {
+        m_number->setMaskPicture(mask);
+        m_number->setMaxValue(10);
+        m_number->setCheckRange(isChecked);
+        QVERIFY(m_stage->open());
+        m_number->setFocus();
+        settle();
+        m_box->selectAll();
+        QGuiApplication::clipboard()->setText(text);
+        QTest::keyClick(m_box, Qt::Key_V, Qt::ControlModifier);
+        settle();
+        QCOMPARE(m_number->Value(), null());
+        m_stage->button()->setFocus();
+        settle();
+        QCOMPARE(errors, QStringList());
+        QCOMPARE(m_box->text(), QString());
+        QCOMPARE(m_number->Value(), null());
+    }
+}
+
+void tst_KorNumberClipboard::aTextThatNoDoubleHoldsIsNoNumber_data() { addTextsThatNoDoubleHolds(); }
+
+void tst_KorNumberClipboard::aTextThatNoDoubleHoldsIsNoNumber()
+{
+    QFETCH(const QString, text);
+    QFETCH(const QString, mask);
+    m_number->setMaskPicture(mask);
+    m_number->setText(QStringLiteral("5"));
+    m_number->setText(text);
+    QCOMPARE(m_number->Value(), null());
+    QCOMPARE(m_box->text(), QString());
+    m_number->setValue(5);
+    m_number->setValue(text);
+    QCOMPARE(m_number->Value(), null());
+    QCOMPARE(m_box->text(), QString());
 }
 
 QTEST_MAIN(tst_KorNumberClipboard)

@@ -99,6 +99,13 @@ private Q_SLOTS:
     void range_data();
     void range();
     void nullIsNeverOutside();
+    void textsInTheField_data();
+    void textsInTheField();
+    void textsThatStillSayTheValue_data();
+    void textsThatStillSayTheValue();
+    void formattedTextsOutside_data();
+    void formattedTextsOutside();
+    void messageNamesTheRange();
     void keyUp();
 };
 
@@ -509,6 +516,93 @@ void tst_NumberRules::keyUp()
     const QList<int> forwarded{8, 45, 46, 48, 49, 50, 51, 52, 53, 54, 55, 56, 57};
     for (int code = 0; code < 256; ++code)
         QVERIFY2(isKeyUpForwarded(code) == forwarded.contains(code), qPrintable(QString::number(code)));
+}
+
+void tst_NumberRules::textsInTheField_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QVariant>("shown"); // invalid: nothing
+    QTest::addColumn<QVariant>("set");
+    const auto row = [](const char *name, const QString &text, const QVariant &shown, const QVariant &set) {
+        QTest::newRow(name) << text << shown << set;
+    };
+    const QVariant no;
+    // clang-format off
+    row("number",                         QStringLiteral("12,5"),                   12.5,   12.5);
+    row("point",                          QStringLiteral("12.5"),                   12.5,   12.5);
+    row("grouped",                        QStringLiteral("1\u00a0234,50"),          1234.5, 1234.5);
+    row("per cent",                       QStringLiteral("50%"),                    50.0,   50.0);
+    row("amount",                         QStringLiteral("7,00 zł"),                7.0,    7.0);
+    row("begins with a number",           QStringLiteral("12abc"),                  12.0,   no);
+    row("word",                           QStringLiteral("abc"),                    0.0,    no);
+    row("nothing",                        QString(),                                0.0,    no);
+    row("minus alone",                    QStringLiteral("-"),                      0.0,    no);
+    row("largest Double",                 QStringLiteral("1e308"),                  1e308,  1e308);
+    row("beyond every Double",            QStringLiteral("1e400"),                  no,     no);
+    row("below every Double",             QStringLiteral("-1e400"),                 no,     no);
+    row("four hundred digits",            QString(400, u'9'),                       no,     no);
+    row("too small for a Double",         QStringLiteral("1e-400"),                 0.0,    0.0);
+    row("hexadecimal of more than 32 bits", QStringLiteral("&H1FFFFFFFF"),          no,     no);
+    // clang-format on
+}
+
+void tst_NumberRules::textsInTheField()
+{
+    QFETCH(QString, text);
+    QFETCH(QVariant, shown);
+    QFETCH(QVariant, set);
+    const auto asVariant = [](std::optional<double> number) { return number ? QVariant(*number) : QVariant(); };
+    QCOMPARE(asVariant(numberShown(text, polish())), shown);
+    QCOMPARE(asVariant(numberSet(text, polish())), set);
+}
+
+void tst_NumberRules::textsThatStillSayTheValue_data()
+{
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("mask");
+    QTest::addColumn<bool>("says");
+    const QString usual = QStringLiteral("#,##0.00");
+    // clang-format off
+    QTest::newRow("as formatted")             << QStringLiteral("1\u00a0234,50") << QVariant(1234.5) << usual                 << true;
+    QTest::newRow("another number")           << QStringLiteral("1,00")          << QVariant(2.0)    << usual                 << false;
+    QTest::newRow("a run of hashes says all") << QStringLiteral("##")            << QVariant(2.0)    << usual                 << true;
+    QTest::newRow("nothing and Null")         << QString()                       << null()           << usual                 << true;
+    QTest::newRow("a text and Null")          << QStringLiteral("1,00")          << null()           << usual                 << false;
+    QTest::newRow("a lone minus")             << QStringLiteral("-")             << QVariant(-5.0)   << QStringLiteral("\\-;\\-") << false;
+    // clang-format on
+}
+
+void tst_NumberRules::textsThatStillSayTheValue()
+{
+    QFETCH(QString, shown);
+    QFETCH(QVariant, value);
+    QFETCH(QString, mask);
+    QTEST(saysValue(shown, value, mask, polish()), "says");
+}
+
+void tst_NumberRules::formattedTextsOutside_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("isOutside");
+    QTest::newRow("inside") << QStringLiteral("5,00") << false;
+    QTest::newRow("outside") << QStringLiteral("11,00") << true;
+    QTest::newRow("read up to the grouping") << QStringLiteral("1\u00a0234,00") << false;
+    QTest::newRow("nothing reads as 0") << QString() << true;
+    QTest::newRow("beyond every Double") << QString(400, u'9') << true;
+}
+
+void tst_NumberRules::formattedTextsOutside()
+{
+    QFETCH(QString, text);
+    QTEST((NumberRange{true, 1, 10}.refuses(text)), "isOutside");
+    QVERIFY((!NumberRange{false, 1, 10}.refuses(text)));
+}
+
+void tst_NumberRules::messageNamesTheRange()
+{
+    QCOMPARE((NumberRange{true, 0.5F, 1000}.message(Locale::polish())),
+             QStringLiteral("Przekroczony zakres liczby. Wprowadź liczbę z zakresu: [0,5...1000]."));
 }
 
 QTEST_APPLESS_MAIN(tst_NumberRules)
