@@ -22,4 +22,12 @@ Q_ENUM_NS(AlignmentType)
 enum class OpenDirectionType : int { Up = 0, Down = 1 };
 Q_ENUM_NS(OpenDirectionType)
 
+#ifndef Q_MOC_RUN
+// The form designer saves a value without its enumeration's name: kor::Center.
+using enum BorderStyleType;
+using enum AppearanceType;
+using enum AlignmentType;
+using enum OpenDirectionType;
+#endif
+
 } // namespace kor

@@ -62,6 +62,8 @@ public:
     [[nodiscard]] Q_INVOKABLE bool UserMode() const;
     //! Tells all controls on a form whether they are run or designed. Forms are run unless told otherwise.
     static void setUserMode(QWidget *form, bool userMode);
+    //! Does nothing. Kept: the form designer once saved UserMode with a control, and such forms are still compiled.
+    void setUserMode(bool) {}
     //! The font of the form around the control, and whether the control shows it.
     [[nodiscard]] bool usesAmbientFont() const;
     [[nodiscard]] QFont ambientFont() const;

@@ -7,7 +7,8 @@
 
 namespace kor {
 
-//! What the form designer alone needs: it can't bear the errors that controls raise for values they refuse.
+//! What the form designer alone needs: its forms are designed, not run, and it can't bear the errors that controls
+//! raise for values they refuse.
 //!
 //! A module of its own, so that programs which create the controls by name need no part of the designer.
 class EditorPlugin final : public QObject, public QDesignerFormEditorPluginInterface
@@ -21,6 +22,9 @@ public:
     void initialize(QDesignerFormEditorInterface *core) override;
     [[nodiscard]] QAction *action() const override { return nullptr; }
     [[nodiscard]] QDesignerFormEditorInterface *core() const override { return m_core; }
+
+    //! Lets a control in a preview have the keys that are commands of the designer too, such as F4.
+    bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
     QDesignerFormEditorInterface *m_core = nullptr;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "designer/plugin.h"
 
+#include "designer/icons.h"
+
 #include <KorDaoUC/controlregistry.h>
 #include <KorDaoUC/propertybag.h>
 #include <KorDaoUC/usercontrol.h>
@@ -14,7 +16,7 @@ namespace kor {
 
 void WidgetPlugin::initialize(QDesignerFormEditorInterface *core)
 {
-    m_isDesigning = true;
+    m_isInitialized = true;
     // The designer finds the other module, but leaves it to itself.
     QPluginLoader loader(QStringLiteral("designer/KorDaoUCDesigner"));
     auto *editor = qobject_cast<QDesignerFormEditorPluginInterface *>(loader.instance());
@@ -26,13 +28,9 @@ QString WidgetPlugin::group() const { return QStringLiteral("KorDaoUC"); }
 
 QString WidgetPlugin::includeFile() const { return QStringLiteral("<KorDaoUC/%1>").arg(m_name); }
 
-QWidget *WidgetPlugin::createWidget(QWidget *parent)
-{
-    UserControl *control = ControlRegistry::create(m_name, parent);
-    if (control && m_isDesigning)
-        UserControl::setUserMode(control, false);
-    return control;
-}
+QIcon WidgetPlugin::icon() const { return controlIcon(m_name); }
+
+QWidget *WidgetPlugin::createWidget(QWidget *parent) { return ControlRegistry::create(m_name, parent); }
 
 QString WidgetPlugin::domXml() const
 {

@@ -21,17 +21,17 @@ public:
     [[nodiscard]] QString toolTip() const override { return m_name; }
     [[nodiscard]] QString whatsThis() const override { return {}; }
     [[nodiscard]] QString includeFile() const override;
-    [[nodiscard]] QIcon icon() const override { return {}; }
+    [[nodiscard]] QIcon icon() const override;
     [[nodiscard]] bool isContainer() const override { return false; }
     [[nodiscard]] QWidget *createWidget(QWidget *parent) override;
     [[nodiscard]] QString domXml() const override;
-    [[nodiscard]] bool isInitialized() const override { return m_isDesigning; }
-    //! Called by the designer only, so from here on the controls are designed, not run.
+    [[nodiscard]] bool isInitialized() const override { return m_isInitialized; }
+    //! Called by the designer only, which then gets what it alone needs.
     void initialize(QDesignerFormEditorInterface *core) override;
 
 private:
     QString m_name;
-    bool m_isDesigning = false;
+    bool m_isInitialized = false;
 };
 
 //! All controls of the library, by their plain class names.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "designer/propertysheet.h"
 
+#include <KorDaoUC/convert.h>
 #include <KorDaoUC/runtimeerror.h>
 #include <KorDaoUC/usercontrol.h>
 
@@ -15,6 +16,17 @@
 #include <utility>
 
 namespace kor {
+
+namespace {
+
+bool isUserMode(const QString &property) { return property == QLatin1String("UserMode"); }
+
+bool isBound(const QString &property)
+{
+    return property == QLatin1String("MinValue") || property == QLatin1String("MaxValue");
+}
+
+} // namespace
 
 PropertySheet::PropertySheet(QDesignerFormEditorInterface *core, QObject *control, QObject *ownSheet, QObject *parent)
     : QObject(parent),
@@ -42,6 +54,27 @@ bool PropertySheet::reset(int index)
         refused(index, error.description());
         return false;
     }
+}
+
+QVariant PropertySheet::property(int index) const
+{
+    const QVariant value = m_sheet->property(index);
+    return isBound(propertyName(index)) ? CDbl(value) : value;
+}
+
+bool PropertySheet::isVisible(int index) const
+{
+    const QString name = propertyName(index);
+    return isBound(name) || (!isUserMode(name) && m_sheet->isVisible(index));
+}
+
+bool PropertySheet::isEnabled(int index) const { return isBound(propertyName(index)) || m_sheet->isEnabled(index); }
+
+bool PropertySheet::isChanged(int index) const { return m_sheet->isChanged(index) && !isUserMode(propertyName(index)); }
+
+bool PropertySheet::canAddDynamicProperty(const QString &name) const
+{
+    return !isUserMode(name) && m_dynamic->canAddDynamicProperty(name);
 }
 
 void PropertySheet::refused(int index, const QString &reason)

@@ -13,10 +13,12 @@ class QDesignerFormEditorInterface;
 
 namespace kor {
 
-//! The form designer's own sheet of a control's properties, with one difference: a value that the control refuses is
-//! told to the user, and the old one stays.
+//! The form designer's own sheet of a control's properties, with three differences.
 //!
-//! The control throws, as it does to every program, but the designer would end by that, with all forms that are open.
+//! - A value that the control refuses is told to the user, and the old one stays. The control throws, as it does to
+//!   every program, but the designer would end by that, with all forms that are open.
+//! - Bounds are variants, which the designer has no editor for; here they are numbers.
+//! - `UserMode` is no property of a control. What an older form says of it is neither shown nor saved again.
 class PropertySheet final : public QObject,
                             public QDesignerPropertySheetExtension,
                             public QDesignerDynamicPropertySheetExtension
@@ -31,6 +33,12 @@ public:
     void setProperty(int index, const QVariant &value) override;
     bool reset(int index) override;
 
+    [[nodiscard]] QVariant property(int index) const override;
+    [[nodiscard]] bool isVisible(int index) const override;
+    [[nodiscard]] bool isEnabled(int index) const override;
+    [[nodiscard]] bool isChanged(int index) const override;
+    [[nodiscard]] bool canAddDynamicProperty(const QString &name) const override;
+
     // All else is the designer's own.
     [[nodiscard]] int count() const override { return m_sheet->count(); }
     [[nodiscard]] int indexOf(const QString &name) const override { return m_sheet->indexOf(name); }
@@ -38,14 +46,10 @@ public:
     [[nodiscard]] QString propertyGroup(int index) const override { return m_sheet->propertyGroup(index); }
     void setPropertyGroup(int index, const QString &group) override { m_sheet->setPropertyGroup(index, group); }
     [[nodiscard]] bool hasReset(int index) const override { return m_sheet->hasReset(index); }
-    [[nodiscard]] bool isVisible(int index) const override { return m_sheet->isVisible(index); }
     void setVisible(int index, bool visible) override { m_sheet->setVisible(index, visible); }
     [[nodiscard]] bool isAttribute(int index) const override { return m_sheet->isAttribute(index); }
     void setAttribute(int index, bool attribute) override { m_sheet->setAttribute(index, attribute); }
-    [[nodiscard]] QVariant property(int index) const override { return m_sheet->property(index); }
-    [[nodiscard]] bool isChanged(int index) const override { return m_sheet->isChanged(index); }
     void setChanged(int index, bool changed) override { m_sheet->setChanged(index, changed); }
-    [[nodiscard]] bool isEnabled(int index) const override { return m_sheet->isEnabled(index); }
 
     [[nodiscard]] bool dynamicPropertiesAllowed() const override { return m_dynamic->dynamicPropertiesAllowed(); }
     int addDynamicProperty(const QString &name, const QVariant &value) override
@@ -54,10 +58,6 @@ public:
     }
     bool removeDynamicProperty(int index) override { return m_dynamic->removeDynamicProperty(index); }
     [[nodiscard]] bool isDynamicProperty(int index) const override { return m_dynamic->isDynamicProperty(index); }
-    [[nodiscard]] bool canAddDynamicProperty(const QString &name) const override
-    {
-        return m_dynamic->canAddDynamicProperty(name);
-    }
 
 private:
     void refused(int index, const QString &reason);

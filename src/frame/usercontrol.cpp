@@ -97,7 +97,7 @@ int UserControl::mainWindowHandle() const
 
 bool UserControl::UserMode() const
 {
-    for (const QWidget *place = this; place; place = place->parentWidget()) {
+    for (const QWidget *place = parentWidget(); place; place = place->parentWidget()) {
         if (const QVariant mode = place->property(userModeName); mode.isValid())
             return mode.value<bool>();
     }

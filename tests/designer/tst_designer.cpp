@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <QtCore/QBuffer>
 #include <QtCore/QMetaProperty>
+#include <QtCore/QPluginLoader>
+#include <QtDesigner/QDesignerDynamicPropertySheetExtension>
 #include <QtDesigner/QDesignerFormEditorInterface>
 #include <QtDesigner/QDesignerFormWindowCursorInterface>
 #include <QtDesigner/QDesignerFormWindowInterface>
@@ -13,12 +15,18 @@
 #include <QtDesigner/QDesignerWidgetBoxInterface>
 #include <QtDesigner/QExtensionManager>
 #include <QtDesigner/qdesigner_components.h>
+#include <QtGui/QActionGroup>
+#include <QtGui/QPainter>
 #include <QtGui/QUndoStack>
 #include <QtTest/QtTest>
+#include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
+#include <QtUiPlugin/QDesignerCustomWidgetInterface>
 #include <QtUiTools/QUiLoader>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QStyle>
 
+#include <cstdlib>
 #include <memory>
 #include <vector>
 
@@ -41,6 +49,15 @@ private Q_SLOTS:
     void aRefusedValueIsToldAndTheOldOneStays();
     void refusedValuesOfAFileAreToldInOneMessage();
     void aChangeIsUndone();
+    void aRangeIsOfferedWithItsBounds();
+    void userModeIsNeitherShownNorSaved_data() { controls(); }
+    void userModeIsNeitherShownNorSaved();
+    void thePreviewRuns_data();
+    void thePreviewRuns();
+    void sizesAreTheSameInDesignPreviewAndRun_data();
+    void sizesAreTheSameInDesignPreviewAndRun();
+    void everyControlHasItsOwnIcon_data();
+    void everyControlHasItsOwnIcon();
 
 private:
     static void controls();
@@ -51,6 +68,10 @@ private:
     [[nodiscard]] std::vector<QMetaProperty> offered() const;
     void set(const char *property, const QVariant &value);
     [[nodiscard]] QVariant shown(const char *property) const { return control()->property(property); }
+    //! The form, loaded by a program that runs.
+    [[nodiscard]] static std::unique_ptr<QWidget> run(const QString &form);
+    //! The form's preview in a style.
+    [[nodiscard]] QWidget *preview(const QString &style);
     //! The text of the message that is up, which is then closed.
     [[nodiscard]] static QString message();
 
@@ -77,6 +98,8 @@ QVariant otherThan(const QMetaProperty &property, const QVariant &value)
         return value.toInt() == 0 ? 1 : 0;
     if (name == "Value")
         return 7; // a spin value in the range, a colour that is none of the named ones
+    if (name == "MinValue" || name == "MaxValue")
+        return value.toDouble() + 1234.5;
     if (name == "BackStyle")
         return 0;
     switch (property.metaType().id()) {
@@ -88,6 +111,34 @@ QVariant otherThan(const QMetaProperty &property, const QVariant &value)
     if (name != "Text")
         return QStringLiteral("inny, \"łódź\"");
     return value.toString().isEmpty() || value == QStringLiteral("Text1") ? QStringLiteral("7") : QString(); // no date
+}
+
+bool isRunning(const QWidget *control)
+{
+    bool userMode = false;
+    const bool isCalled =
+        QMetaObject::invokeMethod(const_cast<QWidget *>(control), "UserMode", Q_RETURN_ARG(bool, userMode));
+    return isCalled && userMode;
+}
+
+//! What stands where in a control.
+QStringList places(const QWidget *control)
+{
+    QStringList all;
+    for (const QWidget *part : control->findChildren<QWidget *>()) {
+        if (part->objectName().isEmpty() || part->objectName().startsWith(QLatin1String("qt_")) || part->isWindow())
+            continue;
+        const QRect place(part->mapTo(control, QPoint()), part->size());
+        all << QStringLiteral("%1 %2,%3 %4x%5")
+                   .arg(part->objectName())
+                   .arg(place.x())
+                   .arg(place.y())
+                   .arg(place.width())
+                   .arg(place.height());
+    }
+    all.sort();
+    all.prepend(QStringLiteral("%1x%2").arg(control->width()).arg(control->height()));
+    return all;
 }
 
 } // namespace
@@ -159,6 +210,32 @@ void tst_Designer::set(const char *property, const QVariant &value)
     m_form->cursor()->setProperty(QString::fromLatin1(property), value);
 }
 
+std::unique_ptr<QWidget> tst_Designer::run(const QString &form)
+{
+    QUiLoader loader;
+    loader.clearPluginPaths();
+    loader.addPluginPath(QStringLiteral(KOR_PLUGIN_FOLDER "/designer"));
+    QByteArray text = form.toUtf8();
+    QBuffer buffer(&text);
+    return std::unique_ptr<QWidget>(loader.load(&buffer));
+}
+
+QWidget *tst_Designer::preview(const QString &style)
+{
+    const QDesignerFormWindowManagerInterface *windows = m_core->formWindowManager();
+    const QActionGroup *styles = windows->actionGroup(QDesignerFormWindowManagerInterface::StyledPreviewActionGroup);
+    for (QAction *action : styles->actions()) {
+        if (action->data().toString().compare(style, Qt::CaseInsensitive) == 0)
+            action->trigger();
+    }
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        auto *field = window->findChild<QWidget *>(QStringLiteral("field"));
+        if (field && field != control() && window->isVisible() && !window->isAncestorOf(m_form))
+            return field;
+    }
+    return nullptr;
+}
+
 QString tst_Designer::message()
 {
     QString text;
@@ -177,9 +254,7 @@ void tst_Designer::aNewControlStoresItsPlaceOnly()
     QFETCH(QString, name);
     open(formOf(name));
     QCOMPARE(QString::fromLatin1(control()->metaObject()->className()), name);
-    bool userMode = true;
-    QVERIFY(QMetaObject::invokeMethod(control(), "UserMode", Q_RETURN_ARG(bool, userMode)));
-    QVERIFY(!userMode);
+    QVERIFY(!isRunning(control()));
     const QString saved = m_form->contents();
     const QString block = saved.section(QStringLiteral("name=\"field\""), 1);
     QVERIFY(block.contains(QStringLiteral("<property name=\"geometry\"")));
@@ -205,12 +280,7 @@ void tst_Designer::everyPropertyThatIsOfferedIsSaved()
     // Loaded by the designer again, and by a program that runs
     open(saved);
     QCOMPARE(m_form->contents(), saved);
-    QUiLoader loader;
-    loader.clearPluginPaths();
-    loader.addPluginPath(QStringLiteral(KOR_PLUGIN_FOLDER "/designer"));
-    QByteArray text = saved.toUtf8();
-    QBuffer buffer(&text);
-    const std::unique_ptr<QWidget> running(loader.load(&buffer));
+    const std::unique_ptr<QWidget> running = run(saved);
     QVERIFY(running);
     const auto *run = running->findChild<QWidget *>(QStringLiteral("field"));
     for (auto one = changed.cbegin(); one != changed.cend(); ++one) {
@@ -281,6 +351,155 @@ void tst_Designer::aChangeIsUndone()
     m_form->commandHistory()->undo();
     QCOMPARE(shown("MaskPicture"), QVariant(QStringLiteral("#,##0.00")));
     QVERIFY(!m_form->contents().contains(QStringLiteral("MaskPicture")));
+}
+
+void tst_Designer::aRangeIsOfferedWithItsBounds()
+{
+    open(formOf(QStringLiteral("KorNumber")));
+    for (const char *name : {"MinValue", "MaxValue"}) {
+        const int index = sheet()->indexOf(QString::fromLatin1(name));
+        QVERIFY(sheet()->isVisible(index));
+        QCOMPARE(sheet()->property(index), QVariant(0.0)); // a number, which the property editor can show
+    }
+    set("MaxValue", 0.7);
+    QCOMPARE(shown("MaxValue"), QVariant(0.7F));
+    m_form->commandHistory()->undo();
+    QCOMPARE(shown("MaxValue"), QVariant(0.0F));
+    QVERIFY(!m_form->contents().contains(QStringLiteral("MaxValue")));
+}
+
+void tst_Designer::userModeIsNeitherShownNorSaved()
+{
+    QFETCH(QString, name);
+    const auto isShown = [this] {
+        const int index = sheet()->indexOf(QStringLiteral("UserMode"));
+        return index >= 0 && sheet()->isVisible(index);
+    };
+    open(formOf(name));
+    QVERIFY(!isShown());
+    const auto *dynamic = qt_extension<QDesignerDynamicPropertySheetExtension *>(m_core->extensionManager(), control());
+    QVERIFY(!dynamic->canAddDynamicProperty(QStringLiteral("UserMode")));
+    QVERIFY(dynamic->canAddDynamicProperty(QStringLiteral("userMode")));
+
+    // A form that holds it already
+    for (const char *attribute : {"", " stdset=\"0\""}) {
+        const QString old = formOf(name, QStringLiteral("<property name=\"UserMode\"%1><bool>false</bool></property>"
+                                                        "<property name=\"toolTip\"><string>x</string></property>")
+                                             .arg(QString::fromLatin1(attribute)));
+        QVERIFY(isRunning(run(old)->findChild<QWidget *>(QStringLiteral("field"))));
+        open(old);
+        QVERIFY(!isShown());
+        QVERIFY(!isRunning(control()));
+        QVERIFY(m_form->contents().contains(QStringLiteral("toolTip")));
+        QVERIFY(!m_form->contents().contains(QStringLiteral("UserMode")));
+    }
+    for (QWidget *parent = control()->parentWidget(); parent != m_form; parent = parent->parentWidget())
+        QVERIFY(!parent->dynamicPropertyNames().contains("UserMode")); // in what is saved
+}
+
+void tst_Designer::thePreviewRuns_data()
+{
+    QTest::addColumn<QString>("style");
+    QTest::newRow("in the style of the designer") << QApplication::style()->name();
+    const auto *styles =
+        m_core->formWindowManager()->actionGroup(QDesignerFormWindowManagerInterface::StyledPreviewActionGroup);
+    for (const QAction *style : styles->actions()) {
+        if (!style->text().isEmpty()) // no separator
+            QTest::addRow("in the style %s", qPrintable(style->text())) << style->data().toString();
+    }
+}
+
+void tst_Designer::thePreviewRuns()
+{
+    QFETCH(QString, style);
+    open(formOf(QStringLiteral("KorDate")));
+    QAction command; // which the designer has on that key
+    command.setShortcut(Qt::Key_F4);
+    command.setShortcutContext(Qt::ApplicationShortcut);
+    m_window->addAction(&command);
+    m_window->show();
+    QSignalSpy commanded(&command, &QAction::triggered);
+    QWidget *field = preview(style);
+    QVERIFY(field);
+    QVERIFY(isRunning(field));
+    QVERIFY(!isRunning(control()));
+    field->window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(field->window()));
+    field->setFocus();
+    QTest::keyClick(field->findChild<QWidget *>(QStringLiteral("txtDate")), Qt::Key_F4);
+    const auto *calendar = field->findChild<QWidget *>(QStringLiteral("frmMonth"));
+    QVERIFY(calendar);
+    QVERIFY(calendar->isVisible());
+    QVERIFY(commanded.isEmpty());
+    m_core->formWindowManager()->closeAllPreviews();
+    m_window->hide();
+}
+
+void tst_Designer::sizesAreTheSameInDesignPreviewAndRun_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("place");
+    const QString place = QStringLiteral("<property name=\"geometry\"><rect><x>10</x><y>10</y><width>%1</width>"
+                                         "<height>%2</height></rect></property>");
+    for (const char *name : {"KorNumber", "KorDate", "KorCombo", "KorClick", "KorList", "KorListCheck", "KorColor",
+                             "KorUpDown", "KorMultiText"}) {
+        for (const int height : {16, 22, 60}) {
+            QTest::addRow("%s, %d high", name, height) << QString::fromLatin1(name) << place.arg(150).arg(height);
+        }
+    }
+}
+
+void tst_Designer::sizesAreTheSameInDesignPreviewAndRun()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, place);
+    open(formOf(name, place));
+    m_window->show();
+    m_form->show();
+    const QStringList designed = places(control());
+    const QWidget *previewed = preview(QApplication::style()->name());
+    QVERIFY(previewed);
+    QCOMPARE(places(previewed), designed);
+    m_core->formWindowManager()->closeAllPreviews();
+    const std::unique_ptr<QWidget> form = run(m_form->contents());
+    form->show();
+    QCOMPARE(places(form->findChild<QWidget *>(QStringLiteral("field"))), designed);
+    m_window->hide();
+}
+
+void tst_Designer::everyControlHasItsOwnIcon_data()
+{
+    QTest::addColumn<int>("side");
+    for (const int side : {16, 22, 24, 32, 48, 64})
+        QTest::addRow("%d pixels", side) << side;
+}
+
+void tst_Designer::everyControlHasItsOwnIcon()
+{
+    QFETCH(int, side);
+    QPluginLoader loader(QStringLiteral(KOR_PLUGIN_FOLDER "/designer/libKorDaoUCPlugin.so"));
+    const auto *all = qobject_cast<QDesignerCustomWidgetCollectionInterface *>(loader.instance());
+    QVERIFY(all);
+    QList<QImage> pictures;
+    for (const QDesignerCustomWidgetInterface *control : all->customWidgets()) {
+        QVERIFY(!control->icon().availableSizes().isEmpty()); // the widget box shows no others
+        const QPixmap picture = control->icon().pixmap(QSize(side, side), 1.0);
+        QCOMPARE(picture.size(), QSize(side, side));
+        for (const QColor ground : {QColor(Qt::white), QColor(30, 30, 30)}) {
+            QImage seen(side, side, QImage::Format_RGB32);
+            seen.fill(ground);
+            QPainter(&seen).drawPixmap(0, 0, picture);
+            int different = 0;
+            for (int y = 0; y < side; ++y) {
+                for (int x = 0; x < side; ++x)
+                    different += std::abs(qGray(seen.pixel(x, y)) - qGray(ground.rgb())) > 60;
+            }
+            QVERIFY2(different > side * side / 8, qPrintable(control->name()));
+        }
+        QVERIFY2(!pictures.contains(picture.toImage()), qPrintable(control->name()));
+        pictures << picture.toImage();
+    }
+    QVERIFY(!pictures.isEmpty());
 }
 
 int main(int argc, char **argv)
