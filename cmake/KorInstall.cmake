@@ -22,5 +22,13 @@ endif()
 configure_package_config_file(cmake/KorDaoUCConfig.cmake.in ${PROJECT_BINARY_DIR}/KorDaoUCConfig.cmake
     INSTALL_DESTINATION ${KOR_PACKAGE_DIR})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/KorDaoUCConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+# What a program needs that is built without CMake. The files say where they are from where they lie.
+file(RELATIVE_PATH KOR_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+foreach(package KorDaoUCRuntime KorDaoUC)
+    if(package IN_LIST installed)
+        configure_file(cmake/${package}.pc.in ${PROJECT_BINARY_DIR}/${package}.pc @ONLY)
+        install(FILES ${PROJECT_BINARY_DIR}/${package}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+    endif()
+endforeach()
 install(FILES ${PROJECT_BINARY_DIR}/KorDaoUCConfig.cmake ${PROJECT_BINARY_DIR}/KorDaoUCConfigVersion.cmake
     DESTINATION ${KOR_PACKAGE_DIR})
