@@ -23,7 +23,7 @@ configure_package_config_file(cmake/KorDaoUCConfig.cmake.in ${PROJECT_BINARY_DIR
     INSTALL_DESTINATION ${KOR_PACKAGE_DIR})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/KorDaoUCConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 # What a program needs that is built without CMake. The files say where they are from where they lie.
-file(RELATIVE_PATH KOR_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+file(RELATIVE_PATH KOR_PREFIX /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
 foreach(package KorDaoUCRuntime KorDaoUC)
     if(package IN_LIST installed)
         configure_file(cmake/${package}.pc.in ${PROJECT_BINARY_DIR}/${package}.pc @ONLY)
