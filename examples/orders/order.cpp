@@ -4,6 +4,11 @@
 
 namespace orders {
 
+std::optional<qint64> dueOf(std::optional<qint64> total, std::optional<qint64> advance)
+{
+    return total ? std::optional(*total - advance.value_or(0)) : std::nullopt;
+}
+
 std::optional<OrderProblem> problemOf(const Order &order)
 {
     if (!order.date.isValid())
@@ -12,13 +17,13 @@ std::optional<OrderProblem> problemOf(const Order &order)
         return OrderProblem{OrderField::Delivery, QStringLiteral("Data dostawy jest błędna.")};
     if (order.delivery && *order.delivery < order.date)
         return OrderProblem{OrderField::Delivery, QStringLiteral("Dostawa nie może być wcześniejsza niż zamówienie.")};
-    if (!(order.discount >= 0 && order.discount <= 100))
+    if (order.discount && !(*order.discount >= 0 && *order.discount <= 100))
         return OrderProblem{OrderField::Discount, QStringLiteral("Rabat musi leżeć między 0 a 100 %.")};
-    if (order.total < 0)
+    if (order.total && *order.total < 0)
         return OrderProblem{OrderField::Total, QStringLiteral("Wartość zamówienia nie może być ujemna.")};
-    if (order.advance < 0)
+    if (order.advance && *order.advance < 0)
         return OrderProblem{OrderField::Advance, QStringLiteral("Zaliczka nie może być ujemna.")};
-    if (order.advance > order.total)
+    if (dueOf(order.total, order.advance).value_or(0) < 0)
         return OrderProblem{OrderField::Advance, QStringLiteral("Zaliczka nie może przekraczać wartości zamówienia.")};
     return std::nullopt;
 }

@@ -9,7 +9,7 @@
 
 namespace orders {
 
-//! An order as the desk edits it. Amounts are whole grosze.
+//! An order as the desk edits it. Amounts are whole grosze. What was not entered is nothing, which is not 0.
 struct Order {
     qint64 id = 0;  //!< 0: not saved yet
     QString number; //!< given by the store when the order is saved first
@@ -17,18 +17,20 @@ struct Order {
     std::optional<QDate> delivery; //!< none: not agreed yet
     std::optional<qint64> customer;
     QString paymentTerms = QStringLiteral("P14");
-    double discount = 0; //!< per cent
-    qint64 advance = 0;
-    qint64 total = 0;
+    std::optional<double> discount; //!< per cent
+    std::optional<qint64> advance;
+    std::optional<qint64> total;
     int priority = 3; //!< 1 to 5
     QString remarks;
     std::optional<int> labelColor; //!< &HBBGGRR; none: no label
 
-    [[nodiscard]] qint64 due() const { return total - advance; }
     bool operator==(const Order &) const = default;
 };
 
-enum class OrderField { Date, Delivery, Discount, Advance, Total };
+//! What is still to be paid; nothing while the total is not known.
+[[nodiscard]] std::optional<qint64> dueOf(std::optional<qint64> total, std::optional<qint64> advance);
+
+enum class OrderField { Date, Delivery, Customer, Terms, Discount, Priority, Total, Advance, Remarks, Label };
 
 //! What keeps an order from being saved, in the clerk's language, and the field to mend.
 struct OrderProblem {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orderform.h"
 
+#include "ordermerge.h"
 #include "orderstore.h"
 #include "searchdialog.h"
 #include "textboxkind.h"
@@ -9,6 +10,7 @@
 #include <KorDaoUC/Convert>
 #include <KorDaoUC/Database>
 #include <KorDaoUC/Date>
+#include <KorDaoUC/FocusedField>
 #include <KorDaoUC/FormFile>
 #include <KorDaoUC/Format>
 #include <KorDaoUC/KorClick>
@@ -22,10 +24,12 @@
 #include <KorDaoUC/KorUpDown>
 #include <KorDaoUC/Variant>
 
+#include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 #include <stdexcept>
@@ -38,11 +42,33 @@ constexpr int noLabel = 1; // the colour of "(domyślny)"
 
 const QString formFile = QStringLiteral(":/orders/forms/frmOrder.frm");
 
-double numberOr0(const QVariant &value) { return kor::isNull(value) ? 0 : kor::CDbl(value); }
+std::optional<double> numberOf(const QVariant &value)
+{
+    return kor::isNull(value) ? std::nullopt : std::optional(kor::CDbl(value));
+}
 
-qint64 groszeOf(const KorNumber &field) { return std::llround(numberOr0(field.Value()) * 100); }
+//! The amount in a field. One too large for any database is still too large, not something else.
+std::optional<qint64> groszeOf(const KorNumber &field)
+{
+    constexpr double most = 1e17;
+    const std::optional<double> amount = numberOf(field.Value());
+    return amount ? std::optional<qint64>(std::llround(std::clamp(*amount * 100, -most, most))) : std::nullopt;
+}
 
-void setGrosze(KorNumber &field, qint64 grosze) { field.setValue(static_cast<double>(grosze) / 100); }
+QVariant amountOf(std::optional<qint64> grosze)
+{
+    return grosze ? QVariant(static_cast<double>(*grosze) / 100) : kor::null();
+}
+
+QVariant orNull(std::optional<double> number) { return number ? QVariant(*number) : kor::null(); }
+
+//! The name under which a list or a colour field shows a value.
+template <class Control>
+QString shownAs(Control &&control, const QVariant &value)
+{
+    control.setProperty("Value", value);
+    return control.template findChild<QComboBox *>()->currentText();
+}
 
 [[noreturn]] void refuse(const QString &reason)
 {
@@ -153,7 +179,7 @@ void OrderForm::connectFields()
 
 void OrderForm::setOrder(const Order &order)
 {
-    m_shown = order;
+    m_loaded = order;
     m_number->setText(order.number.isEmpty() ? QStringLiteral("(nowe)") : order.number);
     m_date->setValue(order.date.isValid() ? QVariant(order.date) : kor::null());
     m_delivery->setValue(order.delivery ? QVariant(*order.delivery) : kor::null());
@@ -161,64 +187,104 @@ void OrderForm::setOrder(const Order &order)
     offerCustomers(customer);
     m_customer->setValue(customer);
     m_terms->setValue(order.paymentTerms);
-    m_discount->setValue(order.discount);
-    setGrosze(*m_total, order.total);
-    setGrosze(*m_advance, order.advance);
+    m_discount->setValue(orNull(order.discount));
+    m_total->setValue(amountOf(order.total));
+    m_advance->setValue(amountOf(order.advance));
     m_priority->setText(kor::CStr(order.priority));
     m_remarks->setText(order.remarks);
     m_color->setValue(order.labelColor.value_or(noLabel));
-    m_colorAsShown = m_color->Value();
     showAddress();
     showDue();
     showProducts();
-    // As the fields give it back: what they round is no change of the clerk's.
-    m_unchanged = this->order();
+    // What the fields round is no change of the clerk's.
+    m_unchanged = read();
     Q_EMIT edited();
 }
 
-Order OrderForm::order() const
+Order OrderForm::order() const { return withUntouched(read(), m_unchanged, m_loaded); }
+
+Order OrderForm::read() const
 {
-    Order order = m_shown;
+    Order order = m_loaded;
     const QVariant customer = m_customer->Value();
     order.customer = kor::isNull(customer) ? std::nullopt : std::optional<qint64>(kor::CLng(customer));
     order.date = dateOf(*m_date).value_or(QDate());
     order.delivery = dateOf(*m_delivery);
     order.paymentTerms = kor::CStr(m_terms->Value());
-    order.discount = numberOr0(m_discount->Value());
+    order.discount = numberOf(m_discount->Value());
     order.total = groszeOf(*m_total);
     order.advance = groszeOf(*m_advance);
     order.priority = m_priority->Value();
     order.remarks = m_remarks->Text();
-    order.labelColor = labelColor();
+    order.labelColor = m_color->Value() == noLabel ? std::nullopt : std::optional<int>(m_color->Value());
     return order;
 }
 
 bool OrderForm::isChanged() const
 {
-    return order() != m_unchanged || isBeingTyped(*m_date) || isBeingTyped(*m_delivery);
-}
-
-void OrderForm::readDates()
-{
-    for (KorDate *date : {m_date, m_delivery}) {
-        if (isBeingTyped(*date))
-            date->setText(date->Text());
-    }
+    return read() != m_unchanged || isBeingTyped(*m_date) || isBeingTyped(*m_delivery);
 }
 
 void OrderForm::setPosition(const QString &text) { m_position->setText(text); }
 
-void OrderForm::focusFirstField() { m_customer->setFocus(Qt::OtherFocusReason); }
+void OrderForm::focusFirstField() { m_customer->setFocus(Qt::TabFocusReason); }
 
-void OrderForm::focusField(OrderField field)
+void OrderForm::focusField(OrderField field) { widgetOf(field)->setFocus(Qt::TabFocusReason); }
+
+QWidget *OrderForm::widgetOf(OrderField field) const
 {
     switch (field) {
-    case OrderField::Date: m_date->setFocus(Qt::OtherFocusReason); break;
-    case OrderField::Delivery: m_delivery->setFocus(Qt::OtherFocusReason); break;
-    case OrderField::Discount: m_discount->setFocus(Qt::OtherFocusReason); break;
-    case OrderField::Advance: m_advance->setFocus(Qt::OtherFocusReason); break;
-    case OrderField::Total: m_total->setFocus(Qt::OtherFocusReason); break;
+    case OrderField::Date: return m_date;
+    case OrderField::Delivery: return m_delivery;
+    case OrderField::Customer: return m_customer;
+    case OrderField::Terms: return m_terms;
+    case OrderField::Discount: return m_discount;
+    case OrderField::Priority: return m_priority;
+    case OrderField::Total: return m_total;
+    case OrderField::Advance: return m_advance;
+    case OrderField::Remarks: return m_remarks;
+    case OrderField::Label: return m_color;
     }
+    return nullptr;
+}
+
+QString OrderForm::nameOf(OrderField field) const
+{
+    for (const QLabel *label : findChildren<QLabel *>()) {
+        if (label->buddy() && widgetOf(field)->isAncestorOf(label->buddy()))
+            return label->text().remove(u'&').remove(u':');
+        if (label->buddy() == widgetOf(field))
+            return label->text().remove(u'&').remove(u':');
+    }
+    return {};
+}
+
+QString OrderForm::textOf(OrderField field, const Order &order) const
+{
+    const auto amount = [](std::optional<qint64> grosze) {
+        return grosze ? kor::Format(amountOf(grosze), u"#,##0.00") + QStringLiteral(" zł") : QString();
+    };
+    switch (field) {
+    case OrderField::Date: return kor::Format(order.date, m_date->FormatMask());
+    case OrderField::Delivery:
+        return order.delivery ? kor::Format(*order.delivery, m_delivery->FormatMask()) : QString();
+    case OrderField::Customer: return order.customer ? m_store.nameOf(*order.customer) : m_customer->NullString();
+    case OrderField::Terms: {
+        KorCombo terms;
+        terms.setSQL(m_terms->SQL());
+        terms.Refresh();
+        return shownAs(terms, order.paymentTerms);
+    }
+    case OrderField::Discount:
+        return order.discount ? kor::Format(*order.discount, m_discount->MaskPicture()) + QStringLiteral(" %")
+                              : QString();
+    case OrderField::Priority: return kor::CStr(order.priority);
+    case OrderField::Total: return amount(order.total);
+    case OrderField::Advance: return amount(order.advance);
+    case OrderField::Remarks: return order.remarks;
+    case OrderField::Label: return shownAs(KorColor(), order.labelColor.value_or(noLabel));
+    }
+    return {};
 }
 
 void OrderForm::showAddress()
@@ -238,11 +304,13 @@ void OrderForm::showAddress()
 void OrderForm::chooseCustomer()
 {
     SearchDialog dialog(customersToSearch(m_store), this);
-    if (dialog.exec() != QDialog::Accepted || dialog.chosen() == 0)
-        return;
-    const QVariant customer = kor::normalized(dialog.chosen());
-    offerCustomers(customer);
-    m_customer->setValue(customer);
+    if (dialog.exec() == QDialog::Accepted && dialog.chosen() != 0) {
+        const QVariant customer = kor::normalized(dialog.chosen());
+        offerCustomers(customer);
+        m_customer->setValue(customer);
+    }
+    window()->activateWindow(); // not every window system does so by itself
+    kor::enterFocusedField(window());
 }
 
 void OrderForm::offerCustomers(const QVariant &kept)
@@ -268,21 +336,13 @@ void OrderForm::showProducts()
     m_products->setSQL(QStringLiteral("SELECT line, replace(printf('%g', quantity), '.', ',') || ' ' || unit || ' ' || "
                                       "products.name FROM order_lines JOIN products ON products.id = product_id "
                                       "WHERE order_id = ") +
-                       QString::number(m_shown.id) + QStringLiteral(" ORDER BY line"));
+                       QString::number(m_loaded.id) + QStringLiteral(" ORDER BY line"));
     m_products->Clear();
     m_products->Refresh();
     if (m_products->HasValues())
         m_products->setListIndex(-1); // it is there to be read
 }
 
-std::optional<int> OrderForm::labelColor() const
-{
-    // A colour that the list does not have can't be shown, and must not be lost for that.
-    if (m_color->Value() == m_colorAsShown)
-        return m_shown.labelColor;
-    return m_color->Value() == noLabel ? std::nullopt : std::optional<int>(m_color->Value());
-}
-
-void OrderForm::showDue() { setGrosze(*m_due, groszeOf(*m_total) - groszeOf(*m_advance)); }
+void OrderForm::showDue() { m_due->setValue(amountOf(dueOf(groszeOf(*m_total), groszeOf(*m_advance)))); }
 
 } // namespace orders

@@ -46,8 +46,11 @@ public:
     [[nodiscard]] Order order() const;
     //! Whether the clerk has changed anything since setOrder().
     [[nodiscard]] bool isChanged() const;
-    //! Reads the dates that are still being typed, as leaving their fields would, but without a message.
-    void readDates();
+    //! The order as it was given to setOrder().
+    [[nodiscard]] const Order &loaded() const { return m_loaded; }
+    //! What a field is called on the form, and how its value is shown there; "" for none.
+    [[nodiscard]] QString nameOf(OrderField field) const;
+    [[nodiscard]] QString textOf(OrderField field, const Order &order) const;
 
     void setPosition(const QString &text);
     //! Puts the cursor where a new order begins, or where one must be mended.
@@ -70,12 +73,14 @@ private:
     //! Lists the customers of the checked groups, all of them while none is checked. One customer is always among them.
     void offerCustomers(const QVariant &kept);
     void showProducts();
-    [[nodiscard]] std::optional<int> labelColor() const;
+    //! What the fields say, with what they round and can't show.
+    [[nodiscard]] Order read() const;
+    [[nodiscard]] QWidget *widgetOf(OrderField field) const;
 
     const OrderStore &m_store;
     kor::FormBuilder m_builder;
-    Order m_shown;
-    Order m_unchanged;
+    Order m_loaded;
+    Order m_unchanged; //!< as the fields gave it back
     KorCombo *m_customer = nullptr;
     KorCombo *m_terms = nullptr;
     KorDate *m_date = nullptr;
@@ -91,7 +96,6 @@ private:
     KorColor *m_color = nullptr;
     KorListCheck *m_groups = nullptr;
     KorList *m_products = nullptr;
-    int m_colorAsShown = 0;
     QLabel *m_position = nullptr;
 };
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "orderstore.h"
 
-#include <QtCore/QFile>
+#include "orderfile.h"
+
 #include <QtCore/QUuid>
 #include <QtCore/QVariant>
-#include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
 
 #include <utility>
@@ -13,49 +13,6 @@
 namespace orders {
 
 namespace {
-
-//! Runs one statement with its values, or raises StoreError.
-QSqlQuery run(const QSqlDatabase &connection, const QString &doing, const QString &statement,
-              const QVariantList &values = {})
-{
-    QSqlQuery query(connection);
-    query.setForwardOnly(true);
-    bool works = query.prepare(statement);
-    for (const QVariant &value : values)
-        query.addBindValue(value);
-    works = works && query.exec();
-    if (!works)
-        throw StoreError(doing, query.lastError().text());
-    return query;
-}
-
-//! A change that takes place as a whole or not at all.
-class Transaction
-{
-public:
-    Transaction(QSqlDatabase &connection, QString doing) : m_connection(connection), m_doing(std::move(doing))
-    {
-        // At once as a writer: one that reads first and writes later could be refused in between.
-        run(m_connection, m_doing, QStringLiteral("BEGIN IMMEDIATE"));
-    }
-    ~Transaction()
-    {
-        if (!m_done)
-            QSqlQuery(m_connection).exec(QStringLiteral("ROLLBACK"));
-    }
-    Q_DISABLE_COPY_MOVE(Transaction)
-
-    void commit()
-    {
-        run(m_connection, m_doing, QStringLiteral("COMMIT"));
-        m_done = true;
-    }
-
-private:
-    QSqlDatabase &m_connection;
-    QString m_doing;
-    bool m_done = false;
-};
 
 //! Lower case without accents, as `customers.sort_name` is without its tildes.
 QString folded(const QString &text)
@@ -71,35 +28,48 @@ QString folded(const QString &text)
     return result;
 }
 
-QVariant orNull(const std::optional<qint64> &key)
+template <class Value>
+QVariant orNull(const std::optional<Value> &value)
 {
-    return key ? QVariant(*key) : QVariant(QMetaType(QMetaType::LongLong));
+    return value ? QVariant(*value) : QVariant();
 }
-QVariant orNull(const QString &text)
+
+QVariant orNull(const QString &text) { return text.isEmpty() ? QVariant() : QVariant(text); }
+
+template <class Value>
+std::optional<Value> optional(const QSqlQuery &query, int column)
 {
-    return text.isEmpty() ? QVariant(QMetaType(QMetaType::QString)) : QVariant(text);
+    return query.isNull(column) ? std::nullopt : std::optional(query.value(column).value<Value>());
+}
+
+//! The columns of an order that the desk edits, in the order of the statements that write them.
+QVariantList valuesOf(const Order &order)
+{
+    return {orNull(order.customer),
+            order.paymentTerms,
+            orNull(order.discount),
+            orNull(order.advance),
+            orNull(order.total),
+            orNull(order.remarks),
+            order.delivery ? QVariant(order.delivery->toString(Qt::ISODate)) : QVariant(),
+            order.date.toString(Qt::ISODate),
+            order.priority,
+            orNull(order.labelColor)};
 }
 
 } // namespace
-
-StoreError::StoreError(const QString &doing, const QString &driverText)
-    : std::runtime_error((doing + QStringLiteral(": ") + driverText).toStdString()),
-      m_text(doing + QStringLiteral(":\n") + driverText)
-{
-}
 
 OrderStore::OrderStore(const QString &fileName)
     : m_connectionName(QUuid::createUuid().toString()),
       m_connection(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName))
 {
-    m_connection.setDatabaseName(fileName);
-    const QString doing = QStringLiteral("Otwieranie bazy %1").arg(fileName);
-    if (!m_connection.open())
-        throw StoreError(doing, m_connection.lastError().text());
-    // A commit waits for the disk; the write-ahead log keeps readers and the rest of the file out of its way.
-    for (const char *pragma : {"journal_mode = WAL", "synchronous = FULL", "foreign_keys = ON"})
-        run(m_connection, doing, QStringLiteral("PRAGMA ") + QLatin1String(pragma));
-    create();
+    try {
+        openOrderFile(m_connection, fileName);
+    } catch (...) {
+        m_connection = QSqlDatabase();
+        QSqlDatabase::removeDatabase(m_connectionName);
+        throw;
+    }
 }
 
 OrderStore::~OrderStore()
@@ -108,30 +78,9 @@ OrderStore::~OrderStore()
     QSqlDatabase::removeDatabase(m_connectionName);
 }
 
-void OrderStore::create()
-{
-    const QString doing = QStringLiteral("Zakładanie bazy");
-    Transaction transaction(m_connection, doing);
-    QSqlQuery version = run(m_connection, doing, QStringLiteral("PRAGMA user_version"));
-    version.next();
-    const bool exists = version.value(0).toInt() > 0;
-    version.finish();
-    if (!exists) {
-        for (const char *name : {"schema", "seed"}) {
-            QFile script(QStringLiteral(":/orders/data/%1.sql").arg(QLatin1String(name)));
-            if (!script.open(QIODevice::ReadOnly))
-                throw StoreError(doing, script.errorString());
-            for (const QString &statement : QString::fromUtf8(script.readAll()).split(QStringLiteral(";\n")))
-                if (!statement.trimmed().isEmpty())
-                    run(m_connection, doing, statement);
-        }
-    }
-    transaction.commit();
-}
-
 QList<qint64> OrderStore::ids() const
 {
-    QSqlQuery query = run(m_connection, QStringLiteral("Czytanie listy zamówień"),
+    QSqlQuery query = run(m_connection, QStringLiteral("Odczytanie listy zamówień"),
                           QStringLiteral("SELECT id FROM orders ORDER BY id"));
     QList<qint64> all;
     while (query.next())
@@ -142,7 +91,7 @@ QList<qint64> OrderStore::ids() const
 std::optional<Order> OrderStore::order(qint64 id) const
 {
     QSqlQuery query =
-        run(m_connection, QStringLiteral("Czytanie zamówienia"),
+        run(m_connection, QStringLiteral("Odczytanie zamówienia"),
             QStringLiteral("SELECT number, order_date, customer_id, payment_terms, discount, advance, "
                            "total, remarks, delivery_date, priority, label_color FROM orders WHERE id = ?"),
             {id});
@@ -152,25 +101,23 @@ std::optional<Order> OrderStore::order(qint64 id) const
     order.id = id;
     order.number = query.value(0).toString();
     order.date = QDate::fromString(query.value(1).toString(), Qt::ISODate);
-    if (!query.isNull(2))
-        order.customer = query.value(2).toLongLong();
+    order.customer = optional<qint64>(query, 2);
     order.paymentTerms = query.value(3).toString();
-    order.discount = query.value(4).toDouble();
-    order.advance = query.value(5).toLongLong();
-    order.total = query.value(6).toLongLong();
+    order.discount = optional<double>(query, 4);
+    order.advance = optional<qint64>(query, 5);
+    order.total = optional<qint64>(query, 6);
     order.remarks = query.value(7).toString();
     if (!query.isNull(8))
         order.delivery = QDate::fromString(query.value(8).toString(), Qt::ISODate);
     order.priority = query.value(9).toInt();
-    if (!query.isNull(10))
-        order.labelColor = query.value(10).toInt();
+    order.labelColor = optional<int>(query, 10);
     return order;
 }
 
 QString OrderStore::nextNumber(const QDate &date) const
 {
     const QString prefix = QStringLiteral("ZAM/%1/").arg(date.year(), 4, 10, QLatin1Char('0'));
-    QSqlQuery query = run(m_connection, QStringLiteral("Nadawanie numeru"),
+    QSqlQuery query = run(m_connection, QStringLiteral("Nadanie numeru"),
                           QStringLiteral("SELECT max(CAST(substr(number, 10) AS INTEGER)) FROM orders "
                                          "WHERE substr(number, 1, 9) = ?"),
                           {prefix});
@@ -178,55 +125,57 @@ QString OrderStore::nextNumber(const QDate &date) const
     return prefix + QStringLiteral("%1").arg(query.value(0).toLongLong() + 1, 4, 10, QLatin1Char('0'));
 }
 
-Order OrderStore::save(const Order &order)
+Order OrderStore::add(const Order &order)
 {
-    const QString doing = QStringLiteral("Zapis zamówienia");
+    const QString doing = QStringLiteral("Zapisanie zamówienia");
     Order saved = order;
     Transaction transaction(m_connection, doing);
-    const QVariantList values{orNull(order.customer),
-                              order.paymentTerms,
-                              order.discount,
-                              order.advance,
-                              order.total,
-                              orNull(order.remarks),
-                              order.delivery ? QVariant(order.delivery->toString(Qt::ISODate)) : QVariant(),
-                              order.date.toString(Qt::ISODate),
-                              order.priority,
-                              order.labelColor ? QVariant(*order.labelColor) : QVariant()};
-    if (order.id == 0) {
-        saved.number = nextNumber(order.date);
-        QSqlQuery query =
-            run(m_connection, doing,
-                QStringLiteral("INSERT INTO orders (customer_id, payment_terms, discount, advance, total, "
-                               "remarks, delivery_date, order_date, priority, label_color, number) "
-                               "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-                values + QVariantList{saved.number});
-        saved.id = query.lastInsertId().toLongLong();
-    } else {
-        QSqlQuery query = run(m_connection, doing,
-                              QStringLiteral("UPDATE orders SET customer_id = ?, payment_terms = ?, discount = ?, "
-                                             "advance = ?, total = ?, remarks = ?, delivery_date = ?, order_date = ?, "
-                                             "priority = ?, label_color = ? WHERE id = ?"),
-                              values + QVariantList{order.id});
-        if (query.numRowsAffected() != 1)
-            throw StoreError(doing, QStringLiteral("Zamówienie %1 zostało tymczasem usunięte.").arg(order.number));
-    }
+    saved.number = nextNumber(order.date);
+    QSqlQuery query = run(m_connection, doing,
+                          QStringLiteral("INSERT INTO orders (customer_id, payment_terms, discount, advance, total, "
+                                         "remarks, delivery_date, order_date, priority, label_color, number) "
+                                         "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                          valuesOf(order) + QVariantList{saved.number});
+    saved.id = query.lastInsertId().toLongLong();
     transaction.commit();
     return saved;
 }
 
-void OrderStore::remove(qint64 id)
+Outcome OrderStore::save(const Order &order, const Order &loaded)
 {
-    const QString doing = QStringLiteral("Usuwanie zamówienia");
+    const QString doing = QStringLiteral("Zapisanie zamówienia");
     Transaction transaction(m_connection, doing);
-    run(m_connection, doing, QStringLiteral("DELETE FROM orders WHERE id = ?"), {id});
+    const std::optional<Order> now = this->order(loaded.id);
+    if (!now)
+        return {Outcome::Kind::DeletedMeanwhile, order};
+    if (*now != loaded)
+        return {Outcome::Kind::ChangedMeanwhile, *now};
+    run(m_connection, doing,
+        QStringLiteral("UPDATE orders SET customer_id = ?, payment_terms = ?, discount = ?, advance = ?, total = ?, "
+                       "remarks = ?, delivery_date = ?, order_date = ?, priority = ?, label_color = ? WHERE id = ?"),
+        valuesOf(order) + QVariantList{loaded.id});
     transaction.commit();
+    return {Outcome::Kind::Done, order};
+}
+
+Outcome OrderStore::remove(const Order &loaded)
+{
+    const QString doing = QStringLiteral("Usunięcie zamówienia");
+    Transaction transaction(m_connection, doing);
+    const std::optional<Order> now = order(loaded.id);
+    if (!now)
+        return {Outcome::Kind::DeletedMeanwhile, loaded};
+    if (*now != loaded)
+        return {Outcome::Kind::ChangedMeanwhile, *now};
+    run(m_connection, doing, QStringLiteral("DELETE FROM orders WHERE id = ?"), {loaded.id});
+    transaction.commit();
+    return {Outcome::Kind::Done, loaded};
 }
 
 QList<FoundOrder> OrderStore::find(const QString &text, int atMost) const
 {
     const QString needle = folded(text.trimmed());
-    QSqlQuery query = run(m_connection, QStringLiteral("Szukanie zamówień"),
+    QSqlQuery query = run(m_connection, QStringLiteral("Wyszukanie zamówień"),
                           QStringLiteral("SELECT o.id, o.number, o.order_date, c.name, o.total FROM orders o "
                                          "LEFT JOIN customers c ON c.id = o.customer_id "
                                          "WHERE instr(lower(o.number), ?) > 0 "
@@ -236,7 +185,7 @@ QList<FoundOrder> OrderStore::find(const QString &text, int atMost) const
     while (query.next()) {
         found.append({query.value(0).toLongLong(), query.value(1).toString(),
                       QDate::fromString(query.value(2).toString(), Qt::ISODate), query.value(3).toString(),
-                      query.value(4).toLongLong()});
+                      optional<qint64>(query, 4)});
     }
     return found;
 }
@@ -244,7 +193,7 @@ QList<FoundOrder> OrderStore::find(const QString &text, int atMost) const
 QList<FoundCustomer> OrderStore::findCustomers(const QString &text, int atMost) const
 {
     const QString needle = folded(text.trimmed());
-    QSqlQuery query = run(m_connection, QStringLiteral("Szukanie klientów"),
+    QSqlQuery query = run(m_connection, QStringLiteral("Wyszukanie klientów"),
                           QStringLiteral("SELECT id, name, city, nip FROM customers "
                                          "WHERE instr(replace(sort_name, '~', ''), ?) > 0 "
                                          "OR instr(coalesce(nip, ''), ?) > 0 ORDER BY sort_name LIMIT ?"),
@@ -256,10 +205,17 @@ QList<FoundCustomer> OrderStore::findCustomers(const QString &text, int atMost) 
     return found;
 }
 
+QString OrderStore::nameOf(qint64 customer) const
+{
+    QSqlQuery query = run(m_connection, QStringLiteral("Odczytanie klienta"),
+                          QStringLiteral("SELECT name FROM customers WHERE id = ?"), {customer});
+    return query.next() ? query.value(0).toString() : QString();
+}
+
 QString OrderStore::addressOf(qint64 customer) const
 {
     QSqlQuery query =
-        run(m_connection, QStringLiteral("Czytanie klienta"),
+        run(m_connection, QStringLiteral("Odczytanie klienta"),
             QStringLiteral("SELECT street, postal_code, city, nip FROM customers WHERE id = ?"), {customer});
     if (!query.next())
         return {};

@@ -3,24 +3,12 @@
 #pragma once
 
 #include "order.h"
+#include "statement.h"
 
 #include <QtCore/QList>
 #include <QtSql/QSqlDatabase>
 
-#include <stdexcept>
-
 namespace orders {
-
-//! A failure of the database: what was being done and the driver's own text.
-class StoreError : public std::runtime_error
-{
-public:
-    StoreError(const QString &doing, const QString &driverText);
-    [[nodiscard]] const QString &text() const { return m_text; }
-
-private:
-    QString m_text;
-};
 
 //! One line of a search result.
 struct FoundOrder {
@@ -28,7 +16,7 @@ struct FoundOrder {
     QString number;
     QDate date;
     QString customer;
-    qint64 total = 0;
+    std::optional<qint64> total;
 };
 
 //! One line of a search for a customer.
@@ -39,12 +27,19 @@ struct FoundCustomer {
     QString nip;
 };
 
+//! What became of a change.
+struct Outcome {
+    enum class Kind { Done, ChangedMeanwhile, DeletedMeanwhile };
+    Kind kind = Kind::Done;
+    Order order; //!< as it stands in the file now; as it was given when it is no longer there
+};
+
 //! The orders in their SQLite file. Every change is one transaction that is on the disk when the call returns: what was
 //! saved survives the end of the program, however it ends. All calls raise StoreError.
 class OrderStore
 {
 public:
-    //! Opens the file. One that is new, or was left half made, gets the tables and the sample data.
+    //! Opens the file as openOrderFile() does.
     explicit OrderStore(const QString &fileName);
     ~OrderStore();
     Q_DISABLE_COPY_MOVE(OrderStore)
@@ -56,19 +51,22 @@ public:
     [[nodiscard]] QList<qint64> ids() const;
     //! The order, or nothing when it is no longer there.
     [[nodiscard]] std::optional<Order> order(qint64 id) const;
-    //! Saves a new or a changed order, and gives it back with its number.
-    Order save(const Order &order);
-    void remove(qint64 id);
+    //! Saves a new order and gives it back with its number.
+    Order add(const Order &order);
+    //! Saves a changed order if it still stands in the file as it was loaded; otherwise nothing is changed.
+    [[nodiscard]] Outcome save(const Order &order, const Order &loaded);
+    //! Removes an order with its lines if it still stands in the file as it was loaded. One that is gone is as wished.
+    [[nodiscard]] Outcome remove(const Order &loaded);
 
     //! The newest orders whose number or customer contains the text, without regard to case and accents.
     [[nodiscard]] QList<FoundOrder> find(const QString &text, int atMost) const;
     //! The customers whose name or tax number contains the text, without regard to case and accents.
     [[nodiscard]] QList<FoundCustomer> findCustomers(const QString &text, int atMost) const;
+    [[nodiscard]] QString nameOf(qint64 customer) const;
     //! Street, city and tax number of a customer on one line.
     [[nodiscard]] QString addressOf(qint64 customer) const;
 
 private:
-    void create();
     [[nodiscard]] QString nextNumber(const QDate &date) const;
 
     QString m_connectionName;

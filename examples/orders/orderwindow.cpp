@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "orderwindow.h"
 
+#include "conflictdialog.h"
+#include "focusmark.h"
+#include "ordermerge.h"
 #include "orderstore.h"
 #include "searchdialog.h"
 
 #include <KorDaoUC/Clock>
+#include <KorDaoUC/FocusedField>
 #include <KorDaoUC/SqlDatabase>
 
 #include <QtCore/QFileInfo>
@@ -38,9 +42,11 @@ int ask(QWidget *parent, const QString &title, const QString &text, const QStrin
     return static_cast<int>(buttons.indexOf(box.clickedButton()));
 }
 
-void warn(QWidget *parent, const QString &title, const QString &text)
+void warn(QWidget *parent, const QString &title, const QString &text, const QString &more = {})
 {
     QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(more);
     box.exec();
     parent->activateWindow();
 }
@@ -54,6 +60,7 @@ OrderWindow::OrderWindow(OrderStore &store)
       m_cursor(store.ids())
 {
     setCentralWidget(m_form);
+    new FocusMark(this);
     statusBar()->addPermanentWidget(new QLabel(QFileInfo(store.connection().databaseName()).fileName()));
     makeActions();
     connect(m_form, &OrderForm::edited, this, &OrderWindow::updateState);
@@ -70,7 +77,10 @@ void OrderWindow::makeActions()
     };
     const auto add = [this](QMenu *menu, const QString &text, const QKeySequence &key, const char *button,
                             const std::function<void()> &work) {
-        QAction *action = menu->addAction(text, key, this, [this, work] { guarded(work); });
+        QAction *action = menu->addAction(text, key, this, [this, work] {
+            guarded(work);
+            kor::enterFocusedField(this); // the clerk types on over what the field shows now
+        });
         if (button)
             connect(m_form->button(button), &QPushButton::clicked, action, &QAction::trigger);
         return action;
@@ -132,30 +142,114 @@ bool OrderWindow::mayLeave()
 
 bool OrderWindow::save()
 {
-    m_form->readDates();
+    if (!kor::leaveFocusedField(this))
+        return false;
     const Order order = m_form->order();
     if (const std::optional<OrderProblem> problem = problemOf(order)) {
         warn(this, QStringLiteral("Zamówienie"), problem->text);
         m_form->focusField(problem->field);
         return false;
     }
-    const Order saved = m_store.save(order);
-    if (order.id == 0)
+    try {
+        if (order.id != 0)
+            return saveChanged(order);
+        const Order saved = m_store.add(order);
         m_cursor.append(saved.id);
+        showSaved(saved);
+        return true;
+    } catch (const StoreError &error) {
+        warn(this, QStringLiteral("Baza danych"), error.text(),
+             QStringLiteral("Zamówienie nie jest zapisane. To, co wpisano, pozostaje w formularzu."));
+        return false;
+    }
+}
+
+bool OrderWindow::saveChanged(Order ours)
+{
+    Order loaded = m_form->loaded();
+    for (;;) {
+        const Outcome outcome = m_store.save(ours, loaded);
+        switch (outcome.kind) {
+        case Outcome::Kind::Done: showSaved(outcome.order); return true;
+        case Outcome::Kind::DeletedMeanwhile: return saveDeleted(ours);
+        case Outcome::Kind::ChangedMeanwhile: break;
+        }
+        if (!decide(loaded, outcome.order, ours))
+            return false;
+        loaded = outcome.order;
+    }
+}
+
+bool OrderWindow::decide(const Order &loaded, const Order &theirs, Order &ours)
+{
+    const QList<Difference> fields = differences(loaded, ours, theirs);
+    if (fields.isEmpty())
+        return true; // the same was changed to the same
+    QList<Conflict> conflicts;
+    for (const Difference &difference : fields) {
+        const OrderField field = difference.field;
+        conflicts.append({m_form->nameOf(field), m_form->textOf(field, loaded), m_form->textOf(field, ours),
+                          m_form->textOf(field, theirs), difference.isOurs});
+    }
+    ConflictDialog dialog(ours.number, conflicts, this);
+    for (;;) {
+        const bool isDecided = dialog.exec() == QDialog::Accepted;
+        activateWindow();
+        if (!isDecided)
+            return false;
+        Order decided = ours;
+        for (qsizetype at = 0; at < fields.size(); ++at) {
+            if (dialog.takesTheirs(at))
+                take(fields.at(at).field, decided, theirs);
+        }
+        const std::optional<OrderProblem> problem = problemOf(decided);
+        if (!problem) {
+            ours = decided;
+            return true;
+        }
+        warn(this, QStringLiteral("Zamówienie"), problem->text); // and the choice is made anew
+    }
+}
+
+bool OrderWindow::saveDeleted(Order ours)
+{
+    const QString question =
+        QStringLiteral("Zamówienie %1 usunięto tymczasem na innym stanowisku.\nZapisać je jako nowe? "
+                       "Pozycje usuniętego zamówienia nie wrócą.")
+            .arg(ours.number);
+    if (ask(this, QStringLiteral("Zamówienia"), question,
+            {QStringLiteral("&Zapisz jako nowe"), QStringLiteral("&Anuluj")}) != 0)
+        return false;
+    ours.id = 0;
+    const Order saved = m_store.add(ours);
+    m_cursor.removeCurrent();
+    m_cursor.append(saved.id);
+    showSaved(saved);
+    return true;
+}
+
+void OrderWindow::showSaved(const Order &saved)
+{
     m_form->setOrder(saved);
     statusBar()->showMessage(QStringLiteral("Zapisano zamówienie %1.").arg(saved.number), messageTime);
-    return true;
 }
 
 void OrderWindow::remove()
 {
-    const Order order = m_form->order();
+    Order order = m_form->loaded();
     if (order.id == 0)
         return;
-    const QString question = QStringLiteral("Usunąć zamówienie %1 razem z jego pozycjami?").arg(order.number);
-    if (ask(this, QStringLiteral("Zamówienia"), question, {QStringLiteral("&Usuń"), QStringLiteral("&Anuluj")}) != 0)
-        return;
-    m_store.remove(order.id);
+    QString question = QStringLiteral("Usunąć zamówienie %1 razem z jego pozycjami?").arg(order.number);
+    for (Outcome outcome{Outcome::Kind::ChangedMeanwhile, order}; outcome.kind == Outcome::Kind::ChangedMeanwhile;) {
+        if (ask(this, QStringLiteral("Zamówienia"), question, {QStringLiteral("&Usuń"), QStringLiteral("&Anuluj")}) !=
+            0)
+            return;
+        outcome = m_store.remove(order);
+        order = outcome.order;
+        question =
+            QStringLiteral("Zamówienie %1 zmieniono i zapisano tymczasem na innym stanowisku. Usunąć je mimo to?")
+                .arg(order.number);
+    }
     m_cursor.removeCurrent();
     showOrder(m_cursor.current());
     statusBar()->showMessage(QStringLiteral("Usunięto zamówienie %1.").arg(order.number), messageTime);
@@ -183,7 +277,9 @@ void OrderWindow::search()
     if (!mayLeave())
         return;
     SearchDialog dialog(ordersToSearch(m_store), this);
-    if (dialog.exec() == QDialog::Accepted)
+    const bool isChosen = dialog.exec() == QDialog::Accepted;
+    activateWindow();
+    if (isChosen)
         showOrder(dialog.chosen());
 }
 

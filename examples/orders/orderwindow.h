@@ -44,6 +44,11 @@ private:
     [[nodiscard]] Choice askAboutChanges();
     [[nodiscard]] bool mayLeave();
     [[nodiscard]] bool save();
+    //! Saves over what another desk may have saved meanwhile; the clerk decides. False when they went back to the form.
+    [[nodiscard]] bool saveChanged(Order ours);
+    [[nodiscard]] bool decide(const Order &loaded, const Order &theirs, Order &ours);
+    [[nodiscard]] bool saveDeleted(Order ours);
+    void showSaved(const Order &saved);
     void remove();
     void go(std::optional<qint64> id);
     void startNew();

@@ -23,11 +23,11 @@ namespace orders {
 
 namespace {
 
-constexpr int mostShown = 200;
-
 QString orderTotal(const FoundOrder &order)
 {
-    return kor::Format(static_cast<double>(order.total) / 100, u"#,##0.00") + QStringLiteral(" zł");
+    if (!order.total)
+        return {};
+    return kor::Format(static_cast<double>(*order.total) / 100, u"#,##0.00") + QStringLiteral(" zł");
 }
 
 } // namespace
@@ -62,6 +62,7 @@ SearchSubject customersToSearch(const OrderStore &store)
     subject.accept = QStringLiteral("&Wybierz");
     subject.columns = QStringList{QStringLiteral("Klient"), QStringLiteral("Miejscowość"), QStringLiteral("NIP")};
     subject.nothing = QStringLiteral("Nie znaleziono klientów.");
+    subject.mostShown = 10000; // all of them: the list is there to be looked through
     subject.find = [&store](const QString &text, int atMost) {
         QList<SearchSubject::Row> rows;
         for (const FoundCustomer &found : store.findCustomers(text, atMost))
@@ -129,7 +130,7 @@ void SearchDialog::find()
 {
     m_list->clear();
     try {
-        fill(m_subject.find(m_text->text(), mostShown));
+        fill(m_subject.find(m_text->text(), m_subject.mostShown));
     } catch (const StoreError &error) {
         m_count->setText(error.text());
     }
@@ -150,8 +151,8 @@ void SearchDialog::fill(const QList<SearchSubject::Row> &rows)
     m_list->setCurrentItem(m_list->topLevelItem(0));
     if (items.isEmpty())
         m_count->setText(m_subject.nothing);
-    else if (items.size() == mostShown)
-        m_count->setText(QStringLiteral("Pokazano pierwsze %1; wpisz więcej, aby zawęzić.").arg(mostShown));
+    else if (items.size() == m_subject.mostShown)
+        m_count->setText(QStringLiteral("Pokazano pierwsze %1; wpisz więcej, aby zawęzić.").arg(m_subject.mostShown));
     else
         m_count->setText(QStringLiteral("Znaleziono: %1").arg(items.size()));
 }

@@ -2,18 +2,22 @@
 // SPDX-License-Identifier: MIT
 #include "orders/orderstore.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
+#include <QtSql/QSqlRecord>
 #include <QtTest/QtTest>
 
 #include <csignal>
 #include <cstdio>
+#include <functional>
 #include <memory>
 
 using orders::Order;
 using orders::OrderStore;
+using Kind = orders::Outcome::Kind;
 
 namespace {
 
@@ -31,6 +35,17 @@ Order newOrder()
     return order;
 }
 
+//! Saves a new order, or a changed one over what the file holds.
+Order save(OrderStore &store, const Order &order)
+{
+    if (order.id == 0)
+        return store.add(order);
+    const orders::Outcome outcome = store.save(order, store.order(order.id).value());
+    if (outcome.kind != orders::Outcome::Kind::Done)
+        qFatal("not saved");
+    return outcome.order;
+}
+
 void execute(const OrderStore &store, const QString &statement)
 {
     QSqlQuery query(store.connection());
@@ -44,11 +59,22 @@ int saveForever(const QString &fileName)
     OrderStore store(fileName);
     Order order = store.order(1).value();
     order.advance = 0;
-    for (order.total = 1;; ++order.total) {
-        store.save(order);
-        std::printf("%lld\n", static_cast<long long>(order.total));
+    for (qint64 total = 1;; ++total) {
+        order.total = total;
+        save(store, order);
+        std::printf("%lld\n", static_cast<long long>(total));
         std::fflush(stdout);
     }
+}
+
+//! Another desk saves a discount.
+int saveDiscount(const QString &fileName)
+{
+    OrderStore store(fileName);
+    Order order = store.order(1).value();
+    order.discount = 12.5;
+    save(store, order);
+    return 0;
 }
 
 //! Is killed between the change and its commit.
@@ -112,7 +138,7 @@ private Q_SLOTS:
 
     void whatWasSavedIsThereAfterARestart()
     {
-        const Order saved = m_store->save(newOrder());
+        const Order saved = save(*m_store, newOrder());
         QVERIFY(saved.id > 0);
         const qsizetype count = m_store->ids().size();
         restart();
@@ -126,9 +152,9 @@ private Q_SLOTS:
         const QString last = m_store->order(m_store->ids().last())->number;
         const QString prefix = QStringLiteral("ZAM/2026/");
         QVERIFY(last.startsWith(prefix));
-        QCOMPARE(m_store->save(newOrder()).number.sliced(prefix.size()).toInt(),
+        QCOMPARE(save(*m_store, newOrder()).number.sliced(prefix.size()).toInt(),
                  last.sliced(prefix.size()).toInt() + 1);
-        QCOMPARE(m_store->save(newOrder()).number.sliced(prefix.size()).toInt(),
+        QCOMPARE(save(*m_store, newOrder()).number.sliced(prefix.size()).toInt(),
                  last.sliced(prefix.size()).toInt() + 2);
     }
 
@@ -137,14 +163,14 @@ private Q_SLOTS:
         Order order = newOrder();
         order.date = QDate(2031, 1, 2);
         order.delivery = std::nullopt;
-        QCOMPARE(m_store->save(order).number, QStringLiteral("ZAM/2031/0001"));
+        QCOMPARE(save(*m_store, order).number, QStringLiteral("ZAM/2031/0001"));
     }
 
     void numbersGoOnBehindFourDigits()
     {
         execute(*m_store, QStringLiteral("UPDATE orders SET number = 'ZAM/2026/9999' WHERE id = 1000"));
-        QCOMPARE(m_store->save(newOrder()).number, QStringLiteral("ZAM/2026/10000"));
-        QCOMPARE(m_store->save(newOrder()).number, QStringLiteral("ZAM/2026/10001"));
+        QCOMPARE(save(*m_store, newOrder()).number, QStringLiteral("ZAM/2026/10000"));
+        QCOMPARE(save(*m_store, newOrder()).number, QStringLiteral("ZAM/2026/10001"));
     }
 
     void aChangeTouchesOnlyWhatTheDeskEdits()
@@ -154,7 +180,7 @@ private Q_SLOTS:
         Order order = m_store->order(id).value();
         order.customer = std::nullopt;
         order.remarks.clear();
-        m_store->save(order);
+        save(*m_store, order);
         QVERIFY(m_store->order(id) == order);
         const QVariantList after = row(id);
         QCOMPARE(after, before); // dates, priority, colour of the label, lines
@@ -164,14 +190,14 @@ private Q_SLOTS:
     {
         Order order = newOrder();
         order.customer = std::nullopt;
-        const Order saved = m_store->save(order);
+        const Order saved = save(*m_store, order);
         QVERIFY(!m_store->order(saved.id)->customer);
     }
 
     void aRemovedOrderIsGoneWithItsLines()
     {
         const qint64 id = m_store->ids().first();
-        m_store->remove(id);
+        QCOMPARE(int(m_store->remove(m_store->order(id).value()).kind), int(Kind::Done));
         QVERIFY(!m_store->order(id));
         QVERIFY(!m_store->ids().contains(id));
         QSqlQuery lines(QStringLiteral("SELECT count(*) FROM order_lines WHERE order_id = %1").arg(id),
@@ -180,16 +206,56 @@ private Q_SLOTS:
         QCOMPARE(lines.value(0).toInt(), 0);
     }
 
-    void savingAnOrderThatIsGoneIsAnError()
+    void savingAnOrderThatIsGoneChangesNothing()
     {
-        const Order order = m_store->order(1).value();
-        m_store->remove(1);
-        try {
-            m_store->save(order);
-            QFAIL("saved");
-        } catch (const orders::StoreError &error) {
-            QVERIFY(error.text().contains(order.number));
-        }
+        const Order loaded = m_store->order(1).value();
+        Order order = loaded;
+        order.remarks = QStringLiteral("nowe");
+        QCOMPARE(int(m_store->remove(loaded).kind), int(Kind::Done));
+        QCOMPARE(int(m_store->save(order, loaded).kind), int(Kind::DeletedMeanwhile));
+        QCOMPARE(int(m_store->remove(loaded).kind), int(Kind::DeletedMeanwhile));
+        QVERIFY(!m_store->order(1));
+    }
+
+    void savingOverAnothersChangeChangesNothing()
+    {
+        const Order loaded = m_store->order(1).value();
+        runChild(QStringLiteral("--save-discount")); // another process, on the same file
+        Order order = loaded;
+        order.remarks = QStringLiteral("nowe");
+        const orders::Outcome outcome = m_store->save(order, loaded);
+        QCOMPARE(int(outcome.kind), int(Kind::ChangedMeanwhile));
+        QCOMPARE(outcome.order.discount, std::optional(12.5));
+        QVERIFY(m_store->order(1) == outcome.order);
+        QCOMPARE(outcome.order.remarks, loaded.remarks);
+        QCOMPARE(int(m_store->remove(loaded).kind), int(Kind::ChangedMeanwhile));
+        QVERIFY(m_store->order(1));
+        order.discount = outcome.order.discount;
+        QCOMPARE(int(m_store->save(order, outcome.order).kind), int(Kind::Done));
+        QVERIFY(m_store->order(1) == order);
+    }
+
+    void aBusyFileIsToldInWords()
+    {
+        OrderStore other(m_file);
+        execute(other, QStringLiteral("BEGIN IMMEDIATE"));
+        execute(*m_store, QStringLiteral("PRAGMA busy_timeout = 0"));
+        const Order before = m_store->order(1).value();
+        expectError([&] { (void)m_store->save(before, before); }, "Z bazy korzysta teraz inny program");
+        execute(other, QStringLiteral("ROLLBACK"));
+        QCOMPARE(int(m_store->save(before, before).kind), int(Kind::Done));
+    }
+
+    void aFullDiskIsToldInWordsAndLosesNothing()
+    {
+        execute(*m_store, QStringLiteral("PRAGMA max_page_count = 1")); // the file may not grow: as on a full disk
+        Order order = newOrder();
+        order.remarks = QString(100000, u'x');
+        const QList<qint64> ids = m_store->ids();
+        expectError([&] { (void)m_store->add(order); }, "Na dysku z plikiem bazy nie ma już miejsca");
+        QCOMPARE(m_store->ids(), ids);
+        execute(*m_store, QStringLiteral("PRAGMA max_page_count = 1000000"));
+        QVERIFY(m_store->order(m_store->add(order).id));
     }
 
     void aRefusedSaveChangesNothing()
@@ -198,9 +264,9 @@ private Q_SLOTS:
         Order order = before;
         order.customer = 999999; // who does not exist
         order.total = 5;
-        QVERIFY_THROWS_EXCEPTION(orders::StoreError, m_store->save(order));
+        QVERIFY_THROWS_EXCEPTION(orders::StoreError, save(*m_store, order));
         QVERIFY(m_store->order(1) == before);
-        QVERIFY(m_store->save(newOrder()).id > 0); // and the store goes on working
+        QVERIFY(save(*m_store, newOrder()).id > 0); // and the store goes on working
     }
 
     void aFileThatIsNoDatabaseIsAnError()
@@ -212,6 +278,101 @@ private Q_SLOTS:
         file.close();
         QVERIFY_THROWS_EXCEPTION(orders::StoreError, OrderStore{name});
         QCOMPARE(QFileInfo(name).size(), 2400);
+    }
+
+    void aForeignDatabaseIsLeftAsItWas_data()
+    {
+        QTest::addColumn<QStringList>("statements");
+        const QString tables = QStringLiteral("CREATE TABLE orders (id INTEGER PRIMARY KEY, note TEXT)");
+        QTest::newRow("tables of its own") << QStringList{tables};
+        QTest::newRow("a version of its own") << QStringList{tables, QStringLiteral("PRAGMA user_version = 1")};
+        QTest::newRow("a high version of its own") << QStringList{QStringLiteral("PRAGMA user_version = 7")};
+        QTest::newRow("another program's mark") << QStringList{QStringLiteral("PRAGMA application_id = 7")};
+        QTest::newRow("a log of its own") << QStringList{QStringLiteral("PRAGMA journal_mode = WAL"), tables};
+        QTest::newRow("ours, of a newer program") << QStringList{QStringLiteral("PRAGMA application_id = 1332896882"),
+                                                                 QStringLiteral("PRAGMA user_version = 3")};
+    }
+    void aForeignDatabaseIsLeftAsItWas()
+    {
+        QFETCH(const QStringList, statements);
+        const QTemporaryDir folder;
+        const QString name = folder.filePath(QStringLiteral("obca baza?.sqlite")); // no address takes it as it is
+        make(name, statements);
+        const auto state = [&] {
+            QFile file(name);
+            (void)file.open(QIODevice::ReadOnly);
+            return std::pair(file.readAll(), QDir(folder.path()).entryList(QDir::Files | QDir::Hidden));
+        };
+        const auto before = state();
+        QVERIFY(before.first.size() > 0);
+        expectError([&] { const OrderStore store(name); }, "Pozostał bez zmian");
+        QVERIFY(state() == before);
+    }
+
+    void aFileOfTheFirstProgramIsBroughtUpToDate()
+    {
+        m_store.reset();
+        const QTemporaryDir folder;
+        const QString name = folder.filePath(QStringLiteral("dawna.sqlite"));
+        QVERIFY(QFile::copy(m_file, name));
+        makeOld(name);
+        const QList<QVariantList> before = rows(name, QStringLiteral("SELECT * FROM orders ORDER BY id"));
+        const QList<QVariantList> lines = rows(name, QStringLiteral("SELECT * FROM order_lines ORDER BY 1, 2"));
+        QVERIFY(before.size() >= 1000 && lines.size() >= 1000);
+        {
+            OrderStore store(name);
+            Order order = store.order(1).value();
+            order.discount = std::nullopt;
+            QVERIFY(!save(store, order).discount);
+            checkIntegrity(store);
+            order.customer = 999999;
+            QVERIFY_THROWS_EXCEPTION(orders::StoreError, save(store, order)); // references are still held
+        }
+        QVERIFY(OrderStore(name).order(1)); // and once more, as it is now
+        QList<QVariantList> after = rows(name, QStringLiteral("SELECT * FROM orders ORDER BY id"));
+        QVERIFY(after.first().at(6).isNull());
+        after.first()[6] = before.first().at(6);
+        QVERIFY(after == before);
+        QVERIFY(rows(name, QStringLiteral("SELECT * FROM order_lines ORDER BY 1, 2")) == lines);
+        const QString schema = QStringLiteral("SELECT type, name, sql FROM sqlite_master ORDER BY 1, 2");
+        QVERIFY(rows(name, schema) == rows(m_file, schema));
+        for (const char *pragma : {"PRAGMA application_id", "PRAGMA user_version"})
+            QVERIFY(rows(name, QLatin1String(pragma)) == rows(m_file, QLatin1String(pragma)));
+    }
+
+    void whatWasNotEnteredStaysSo()
+    {
+        Order order = newOrder();
+        order.discount = std::nullopt;
+        order.advance = std::nullopt;
+        order.total = std::nullopt;
+        order.customer = std::nullopt;
+        order.delivery = std::nullopt;
+        order.remarks.clear();
+        const Order saved = m_store->add(order);
+        restart();
+        QVERIFY(m_store->order(saved.id) == saved);
+        const QList<QVariantList> row = rows(
+            m_file, QStringLiteral("SELECT discount, advance, total, customer_id, delivery_date, remarks FROM orders "
+                                   "ORDER BY id DESC LIMIT 1"));
+        for (const QVariant &value : row.first())
+            QVERIFY(value.isNull());
+    }
+
+    void anEmptySearchGivesTheNewestAndAll_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("nothing typed yet") << QString();
+        QTest::newRow("deleted again") << QStringLiteral("");
+        QTest::newRow("blanks only") << QStringLiteral("  ");
+    }
+    void anEmptySearchGivesTheNewestAndAll()
+    {
+        QFETCH(const QString, text);
+        const QList<orders::FoundOrder> found = m_store->find(text, 50);
+        QCOMPARE(found.size(), 50);
+        QCOMPARE(found.first().id, m_store->ids().last());
+        QCOMPARE(m_store->findCustomers(text, 1000).size(), 240);
     }
 
     void aFileInAMissingFolderIsAnError()
@@ -271,7 +432,7 @@ private Q_SLOTS:
             QVERIFY(lines.size() >= 2);
             const qint64 reported = lines.at(lines.size() - 2).toLongLong(); // the last whole line
             const OrderStore store(m_file);
-            const qint64 found = store.order(1)->total;
+            const qint64 found = store.order(1)->total.value_or(-1);
             QVERIFY2(found >= reported && found <= reported + 1,
                      qPrintable(QStringLiteral("%1 reported, %2 found").arg(reported).arg(found)));
             checkIntegrity(store);
@@ -302,9 +463,9 @@ private Q_SLOTS:
     void twoDesksWorkOnOneFile()
     {
         OrderStore other(m_file);
-        const Order saved = other.save(newOrder());
+        const Order saved = save(other, newOrder());
         QVERIFY(m_store->order(saved.id) == saved);
-        QVERIFY(m_store->save(newOrder()).number != saved.number);
+        QVERIFY(save(*m_store, newOrder()).number != saved.number);
     }
 
 private:
@@ -336,6 +497,84 @@ private:
         QCOMPARE(query.value(0).toString(), QStringLiteral("ok"));
     }
 
+    static void expectError(const std::function<void()> &work, const char *words)
+    {
+        try {
+            work();
+        } catch (const orders::StoreError &error) {
+            QVERIFY2(error.text().contains(QString::fromUtf8(words)), qPrintable(error.text()));
+            return;
+        }
+        QFAIL("no error");
+    }
+
+    //! A database made by someone else.
+    static void make(const QString &fileName, const QStringList &statements)
+    {
+        withDatabase(fileName, [&](const QSqlDatabase &connection) {
+            QSqlQuery query(connection);
+            for (const QString &statement : statements)
+                QVERIFY2(query.exec(statement), qPrintable(statement + query.lastError().text()));
+        });
+    }
+
+    //! The file as the first program made it: NULL was refused, and nothing told whose file it is.
+    static void makeOld(const QString &fileName)
+    {
+        QString table = rows(fileName, QStringLiteral("SELECT sql FROM sqlite_master WHERE name = 'orders'"))
+                            .first()
+                            .first()
+                            .toString();
+        table.replace(QStringLiteral("discount      REAL"), QStringLiteral("discount      REAL NOT NULL DEFAULT 0"));
+        table.replace(QStringLiteral("advance       INTEGER"),
+                      QStringLiteral("advance       INTEGER NOT NULL DEFAULT 0"));
+        table.replace(QStringLiteral("total         INTEGER"),
+                      QStringLiteral("total         INTEGER NOT NULL DEFAULT 0"));
+        QCOMPARE(table.count(QStringLiteral("NOT NULL DEFAULT 0")), 3);
+        make(fileName,
+             {QStringLiteral("PRAGMA legacy_alter_table = ON"), QStringLiteral("ALTER TABLE orders RENAME TO old"),
+              table, QStringLiteral("INSERT INTO orders SELECT * FROM old"), QStringLiteral("DROP TABLE old"),
+              QStringLiteral("CREATE INDEX orders_by_customer ON orders (customer_id)"),
+              QStringLiteral("CREATE INDEX orders_by_date ON orders (order_date)"),
+              QStringLiteral("PRAGMA application_id = 0"), QStringLiteral("PRAGMA user_version = 1")});
+    }
+
+    static QList<QVariantList> rows(const QString &fileName, const QString &statement)
+    {
+        QList<QVariantList> all;
+        withDatabase(fileName, [&](const QSqlDatabase &connection) {
+            QSqlQuery query(connection);
+            QVERIFY2(query.exec(statement), qPrintable(query.lastError().text()));
+            while (query.next()) {
+                QVariantList row;
+                for (int column = 0; column < query.record().count(); ++column)
+                    row << query.value(column);
+                all << row;
+            }
+        });
+        return all;
+    }
+
+    static void withDatabase(const QString &fileName, const std::function<void(const QSqlDatabase &)> &work)
+    {
+        const QString name = QStringLiteral("someone");
+        {
+            QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+            connection.setDatabaseName(fileName);
+            if (connection.open())
+                work(connection);
+        }
+        QSqlDatabase::removeDatabase(name);
+    }
+
+    void runChild(const QString &what)
+    {
+        QProcess child;
+        child.start(QCoreApplication::applicationFilePath(), {what, m_file});
+        QVERIFY(child.waitForFinished());
+        QCOMPARE(child.exitCode(), 0);
+    }
+
     void runToItsDeath(const QString &how)
     {
         QProcess child;
@@ -357,6 +596,8 @@ int main(int argc, char **argv)
         const QString file = QString::fromLocal8Bit(argv[2]);
         if (qstrcmp(argv[1], "--save-forever") == 0)
             return saveForever(file);
+        if (qstrcmp(argv[1], "--save-discount") == 0)
+            return saveDiscount(file);
         if (qstrcmp(argv[1], "--die-in-mid-save") == 0)
             return dieInMidSave(file);
         if (qstrcmp(argv[1], "--die-in-mid-creation") == 0)

@@ -7,7 +7,9 @@
 -- money are whole grosze. Dates are ISO texts. Every statement ends with a semicolon at the end of a line, and no other
 -- line ends with one. To be run in one transaction; foreign keys are switched on by the program for each connection.
 
-PRAGMA user_version = 1;
+-- "Ordr", by which the program knows its own files.
+PRAGMA application_id = 1332896882;
+PRAGMA user_version = 2;
 
 CREATE TABLE customer_groups (
     id   INTEGER PRIMARY KEY,
@@ -57,8 +59,9 @@ CREATE TABLE products (
 CREATE INDEX products_by_name ON products (sort_name);
 CREATE INDEX products_by_category ON products (category_id);
 
--- An order may still be without its customer. Codes of payment terms: G cash, K card, Z on delivery, P7, P14, P30 and
--- P60 transfer within so many days. label_color is &HBBGGRR, NULL for no label.
+-- An order may still be without its customer, discount, advance and total: NULL is "not entered", which is not 0. Codes
+-- of payment terms: G cash, K card, Z on delivery, P7, P14, P30 and P60 transfer within so many days. label_color is
+-- &HBBGGRR, NULL for no label.
 CREATE TABLE orders (
     id            INTEGER PRIMARY KEY,
     number        TEXT NOT NULL UNIQUE CHECK (number GLOB 'ZAM/[0-9][0-9][0-9][0-9]/[0-9][0-9][0-9][0-9]*'),
@@ -66,9 +69,9 @@ CREATE TABLE orders (
     order_date    TEXT NOT NULL CHECK (order_date IS date(order_date)),
     delivery_date TEXT CHECK (delivery_date IS date(delivery_date) AND delivery_date >= order_date),
     payment_terms TEXT NOT NULL DEFAULT 'P14' CHECK (payment_terms IN ('G', 'K', 'Z', 'P7', 'P14', 'P30', 'P60')),
-    discount      REAL NOT NULL DEFAULT 0 CHECK (discount BETWEEN 0 AND 100),
-    advance       INTEGER NOT NULL DEFAULT 0 CHECK (advance >= 0),
-    total         INTEGER NOT NULL DEFAULT 0 CHECK (total >= 0),
+    discount      REAL CHECK (discount BETWEEN 0 AND 100),
+    advance       INTEGER CHECK (advance >= 0),
+    total         INTEGER CHECK (total >= 0),
     priority      INTEGER NOT NULL DEFAULT 3 CHECK (priority BETWEEN 1 AND 5),
     remarks       TEXT,
     label_color   INTEGER CHECK (label_color BETWEEN 0 AND 16777215)

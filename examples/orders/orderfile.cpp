@@ -1,0 +1,175 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "orderfile.h"
+
+#include "statement.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QUrl>
+#include <QtCore/QUuid>
+#include <QtSql/QSqlError>
+
+#include <initializer_list>
+#include <optional>
+
+namespace orders {
+
+namespace {
+
+constexpr int applicationId = 0x4f726472; // as in schema.sql
+constexpr int currentVersion = 2;
+
+int numberOf(const QSqlDatabase &connection, const QString &doing, const QString &statement)
+{
+    QSqlQuery query = run(connection, doing, statement);
+    return query.next() ? query.value(0).toInt() : 0;
+}
+
+//! What a database says it is.
+struct Identity {
+    int application = 0;
+    int version = 0;
+    int tables = 0;
+    int ownTables = 0;
+
+    [[nodiscard]] bool isEmpty() const { return application == 0 && version == 0 && tables == 0; }
+    //! The first files had no application's number yet.
+    [[nodiscard]] bool isOurs() const
+    {
+        constexpr int needed = 4;
+        return application == applicationId || (application == 0 && version == 1 && ownTables == needed);
+    }
+};
+
+Identity identityOf(const QSqlDatabase &connection, const QString &doing)
+{
+    const QString tables = QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'table'");
+    return {numberOf(connection, doing, QStringLiteral("PRAGMA application_id")),
+            numberOf(connection, doing, QStringLiteral("PRAGMA user_version")), numberOf(connection, doing, tables),
+            numberOf(connection, doing,
+                     tables + QStringLiteral(" AND name IN ('customers', 'orders', 'order_lines', 'products')"))};
+}
+
+void refuseForeign(const Identity &identity, const QString &doing)
+{
+    if (!identity.isEmpty() && !identity.isOurs())
+        throw StoreError(doing, QStringLiteral("Ten plik nie jest bazą zamówień. Pozostał bez zmian."));
+    if (identity.version > currentVersion)
+        throw StoreError(doing, QStringLiteral("Ten plik pochodzi z nowszej wersji programu. Pozostał bez zmian."));
+}
+
+//! Looks at a file without a lock, a log or any other trace. A file that does not exist is nobody's. Nothing is said of
+//! one that can't be read so because a program was killed over it: the log beside it has to be read first.
+void refuseForeignFile(const QString &fileName, const QString &doing)
+{
+    if (QFileInfo(fileName).size() == 0)
+        return;
+    const QString name = QUuid::createUuid().toString();
+    try {
+        QSqlDatabase look = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        QUrl address = QUrl::fromLocalFile(QFileInfo(fileName).absoluteFilePath());
+        address.setQuery(QStringLiteral("immutable=1"));
+        look.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_OPEN_READONLY"));
+        look.setDatabaseName(address.toString(QUrl::FullyEncoded));
+        if (!look.open())
+            throw StoreError(doing, look.lastError());
+        const std::optional<Identity> identity = [&]() -> std::optional<Identity> {
+            try {
+                return identityOf(look, doing);
+            } catch (const StoreError &) {
+                if (QFileInfo::exists(fileName + QStringLiteral("-wal")) ||
+                    QFileInfo::exists(fileName + QStringLiteral("-journal")))
+                    return std::nullopt;
+                throw;
+            }
+        }();
+        if (identity)
+            refuseForeign(*identity, doing);
+    } catch (...) {
+        QSqlDatabase::removeDatabase(name);
+        throw;
+    }
+    QSqlDatabase::removeDatabase(name);
+}
+
+QStringList statementsOf(const QString &script, const QString &doing)
+{
+    QFile file(QStringLiteral(":/orders/data/%1.sql").arg(script));
+    if (!file.open(QIODevice::ReadOnly))
+        throw StoreError(doing, file.errorString());
+    return QString::fromUtf8(file.readAll()).trimmed().split(QStringLiteral(";\n"));
+}
+
+void create(const QSqlDatabase &connection, const QString &doing)
+{
+    for (const QString &script : {QStringLiteral("schema"), QStringLiteral("seed")}) {
+        for (const QString &statement : statementsOf(script, doing))
+            run(connection, doing, statement);
+    }
+}
+
+//! Version 1 took 0 for a discount, an advance or a total that was not entered. Its orders move into the table as it is
+//! now; the old table stays until all of them are there.
+void upgradeFrom1(const QSqlDatabase &connection, const QString &doing)
+{
+    const int before = numberOf(connection, doing, QStringLiteral("SELECT count(*) FROM orders"));
+    run(connection, doing, QStringLiteral("ALTER TABLE orders RENAME TO orders_1"));
+    const QStringList statements = statementsOf(QStringLiteral("schema"), doing);
+    const auto runThose = [&](const QString &beginning) {
+        for (const QString &statement : statements) {
+            if (statement.contains(beginning))
+                run(connection, doing, statement);
+        }
+    };
+    runThose(QStringLiteral("CREATE TABLE orders ("));
+    const QString columns =
+        QStringLiteral("id, number, customer_id, order_date, delivery_date, payment_terms, discount, "
+                       "advance, total, priority, remarks, label_color");
+    run(connection, doing, QStringLiteral("INSERT INTO orders (%1) SELECT %1 FROM orders_1").arg(columns));
+    run(connection, doing, QStringLiteral("DROP TABLE orders_1"));
+    runThose(QStringLiteral("CREATE INDEX orders_by_"));
+    runThose(QStringLiteral("PRAGMA "));
+    const bool isWhole = numberOf(connection, doing, QStringLiteral("SELECT count(*) FROM orders")) == before;
+    if (!isWhole || run(connection, doing, QStringLiteral("PRAGMA foreign_key_check")).next())
+        throw StoreError(doing, QStringLiteral("Danych nie udało się przenieść. Plik pozostał bez zmian."));
+}
+
+//! Brings the file up to date while no other desk can come in between.
+void bringUpToDate(const QSqlDatabase &connection, const QString &doing)
+{
+    Transaction transaction(connection, doing);
+    const Identity identity = identityOf(connection, doing);
+    refuseForeign(identity, doing);
+    if (identity.isEmpty())
+        create(connection, doing);
+    else if (identity.version == 1)
+        upgradeFrom1(connection, doing);
+    else
+        return;
+    transaction.commit();
+}
+
+} // namespace
+
+void openOrderFile(QSqlDatabase &connection, const QString &fileName)
+{
+    const QString doing = QStringLiteral("Otwarcie bazy %1").arg(fileName);
+    refuseForeignFile(fileName, doing);
+    connection.setDatabaseName(fileName);
+    if (!connection.open())
+        throw StoreError(doing, connection.lastError());
+    const auto pragmas = [&](std::initializer_list<const char *> all) {
+        for (const char *pragma : all)
+            run(connection, doing, QStringLiteral("PRAGMA ") + QLatin1String(pragma));
+    };
+    refuseForeign(identityOf(connection, doing), doing);
+    // A commit waits for the disk; the write-ahead log keeps readers and the rest of the file out of its way.
+    pragmas({"journal_mode = WAL", "synchronous = FULL"});
+    // A table that moves keeps the references of the others, and takes none of their rows with it.
+    pragmas({"foreign_keys = OFF", "legacy_alter_table = ON"});
+    bringUpToDate(connection, doing);
+    pragmas({"legacy_alter_table = OFF", "foreign_keys = ON"});
+}
+
+} // namespace orders

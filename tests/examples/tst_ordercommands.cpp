@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "examples/orderdesk.h"
+
+#include <KorDaoUC/KorCombo>
+
+#include <QtGui/QImage>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QTreeWidget>
+
+using namespace orders::test;
+
+//! What a clerk meets who gives commands by key and types on.
+class tst_OrderCommands : public OrderDesk
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { open(); }
+    void cleanup() { close(); }
+
+    void afterEveryCommandTheFieldIsAsIfEntered_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("answer");
+
+        const int noQuestion = 0;
+        // clang-format off
+        QTest::newRow("save a number")        << "numTotal"    << "7000,5" << int(Qt::Key_S)        << noQuestion;
+        QTest::newRow("save a date")          << "datDelivery" << "011226" << int(Qt::Key_S)        << noQuestion;
+        QTest::newRow("save remarks")         << "txtRemarks"  << "pilne"  << int(Qt::Key_S)        << noQuestion;
+        QTest::newRow("save a priority")      << "spnPriority" << "4"      << int(Qt::Key_S)        << noQuestion;
+        QTest::newRow("undo a number")        << "numTotal"    << "7"      << int(Qt::Key_R)        << noQuestion;
+        QTest::newRow("undo a half date")     << "datDelivery" << "0112"   << int(Qt::Key_R)        << noQuestion;
+        QTest::newRow("next")                 << "numTotal"    << ""       << int(Qt::Key_PageDown) << noQuestion;
+        QTest::newRow("previous at the end")  << "numTotal"    << ""       << int(Qt::Key_PageUp)   << noQuestion;
+        QTest::newRow("last")                 << "datOrder"    << ""       << int(Qt::Key_End)      << noQuestion;
+        QTest::newRow("next, saved")          << "numTotal"    << "7000"   << int(Qt::Key_PageDown) << int(Qt::Key_Z);
+        QTest::newRow("next, not saved")      << "numTotal"    << "7000"   << int(Qt::Key_PageDown) << int(Qt::Key_N);
+        QTest::newRow("next, stayed")         << "numTotal"    << "7000"   << int(Qt::Key_PageDown) << int(Qt::Key_A);
+        QTest::newRow("delete")               << "numAdvance"  << ""       << int(Qt::Key_Delete)   << int(Qt::Key_U);
+        // clang-format on
+    }
+    void afterEveryCommandTheFieldIsAsIfEntered()
+    {
+        QFETCH(const QString, name);
+        QFETCH(const QString, typed);
+        QFETCH(const int, key);
+        QFETCH(const int, answer);
+        focus(qPrintable(name));
+        auto *box = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        QVERIFY(box);
+        type(typed);
+        if (answer != 0)
+            m_clerk->willPress({answer});
+        press(static_cast<Qt::Key>(key), Qt::ControlModifier);
+        QTRY_VERIFY(m_window->isActiveWindow());
+        QCOMPARE(QApplication::focusWidget(), box);
+        const QString afterwards = kor::test::field(box);
+        m_window->form().setFocus(); // out of the field and in again
+        focus("clrLabel");
+        focus(qPrintable(name));
+        if (answer != int(Qt::Key_A)) // what is typed and neither saved nor given up stands as it was typed
+            QCOMPARE(afterwards, kor::test::field(box));
+        QVERIFY2(afterwards.startsWith(u'[') && afterwards.endsWith(u']'), qPrintable(afterwards));
+    }
+
+    void theNextDigitAfterSavingReplacesTheNumber()
+    {
+        focus("numTotal");
+        type(QStringLiteral("5000"));
+        press(Qt::Key_S, Qt::ControlModifier);
+        type(QStringLiteral("7"));
+        QCOMPARE(number("numTotal")->Text(), QStringLiteral("7"));
+    }
+
+    void theFirstFieldShowsThatItHasTheFocus()
+    {
+        auto *list = part<KorCombo>("cmbCustomer")->findChild<QComboBox *>();
+        const QImage atTheStart = list->grab().toImage();
+        press(Qt::Key_Tab);
+        const QImage without = list->grab().toImage();
+        press(Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(focusName(), QStringLiteral("cmbCustomer"));
+        QVERIFY(atTheStart == list->grab().toImage());
+        QVERIFY(atTheStart != without);
+    }
+
+    void searchesOpenWithSomethingToChoose()
+    {
+        const auto look = [this](const char *name, Qt::Key key, Qt::KeyboardModifiers modifiers, int count) {
+            QList<int> counts;
+            QTimer::singleShot(100, this, [&counts] {
+                const auto *list = QApplication::activeModalWidget()->findChild<QTreeWidget *>();
+                counts << list->topLevelItemCount();
+                QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("qqq"));
+                counts << list->topLevelItemCount();
+                for (int erased = 0; erased < 3; ++erased)
+                    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backspace);
+                counts << list->topLevelItemCount();
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+            });
+            focus(name);
+            press(key, modifiers);
+            QCOMPARE(counts, (QList<int>{count, 0, count}));
+            QTRY_VERIFY(m_window->isActiveWindow());
+        };
+        look("cmbCustomer", Qt::Key_F, Qt::ControlModifier, 200); // the newest
+        look("clkAddress", Qt::Key_F4, Qt::NoModifier, 240);      // all of them
+    }
+};
+
+QTEST_MAIN(tst_OrderCommands)
+#include "tst_ordercommands.moc"
