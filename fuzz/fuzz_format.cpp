@@ -16,7 +16,7 @@ namespace {
 
 QVariant takeValue(FuzzInput &input)
 {
-    switch (input.take<uint8_t>() % 9) {
+    switch (input.take<uint8_t>() % 10) {
     case 0: return kor::null();
     case 1: return {};
     case 2: return input.take<uint8_t>() % 2 == 0;
@@ -25,6 +25,7 @@ QVariant takeValue(FuzzInput &input)
     case 5: return QVariant::fromValue(kor::Currency::fromTenThousandths(input.take<qint64>()));
     case 6: return QDate::fromJulianDay(2'415'019 + input.take<int>() % 5'000'000);
     case 7: return input.takeText();
+    case 8: return input.take<qint64>();
     default: return input.take<double>();
     }
 }

@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "fuzzinput.h"
 
+#include <KorDaoUC/Arithmetic>
 #include <KorDaoUC/Compare>
 #include <KorDaoUC/Convert>
+#include <KorDaoUC/Format>
 #include <KorDaoUC/RunTimeError>
+#include <KorDaoUC/Variant>
 
 #include <cmath>
 #include <optional>
@@ -39,7 +42,8 @@ void checkText(const QString &text, const kor::Locale &locale)
         const QString written = kor::CStr(QVariant::fromValue(*amount), locale);
         require(kor::CCur(written, locale) == *amount, "CCur reads what CStr writes", written);
     }
-    if (number)
+    // At 2^53 a text may say the next integer, of which there is no Double.
+    if (number && std::fabs(*number) != 0x1p53)
         require(kor::looselyEqual(text, *number, locale), "a numeric text equals its number", text);
 }
 
@@ -54,6 +58,38 @@ void checkNumber(double number, const kor::Locale &locale)
         require(read && kor::CStr(*read, locale) == written, "CDbl reads what CStr writes", written);
 }
 
+//! A 64-bit integer beside others: a text that reads back, and an order that is the integers' own.
+void checkWholes(qint64 left, qint64 right, double number, const kor::Locale &locale)
+{
+    const auto orderOf = [](const QVariant &a, const QVariant &b) { return *kor::compare(a, b); };
+    const QVariant leftValue(left);
+    const QVariant rightValue(right);
+    require(orderOf(leftValue, rightValue) == (left <=> right), "integers compare as integers");
+    require(kor::strictlyEqual(leftValue, rightValue) == (left == right), "integers are equal as integers");
+    if (kor::variantType(kor::normalized(leftValue)) == kor::VariantType::LongLong) {
+        const QString written = kor::CStr(leftValue, locale);
+        require(written == QString::number(left), "CStr writes all digits", written);
+        require(kor::Format(leftValue, u"0", locale) == written, "so does a mask", written);
+        require(kor::looselyEqual(written, leftValue, locale), "the text equals its integer", written);
+        require(left == right || !kor::looselyEqual(written, rightValue, locale), "and no other", written);
+    }
+    if (std::isnan(number))
+        return;
+    // What lies between two values in the order lies between them as numbers.
+    const auto beside = orderOf(leftValue, number);
+    require(beside == (static_cast<long double>(left) <=> static_cast<long double>(number)), "exact beside a Double");
+    if (orderOf(leftValue, rightValue) <= 0 && orderOf(rightValue, number) <= 0)
+        require(beside <= 0, "the order is transitive");
+    try {
+        const QVariant sum = kor::add(leftValue, rightValue, locale);
+        qint64 exact = 0;
+        if (!qAddOverflow(left, right, &exact) && kor::variantType(sum) == kor::VariantType::LongLong)
+            require(sum.toLongLong() == exact, "sums of integers are exact");
+    } catch (const kor::RunTimeError &) {
+        require(false, "sums of integers raise nothing");
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, std::size_t size)
@@ -63,5 +99,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, std::size_t size)
     const auto number = input.take<double>();
     checkText(input.takeText(), locale);
     checkNumber(number, locale);
+    const auto left = input.take<qint64>();
+    const auto right = input.take<qint64>();
+    checkWholes(left, right, number, locale);
+    checkWholes(left, left + (left < right ? 1 : 0), static_cast<double>(left), locale); // the closest there are
     return 0;
 }

@@ -102,8 +102,11 @@ bool looselyEqual(const QVariant &left, const QVariant &right, const Locale &loc
         return false;
     const QVariant &number = leftText ? right : left;
     const ExactNumber exact = reading.toExact();
-    if (exact.isWhole)
-        return std::is_eq(compareExactly(exact, exactNumberOf(number)));
+    const ExactNumber beside = exactNumberOf(number);
+    // A Double beyond 2^53 stands for all that is rounded to it, also for its own text of fifteen digits.
+    constexpr double exactInDouble = 0x1p53;
+    if (exact.isWhole && (beside.isWhole || std::fabs(beside.number) <= exactInDouble))
+        return std::is_eq(compareExactly(exact, beside));
     return std::is_eq(compareNumbers(exact.number, number));
 }
 

@@ -234,6 +234,8 @@ void tst_Compare::equalities_data()
     row("highest 64 bits and text",         std::numeric_limits<qlonglong>::max(), QStringLiteral("9223372036854775807"), false, true);
     row("a text beyond 64 bits",            std::numeric_limits<qlonglong>::max(), QStringLiteral("9223372036854775808"), false, false);
     row("a Double and a text told apart",   9007199254740992.0, QStringLiteral("9007199254740993"), false, false);
+    row("a large Double and its own text",  9.12345678901235e18, QStringLiteral("9,12345678901235E+18"), false, true);
+    row("a large Double and what is rounded to it", 1e18,   QStringLiteral("1000000000000000001"), false, true);
     row("not a number",                     std::numeric_limits<double>::quiet_NaN(), 1.0, false, false);
     // clang-format on
 }

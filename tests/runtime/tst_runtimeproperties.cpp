@@ -18,6 +18,7 @@
 #include <cmath>
 #include <cstring>
 #include <functional>
+#include <limits>
 #include <random>
 
 using kor::Locale;
@@ -58,6 +59,7 @@ private Q_SLOTS:
     void everyDayReadsBack();
     void everySecondReadsBack();
     void comparisonIsAnOrder();
+    void wholesAreOrderedAndWrittenExactly();
     void equalitiesAgree();
     void textsMatchThemselves();
 };
@@ -200,6 +202,45 @@ void tst_RuntimeProperties::equalitiesAgree()
         QVERIFY(kor::strictlyEqual(number, number) && kor::looselyEqual(number, number, polish));
         QVERIFY(!kor::strictlyEqual(text, shown));
         QVERIFY(std::fabs(number) > 1.7976931348623e308 || kor::looselyEqual(text, shown, polish));
+    }
+}
+
+//! 64-bit integers around the borders of the types and anywhere, beside each other and beside Doubles.
+void tst_RuntimeProperties::wholesAreOrderedAndWrittenExactly()
+{
+    std::mt19937_64 random(53);
+    std::vector<qint64> wholes;
+    const qint64 borders[] = {0,
+                              qint64(1) << 31,
+                              qint64(1) << 53,
+                              (qint64(1) << 53) + 1000,
+                              qint64(1) << 62,
+                              std::numeric_limits<qint64>::max() - 2};
+    for (const qint64 border : borders) {
+        for (qint64 step = -2; step <= 2; ++step) {
+            wholes.push_back(border + step);
+            wholes.push_back(-border + step);
+        }
+    }
+    wholes.push_back(std::numeric_limits<qint64>::min());
+    for (int i = 0; i < 200; ++i)
+        wholes.push_back(static_cast<qint64>(random()) >> (random() % 12));
+    const Locale polish = Locale::polish();
+    for (const qint64 left : wholes) {
+        const QVariant value = kor::normalized(left);
+        const bool isBeyond = kor::variantType(value) == kor::VariantType::LongLong;
+        QCOMPARE(isBeyond, left > (qint64(1) << 53) || left < -(qint64(1) << 53));
+        const QString written = kor::CStr(value, polish);
+        QVERIFY(!isBeyond || written == QString::number(left));
+        for (const qint64 right : wholes) {
+            const auto order = kor::compare(value, right);
+            QVERIFY(order && *order == (left <=> right));
+            QVERIFY(kor::strictlyEqual(value, right) == (left == right));
+            QVERIFY(!isBeyond || kor::looselyEqual(written, right, polish) == (left == right));
+            const auto number = static_cast<double>(right);
+            const auto exact = static_cast<long double>(left) <=> static_cast<long double>(number);
+            QVERIFY(*kor::compare(value, number) == exact);
+        }
     }
 }
 
