@@ -33,6 +33,13 @@ void complain(const QString &text, bool isShown)
         QMessageBox::critical(nullptr, QStringLiteral("Zamówienia"), text);
 }
 
+//! A picture needs no window manager, and the platform without one says of each window that it has none.
+void sayWhatMatters(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (!text.startsWith(u"This plugin does not support "))
+        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -44,6 +51,7 @@ int main(int argc, char **argv)
     if (isPictured) // no screen is needed, and the pictures are the same everywhere
     {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(sayWhatMatters);
         if (!qEnvironmentVariableIsSet("QT_LOGGING_RULES"))
             qputenv("QT_LOGGING_RULES", "qt.qpa.*=false"); // what a platform without windows cannot do
     }
