@@ -83,7 +83,8 @@ public:
     //! Fills the list from `SQL` and selects again the key that was selected. `Click` is raised when that key is gone,
     //! and `Refreshed` at the end. A statement that gives no rows or fails leaves nothing selected, raises neither, and
     //! shows no message; a failing one is a warning in the log. What the program does to the list while its database
-    //! waits comes later and holds: the rows of this call are dropped when another one, or Clear(), came meanwhile. Without a database a SELECT leaves the list as it is.
+    //! waits comes later and holds: the rows of this call are dropped when another one, or Clear(), came meanwhile.
+    //! Without a database a SELECT leaves the list as it is.
     void Refresh() override;
 
     //! Set by every change of the selection that may raise `Click`, blocked or not; cleared by Refresh() and the host.

@@ -3,6 +3,7 @@
 #include "constituents/combobox.h"
 
 #include "constituents/dropliststyle.h"
+#include "constituents/entryheight.h"
 #include "constituents/entrymodel.h"
 #include "constituents/errorguard.h"
 #include "constituents/focustracker.h"
@@ -17,6 +18,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QStyleOptionComboBox>
+#include <QtWidgets/QStyledItemDelegate>
 
 #include <algorithm>
 #include <utility>
@@ -31,6 +33,25 @@ constexpr int fewestLetters = 3;    // that it can be pressed together to
 constexpr int lowestLine = 14;      // that the toolkit makes room for, however small the font
 constexpr int mostListLetters = 80; // of a name that the open list makes room for
 constexpr int mostNamesMeasured = 50;
+
+//! Gives the entries of the open list the height that they have in the other lists.
+class DropListDelegate final : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        QStyleOptionViewItem entry = option;
+        initStyleOption(&entry, index);
+        return {QStyledItemDelegate::sizeHint(option, index).width(),
+                entryHeight(entry, qobject_cast<QWidget *>(parent()))};
+    }
+    [[nodiscard]] QString displayText(const QVariant &value, const QLocale &locale) const override
+    {
+        return QStyledItemDelegate::displayText(value, locale).replace(QChar::LineSeparator, QLatin1Char(' '));
+    }
+};
 
 } // namespace
 
@@ -296,6 +317,7 @@ void ComboBox::makeList()
     setIconSize({0, 0}); // nothing to make room for
     auto *list = qobject_cast<QListView *>(view());
     list->parentWidget()->setFont(font());
+    list->setItemDelegate(new DropListDelegate(list));
     list->setUniformItemSizes(true);
     list->setTextElideMode(Qt::ElideRight);
     list->installEventFilter(this); // after the toolkit's own filter, so it is asked first

@@ -87,8 +87,8 @@ private:
     EntryModel *m_entries;
     QPointer<QAbstractItemView> m_list; //!< once it has been opened
     bool m_hasList = false;             //!< the toolkit has made it, perhaps before
-    QElapsedTimer m_searching; //!< since the last character of a type-ahead
-    int m_selected = -1;       //!< the entry that Click was raised for
+    QElapsedTimer m_searching;          //!< since the last character of a type-ahead
+    int m_selected = -1;                //!< the entry that Click was raised for
     int m_acting = 0;
     bool m_isChosen = false;
     int m_pictureWidth = 0;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/listbox.h"
 
+#include "constituents/entryheight.h"
 #include "constituents/entrymodel.h"
 #include "constituents/errorguard.h"
 #include "constituents/focustracker.h"
@@ -414,11 +415,7 @@ QStyleOptionViewItem ListBox::entryOption() const
     return option;
 }
 
-int ListBox::rowHeight() const
-{
-    const QStyleOptionViewItem option = entryOption();
-    return std::max(1, style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).height());
-}
+int ListBox::rowHeight() const { return entryHeight(entryOption(), this); }
 
 int ListBox::visibleRows() const { return std::max(1, viewport()->height() / rowHeight()); }
 
@@ -438,7 +435,7 @@ QSize ListBox::sizeHint() const
 QSize ListBox::minimumSizeHint() const
 {
     const int width = fewestLetters * fontMetrics().averageCharWidth() + verticalScrollBar()->sizeHint().width();
-    return {width + 2 * frameWidth(), heightOfWholeRows(0)};
+    return {width + 2 * frameWidth(), QListView::minimumSizeHint().height()};
 }
 
 void ListBox::changeEvent(QEvent *event)

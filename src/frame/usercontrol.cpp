@@ -35,6 +35,7 @@ void UserControl::setMainConstituent(QWidget *constituent)
     d->main = constituent;
     setFocusProxy(constituent);
     setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(constituent->sizePolicy()); // a layout treats it as what it is: a line, a list
 }
 
 QWidget *UserControl::mainConstituent() const { return d->main; }

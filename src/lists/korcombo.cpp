@@ -43,7 +43,6 @@ KorCombo::KorCombo(QWidget *parent) : DictionaryControl(parent, comboRules), d(s
 {
     d->box->setObjectName(QStringLiteral("cmbCombo"));
     setEntryBox(d->box);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 
     connect(d->box, &ComboBox::Click, this, &KorCombo::boxClicked);
     connect(d->box, &ComboBox::KeyDown, this, [this](int &code, int &shift) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "small/colorpatch.h"
 
+#include "constituents/entryheight.h"
+
 #include <QtGui/QIcon>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>
@@ -45,6 +47,14 @@ QSize ColorDelegate::patchSize(const QFontMetrics &metrics)
 {
     const int height = metrics.ascent();
     return {height * 3 / 2, height};
+}
+
+QSize ColorDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    QStyleOptionViewItem entry = option;
+    initStyleOption(&entry, index);
+    return {QStyledItemDelegate::sizeHint(option, index).width(),
+            entryHeight(entry, qobject_cast<QWidget *>(parent()))};
 }
 
 void ColorDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const

@@ -45,6 +45,7 @@ public:
 
     //! The size of a patch beside a name in this font.
     [[nodiscard]] static QSize patchSize(const QFontMetrics &metrics);
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;

@@ -106,6 +106,12 @@ QSize KorUpDown::sizeHint() const
     return {box.width() / 2 + d->spin->sizeHint().width(), box.height()};
 }
 
+QSize KorUpDown::minimumSizeHint() const
+{
+    const QSize box = d->box->minimumSizeHint();
+    return {box.width() + d->spin->sizeHint().width(), box.height()};
+}
+
 // --- events
 
 void KorUpDown::Private::textChanged()

@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "support/stage.h"
+
+#include <KorDaoUC/ControlRegistry>
+#include <KorDaoUC/UserControl>
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QFormLayout>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QVBoxLayout>
+
+using namespace kor;
+using namespace kor::test;
+
+//! In the toolkit's layouts each control takes the room that the toolkit's own field of its kind takes.
+class tst_Layouts : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { failOnWarnings(); }
+
+    void sizesAreThoseOfTheToolkit_data() { controls(); }
+    void sizesAreThoseOfTheToolkit();
+    void fieldIsAsHighAsTheToolkitsBesideIt_data();
+    void fieldIsAsHighAsTheToolkitsBesideIt();
+
+private:
+    void controls();
+    [[nodiscard]] static QWidget *peerOf(const QString &name);
+    [[nodiscard]] static bool isList(const QString &name) { return name.startsWith(QLatin1String("KorList")); }
+};
+
+void tst_Layouts::controls()
+{
+    QTest::addColumn<QString>("name");
+    for (const QString &name : ControlRegistry::names())
+        QTest::newRow(qPrintable(name)) << name;
+}
+
+QWidget *tst_Layouts::peerOf(const QString &name)
+{
+    if (isList(name))
+        return new QListView;
+    if (name == QLatin1String("KorCombo") || name == QLatin1String("KorColor"))
+        return new QComboBox;
+    return new QLineEdit;
+}
+
+void tst_Layouts::sizesAreThoseOfTheToolkit()
+{
+    QFETCH(QString, name);
+    for (const int larger : {0, 6}) {
+        const std::unique_ptr<QWidget> control(ControlRegistry::create(name));
+        const std::unique_ptr<QWidget> peer(peerOf(name)); // new, since the toolkit's may keep the size of another font
+        QFont font;
+        font.setPointSize(font.pointSize() + larger);
+        control->setFont(font);
+        peer->setFont(font);
+        QCOMPARE(control->sizePolicy().verticalPolicy(), peer->sizePolicy().verticalPolicy());
+        QCOMPARE(control->sizePolicy().controlType(), peer->sizePolicy().controlType());
+        QCOMPARE(control->minimumSizeHint().height(), peer->minimumSizeHint().height());
+        if (!isList(name)) // a list that leaves the choice to the layout shows some entries, ours the fewer
+            QCOMPARE(control->sizeHint().height(), peer->sizeHint().height());
+        QVERIFY(control->minimumSizeHint().width() <= control->sizeHint().width());
+    }
+}
+
+void tst_Layouts::fieldIsAsHighAsTheToolkitsBesideIt_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("layout");
+    QTest::addColumn<int>("height");
+    for (const QString &name : ControlRegistry::names()) {
+        for (const char *layout : {"grid", "form", "vertical"}) {
+            QTest::addRow("%s, %s, tall", qPrintable(name), layout) << name << QString::fromLatin1(layout) << 700;
+            QTest::addRow("%s, %s, tiny", qPrintable(name), layout) << name << QString::fromLatin1(layout) << 1;
+        }
+    }
+}
+
+void tst_Layouts::fieldIsAsHighAsTheToolkitsBesideIt()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, layout);
+    QFETCH(int, height);
+    QWidget *control = ControlRegistry::create(name);
+    QWidget *peer = peerOf(name);
+    Stage window;
+    delete window.layout();
+    if (layout == QLatin1String("grid")) {
+        auto *grid = new QGridLayout(&window);
+        grid->addWidget(control, 0, 0);
+        grid->addWidget(peer, 0, 1);
+    } else if (layout == QLatin1String("form")) {
+        auto *form = new QFormLayout(&window);
+        form->addRow(QStringLiteral("jeden"), control);
+        form->addRow(QStringLiteral("dwa"), peer);
+    } else {
+        auto *rows = new QVBoxLayout(&window);
+        rows->addWidget(control);
+        rows->addWidget(peer);
+    }
+    window.resize(300, height);
+    window.show();
+    settle();
+    if (!isList(name)) {
+        QCOMPARE(control->height(), peer->height());
+        return;
+    }
+    const auto *list = control->findChild<QListView *>();
+    const int entry = list->fontMetrics().height() * 2; // more than one takes; ours shows no part of one
+    QVERIFY(control->height() <= peer->height());
+    if (layout != QLatin1String("form")) // which gives each what it asks for
+        QVERIFY2(control->height() > peer->height() - entry, qPrintable(QString::number(control->height())));
+}
+
+QTEST_MAIN(tst_Layouts)
+#include "tst_layouts.moc"
