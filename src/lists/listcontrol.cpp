@@ -53,10 +53,7 @@ void ListControl::layoutConstituents()
 }
 
 // Also while the list is hidden and has not been laid out anew.
-QSize ListControl::givenSize() const
-{
-    return {width(), height() != d->wholeHeight ? height() : d->givenHeight};
-}
+QSize ListControl::givenSize() const { return {width(), height() != d->wholeHeight ? height() : d->givenHeight}; }
 
 AppearanceType ListControl::Appearance() const { return d->box->Appearance(); }
 
