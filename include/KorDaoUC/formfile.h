@@ -7,6 +7,7 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QByteArrayView>
+#include <QtCore/QList>
 #include <QtCore/QMetaType>
 #include <QtCore/QString>
 
@@ -21,6 +22,10 @@ struct KORDAOUC_EXPORT FormBlock {
     QString name; //!< may be empty
     PropertyBag properties;
     std::vector<FormBlock> children;
+    //! Where the block begins and where each of its settings stands, counted from 1, for messages; nothing in a form
+    //! that comes from no text. Equality does not ask for it.
+    int line = 0;
+    QList<int> propertyLines{};
 
     bool operator==(const FormBlock &other) const;
 };

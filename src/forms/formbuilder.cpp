@@ -4,6 +4,7 @@
 #include "forms/formmirror.h"
 #include "forms/formplace.h"
 #include "forms/settingsmerge.h"
+#include "frame/settings.h"
 
 #include <KorDaoUC/controlregistry.h>
 #include <KorDaoUC/convert.h>
@@ -11,6 +12,8 @@
 #include <KorDaoUC/runtimeerror.h>
 #include <KorDaoUC/usercontrol.h>
 
+#include <QtCore/QHash>
+#include <QtCore/QLoggingCategory>
 #include <QtCore/QPointer>
 #include <QtWidgets/QLabel>
 
@@ -22,6 +25,8 @@
 namespace kor {
 
 namespace {
+
+Q_LOGGING_CATEGORY(formsLog, "kordaouc.forms", QtInfoMsg)
 
 constexpr QLatin1String libraryPrefix("KorDaoUC.");
 
@@ -46,6 +51,7 @@ struct Item {
     FormPlace place;
     PropertyBag taken; //!< what the widget wrote right after loading
     std::vector<Item> children;
+    int tabIndex = 0;
 
     [[nodiscard]] PropertyBag present() const
     {
@@ -67,7 +73,50 @@ FormBlock blockOf(const Item &item)
     return block;
 }
 
-QString described(const FormBlock &block) { return block.name.isEmpty() ? block.type : block.type + u' ' + block.name; }
+QString atLine(int line) { return line > 0 ? QStringLiteral("line %1: ").arg(line) : QString(); }
+
+QString classAndName(const FormBlock &block)
+{
+    return block.name.isEmpty() ? block.type : block.type + u' ' + block.name;
+}
+
+QString described(const FormBlock &block) { return atLine(block.line) + classAndName(block); }
+
+//! The setting that counts, when a key is repeated the last one.
+QString described(const FormBlock &block, const QString &key)
+{
+    int line = block.line;
+    for (int place = 0; place < block.propertyLines.size() && place < block.properties.count(); ++place) {
+        if (block.properties.keyAt(place) == key)
+            line = block.propertyLines.at(place);
+    }
+    return atLine(line) + classAndName(block) + QStringLiteral(", ") + key;
+}
+
+//! Warns of controls that findChild() can't tell apart.
+void warnOfRepeatedNames(const FormBlock &block, QHash<QString, int> &lines)
+{
+    for (const FormBlock &child : block.children) {
+        const auto first = lines.constFind(child.name);
+        if (first == lines.cend())
+            lines.insert(child.name, child.line);
+        else if (!child.name.isEmpty())
+            qCWarning(formsLog).noquote()
+                << described(child) + QStringLiteral(": there is a control of this name")
+                << (*first > 0 ? QStringLiteral("at line %1").arg(*first) : QStringLiteral("before it"));
+        warnOfRepeatedNames(child, lines);
+    }
+}
+
+//! The place of a control in the order of Tab: behind all others, when the file gives it none.
+int tabIndexOf(const PropertyBag &settings)
+{
+    const QString key = QStringLiteral("TabIndex");
+    int index = std::numeric_limits<int>::max();
+    if (settings.contains(key))
+        takeSetting(key, [&] { index = CLng(settings.ReadProperty(key)); });
+    return index;
+}
 
 //! The items in the order of Tab: by TabIndex, those without one behind the others as they stand in the file.
 class TabOrder
@@ -75,10 +124,7 @@ class TabOrder
 public:
     void add(const Item &item)
     {
-        const QString key = QStringLiteral("TabIndex");
-        constexpr int last = std::numeric_limits<int>::max();
-        const PropertyBag &settings = item.block.properties;
-        m_stops.push_back({settings.contains(key) ? CLng(settings.ReadProperty(key)) : last, item.widget});
+        m_stops.push_back({item.tabIndex, item.widget});
         for (const Item &child : item.children)
             add(child);
     }
@@ -158,7 +204,7 @@ public:
 
     QHash<QString, FormItemKind> kinds = readyMadeItems();
     std::optional<Item> form;
-    QString current; //!< the block that is being made, for messages
+    const FormBlock *current = nullptr; //!< the block that is being made, for messages
 };
 
 FormBuilder::FormBuilder() : d(std::make_unique<Private>()) {}
@@ -188,7 +234,7 @@ std::optional<QString> FormBuilder::Private::unknownClass(const FormBlock &block
 
 Item FormBuilder::Private::make(const FormBlock &block, QWidget *parent, FormMirror &mirror, Construction &construction)
 {
-    current = described(block);
+    current = &block;
     FormItemKind kind = *kindOf(block.type);
     FormPlace place(block.properties, FormPlace::Extent::PlaceAndSize);
     QWidget *widget = kind.create(parent);
@@ -197,6 +243,7 @@ Item FormBuilder::Private::make(const FormBlock &block, QWidget *parent, FormMir
     construction.add(widget);
     widget->setObjectName(block.name);
     Item item{widget, std::move(kind), {block.type, block.name, block.properties, {}}, place, {}, {}};
+    item.tabIndex = tabIndexOf(block.properties);
     item.kind.read(*widget, block.properties);
     item.place.apply(*widget, mirror);
     makeChildren(item, block, construction);
@@ -224,7 +271,7 @@ std::optional<QString> FormBuilder::build(const FormBlock &form, QWidget *window
 
     Construction construction(window);
     try {
-        d->current = described(form);
+        d->current = &form;
         Item item{window,
                   {{}, readForm, writeForm},
                   {form.type, form.name, form.properties, {}},
@@ -239,10 +286,14 @@ std::optional<QString> FormBuilder::build(const FormBlock &form, QWidget *window
             order.add(child);
         order.apply();
         d->form = std::move(item);
+    } catch (const RefusedSetting &error) {
+        return QStringLiteral("%1: error %2").arg(described(*d->current, error.key()), QString::fromUtf8(error.what()));
     } catch (const RunTimeError &error) {
-        return QStringLiteral("%1: error %2").arg(d->current, QString::fromUtf8(error.what()));
+        return QStringLiteral("%1: error %2").arg(described(*d->current), QString::fromUtf8(error.what()));
     }
     construction.finish();
+    QHash<QString, int> lines;
+    warnOfRepeatedNames(form, lines);
     return std::nullopt;
 }
 

@@ -33,16 +33,11 @@ public:
     [[nodiscard]] FormResult failed(const QString &reason) const { return {std::nullopt, {m_line, reason}}; }
 
 private:
-    struct OpenBlock {
-        FormBlock block;
-        int line;
-    };
-
     std::optional<QString> begin(LineReader &reader);
     std::optional<QString> end();
     std::optional<QString> setting(const QString &key, LineReader &reader);
 
-    std::vector<OpenBlock> m_open;
+    std::vector<FormBlock> m_open;
     std::optional<FormBlock> m_form;
     int m_line = 0;
 };
@@ -83,7 +78,7 @@ std::optional<QString> FormParser::begin(LineReader &reader)
             return reader.reason();
         name = word->text;
     }
-    m_open.push_back({FormBlock{type->text, name, {}, {}}, m_line});
+    m_open.push_back({type->text, name, {}, {}, m_line, {}});
     return std::nullopt;
 }
 
@@ -91,12 +86,12 @@ std::optional<QString> FormParser::end()
 {
     if (m_open.empty())
         return QStringLiteral("End without Begin");
-    FormBlock block = std::move(m_open.back().block);
+    FormBlock block = std::move(m_open.back());
     m_open.pop_back();
     if (m_open.empty())
         m_form = std::move(block);
     else
-        m_open.back().block.children.push_back(std::move(block));
+        m_open.back().children.push_back(std::move(block));
     return std::nullopt;
 }
 
@@ -109,7 +104,8 @@ std::optional<QString> FormParser::setting(const QString &key, LineReader &reade
     const std::optional<QVariant> value = reader.readValue();
     if (!value)
         return reader.reason();
-    m_open.back().block.properties.append(key, *value);
+    m_open.back().properties.append(key, *value);
+    m_open.back().propertyLines.append(m_line);
     return std::nullopt;
 }
 

@@ -4,6 +4,7 @@
 
 #include "constituents/twips.h"
 #include "forms/formmirror.h"
+#include "frame/settings.h"
 
 #include <KorDaoUC/convert.h>
 #include <KorDaoUC/runtimeerror.h>
@@ -48,8 +49,10 @@ FormPlace::FormPlace(const PropertyBag &settings, Extent extent) : m_extent(exte
         if (!settings.contains(side.key))
             continue;
         const QVariant value = settings.ReadProperty(side.key);
-        if (!(std::abs(CDbl(value)) <= furthestTwips))
-            throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+        takeSetting(side.key, [&] {
+            if (!(std::abs(CDbl(value)) <= furthestTwips))
+                throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+        });
         m_settings.append(side.key, value);
     }
 }

@@ -57,6 +57,31 @@ template <class Value>
         return QVariant::fromValue(value);
 }
 
+//! The error of a saved setting, which knows the key of it.
+class RefusedSetting final : public RunTimeError
+{
+public:
+    RefusedSetting(const RunTimeError &error, QString key)
+        : RunTimeError(static_cast<ErrorNumber>(error.number()), error.description()), m_key(std::move(key))
+    {
+    }
+    [[nodiscard]] const QString &key() const { return m_key; }
+
+private:
+    QString m_key;
+};
+
+//! Runs what takes the saved setting of this key; an error of it then says so.
+template <class Action>
+void takeSetting(const QString &key, Action &&action)
+{
+    try {
+        action();
+    } catch (const RunTimeError &error) {
+        throw RefusedSetting(error, key);
+    }
+}
+
 //! Whether a row of a settings table is written, read, or both.
 enum class SettingUse { ReadAndWrite, ReadOnly, WriteOnly };
 
@@ -154,7 +179,8 @@ public:
             if (row->step)
                 row->step(control);
             else if (row->use != SettingUse::WriteOnly)
-                row->apply(control, bag.ReadProperty(row->key, row->defaultOf(control)));
+                takeSetting(row->key,
+                            [&] { row->apply(control, bag.ReadProperty(row->key, row->defaultOf(control))); });
         }
     }
 

@@ -82,6 +82,7 @@ class tst_FormBuilder : public QObject
 private Q_SLOTS:
     void init()
     {
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("control of this name")));
         m_window = std::make_unique<QWidget>();
         m_builder = std::make_unique<FormBuilder>();
     }
@@ -175,27 +176,29 @@ private Q_SLOTS:
         };
         // clang-format off
         QTest::newRow("an unknown class")                     << changed("Begin KorDaoUC.KorNumber numPrice", "Begin KorDaoUC.KorNumbr numPrice")
-            << "KorDaoUC.KorNumbr numPrice: the class KorDaoUC.KorNumbr is not known";
+            << "line 14: KorDaoUC.KorNumbr numPrice: the class KorDaoUC.KorNumbr is not known";
         QTest::newRow("an unknown class within a frame")      << changed("Begin CommandButton cmdSave", "Begin Button cmdSave")
-            << "Button cmdSave: the class Button is not known";
+            << "line 31: Button cmdSave: the class Button is not known";
         QTest::newRow("a control without its library's name") << changed("Begin KorDaoUC.KorNumber numPrice", "Begin KorNumber numPrice")
-            << "KorNumber numPrice: the class KorNumber is not known";
+            << "line 14: KorNumber numPrice: the class KorNumber is not known";
         QTest::newRow("a form that is none")                  << changed("Begin Form frmOrder", "Begin Frame frmOrder")
-            << "Frame frmOrder: a form is a block of the class Form";
+            << "line 1: Frame frmOrder: a form is a block of the class Form";
         QTest::newRow("a form within the form")               << changed("Begin Frame fraButtons", "Begin Form fraButtons")
-            << "Form fraButtons: the class Form is not known";
+            << "line 25: Form fraButtons: the class Form is not known";
         QTest::newRow("a setting of the wrong kind")          << changed("MaxValue = 1000!", "MaxValue = \"dużo\"")
-            << "KorDaoUC.KorNumber numPrice: error 13: Type mismatch";
+            << "line 22: KorDaoUC.KorNumber numPrice, MaxValue: error 13: Type mismatch";
+        QTest::newRow("a setting whose last repetition is wrong") << changed("Tag = \"price\"", "MaxValue = 5!\n      MaxValue = \"dużo\"").replace("      MaxValue = 1000!\n", "")
+            << "line 21: KorDaoUC.KorNumber numPrice, MaxValue: error 13: Type mismatch";
         QTest::newRow("a place that is no number")            << changed("Left = 1207", "Left = \"x\"")
-            << "KorDaoUC.KorNumber numPrice: error 13: Type mismatch";
+            << "line 16: KorDaoUC.KorNumber numPrice, Left: error 13: Type mismatch";
         QTest::newRow("a place that is Null")                 << changed("Left = 1207", "Left = Null")
-            << "KorDaoUC.KorNumber numPrice: error 94: Invalid use of Null";
+            << "line 16: KorDaoUC.KorNumber numPrice, Left: error 94: Invalid use of Null";
         QTest::newRow("a place beyond any screen")            << changed("Left = 1207", "Left = 1e300#")
-            << "KorDaoUC.KorNumber numPrice: error 380: Invalid property value";
+            << "line 16: KorDaoUC.KorNumber numPrice, Left: error 380: Invalid property value";
         QTest::newRow("a tab index that is no number")        << changed("TabIndex = 1\n", "TabIndex = \"x\"\n")
-            << "CommandButton cmdSave: error 13: Type mismatch";
+            << "line 35: CommandButton cmdSave, TabIndex: error 13: Type mismatch";
         QTest::newRow("a font that is none")                  << changed("Caption = \"&Cena:\"", "Font = 5")
-            << "Label lblPrice: error 13: Type mismatch";
+            << "line 6: Label lblPrice, Font: error 13: Type mismatch";
         // clang-format on
     }
     void refusesAndBuildsNothing()
@@ -212,6 +215,22 @@ private Q_SLOTS:
         QCOMPARE(m_window->windowTitle(), QStringLiteral("before"));
         QCOMPARE(m_window->size(), QSize(123, 45));
         QCOMPARE(m_window->font(), font);
+    }
+
+    void aFormFromNoTextIsRefusedWithoutLines()
+    {
+        FormBlock label{QStringLiteral("Label"), QStringLiteral("l"), {}, {}};
+        label.properties.append(QStringLiteral("Font"), 5);
+        const auto reason = m_builder->build({QStringLiteral("Form"), {}, {}, {label}}, m_window.get());
+        QCOMPARE(reason.value_or(QString()), QStringLiteral("Label l, Font: error 13: Type mismatch"));
+    }
+
+    void warnsOfTwoControlsOfOneName()
+    {
+        QTest::ignoreMessage(QtWarningMsg, "line 4: KorDaoUC.KorNumber a: there is a control of this name at line 2");
+        QVERIFY(!m_builder->build(parsed("Begin Form f\nBegin Frame a\n\nBegin KorDaoUC.KorNumber a\nEnd\nEnd\n"
+                                         "Begin Label\nEnd\nBegin Label\nEnd\nBegin Label A\nEnd\nEnd\n"),
+                                  m_window.get()));
     }
 
     void aRefusalKeepsWhatTheWindowHadBefore()
@@ -314,7 +333,8 @@ private Q_SLOTS:
         m_builder->addKind(QStringLiteral("Nothing"), {[](QWidget *) -> QWidget * { return nullptr; }, {}, {}});
         const auto reason =
             m_builder->build(parsed("Begin Form f\nBegin Label l\nEnd\nBegin Nothing n\nEnd\nEnd\n"), m_window.get());
-        QCOMPARE(reason.value_or(QString()), QStringLiteral("Nothing n: error 5: the control could not be made"));
+        QCOMPARE(reason.value_or(QString()),
+                 QStringLiteral("line 4: Nothing n: error 5: the control could not be made"));
         QVERIFY(m_window->findChildren<QWidget *>().isEmpty());
     }
 
