@@ -29,7 +29,7 @@ enum class CellAlignmentType : int {
 //! What a cell has of its own; what it has not is its column's.
 struct CellFormat {
     std::optional<CellAlignmentType> alignment;
-    std::optional<OLE_COLOR> foreColor;
+    OLE_COLOR foreColor = 0; //!< 0 for none of its own
     bool operator==(const CellFormat &) const = default;
 };
 

@@ -18,7 +18,7 @@ void LineSizes::insert(int first, int number)
     m_count += number;
     if (m_own.empty())
         return;
-    m_own.insert(m_own.begin() + first, static_cast<std::size_t>(number), usesDefault);
+    m_own.insert(m_own.begin() + first, static_cast<std::size_t>(number), Line());
     if (!isAtEnd || m_isTreeStale) {
         m_isTreeStale = true;
         return;
@@ -41,39 +41,42 @@ void LineSizes::remove(int first, int number)
         m_isTreeStale = true;
 }
 
-int LineSizes::size(int line) const { return hasOwnSize(line) ? m_own[static_cast<std::size_t>(line)] : m_default; }
-
-bool LineSizes::hasOwnSize(int line) const
+int LineSizes::size(int line) const
 {
-    return !m_own.empty() && m_own[static_cast<std::size_t>(line)] != usesDefault;
+    const Line set = own(line);
+    return set.origin == SizeOrigin::Default ? m_default : set.size;
 }
 
-void LineSizes::setSize(int line, int twips)
+void LineSizes::setSize(int line, int twips, SizeOrigin origin)
 {
     if (m_own.empty()) {
-        m_own.assign(static_cast<std::size_t>(m_count), usesDefault);
+        m_own.assign(static_cast<std::size_t>(m_count), {});
         m_tree.assign(m_own.size() + 1, 0);
         m_isTreeStale = false;
     }
-    const int before = pixels(line);
-    m_own[static_cast<std::size_t>(line)] = twips;
-    update(line, pixels(line) - before);
+    setOwn(line, {twips, origin});
 }
 
 void LineSizes::resetSize(int line)
 {
-    if (!hasOwnSize(line))
-        return;
-    const int before = pixels(line);
-    m_own[static_cast<std::size_t>(line)] = usesDefault;
-    update(line, pixels(line) - before);
+    if (origin(line) != SizeOrigin::Default)
+        setOwn(line, {});
 }
 
-void LineSizes::resetSizes()
+void LineSizes::forgetMeasured()
 {
-    m_own = std::vector<int>();
-    m_tree = std::vector<int>();
-    m_isTreeStale = false;
+    for (Line &line : m_own) {
+        if (line.origin == SizeOrigin::Measured)
+            line = {};
+    }
+    m_isTreeStale = !m_own.empty();
+}
+
+void LineSizes::setOwn(int line, const Line &own)
+{
+    const int before = pixels(line);
+    m_own[static_cast<std::size_t>(line)] = own;
+    update(line, pixels(line) - before);
 }
 
 void LineSizes::setDefaultSize(int twips)
@@ -99,7 +102,7 @@ int LineSizes::toPixels(int twips) const
 int LineSizes::offset(int line) const
 {
     makeTree();
-    int sum = line * toPixels(m_default);
+    int sum = line * defaultPixels();
     if (!m_tree.empty()) {
         for (int node = line; node > 0; node -= lowestBit(node))
             sum += m_tree[static_cast<std::size_t>(node)];
@@ -110,7 +113,7 @@ int LineSizes::offset(int line) const
 int LineSizes::lineAt(int offset) const
 {
     makeTree();
-    const int usual = toPixels(m_default);
+    const int usual = defaultPixels();
     if (m_tree.empty())
         return usual == 0 ? m_count : std::clamp(offset / usual, 0, m_count);
     int line = 0;
@@ -138,7 +141,7 @@ void LineSizes::update(int line, int pixels)
 void LineSizes::makeNode(int line) const
 {
     const int node = line + 1;
-    int sum = pixels(line) - toPixels(m_default);
+    int sum = pixels(line) - defaultPixels();
     for (int child = node - 1; child > node - lowestBit(node); child -= lowestBit(child))
         sum += m_tree[static_cast<std::size_t>(child)];
     m_tree[static_cast<std::size_t>(node)] = sum;

@@ -2,9 +2,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 namespace kor {
+
+//! Where the size of a line comes from.
+enum class SizeOrigin : unsigned char {
+    Default,
+    Measured, //!< from what is in the line; forgotten when that changes
+    Given,
+};
 
 //! The heights of a grid's rows or the widths of its columns; line 0 is the title row or the fixed column.
 //!
@@ -22,12 +30,14 @@ public:
     void remove(int first, int number);
 
     [[nodiscard]] int size(int line) const;
-    [[nodiscard]] bool hasOwnSize(int line) const;
-    void setSize(int line, int twips);
+    [[nodiscard]] SizeOrigin origin(int line) const { return own(line).origin; }
+    void setSize(int line, int twips, SizeOrigin origin = SizeOrigin::Given);
     void resetSize(int line);
-    void resetSizes();
+    //! Gives all measured lines the default size.
+    void forgetMeasured();
     [[nodiscard]] int defaultSize() const { return m_default; }
     void setDefaultSize(int twips);
+    [[nodiscard]] int defaultPixels() const { return toPixels(m_default); }
 
     [[nodiscard]] double twipsPerPixel() const { return m_twipsPerPixel; }
     void setTwipsPerPixel(double twips);
@@ -38,18 +48,23 @@ public:
     [[nodiscard]] int lineAt(int offset) const;
 
 private:
+    struct Line {
+        int size = 0;
+        SizeOrigin origin = SizeOrigin::Default;
+    };
+
+    [[nodiscard]] Line own(int line) const { return m_own.empty() ? Line() : m_own[static_cast<std::size_t>(line)]; }
+    void setOwn(int line, const Line &own);
     [[nodiscard]] int toPixels(int twips) const;
     void update(int line, int pixels);
     //! Makes the tree's node from the lines that it stands for, the earlier nodes being up to date.
     void makeNode(int line) const;
     void makeTree() const;
 
-    static constexpr int usesDefault = -1;
-
     int m_count;
     int m_default;
     double m_twipsPerPixel = 15.0;
-    std::vector<int> m_own; //!< twips; empty while every line has the default size
+    std::vector<Line> m_own; //!< empty while every line has the default size
     //! Sums of how many pixels lines differ from the default: a binary indexed tree, node i standing for line i - 1.
     mutable std::vector<int> m_tree;
     mutable bool m_isTreeStale = false;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "constituents/flexgrid/linescroll.h"
 #include "constituents/flexgrid/linesizes.h"
 
 #include <QtTest/QtTest>
@@ -23,6 +24,11 @@ private Q_SLOTS:
     void findsTheLineAtAPlace();
     void changesMoveWhatLiesBehind();
     void defaultChangesLinesWithoutASizeOfTheirOwn();
+    void measuredSizesAreForgottenGivenOnesKept();
+    void findsWhatIsShown_data();
+    void findsWhatIsShown();
+    void scrollsAsFarAsNeeded_data();
+    void scrollsAsFarAsNeeded();
     void agreesWithPlainSums_data();
     void agreesWithPlainSums();
 };
@@ -86,7 +92,7 @@ void tst_LineSizes::changesMoveWhatLiesBehind()
     QCOMPARE(lines.offset(6), 140);
     lines.remove(0, 1);
     QCOMPARE(lines.size(4), 600);
-    QVERIFY(lines.hasOwnSize(4));
+    QVERIFY(lines.origin(4) == SizeOrigin::Given);
     lines.remove(4, 1);
     QCOMPARE(lines.count(), 5);
     QCOMPARE(lines.offset(5), 100);
@@ -95,9 +101,7 @@ void tst_LineSizes::changesMoveWhatLiesBehind()
     QCOMPARE(lines.offset(8), 150);
     lines.resetSize(4);
     QCOMPARE(lines.offset(8), 160);
-    lines.setSize(4, 150);
-    lines.resetSizes();
-    QCOMPARE(lines.offset(8), 160);
+    QVERIFY(lines.origin(4) == SizeOrigin::Default);
 }
 
 void tst_LineSizes::defaultChangesLinesWithoutASizeOfTheirOwn()
@@ -109,6 +113,73 @@ void tst_LineSizes::defaultChangesLinesWithoutASizeOfTheirOwn()
     QCOMPARE(lines.lineAt(40), 1);
     lines.setTwipsPerPixel(10.0);
     QCOMPARE(lines.offset(4), 195);
+}
+
+void tst_LineSizes::measuredSizesAreForgottenGivenOnesKept()
+{
+    LineSizes lines(4, 300);
+    lines.forgetMeasured();
+    lines.setSize(1, 150);
+    lines.setSize(2, 600, SizeOrigin::Measured);
+    QCOMPARE(lines.offset(4), 90);
+    lines.forgetMeasured();
+    QCOMPARE(lines.size(2), 300);
+    QVERIFY(lines.origin(2) == SizeOrigin::Default);
+    QCOMPARE(lines.size(1), 150);
+    QCOMPARE(lines.offset(4), 70);
+}
+
+void tst_LineSizes::findsWhatIsShown_data()
+{
+    QTest::addColumn<int>("first");
+    QTest::addColumn<int>("room");
+    QTest::addColumn<int>("behindShown");
+    QTest::addColumn<int>("whole");
+    QTest::addColumn<int>("lastFirst");
+    // lines of 20, 20, 30, 0, 20 and 20 pixels; line 0 holds the titles
+    QTest::newRow("all fit") << 1 << 90 << 6 << 5 << 1;
+    QTest::newRow("all fit with room to spare") << 1 << 500 << 6 << 5 << 1;
+    QTest::newRow("last one is cut off") << 1 << 89 << 6 << 4 << 2;
+    QTest::newRow("a pixel of a line counts as shown") << 1 << 21 << 3 << 1 << 5;
+    QTest::newRow("none fits whole") << 2 << 29 << 3 << 1 << 5;
+    QTest::newRow("from a hidden line on") << 3 << 40 << 6 << 3 << 4;
+    QTest::newRow("blank space behind the last") << 5 << 90 << 6 << 1 << 1;
+    QTest::newRow("no room") << 1 << 0 << 1 << 1 << 5;
+}
+
+void tst_LineSizes::findsWhatIsShown()
+{
+    QFETCH(int, first);
+    QFETCH(int, room);
+    LineSizes lines(6, 300);
+    lines.setSize(2, 450);
+    lines.setSize(3, 0);
+    QTEST(shownEnd(lines, first, room), "behindShown");
+    QTEST(wholeLines(lines, first, room), "whole");
+    QTEST(lastFirst(lines, room), "lastFirst");
+}
+
+void tst_LineSizes::scrollsAsFarAsNeeded_data()
+{
+    QTest::addColumn<int>("first");
+    QTest::addColumn<int>("line");
+    QTest::addColumn<int>("newFirst");
+    // lines of 20 pixels, line 5 of 50, in a room of 65
+    QTest::newRow("shown") << 1 << 3 << 1;
+    QTest::newRow("cut off below") << 1 << 4 << 2;
+    QTest::newRow("above") << 4 << 2 << 2;
+    QTest::newRow("far below") << 1 << 10 << 8;
+    QTest::newRow("higher one below") << 1 << 5 << 5;
+    QTest::newRow("behind the higher one") << 1 << 6 << 6;
+}
+
+void tst_LineSizes::scrollsAsFarAsNeeded()
+{
+    QFETCH(int, first);
+    QFETCH(int, line);
+    LineSizes lines(20, 300);
+    lines.setSize(5, 750);
+    QTEST(firstToShow(lines, first, line, 65), "newFirst");
 }
 
 void tst_LineSizes::agreesWithPlainSums_data()

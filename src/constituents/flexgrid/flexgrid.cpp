@@ -1,0 +1,437 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/flexgrid/flexgrid.h"
+
+#include "constituents/errorguard.h"
+#include "constituents/focustracker.h"
+#include "constituents/keycodes.h"
+#include "constituents/mouse.h"
+#include "constituents/twips.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QStringTokenizer>
+#include <QtCore/QTimerEvent>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace kor {
+
+namespace {
+
+constexpr int followingStep = 50; // milliseconds
+
+void checkLine(int line, int count)
+{
+    if (line < 0 || line >= count)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+}
+
+} // namespace
+
+FlexGrid::FlexGrid(QWidget *parent) : CellView(parent) {}
+
+// --- rows and columns
+
+template <class Change>
+void FlexGrid::restructure(int rows, int columns, Change &&change)
+{
+    const QPointer<FlexGrid> self = this;
+    const CellCursor before = cursorCell();
+    const CellCursor after = fitted(before, rows, columns);
+    const int move = ++m_moves;
+    if (!after.isAtCellOf(before)) {
+        Q_EMIT LeaveCell();
+        if (!self)
+            return;
+    }
+    change();
+    if (!after.isAtCellOf(before) && m_moves == move)
+        tellEntered(move);
+    else if (cursorCell() != before && m_moves == move)
+        Q_EMIT SelChange();
+}
+
+void FlexGrid::setRows(int rows)
+{
+    if (rows < 1)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    restructure(rows, Cols(), [&] {
+        if (rows > Rows())
+            addRows(Rows(), rows - Rows());
+        else if (rows < Rows())
+            dropRows(rows, Rows() - rows);
+    });
+}
+
+void FlexGrid::setCols(int columns)
+{
+    if (columns < 1)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    restructure(Rows(), columns, [&] { changeColumns(columns); });
+}
+
+void FlexGrid::AddItem(const QString &texts, int index)
+{
+    const int row = index == -1 ? Rows() : index;
+    if (row < 1 || row > Rows())
+        throw RunTimeError(ErrorNumber::InvalidPropertyArrayIndex);
+    addRows(row, 1);
+    int column = 0;
+    for (const QStringView text : QStringTokenizer(texts, u'\t')) {
+        if (column == Cols())
+            break;
+        setTextMatrix(row, column++, text.toString());
+    }
+}
+
+void FlexGrid::RemoveItem(int index, int number)
+{
+    if (index < 1 || number < 0 || index + number > Rows())
+        throw RunTimeError(ErrorNumber::InvalidPropertyArrayIndex);
+    restructure(Rows() - number, Cols(), [&] {
+        const int left = std::min(number, Rows() - index); // a handler of LeaveCell may have removed some
+        if (left > 0)
+            dropRows(index, left);
+    });
+}
+
+// --- current cell
+
+bool FlexGrid::moveTo(const CellCursor &cursor)
+{
+    if (cursor == cursorCell())
+        return true;
+    const QPointer<FlexGrid> self = this;
+    const bool isOtherCell = !cursor.isAtCellOf(cursorCell());
+    const int move = ++m_moves;
+    if (isOtherCell) {
+        Q_EMIT LeaveCell();
+        if (!self || m_moves != move)
+            return false;
+    }
+    placeCursor(fitted(cursor, Rows(), Cols()));
+    if (isOtherCell)
+        return tellEntered(move);
+    Q_EMIT SelChange();
+    return self && m_moves == move;
+}
+
+bool FlexGrid::tellEntered(int move)
+{
+    const QPointer<FlexGrid> self = this;
+    for (const auto event : {&FlexGrid::EnterCell, &FlexGrid::RowColChange, &FlexGrid::SelChange}) {
+        Q_EMIT(this->*event)();
+        if (!self || m_moves != move)
+            return false;
+    }
+    return true;
+}
+
+bool FlexGrid::moveByUser(const CellCursor &cursor)
+{
+    const QPointer<FlexGrid> self = this;
+    if (!cursor.isAtCellOf(cursorCell())) {
+        bool stays = false;
+        Q_EMIT askToLeave(stays);
+        if (!self || stays)
+            return false;
+    }
+    return moveTo(cursor);
+}
+
+void FlexGrid::setRow(int row)
+{
+    checkLine(row, Rows());
+    moveTo(CellCursor::at(row, Col()));
+}
+
+void FlexGrid::setCol(int column)
+{
+    checkLine(column, Cols());
+    moveTo(CellCursor::at(Row(), column));
+}
+
+bool FlexGrid::setCurrentCell(int row, int column)
+{
+    checkLine(row, Rows());
+    checkLine(column, Cols());
+    return moveTo(CellCursor::at(row, column));
+}
+
+void FlexGrid::setRowSel(int row)
+{
+    checkLine(row, Rows());
+    moveTo({Row(), Col(), row, ColSel()});
+}
+
+void FlexGrid::setColSel(int column)
+{
+    checkLine(column, Cols());
+    moveTo({Row(), Col(), RowSel(), column});
+}
+
+// Assistive tools make a cell the current one behind our back; the toolkit is still busy with it.
+void FlexGrid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    CellView::currentChanged(current, previous);
+    if (isPlacingCursor() || !current.isValid())
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this, target = QPersistentModelIndex(current)] {
+            if (target.isValid())
+                guarded(this, [&] { moveByUser(CellCursor::at(target.row() + 1, target.column() + 1)); });
+        },
+        Qt::QueuedConnection);
+}
+
+int FlexGrid::CellLeft() const
+{
+    const int pixels = viewport()->x() + cellRect(Row(), Col()).left();
+    return toTwipsX(this, pixels).rounded();
+}
+
+int FlexGrid::CellTop() const
+{
+    const int pixels = viewport()->y() + cellRect(Row(), Col()).top();
+    return toTwipsY(this, pixels).rounded();
+}
+
+int FlexGrid::CellWidth() const { return toTwipsX(this, cellRect(Row(), Col()).width()).rounded(); }
+int FlexGrid::CellHeight() const { return toTwipsY(this, cellRect(Row(), Col()).height()).rounded(); }
+
+// --- keys
+
+void FlexGrid::keyPressEvent(QKeyEvent *event)
+{
+    const QPointer<FlexGrid> self = this;
+    guarded(this, [&] {
+        if (FocusTracker::instance().settle() && self)
+            press(event);
+        else
+            event->accept();
+    });
+}
+
+void FlexGrid::press(QKeyEvent *event)
+{
+    const QPointer<FlexGrid> self = this;
+    event->accept();
+    const int ownCode = keyCode(*event);
+    int code = ownCode;
+    int shift = shiftState(*event);
+    const bool isOther = [&] {
+        const int ownShift = shift;
+        if (code != Key::None)
+            Q_EMIT KeyDown(code, shift);
+        return code != ownCode || shift != ownShift;
+    }();
+    if (!self || (code == Key::None && ownCode != Key::None))
+        return;
+    QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift), plainText(code, shift));
+    int ascii = keyAscii(isOther ? other : *event);
+    if (ascii != 0) {
+        Q_EMIT KeyPress(ascii);
+        if (!self || ascii == 0)
+            return;
+    }
+    actAs(event, code, shift);
+}
+
+void FlexGrid::actAs(QKeyEvent *event, int keyCode, int shiftState)
+{
+    const std::optional<CellMove> move = cellMove(keyCode, shiftState, isRightToLeft());
+    if (!move) {
+        event->ignore(); // the form's: Enter, Escape, a menu's letter
+        return;
+    }
+    const QPointer<FlexGrid> self = this;
+    const MoveRoom room{rowSizes(), columnSizes(), wholeRows()};
+    if (moveByUser(moved(cursorCell(), *move, shiftState & ShiftState::Shift, room)) && self)
+        makeVisible(RowSel(), ColSel());
+}
+
+void FlexGrid::keyReleaseEvent(QKeyEvent *event)
+{
+    event->accept();
+    guarded(this, [&] {
+        int code = keyCode(*event);
+        int shift = shiftState(*event);
+        if (code != Key::None)
+            Q_EMIT KeyUp(code, shift);
+    });
+}
+
+// --- mouse
+
+void FlexGrid::handleMouseOfCells(QMouseEvent *event)
+{
+    const QPointF place = event->position() + viewport()->pos();
+    event->accept();
+    handleMouse({event->type(), place, event->scenePosition(), event->globalPosition(), event->button(),
+                 event->buttons(), event->modifiers(), event->pointingDevice()});
+}
+
+void FlexGrid::handleMouse(const QMouseEvent &event)
+{
+    const QPointer<FlexGrid> self = this;
+    guarded(this, [&] {
+        const bool isPress = event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
+        if (isPress && (!FocusTracker::instance().settle() || !self))
+            return;
+        m_mousePlace = event.position().toPoint() - viewport()->pos();
+        m_mouse = {rowAtPlace(m_mousePlace.y()), columnAtPlace(m_mousePlace.x())};
+        switch (event.type()) {
+        case QEvent::MouseButtonPress: press(event); break;
+        case QEvent::MouseButtonDblClick: doublePress(event); break;
+        case QEvent::MouseMove: follow(event); break;
+        default: release(event); break;
+        }
+    });
+}
+
+void FlexGrid::press(const QMouseEvent &event)
+{
+    const QPointer<FlexGrid> self = this;
+    const Place place = m_mouse;
+    m_pressed |= event.button();
+    MouseArguments mouse(this, event);
+    Q_EMIT MouseDown(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+    if (!self || event.button() != Qt::LeftButton)
+        return;
+    m_isClickDue = true;
+    pressAt(place, event.modifiers().testFlag(Qt::ShiftModifier));
+}
+
+// A title selects its column, the fixed column its row; neither scrolls to where the current cell then is.
+void FlexGrid::pressAt(const Place &place, bool extends)
+{
+    const QPointer<FlexGrid> self = this;
+    const int lastRow = Rows() - 1;
+    const int lastColumn = Cols() - 1;
+    m_drag = Drag::None;
+    if (place.row < 0 || place.column < 0 || (place.row == 0 && place.column == 0) || place.row > lastRow ||
+        place.column > lastColumn)
+        return;
+    if (place.row == 0) {
+        if (lastRow > 0 && moveByUser({1, extends ? Col() : place.column, lastRow, place.column}))
+            m_drag = Drag::Columns;
+    } else if (place.column == 0) {
+        if (lastColumn > 0 && moveByUser({extends ? Row() : place.row, 1, place.row, lastColumn}))
+            m_drag = Drag::Rows;
+    } else if (moveByUser(extends ? CellCursor{Row(), Col(), place.row, place.column}
+                                  : CellCursor::at(place.row, place.column))) {
+        m_drag = Drag::Cells;
+        makeVisible(RowSel(), ColSel());
+    }
+}
+
+void FlexGrid::doublePress(const QMouseEvent &event)
+{
+    if (event.button() != Qt::LeftButton) {
+        press(event);
+        return;
+    }
+    const QPointer<FlexGrid> self = this;
+    const Place place = m_mouse;
+    m_pressed |= event.button();
+    m_isClickDue = false;
+    // The second press may fall on the cell beside the first one's.
+    if (place.row > 0 && place.column > 0)
+        pressAt(place, event.modifiers().testFlag(Qt::ShiftModifier));
+    if (self)
+        Q_EMIT DblClick();
+}
+
+void FlexGrid::follow(const QMouseEvent &event)
+{
+    const QPointer<FlexGrid> self = this;
+    MouseArguments mouse(this, event);
+    Q_EMIT MouseMove(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+    if (!self || !m_pressed.testFlag(Qt::LeftButton))
+        return;
+    if (!event.buttons().testFlag(Qt::LeftButton)) {
+        m_pressed = {}; // released where nobody saw it, over a message that a handler showed
+        m_drag = Drag::None;
+        m_following.stop();
+        return;
+    }
+    if (m_drag == Drag::None)
+        return;
+    const bool isBeyond = !viewport()->rect().contains(m_mousePlace);
+    if (isBeyond && !m_following.isActive())
+        m_following.start(followingStep, this);
+    else if (!isBeyond)
+        m_following.stop();
+    extendTo(m_mousePlace);
+}
+
+void FlexGrid::extendTo(const QPoint &place)
+{
+    const QRect room = viewport()->rect();
+    const auto lineAt = [](int line, int first, bool isBefore, bool isBehind, int last) {
+        const int next = isBefore ? first - 1 : line + (isBehind ? 1 : 0);
+        return line < 0 ? last : std::clamp(next, 1, last);
+    };
+    const int row = rowAtPlace(std::clamp(place.y(), 0, room.bottom()));
+    const int column = columnAtPlace(std::clamp(place.x(), 0, room.right()));
+    const bool isLeft = place.x() < 0;
+    const bool isRight = place.x() > room.right();
+    CellCursor cursor = cursorCell();
+    if (m_drag != Drag::Columns)
+        cursor.rowSel = lineAt(row, TopRow(), place.y() < 0, place.y() > room.bottom(), Rows() - 1);
+    if (m_drag != Drag::Rows)
+        cursor.columnSel = lineAt(column, LeftCol(), isRightToLeft() ? isRight : isLeft,
+                                  isRightToLeft() ? isLeft : isRight, Cols() - 1);
+    if (moveTo(cursor))
+        makeVisible(m_drag == Drag::Columns ? 0 : RowSel(), m_drag == Drag::Rows ? 0 : ColSel());
+}
+
+void FlexGrid::release(const QMouseEvent &event)
+{
+    if (!m_pressed.testFlag(event.button()))
+        return;
+    const QPointer<FlexGrid> self = this;
+    m_pressed.setFlag(event.button(), false);
+    const bool isLeft = event.button() == Qt::LeftButton;
+    if (isLeft) {
+        m_following.stop();
+        m_drag = Drag::None;
+    }
+    MouseArguments mouse(this, event);
+    Q_EMIT MouseUp(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+    if (self && isLeft && std::exchange(m_isClickDue, false))
+        Q_EMIT Click();
+}
+
+void FlexGrid::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_following.timerId())
+        CellView::timerEvent(event);
+    else if (m_drag == Drag::None || !isVisible() || !isEnabled())
+        m_following.stop(); // where no release will be seen
+    else
+        guarded(this, [this] { extendTo(m_mousePlace); });
+}
+
+// --- focus
+
+// The toolkit's own would make the first cell the current one.
+void FlexGrid::focusInEvent(QFocusEvent *event)
+{
+    QAbstractScrollArea::focusInEvent(event);
+    updateCursor();
+}
+
+void FlexGrid::focusOutEvent(QFocusEvent *event)
+{
+    const QPointer<FlexGrid> self = this;
+    CellView::focusOutEvent(event);
+    if (self)
+        updateCursor();
+}
+
+} // namespace kor
