@@ -15,6 +15,7 @@ namespace kor {
 enum class ErrorNumber : int {
     InvalidProcedureCall = 5,
     Overflow = 6,
+    OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     InternalError = 51,
     TypeMismatch = 13,

@@ -11,6 +11,7 @@ QString classicText(ErrorNumber number)
     switch (number) {
     case ErrorNumber::InvalidProcedureCall: return QStringLiteral("Invalid procedure call or argument");
     case ErrorNumber::Overflow: return QStringLiteral("Overflow");
+    case ErrorNumber::OutOfMemory: return QStringLiteral("Out of memory");
     case ErrorNumber::SubscriptOutOfRange: return QStringLiteral("Subscript out of range");
     case ErrorNumber::TypeMismatch: return QStringLiteral("Type mismatch");
     case ErrorNumber::InternalError: return QStringLiteral("Internal error");
