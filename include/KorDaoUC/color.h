@@ -18,6 +18,7 @@ enum SystemColor : OLE_COLOR {
     WindowBackground = -0x7FFFFFFB, //!< &H80000005, the background of fields
     WindowText = -0x7FFFFFF8,       //!< &H80000008
     ButtonFace = -0x7FFFFFF1,       //!< &H8000000F
+    ButtonText = -0x7FFFFFEE,       //!< &H80000012
 };
 
 [[nodiscard]] inline constexpr bool isSystemColor(OLE_COLOR color) { return color < 0; }

@@ -86,8 +86,10 @@ Q_SIGNALS:
 protected:
     explicit UserControl(QWidget *parent);
 
-    //! Names the constituent whose look is the control's: it takes colours and font, and the control's focus.
+    //! Names the constituent whose look is the control's: it takes colours and font, and the control's focus. It
+    //! starts with the colours of fields, or with its own.
     void setMainConstituent(QWidget *constituent);
+    void setMainConstituent(QWidget *constituent, OLE_COLOR back, OLE_COLOR fore);
     [[nodiscard]] QWidget *mainConstituent() const;
     //! The native window that the main constituent is drawn in: its own, or the one of the form around it.
     [[nodiscard]] int mainWindowHandle() const;

@@ -9,6 +9,7 @@
 #include <QtWidgets/QWidget>
 
 #include <array>
+#include <initializer_list>
 
 namespace kor {
 
@@ -56,20 +57,30 @@ QColor toQColor(OLE_COLOR color, const QPalette &palette)
 
 OLE_COLOR fromQColor(const QColor &color) { return color.red() | (color.green() << 8) | (color.blue() << 16); }
 
+namespace {
+
+//! Gives the roles a colour; a system colour keeps what the theme makes of it in each state, its greyed look included.
+void setColor(QPalette &palette, std::initializer_list<QPalette::ColorRole> roles, OLE_COLOR color, QPalette theme)
+{
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        theme.setCurrentColorGroup(group);
+        for (const auto role : roles)
+            palette.setColor(group, role, toQColor(color, theme));
+    }
+}
+
+} // namespace
+
 void FieldColors::applyTo(QWidget *widget, const QPalette &theme) const
 {
-    // What the theme gives anyway stays unset, so that the field follows it, its greyed look included.
+    // What the theme gives anyway stays unset, so that the field follows it. A drop-down list paints its closed face as
+    // a button.
     QPalette palette;
     palette.setResolveMask(0);
     if (back != WindowBackground)
-        palette.setColor(QPalette::Base, toQColor(back, theme));
+        setColor(palette, {QPalette::Base, QPalette::Button}, back, theme);
     if (fore != WindowText)
-        palette.setColor(QPalette::Text, toQColor(fore, theme));
-    // A drop-down list paints its closed face as a button.
-    if (back != WindowBackground)
-        palette.setColor(QPalette::Button, toQColor(back, theme));
-    if (fore != WindowText)
-        palette.setColor(QPalette::ButtonText, toQColor(fore, theme));
+        setColor(palette, {QPalette::Text, QPalette::ButtonText}, fore, theme);
     if (isBackTransparent)
         palette.setColor(QPalette::Base, Qt::transparent);
     widget->setPalette(palette);

@@ -9,8 +9,8 @@ class QWidget;
 
 namespace kor {
 
-//! The two colours of a field. System colours are looked up anew at each applyTo(), so call it again when the theme
-//! has changed.
+//! The two colours of a field, which start as those of the window unless it has its own. System colours are looked up
+//! anew at each applyTo(), so call it again when the theme has changed.
 struct FieldColors {
     OLE_COLOR back = WindowBackground;
     OLE_COLOR fore = WindowText;

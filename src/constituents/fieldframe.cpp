@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/fieldframe.h"
 
+#include "constituents/enumcheck.h"
+
 #include <KorDaoUC/runtimeerror.h>
 
 #include <QtCore/QEvent>
@@ -21,16 +23,14 @@ void FieldFrame::setField(QWidget *field)
 
 void FieldFrame::setBorderStyle(BorderStyleType style)
 {
-    if (style != BorderStyleType::None && style != BorderStyleType::FixedSingle)
-        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    requireMember(style);
     m_border = style;
     update();
 }
 
 void FieldFrame::setAppearance(AppearanceType appearance)
 {
-    if (appearance != AppearanceType::Flat && appearance != AppearanceType::A3D)
-        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    requireMember(appearance);
     m_appearance = appearance;
     update();
 }

@@ -38,6 +38,14 @@ void UserControl::setMainConstituent(QWidget *constituent)
     setSizePolicy(constituent->sizePolicy()); // a layout treats it as what it is: a line, a list
 }
 
+void UserControl::setMainConstituent(QWidget *constituent, OLE_COLOR back, OLE_COLOR fore)
+{
+    setMainConstituent(constituent);
+    d->colors.back = back;
+    d->colors.fore = fore;
+    d->colors.applyTo(constituent, palette());
+}
+
 QWidget *UserControl::mainConstituent() const { return d->main; }
 
 bool UserControl::isBackTransparent() const { return d->colors.isBackTransparent; }

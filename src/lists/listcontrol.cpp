@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "constituents/enumcheck.h"
 #include "constituents/listbox.h"
 
 #include <KorDaoUC/listcontrol.h>
@@ -67,8 +68,7 @@ BorderStyleType ListControl::BorderStyle() const { return d->borderStyle; }
 
 void ListControl::setBorderStyle(BorderStyleType style)
 {
-    if (style != BorderStyleType::None && style != BorderStyleType::FixedSingle)
-        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    requireMember(style);
     d->borderStyle = style;
     propertyChanged("BorderStyle");
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "constituents/buttonfield.h"
+#include "constituents/enumcheck.h"
 #include "constituents/focustracker.h"
 #include "constituents/multilinetextbox.h"
 #include "constituents/popupplace.h"
@@ -210,8 +211,7 @@ OpenDirectionType KorMultiText::OpenDrection() const { return d->direction; }
 
 void KorMultiText::setOpenDrection(OpenDirectionType direction)
 {
-    if (direction != OpenDirectionType::Up && direction != OpenDirectionType::Down)
-        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    requireMember(direction);
     d->direction = direction;
     propertyChanged("OpenDrection");
 }
