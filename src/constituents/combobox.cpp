@@ -6,8 +6,8 @@
 #include "constituents/entryheight.h"
 #include "constituents/entrymodel.h"
 #include "constituents/errorguard.h"
-#include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
+#include "constituents/keyoffer.h"
 #include "constituents/popupplace.h"
 
 #include <QtCore/QCoreApplication>
@@ -62,8 +62,8 @@ ComboBox::ComboBox(QWidget *parent) : QComboBox(parent), m_entries(new EntryMode
     setModel(m_entries);
     setFocusPolicy(Qt::StrongFocus); // a wheel that passes by gives no focus
     setMaxVisibleItems(visibleEntries);
-    connect(this, &QComboBox::currentIndexChanged, this, &ComboBox::raiseChange);
-    connect(this, &QComboBox::activated, this, [this] { m_isChosen = m_acting > 0; });
+    connect(this, &QComboBox::currentIndexChanged, this, [this] { m_events.raise(); });
+    connect(this, &QComboBox::activated, this, [this] { m_isChosen = m_events.areHeld(); });
 }
 
 // --- entries and selection
@@ -90,36 +90,24 @@ void ComboBox::Clear()
     m_entries->clear();
 }
 
-// A handler of Click may delete the control, which the toolkit does not survive in the middle of its own work.
-template <class Action>
-void ComboBox::act(Action &&action)
+void ComboBox::raiseEvents()
 {
     const QPointer<ComboBox> self = this;
-    ++m_acting;
-    action();
-    --m_acting;
-    raiseChange();
-    if (self && m_acting == 0 && std::exchange(m_isChosen, false))
+    const bool isChosen = std::exchange(m_isChosen, false);
+    if (currentIndex() != m_selected) {
+        m_selected = currentIndex();
+        Q_EMIT Click();
+    }
+    if (self && isChosen)
         Q_EMIT Chosen();
-}
-
-void ComboBox::raiseChange()
-{
-    if (m_acting > 0 || currentIndex() == m_selected)
-        return;
-    m_selected = currentIndex();
-    Q_EMIT Click();
 }
 
 // --- keys and mouse on the closed field
 
 void ComboBox::keyPressEvent(QKeyEvent *event)
 {
-    const QPointer<ComboBox> self = this;
-    guarded(this, [&] {
-        if (!FocusTracker::instance().settle() || !self)
-            event->accept();
-        else if (isDropped())
+    onInput(this, event, [&] {
+        if (isDropped())
             QCoreApplication::sendEvent(m_list, event);
         else
             press(event);
@@ -128,21 +116,14 @@ void ComboBox::keyPressEvent(QKeyEvent *event)
 
 void ComboBox::press(QKeyEvent *event)
 {
-    const QPointer<ComboBox> self = this;
-    event->accept();
-    const int ownCode = keyCode(*event);
-    const int ownShift = shiftState(event->modifiers());
-    int code = ownCode;
-    int shift = ownShift;
-    if (ownCode != Key::None)
-        Q_EMIT KeyDown(code, shift);
-    if (!self || (code == Key::None && ownCode != Key::None))
+    const KeyOffer key = offerKey(this, *event);
+    if (key.answer == KeyOffer::Answer::Swallow)
         return;
-    if (code == ownCode && shift == ownShift) {
+    if (key.answer == KeyOffer::Answer::Act) {
         actAs(event);
         return;
     }
-    QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift), plainText(code, shift));
+    QKeyEvent other = pressOf(key.code, key.shift);
     actAs(&other);
     event->setAccepted(other.isAccepted());
 }
@@ -201,24 +182,12 @@ void ComboBox::select(QKeyEvent *event)
 void ComboBox::keyReleaseEvent(QKeyEvent *event)
 {
     event->accept();
-    guarded(this, [&] { release(*event); });
-}
-
-void ComboBox::release(const QKeyEvent &event)
-{
-    int code = keyCode(event);
-    int shift = shiftState(event);
-    if (code != Key::None && !event.isAutoRepeat())
-        Q_EMIT KeyUp(code, shift);
+    guarded(this, [&] { raiseKeyUp(this, *event); });
 }
 
 void ComboBox::mousePressEvent(QMouseEvent *event)
 {
-    const QPointer<ComboBox> self = this;
-    guarded(this, [&] {
-        if (FocusTracker::instance().settle() && self)
-            act([&] { QComboBox::mousePressEvent(event); });
-    });
+    onInput(this, event, [&] { act([&] { QComboBox::mousePressEvent(event); }); });
     event->accept();
 }
 
@@ -242,9 +211,10 @@ bool ComboBox::eventFilter(QObject *watched, QEvent *event)
             followStyle();
         return false;
     }
+    const QPointer<ComboBox> self = this;
     bool isTaken = false;
     guarded(this, [&] { isTaken = filterList(watched, event); });
-    return isTaken;
+    return isTaken || !self; // the list has gone with the box
 }
 
 bool ComboBox::filterList(QObject *watched, QEvent *event)
@@ -260,7 +230,7 @@ bool ComboBox::filterList(QObject *watched, QEvent *event)
     if (watched == m_list && event->type() == QEvent::KeyPress)
         return pressInList(static_cast<QKeyEvent *>(event));
     if (watched == m_list && event->type() == QEvent::KeyRelease)
-        release(*static_cast<QKeyEvent *>(event));
+        raiseKeyUp(this, *static_cast<QKeyEvent *>(event));
     else if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonRelease)
         return offerToToolkit(watched, event);
     return false;
@@ -270,13 +240,8 @@ bool ComboBox::pressInList(QKeyEvent *event)
 {
     const QPointer<ComboBox> self = this;
     event->accept();
-    int code = keyCode(*event);
-    int shift = shiftState(event->modifiers());
-    if (code != Key::None) {
-        Q_EMIT KeyDown(code, shift);
-        if (!self || code == Key::None || !isDropped())
-            return true;
-    }
+    if (raiseKeyDown(this, *event).answer == KeyOffer::Answer::Swallow || !isDropped())
+        return true;
     if (const int own = keyAscii(*event); own != 0 && offerCharacter(own) == 0)
         return true;
     const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;

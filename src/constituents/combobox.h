@@ -3,10 +3,13 @@
 #pragma once
 
 #include "constituents/entrybox.h"
+#include "constituents/heldevents.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QPointer>
 #include <QtWidgets/QComboBox>
+
+#include <utility>
 
 namespace kor {
 
@@ -66,14 +69,16 @@ protected:
 private:
     //! Lets the toolkit do something that may change the selection, and raises Click once it is done with it.
     template <class Action>
-    void act(Action &&action);
-    void raiseChange();
+    void act(Action &&action)
+    {
+        m_events.during(std::forward<Action>(action));
+    }
+    void raiseEvents();
     void press(QKeyEvent *event);
     void actAs(QKeyEvent *event);
     //! Raises KeyPress for a character, 0 for none, and gives what the handlers made of it.
     [[nodiscard]] int offerCharacter(int ascii);
     void select(QKeyEvent *event);
-    void release(const QKeyEvent &event);
     [[nodiscard]] bool filterList(QObject *watched, QEvent *event);
     [[nodiscard]] bool pressInList(QKeyEvent *event);
     bool offerToToolkit(QObject *watched, QEvent *event);
@@ -89,7 +94,7 @@ private:
     bool m_hasList = false;             //!< the toolkit has made it, perhaps before
     QElapsedTimer m_searching;          //!< since the last character of a type-ahead
     int m_selected = -1;                //!< the entry that Click was raised for
-    int m_acting = 0;
+    HeldEvents m_events{this, [this] { raiseEvents(); }};
     bool m_isChosen = false;
     int m_pictureWidth = 0;
     bool m_fitsSoon = false;

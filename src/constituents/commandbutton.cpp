@@ -3,7 +3,7 @@
 #include "constituents/commandbutton.h"
 
 #include "constituents/errorguard.h"
-#include "constituents/focustracker.h"
+#include "constituents/keyoffer.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
@@ -50,21 +50,13 @@ bool CommandButton::event(QEvent *event)
 
 void CommandButton::mousePressEvent(QMouseEvent *event)
 {
-    const QPointer<CommandButton> self = this;
-    guarded(this, [&] {
-        if (FocusTracker::instance().settle() && self)
-            QPushButton::mousePressEvent(event);
-    });
+    onInput(this, event, [&] { QPushButton::mousePressEvent(event); });
     event->accept();
 }
 
 void CommandButton::keyPressEvent(QKeyEvent *event)
 {
-    const QPointer<CommandButton> self = this;
-    guarded(this, [&] {
-        event->accept();
-        if (!FocusTracker::instance().settle() || !self)
-            return;
+    onInput(this, event, [&] {
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
             click();
         else

@@ -5,6 +5,7 @@
 #include "constituents/errorguard.h"
 #include "constituents/messagebox.h"
 
+#include <QtCore/QScopeGuard>
 #include <QtCore/QScopedValueRollback>
 #include <QtWidgets/QApplication>
 
@@ -18,6 +19,8 @@ bool holds(const QWidget *control, const QWidget *widget)
 {
     return widget && (control == widget || control->isAncestorOf(widget));
 }
+
+bool canBeEntered(const QWidget *box) { return box->isEnabled() && box->isVisible(); }
 
 } // namespace
 
@@ -36,7 +39,7 @@ FocusTracker::FocusTracker()
 {
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { focusChanged(now); });
     if (QWidget *now = QApplication::focusWidget())
-        remember(now->window(), now);
+        windowOf(now)->focus = now;
 }
 
 void FocusTracker::addClient(QWidget *control, FocusClient *client) { m_clients.insert(control, client); }
@@ -53,134 +56,154 @@ std::vector<QPointer<QWidget>> FocusTracker::clientsAround(QWidget *widget) cons
     return clients;
 }
 
-QWidget *FocusTracker::focusIn(const QWidget *window) const
+FocusTracker::WindowPointer FocusTracker::windowOf(const QWidget *widget)
 {
-    const auto found =
-        std::find_if(m_focus.cbegin(), m_focus.cend(), [window](const auto &entry) { return entry.first == window; });
-    return found != m_focus.cend() ? found->second.data() : nullptr;
+    QWidget *window = widget->window();
+    std::erase_if(m_windows, [](const WindowPointer &known) { return !known->widget; });
+    const auto found = std::find_if(m_windows.cbegin(), m_windows.cend(),
+                                    [window](const WindowPointer &known) { return known->widget == window; });
+    return found != m_windows.cend() ? *found
+                                     : m_windows.emplace_back(std::make_shared<Window>(Window{window, nullptr}));
 }
 
-void FocusTracker::remember(QWidget *window, QWidget *box)
+//! Runs one call to the client of a control, which may be gone by now. What a host's handler throws there is reported,
+//! and keeps nobody else from being told.
+template <class Call>
+void FocusTracker::tell(const QPointer<QWidget> &control, Call &&call)
 {
-    std::erase_if(m_focus, [window](const auto &entry) { return !entry.first || entry.first == window; });
-    m_focus.emplace_back(window, box);
+    if (FocusClient *client = control ? m_clients.value(control) : nullptr)
+        guarded(control, [&] { call(*client); });
 }
+
+// --- moves
 
 void FocusTracker::focusChanged(QWidget *now)
 {
     if (!now)
         return; // another program, or nothing
-    QWidget *window = now->window();
-    QWidget *before = focusIn(window);
+    const WindowPointer window = windowOf(now);
+    const QPointer<QWidget> before = window->focus;
     if (before == now)
         return; // back from another window
-    remember(window, now);
-    if (m_state != State::PuttingBack)
-        schedule({window, before, now});
+    window->focus = now;
+    if (window->state != Window::State::PuttingBack)
+        schedule(*window, {before, now});
 }
 
-void FocusTracker::schedule(Move move)
+void FocusTracker::schedule(Window &window, const Move &move)
 {
-    const bool waits = m_state != State::Idle || !m_moves.empty() || !clientsAround(move.from).empty();
+    const bool waits =
+        window.state != Window::State::Idle || !window.moves.empty() || !clientsAround(move.from).empty();
     if (!waits) {
         // Nobody is left: the field is entered at once, before the key or the click that follows.
-        guarded(move.to, [&] { enter(nullptr, move.to); });
+        enter(nullptr, move.to);
         return;
     }
-    m_moves.push_back(std::move(move));
+    window.moves.push_back(move);
+    settleSoon();
+}
+
+void FocusTracker::settleSoon()
+{
     QMetaObject::invokeMethod(
         this, [this] { settle(); }, Qt::QueuedConnection);
 }
 
 bool FocusTracker::settle()
 {
-    if (m_state != State::Idle)
-        return true;
+    const auto next = [this] {
+        const auto found = std::find_if(m_windows.cbegin(), m_windows.cend(), [](const WindowPointer &window) {
+            return window->state == Window::State::Idle && !window->moves.empty();
+        });
+        return found != m_windows.cend() ? *found : nullptr;
+    };
     const QPointer<QWidget> before = QApplication::focusWidget();
-    while (!m_moves.empty())
-        handleNext();
-    return before == QApplication::focusWidget();
+    bool isIdle = true;
+    while (const WindowPointer window = next()) {
+        isIdle = false;
+        handleNext(window);
+    }
+    return isIdle || before == QApplication::focusWidget();
 }
 
-void FocusTracker::handleNext()
+void FocusTracker::handleNext(const WindowPointer &window)
 {
-    const QScopedValueRollback handling(m_state, State::Handling);
-    const Move move = m_moves.front();
-    m_moves.pop_front();
-    guarded(move.from ? move.from.data() : move.to.data(), [&] { handle(move); });
-}
-
-void FocusTracker::handle(const Move &move)
-{
+    const QScopedValueRollback handling(window->state, Window::State::Handling);
+    const Move move = window->moves.front();
+    window->moves.pop_front();
     const auto left = clientsAround(move.from);
-    if (!left.empty()) {
-        if (const auto complaint = clientOf(left.front())->boxLeft(move.from)) {
-            complain(move, *complaint);
-            return;
-        }
+    if (const auto complaint = move.isAsked ? std::nullopt : ask(move.from)) {
+        complain(window, move.from, *complaint);
+        return;
     }
-    // A handler may have moved the focus on, or back to where it was; what counts is where it is now.
-    for (const auto &control : left) {
-        if (control && move.window && !holds(control, focusIn(move.window)))
-            clientOf(control)->controlLeft();
-    }
-    if (move.to && move.window && focusIn(move.window) == move.to)
+    leave(left, *window);
+    if (move.to && window->widget && window->focus == move.to)
         enter(move.from, move.to);
 }
 
-void FocusTracker::complain(const Move &move, const Complaint &complaint)
+//! Tells the controls that the focus has left. A handler may have moved it on, or back to where it was; what counts is
+//! where it is now.
+void FocusTracker::leave(const std::vector<QPointer<QWidget>> &controls, const Window &window)
 {
-    exclaim(move.window, complaint.text, complaint.title);
-    if (!move.from)
-        return;
-    const bool canGoBack = move.from->isEnabled() && move.from->isVisible();
-    if (canGoBack) {
-        // Where the focus went meanwhile was never entered, so nobody there may complain in turn.
-        std::erase_if(m_moves, [&](const Move &other) { return other.window == move.window; });
-        putBack(move.from);
-    }
-    if (move.from && complaint.afterwards)
-        complaint.afterwards();
-    if (canGoBack)
-        return;
-    for (const auto &control : clientsAround(move.from)) {
-        if (control)
-            clientOf(control)->controlLeft();
+    for (const auto &control : controls) {
+        if (control && window.widget && !holds(control, window.focus))
+            tell(control, [](FocusClient &client) { client.controlLeft(); });
     }
 }
 
-void FocusTracker::putBack(QWidget *box)
+void FocusTracker::enter(QWidget *from, QWidget *to)
 {
-    const QPointer<QWidget> watched = box;
-    {
-        const QScopedValueRollback puttingBack(m_state, State::PuttingBack);
-        if (!box->window()->isActiveWindow())
-            box->activateWindow();
-        box->setFocus(Qt::OtherFocusReason);
-        remember(box->window(), box);
+    const QPointer<QWidget> box = to;
+    const QPointer<QWidget> before = from;
+    const auto entered = clientsAround(to);
+    for (auto control = entered.rbegin(); control != entered.rend(); ++control) {
+        if (*control && !holds(*control, before))
+            tell(*control, [](FocusClient &client) { client.controlEntered(); });
     }
-    const auto clients = clientsAround(watched);
-    if (!clients.empty())
-        clientOf(clients.front())->boxEntered(watched, FocusEntry::Returned);
+    if (box && !entered.empty())
+        tell(entered.front(), [&](FocusClient &client) { client.boxEntered(box, FocusEntry::Moved); });
+}
+
+// --- questions
+
+std::optional<Complaint> FocusTracker::ask(QWidget *box)
+{
+    std::optional<Complaint> complaint;
+    if (const auto clients = clientsAround(box); !clients.empty())
+        tell(clients.front(), [&](FocusClient &client) { complaint = client.boxLeft(box); });
+    return complaint;
+}
+
+bool FocusTracker::askToLeave(QWidget *box)
+{
+    const QPointer<QWidget> asked = box;
+    const WindowPointer window = windowOf(box);
+    const auto goOn = qScopeGuard([&] { // with what has come to wait meanwhile
+        if (!window->moves.empty())
+            settleSoon();
+    });
+    const QScopedValueRollback handling(window->state, Window::State::Handling);
+    if (const auto complaint = ask(box)) {
+        complain(window, asked, *complaint);
+        return !asked || !canBeEntered(asked); // nobody can correct what has gone away under the message
+    }
+    for (Move &move : window->moves) {
+        if (move.from == asked)
+            move.isAsked = true;
+    }
+    return true;
 }
 
 bool FocusTracker::leaveInPlace(QWidget *box)
 {
-    const QPointer<QWidget> watched = box;
+    const QPointer<QWidget> asked = box;
     if (!settle())
         return false;
-    const QScopedValueRollback handling(m_state, State::Handling);
-    const auto left = clientsAround(watched);
-    if (left.empty())
-        return true;
-    if (const auto complaint = clientOf(left.front())->boxLeft(watched)) {
-        complain({watched ? watched->window() : nullptr, watched, watched}, *complaint);
+    const auto left = clientsAround(asked);
+    if (asked && !askToLeave(asked))
         return false;
-    }
-    for (const auto &control : left) {
-        if (control)
-            clientOf(control)->controlLeft();
-    }
+    for (const auto &control : left)
+        tell(control, [](FocusClient &client) { client.controlLeft(); });
     return true;
 }
 
@@ -191,16 +214,39 @@ void FocusTracker::enterInPlace(QWidget *box)
         enter(nullptr, watched);
 }
 
-void FocusTracker::enter(QWidget *from, QWidget *to)
+void FocusTracker::complain(const WindowPointer &window, const QPointer<QWidget> &box, const Complaint &complaint)
 {
-    const QPointer<QWidget> box = to;
-    auto entered = clientsAround(to);
-    for (auto control = entered.rbegin(); control != entered.rend(); ++control) {
-        if (*control && !holds(*control, from))
-            clientOf(*control)->controlEntered();
+    exclaim(window->widget, complaint.text, complaint.title);
+    if (!box)
+        return;
+    const bool canGoBack = canBeEntered(box);
+    if (canGoBack) {
+        // Where the focus went meanwhile was never entered, so nobody there may complain in turn.
+        window->moves.clear();
+        putBack(box);
     }
-    if (box && !entered.empty() && entered.front())
-        clientOf(entered.front())->boxEntered(box, FocusEntry::Moved);
+    if (box && complaint.afterwards)
+        guarded(box, complaint.afterwards);
+    if (canGoBack)
+        return;
+    for (const auto &control : clientsAround(box))
+        tell(control, [](FocusClient &client) { client.controlLeft(); });
+}
+
+void FocusTracker::putBack(QWidget *box)
+{
+    const QPointer<QWidget> watched = box;
+    const WindowPointer window = windowOf(box);
+    {
+        const QScopedValueRollback puttingBack(window->state, Window::State::PuttingBack);
+        if (!box->window()->isActiveWindow())
+            box->activateWindow();
+        if (watched)
+            watched->setFocus(Qt::OtherFocusReason);
+        window->focus = watched;
+    }
+    if (const auto clients = clientsAround(watched); !clients.empty())
+        tell(clients.front(), [&](FocusClient &client) { client.boxEntered(watched, FocusEntry::Returned); });
 }
 
 } // namespace kor

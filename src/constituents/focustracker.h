@@ -10,8 +10,8 @@
 
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace kor {
@@ -42,9 +42,10 @@ public:
 //! Tells the controls of both levels of leaving: the inner box, and the control as a whole.
 //!
 //! Only a move to another widget of the same window counts: another window, a menu, a pop-up or a message box leaves
-//! everything undecided. A move is handled after it has happened, one at a time; no control is left or entered before
-//! the box that was left has had its say. A box calls settle() when it is given a key or a click, so that what the
-//! user types ahead meets a field that knows it has the focus.
+//! everything undecided. A move is handled after it has happened, one at a time in each window; no control is left or
+//! entered before the box that was left has had its say. A box calls settle() when it is given a key or a click, so
+//! that what the user types ahead meets a field that knows it has the focus. An error in one client's handler keeps no
+//! other client from being told.
 class FocusTracker : public QObject
 {
     Q_OBJECT
@@ -59,6 +60,10 @@ public:
     //! Handles the moves that wait, at once. False when that took the focus elsewhere, as a message does that sends
     //! the user back: the key or click at hand was not meant for the place where the focus is now.
     bool settle();
+    //! Whether a box may be left: runs its checks as if it were, message included, and moves nothing. May be called at
+    //! any time, also while a move is handled. A move away from the box that waits has its answer by this: it goes on
+    //! without a second check, or the focus is put back.
+    [[nodiscard]] bool askToLeave(QWidget *box);
     //! Gives the focus back to a box whose pop-up has been closed.
     void putBack(QWidget *box);
     //! Asks a box and its controls as if they were left, while the focus stays. False when the box complained.
@@ -68,27 +73,36 @@ public:
 
 private:
     struct Move {
-        QPointer<QWidget> window;
         QPointer<QWidget> from;
         QPointer<QWidget> to;
+        bool isAsked = false; //!< the box has answered already that it may be left
     };
+    //! What is known of one window. A dialog that a handler opens has its own, and its moves don't wait for the one
+    //! that the handler was called for.
+    struct Window {
+        QPointer<QWidget> widget;
+        QPointer<QWidget> focus; //!< its last focused widget
+        std::deque<Move> moves = {};
+        enum class State { Idle, Handling, PuttingBack } state = State::Idle;
+    };
+    using WindowPointer = std::shared_ptr<Window>; // a handler may close the window
 
     FocusTracker();
-    [[nodiscard]] FocusClient *clientOf(QWidget *control) const { return m_clients.value(control); }
+    [[nodiscard]] WindowPointer windowOf(const QWidget *widget);
     [[nodiscard]] std::vector<QPointer<QWidget>> clientsAround(QWidget *widget) const;
     void focusChanged(QWidget *now);
-    void schedule(Move move);
-    void handleNext();
-    void handle(const Move &move);
-    void complain(const Move &move, const Complaint &complaint);
+    void schedule(Window &window, const Move &move);
+    void settleSoon();
+    void handleNext(const WindowPointer &window);
+    [[nodiscard]] std::optional<Complaint> ask(QWidget *box);
+    void complain(const WindowPointer &window, const QPointer<QWidget> &box, const Complaint &complaint);
+    void leave(const std::vector<QPointer<QWidget>> &controls, const Window &window);
     void enter(QWidget *from, QWidget *to);
-    [[nodiscard]] QWidget *focusIn(const QWidget *window) const;
-    void remember(QWidget *window, QWidget *box);
+    template <class Call>
+    void tell(const QPointer<QWidget> &control, Call &&call);
 
     QHash<QWidget *, FocusClient *> m_clients;
-    std::vector<std::pair<QPointer<QWidget>, QPointer<QWidget>>> m_focus; // window, its last focused widget
-    std::deque<Move> m_moves;
-    enum class State { Idle, Handling, PuttingBack } m_state = State::Idle;
+    std::vector<WindowPointer> m_windows;
 };
 
 } // namespace kor

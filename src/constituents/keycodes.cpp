@@ -193,6 +193,11 @@ int keyAscii(const QKeyEvent &event)
     return !text.isEmpty() && isTyped(text.front()) ? text.front().unicode() : 0;
 }
 
+QKeyEvent pressOf(int code, int shiftState)
+{
+    return QKeyEvent(QEvent::KeyPress, toolkitKey(code), modifiersOf(shiftState), plainText(code, shiftState));
+}
+
 QKeyEvent withoutText(const QKeyEvent &event)
 {
     return QKeyEvent(event.type(), event.key(), event.modifiers(), QString(), event.isAutoRepeat());

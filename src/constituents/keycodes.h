@@ -44,6 +44,18 @@ namespace ShiftState {
 enum Code : int { None = 0, Shift = 1, Ctrl = 2, Alt = 4 };
 } // namespace ShiftState
 
+[[nodiscard]] constexpr bool isUpOrDown(int keyCode) { return keyCode == Key::Up || keyCode == Key::Down; }
+//! Whether the key is one that moves between rows: the arrow up or down, plain or with Ctrl.
+[[nodiscard]] constexpr bool isRowKey(int keyCode, int shiftState)
+{
+    return isUpOrDown(keyCode) && (shiftState == ShiftState::None || shiftState == ShiftState::Ctrl);
+}
+//! Whether the key is the F4 that opens what a field offers; Alt+F4 belongs to the window system.
+[[nodiscard]] constexpr bool isOpeningF4(int keyCode, int shiftState)
+{
+    return keyCode == Key::F4 && !(shiftState & ShiftState::Alt);
+}
+
 //! The virtual-key code of a key press or release.
 [[nodiscard]] int keyCode(const QKeyEvent &event);
 //! The Shift argument of a key press or release.
@@ -62,6 +74,8 @@ enum Code : int { None = 0, Shift = 1, Ctrl = 2, Alt = 4 };
 //! the press is no character (Ctrl+letter, Alt+letter, Delete, an arrow). AltGr characters are characters.
 [[nodiscard]] int keyAscii(const QKeyEvent &event);
 
+//! A press of a key by its code, with the text that a plain keyboard gives it.
+[[nodiscard]] QKeyEvent pressOf(int keyCode, int shiftState);
 //! The press as a plain key, for the toolkit to act on: it would type the letter of an Alt+letter.
 [[nodiscard]] QKeyEvent withoutText(const QKeyEvent &event);
 //! Whether a unit of text is what a key may type: not a control character.

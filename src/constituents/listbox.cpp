@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/listbox.h"
 
+#include "constituents/contextpress.h"
 #include "constituents/entryheight.h"
 #include "constituents/entrymodel.h"
+#include "constituents/enumcheck.h"
 #include "constituents/errorguard.h"
-#include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
+#include "constituents/keyoffer.h"
 #include "constituents/mouse.h"
 
 #include <QtCore/QPointer>
@@ -85,7 +87,7 @@ ListBox::ListBox(EntryModel *entries, QWidget *parent) : QListView(parent), m_en
     setFocusPolicy(Qt::StrongFocus);    // a wheel that passes by gives no focus
     viewport()->setMouseTracking(true); // MouseMove comes without a button too
     setAppearance(AppearanceType::A3D);
-    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, &ListBox::raiseChange);
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] { m_click.raise(); });
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &ListBox::followSelection);
 }
 
@@ -95,7 +97,7 @@ void ListBox::setListIndex(int index)
 {
     if (index < -1 || index >= ListCount())
         throw RunTimeError(ErrorNumber::InvalidPropertyValue);
-    act([&] { select(index); });
+    m_click.during([&] { select(index); });
 }
 
 int ListBox::ListCount() const { return m_entries->count(); }
@@ -113,27 +115,17 @@ void ListBox::Clear()
 
 void ListBox::select(int index)
 {
-    ++m_acting;
-    if (index < 0)
-        selectionModel()->clear();
-    else
-        setCurrentIndex(m_entries->index(index));
-    --m_acting;
+    m_click.hold([&] {
+        if (index < 0)
+            selectionModel()->clear();
+        else
+            setCurrentIndex(m_entries->index(index));
+    });
 }
 
-// A handler of Click may delete the control, which the toolkit does not survive in the middle of its own work.
-template <class Action>
-void ListBox::act(Action &&action)
+void ListBox::raiseClick()
 {
-    ++m_acting;
-    action();
-    --m_acting;
-    raiseChange();
-}
-
-void ListBox::raiseChange()
-{
-    if (m_acting > 0 || ListIndex() == m_selected)
+    if (ListIndex() == m_selected)
         return;
     m_selected = ListIndex();
     Q_EMIT Click();
@@ -143,13 +135,13 @@ void ListBox::endPress()
 {
     if (std::exchange(m_isClickDue, false))
         m_selected = -1;
-    raiseChange();
+    m_click.raise();
 }
 
 // Assistive tools select entries without making them the current one, or the other way round; here the two are one.
 void ListBox::followSelection(const QItemSelection &selected)
 {
-    if (m_acting == 0 && !selected.isEmpty())
+    if (!m_click.areHeld() && !selected.isEmpty())
         setListIndex(selected.first().top());
 }
 
@@ -162,32 +154,19 @@ QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex 
 
 void ListBox::keyPressEvent(QKeyEvent *event)
 {
-    const QPointer<ListBox> self = this;
-    guarded(this, [&] {
-        if (FocusTracker::instance().settle() && self)
-            press(event);
-        else
-            event->accept();
-    });
+    onInput(this, event, [&] { press(event); });
 }
 
 void ListBox::press(QKeyEvent *event)
 {
-    const QPointer<ListBox> self = this;
-    event->accept();
-    const int ownCode = keyCode(*event);
-    const int ownShift = shiftState(*event);
-    int code = ownCode;
-    int shift = ownShift;
-    if (ownCode != Key::None)
-        Q_EMIT KeyDown(code, shift);
-    if (!self || (code == Key::None && ownCode != Key::None))
+    const KeyOffer key = offerKey(this, *event);
+    if (key.answer == KeyOffer::Answer::Swallow)
         return;
-    if (code == ownCode && shift == ownShift) {
+    if (key.answer == KeyOffer::Answer::Act) {
         actAs(event);
         return;
     }
-    QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift), plainText(code, shift));
+    QKeyEvent other = pressOf(key.code, key.shift);
     actAs(&other);
     event->setAccepted(other.isAccepted());
 }
@@ -232,19 +211,14 @@ void ListBox::type(const QString &text)
     if (text == QLatin1String(" ") && !goesOn)
         return; // no name begins with it
     m_searching.start();
-    act([&] { keyboardSearch(text); });
+    m_click.during([&] { keyboardSearch(text); });
 }
 
 // --- mouse
 
 void ListBox::mousePressEvent(QMouseEvent *event)
 {
-    const QPointer<ListBox> self = this;
-    guarded(this, [&] {
-        if (FocusTracker::instance().settle() && self)
-            press(*event);
-    });
-    event->accept();
+    onPress(this, viewport(), event, [this](QMouseEvent *pressed) { press(*pressed); });
 }
 
 void ListBox::press(const QMouseEvent &event)
@@ -371,7 +345,7 @@ void ListBox::focusOutEvent(QFocusEvent *event)
     QListView::focusOutEvent(event);
     guarded(this, [&] {
         if (self && !m_pressed)
-            raiseChange();
+            m_click.raise();
     });
 }
 
@@ -398,11 +372,9 @@ AppearanceType ListBox::Appearance() const
 
 void ListBox::setAppearance(AppearanceType appearance)
 {
-    switch (appearance) {
-    case AppearanceType::Flat: setFrameStyle(QFrame::Box | QFrame::Plain); break;
-    case AppearanceType::A3D: setFrameStyle(QFrame::StyledPanel | QFrame::Sunken); break;
-    default: throw RunTimeError(ErrorNumber::InvalidPropertyValue);
-    }
+    requireMember(appearance);
+    setFrameStyle(appearance == AppearanceType::Flat ? int(QFrame::Box) | int(QFrame::Plain)
+                                                     : int(QFrame::StyledPanel) | int(QFrame::Sunken));
     Q_EMIT heightChanged();
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "constituents/entrybox.h"
+#include "constituents/heldevents.h"
 
 #include <KorDaoUC/enumerations.h>
 
@@ -85,12 +86,9 @@ protected:
                                                                        const QEvent *event) const override;
 
 private:
-    //! Lets something select, and raises Click once it is done with it.
-    template <class Action>
-    void act(Action &&action);
-    //! Selects without a word; raiseChange() says it.
+    //! Selects without a word; m_click.raise() says it.
     void select(int index);
-    void raiseChange();
+    void raiseClick();
     //! The mouse has finished selecting.
     void endPress();
     void followSelection(const QItemSelection &selected);
@@ -111,7 +109,7 @@ private:
     QBasicTimer m_following;    //!< scrolls on while it is held beyond an edge
     int m_selected = -1;        //!< the entry that Click was raised for
     bool m_isClickDue = false;  //!< the entries were removed between a selection by the mouse and its Click
-    int m_acting = 0;
+    HeldEvents m_click{this, [this] { raiseClick(); }};
     bool m_awaitsLayout = false; //!< entries were added since the last one
 };
 

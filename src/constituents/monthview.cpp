@@ -4,6 +4,7 @@
 
 #include "constituents/errorguard.h"
 #include "constituents/keycodes.h"
+#include "constituents/keyoffer.h"
 
 #include <KorDaoUC/clock.h>
 #include <KorDaoUC/format.h>
@@ -92,19 +93,8 @@ MonthView::MonthView(const Locale &locale, QWidget *parent) : QCalendarWidget(pa
         m_days->setAccessibleDescription(day);
         m_isValueChangePending = true;
         m_isSelChangePending = m_origin == Origin::User;
-        if (m_selectingDepth == 0)
-            raisePending();
+        m_events.raise();
     });
-}
-
-template <class Body>
-void MonthView::selecting(Body &&body)
-{
-    ++m_selectingDepth;
-    body();
-    --m_selectingDepth;
-    if (m_selectingDepth == 0)
-        raisePending();
 }
 
 void MonthView::raisePending()
@@ -137,7 +127,7 @@ void MonthView::turnYears(int years)
 
 bool MonthView::eventFilter(QObject *watched, QEvent *event)
 {
-    if (m_selectingDepth > 0)
+    if (m_events.areHeld())
         return QCalendarWidget::eventFilter(watched, event); // on its way to the calendar
     switch (event->type()) {
     case QEvent::KeyPress:
@@ -191,7 +181,7 @@ bool MonthView::isOnSelectedDay(const QMouseEvent &event) const
 
 void MonthView::keyPressEvent(QKeyEvent *event)
 {
-    if (m_selectingDepth > 0)
+    if (m_events.areHeld())
         event->accept(); // the days have seen it, and say of no key that they used it
     else if (m_year->hasFocus())
         QCalendarWidget::keyPressEvent(event);
@@ -201,16 +191,13 @@ void MonthView::keyPressEvent(QKeyEvent *event)
 
 void MonthView::press(QKeyEvent *event)
 {
-    const QPointer<MonthView> self = this;
     guarded(this, [&] {
-        int code = keyCode(*event);
-        int shift = shiftState(*event);
-        if (code != Key::None)
-            Q_EMIT KeyDown(code, shift);
-        if (!self || code == Key::None || code == Key::Enter || code == Key::Space)
-            return; // Enter and Space select nothing new
-        if (shift == ShiftState::Ctrl && (code == Key::PageUp || code == Key::PageDown))
-            turnYears(code == Key::PageUp ? -1 : 1);
+        const KeyOffer key = raiseKeyDown(this, *event);
+        const bool selectsNothing = key.code == Key::None || key.code == Key::Enter || key.code == Key::Space;
+        if (key.answer == KeyOffer::Answer::Swallow || selectsNothing)
+            return;
+        if (key.shift == ShiftState::Ctrl && (key.code == Key::PageUp || key.code == Key::PageDown))
+            turnYears(key.code == Key::PageUp ? -1 : 1);
         else
             selecting([&] { QCoreApplication::sendEvent(m_days, event); });
     });

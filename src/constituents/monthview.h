@@ -2,9 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "constituents/heldevents.h"
+
 #include <KorDaoUC/locale.h>
 
 #include <QtWidgets/QCalendarWidget>
+
+#include <utility>
 
 class QMouseEvent;
 class QTableView;
@@ -50,7 +54,10 @@ private:
 
     //! Runs what may select a day, and raises the events when it is done.
     template <class Body>
-    void selecting(Body &&body);
+    void selecting(Body &&body)
+    {
+        m_events.during(std::forward<Body>(body));
+    }
     void raisePending();
     void press(QKeyEvent *event);
     void turnYears(int years);
@@ -65,7 +72,7 @@ private:
     QWidget *m_canvas = nullptr;  //!< the part of it that has the mouse
     QWidget *m_year = nullptr;    //!< shown while the year is typed
     Origin m_origin = Origin::User;
-    int m_selectingDepth = 0;
+    HeldEvents m_events{this, [this] { raisePending(); }};
     bool m_isValueChangePending = false;
     bool m_isSelChangePending = false;
     bool m_isDblClickPending = false;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "constituents/contextpress.h"
 #include "constituents/errorguard.h"
 #include "constituents/keycodes.h"
 #include "constituents/twips.h"
@@ -32,10 +33,16 @@ struct MouseArguments {
 template <class Control>
 void raiseMouse(Control *control, QMouseEvent *event, void (Control::*raise)(int &, int &, float &, float &))
 {
-    guarded(control, [&] {
-        MouseArguments mouse(control, *event);
-        (control->*raise)(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
-    });
+    const auto tell = [control, raise](QMouseEvent *told) {
+        guarded(control, [&] {
+            MouseArguments mouse(control, *told);
+            (control->*raise)(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+        });
+    };
+    if (event->type() == QEvent::MouseButtonPress)
+        onPress(control, control, event, tell);
+    else
+        tell(event);
     event->accept();
 }
 

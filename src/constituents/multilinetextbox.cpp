@@ -4,8 +4,8 @@
 
 #include "constituents/characters.h"
 #include "constituents/errorguard.h"
-#include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
+#include "constituents/keyoffer.h"
 #include "constituents/linebreaks.h"
 
 #include <QtCore/QMimeData>
@@ -34,20 +34,14 @@ QString plainTextOf(const QTextDocument &document)
 MultiLineTextBox::MultiLineTextBox(QWidget *parent) : QPlainTextEdit(parent)
 {
     connect(this, &QPlainTextEdit::textChanged, this, [this] {
-        if (m_editingDepth > 0)
-            m_isChangePending = true;
-        else
-            Q_EMIT Change();
+        m_isChangePending = true;
+        m_change.raise();
     });
 }
 
-template <class Body>
-void MultiLineTextBox::editing(Body &&body)
+void MultiLineTextBox::raiseChange()
 {
-    ++m_editingDepth;
-    body();
-    --m_editingDepth;
-    if (m_editingDepth == 0 && std::exchange(m_isChangePending, false))
+    if (std::exchange(m_isChangePending, false))
         Q_EMIT Change();
 }
 
@@ -106,27 +100,16 @@ QString MultiLineTextBox::fitting(const QString &text) const
 
 void MultiLineTextBox::keyPressEvent(QKeyEvent *event)
 {
-    const QPointer<MultiLineTextBox> self = this;
-    event->accept();
-    guarded(this, [&] {
-        if (FocusTracker::instance().settle() && self)
-            press(event);
-    });
+    onInput(this, event, [&] { press(event); });
 }
 
 void MultiLineTextBox::press(QKeyEvent *event)
 {
-    const QPointer<MultiLineTextBox> self = this;
-    const int ownCode = keyCode(*event);
-    const int ownShift = shiftState(*event);
-    int code = ownCode;
-    int shift = ownShift;
-    if (ownCode != Key::None)
-        Q_EMIT KeyDown(code, shift);
-    if (!self || (code == Key::None && ownCode != Key::None))
+    const KeyOffer key = raiseKeyDown(this, *event); // Enter and Escape are the editor's own, not the form's
+    if (key.answer == KeyOffer::Answer::Swallow)
         return;
-    if (code != ownCode) {
-        actAs(code, shift, event);
+    if (key.isOtherKey) {
+        actAs(key.code, key.shift, event);
     } else if (const int ascii = keyAscii(*event)) {
         offerCharacter(ascii, event);
     } else {
@@ -213,14 +196,7 @@ void MultiLineTextBox::inputMethodEvent(QInputMethodEvent *event)
 void MultiLineTextBox::keyReleaseEvent(QKeyEvent *event)
 {
     event->accept();
-    if (event->isAutoRepeat())
-        return;
-    guarded(this, [&] {
-        int code = keyCode(*event);
-        int shift = shiftState(*event);
-        if (code != Key::None)
-            Q_EMIT KeyUp(code, shift);
-    });
+    guarded(this, [&] { raiseKeyUp(this, *event); });
 }
 
 void MultiLineTextBox::insertFromMimeData(const QMimeData *source)

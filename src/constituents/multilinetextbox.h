@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "constituents/heldevents.h"
+
 #include <QtWidgets/QPlainTextEdit>
+
+#include <utility>
 
 namespace kor {
 
@@ -42,7 +46,11 @@ protected:
 private:
     //! Runs what may change the text and raises Change when it is done.
     template <class Body>
-    void editing(Body &&body);
+    void editing(Body &&body)
+    {
+        m_change.during(std::forward<Body>(body));
+    }
+    void raiseChange();
     void press(QKeyEvent *event);
     void actAs(int keyCode, int shift, QKeyEvent *event);
     //! Raises KeyPress for the character and types what the handlers make of it.
@@ -54,7 +62,7 @@ private:
 
     QString m_original; //!< the program's text, for its line breaks
     int m_maxLength = 0;
-    int m_editingDepth = 0;
+    HeldEvents m_change{this, [this] { raiseChange(); }};
     bool m_isChangePending = false;
 };
 

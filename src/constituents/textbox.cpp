@@ -3,9 +3,11 @@
 #include "constituents/textbox.h"
 
 #include "constituents/characters.h"
+#include "constituents/contextpress.h"
+#include "constituents/enumcheck.h"
 #include "constituents/errorguard.h"
-#include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
+#include "constituents/keyoffer.h"
 #include "constituents/mouse.h"
 
 #include <QtCore/QMimeData>
@@ -32,10 +34,8 @@ TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
     setMouseTracking(true);                                   // MouseMove comes without a button too
     QLineEdit::setMaxLength(std::numeric_limits<int>::max()); // the toolkit would cut a program's text otherwise
     connect(this, &QLineEdit::textChanged, this, [this] {
-        if (m_editingDepth > 0)
-            m_isChangePending = true;
-        else
-            Q_EMIT Change();
+        m_isChangePending = true;
+        m_change.raise();
     });
     connect(this, &QLineEdit::textChanged, this, [this] {
         m_leftSelection.reset();
@@ -44,13 +44,9 @@ TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
     connect(this, &QLineEdit::cursorPositionChanged, this, [this] { m_leftSelection.reset(); });
 }
 
-template <class Body>
-void TextBox::editing(Body &&body)
+void TextBox::raiseChange()
 {
-    ++m_editingDepth;
-    body();
-    --m_editingDepth;
-    if (m_editingDepth == 0 && std::exchange(m_isChangePending, false))
+    if (std::exchange(m_isChangePending, false))
         Q_EMIT Change();
 }
 
@@ -122,16 +118,14 @@ void TextBox::setLocked(bool locked)
 
 void TextBox::setBorderStyle(BorderStyleType style)
 {
-    if (style != BorderStyleType::None && style != BorderStyleType::FixedSingle)
-        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    requireMember(style);
     m_border = style;
     updateFrame();
 }
 
 void TextBox::setAppearance(AppearanceType appearance)
 {
-    if (appearance != AppearanceType::Flat && appearance != AppearanceType::A3D)
-        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    requireMember(appearance);
     m_appearance = appearance;
     updateFrame();
 }
@@ -151,12 +145,12 @@ AlignmentType TextBox::Alignment() const
 
 void TextBox::setAlignment(AlignmentType alignment)
 {
+    requireMember(alignment);
     switch (alignment) {
-    case AlignmentType::Left_Justify: QLineEdit::setAlignment(Qt::AlignLeft | Qt::AlignVCenter); return;
-    case AlignmentType::Right_Justify: QLineEdit::setAlignment(Qt::AlignRight | Qt::AlignVCenter); return;
-    case AlignmentType::Center: QLineEdit::setAlignment(Qt::AlignHCenter | Qt::AlignVCenter); return;
+    case AlignmentType::Left_Justify: QLineEdit::setAlignment(Qt::AlignLeft | Qt::AlignVCenter); break;
+    case AlignmentType::Right_Justify: QLineEdit::setAlignment(Qt::AlignRight | Qt::AlignVCenter); break;
+    case AlignmentType::Center: QLineEdit::setAlignment(Qt::AlignHCenter | Qt::AlignVCenter); break;
     }
-    throw RunTimeError(ErrorNumber::InvalidPropertyValue);
 }
 
 bool TextBox::event(QEvent *event)
@@ -221,21 +215,12 @@ TextBox::ClipboardCommand TextBox::clipboardCommand(int code, int shift)
 
 void TextBox::keyPressEvent(QKeyEvent *event)
 {
-    const QPointer<TextBox> self = this;
-    guarded(this, [&] {
-        if (FocusTracker::instance().settle() && self)
-            press(event);
-        else
-            event->accept();
-    });
+    onInput(this, event, [&] { press(event); });
 }
 
 void TextBox::press(QKeyEvent *event)
 {
     const QPointer<TextBox> self = this;
-    event->accept();
-    const int ownCode = keyCode(*event);
-    const int ownShift = shiftState(*event);
     const auto command = clipboardCommand(*event);
     const bool isDone = command != ClipboardCommand::None;
     if (isDone)
@@ -243,14 +228,12 @@ void TextBox::press(QKeyEvent *event)
     if (!self)
         return;
 
-    int code = ownCode;
-    int shift = ownShift;
-    if (ownCode != Key::None)
-        Q_EMIT KeyDown(code, shift);
-    if (!self || isDone || (code == Key::None && ownCode != Key::None))
+    // A clipboard key has done its work by now, and is told all the same.
+    const KeyOffer key = isDone ? raiseKeyDown(this, *event) : offerKey(this, *event);
+    if (isDone || key.answer == KeyOffer::Answer::Swallow)
         return;
-    if (code != ownCode) {
-        actAs(code, shift);
+    if (key.isOtherKey) {
+        actAs(key.code, key.shift);
         return;
     }
     if (const int ascii = keyAscii(*event)) {
@@ -272,7 +255,7 @@ void TextBox::press(QKeyEvent *event)
     editing([&] { QLineEdit::keyPressEvent(&plain); });
     // A locked field has no use for Delete, and keeps it as it keeps letters and Backspace: the form may mean its
     // record.
-    event->setAccepted(plain.isAccepted() || ownCode == Key::Delete);
+    event->setAccepted(plain.isAccepted() || key.code == Key::Delete);
 }
 
 void TextBox::actAs(int code, int shift)
@@ -390,14 +373,7 @@ void TextBox::compose(QInputMethodEvent event)
 
 void TextBox::keyReleaseEvent(QKeyEvent *event)
 {
-    if (event->isAutoRepeat())
-        return;
-    guarded(this, [&] {
-        int code = keyCode(*event);
-        int shift = shiftState(*event);
-        if (code != Key::None)
-            Q_EMIT KeyUp(code, shift);
-    });
+    guarded(this, [&] { raiseKeyUp(this, *event); });
 }
 
 QString TextBox::fitting(const QString &text) const
@@ -438,17 +414,14 @@ void TextBox::paste(const QString &text)
 
 void TextBox::mousePressEvent(QMouseEvent *event)
 {
-    const QPointer<TextBox> self = this;
-    guarded(this, [&] {
-        if (!FocusTracker::instance().settle() || !self)
-            return;
+    onPress(this, this, event, [this](QMouseEvent *press) {
+        const QPointer<TextBox> self = this;
         m_press = Press::Single;
-        MouseArguments mouse(this, *event);
+        MouseArguments mouse(this, *press);
         Q_EMIT MouseDown(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
         if (self)
-            QLineEdit::mousePressEvent(event);
+            QLineEdit::mousePressEvent(press);
     });
-    event->accept();
 }
 
 void TextBox::mouseMoveEvent(QMouseEvent *event)

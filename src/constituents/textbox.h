@@ -3,6 +3,7 @@
 #pragma once
 
 #include "constituents/fieldcolors.h"
+#include "constituents/heldevents.h"
 
 #include <KorDaoUC/enumerations.h>
 
@@ -111,7 +112,11 @@ private:
     //! Runs what may change the text and raises Change when it is done: a handler may then set the text anew or delete
     //! the control, which the line edit could not bear in the middle of its own work.
     template <class Body>
-    void editing(Body &&body);
+    void editing(Body &&body)
+    {
+        m_change.during(std::forward<Body>(body));
+    }
+    void raiseChange();
     void press(QKeyEvent *event);
     void actAs(int keyCode, int shift);
     //! Raises KeyPress for the character and types what the handlers make of it.
@@ -135,7 +140,7 @@ private:
     Press m_press = Press::None;
     std::optional<Selection> m_leftSelection; //!< what was selected when the focus went
     std::optional<Selection> m_composedOver;  //!< what is selected, not shown while characters are composed
-    int m_editingDepth = 0;
+    HeldEvents m_change{this, [this] { raiseChange(); }};
     bool m_isChangePending = false;
 };
 

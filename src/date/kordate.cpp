@@ -203,8 +203,7 @@ bool KorDate::Private::validate(const QString &text)
 
 void KorDate::Private::keyDown(int &code, int &shift)
 {
-    const bool isPlain = shift == ShiftState::None || shift == ShiftState::Ctrl;
-    if (blockUpDown && isPlain && (code == Key::Up || code == Key::Down)) {
+    if (blockUpDown && isRowKey(code, shift)) {
         Q_EMIT q->KeyDown(code, shift);
         code = Key::None;
         return;
@@ -221,7 +220,7 @@ void KorDate::Private::keyDown(int &code, int &shift)
         return;
     }
     const QPointer<KorDate> self = q;
-    const bool opens = code == Key::F4 && !(shift & ShiftState::Alt) && button->isEnabled();
+    const bool opens = isOpeningF4(code, shift) && button->isEnabled();
     if (opens)
         openCalendar();
     if (self)

@@ -255,15 +255,14 @@ void DictionaryControl::boxKeyDown(int &code, int &shift)
         Refresh();
         return;
     }
-    const auto isBlockedArrow = [&] { return d->blockUpDown && (code == Key::Up || code == Key::Down); };
     if (d->rules.blockedArrows == BlockedArrows::WithholdTheEvent) {
-        if (!isBlockedArrow())
+        if (!d->blockUpDown || !isUpOrDown(code))
             raiseKeyDown(code, shift);
         return;
     }
     const QPointer<DictionaryControl> self = this;
     raiseKeyDown(code, shift);
-    if (self && isBlockedArrow() && (shift == ShiftState::None || shift == ShiftState::Ctrl))
+    if (self && d->blockUpDown && isRowKey(code, shift))
         code = Key::None;
 }
 

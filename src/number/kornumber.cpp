@@ -13,6 +13,7 @@
 #include <KorDaoUC/variant.h>
 
 #include <QtCore/QPointer>
+#include <QtCore/QScopeGuard>
 
 #include <optional>
 #include <utility>
@@ -206,7 +207,7 @@ void KorNumber::Private::textChanged()
 void KorNumber::Private::keyDown(int &code, int &shift)
 {
     const QPointer<KorNumber> self = q;
-    if ((code == Key::Up || code == Key::Down) && (shift == ShiftState::None || shift == ShiftState::Ctrl)) {
+    if (isRowKey(code, shift)) {
         Q_EMIT q->KeyDown(code, shift);
         code = Key::None; // Kept: the host sees the arrow and then a second event with 0; the box sees neither
     } else if (code == Key::Tab && shift == ShiftState::Ctrl) {
@@ -222,7 +223,11 @@ void KorNumber::Private::keyPress(int &ascii)
 {
     const QPointer<KorNumber> self = q;
     const Entry before{box->text(), box->SelStart(), box->SelLength()};
-    const TypingRules rules{signs, mask, box->MaxLength(), [this](const QString &text) { return fits(text); }};
+    // A handler may delete the control, and the rules are asked on: they get what outlives it.
+    const NumberSigns ownSigns = signs;
+    const QString ownMask = mask;
+    const TypingRules rules{ownSigns, ownMask, box->MaxLength(),
+                            [this, &self](const QString &text) { return self && fits(text); }};
     const Keystroke key = judgeKey({ascii, before}, rules, [&self](int &code) {
         if (self)
             Q_EMIT self->KeyPress(code);
@@ -247,10 +252,15 @@ void KorNumber::Private::keyUp(int &code, int &shift)
 void KorNumber::Private::boxEntered(QWidget *, FocusEntry)
 {
     // Kept: one flag guards the rewriting and is the host's property, so every entry leaves it False
+    const QPointer<KorNumber> self = q;
     blockChange = true;
+    const auto unblock = qScopeGuard([&] {
+        if (self)
+            blockChange = false;
+    });
     box->setProgramText(toEditText(box->text(), signs));
-    blockChange = false;
-    box->selectAll();
+    if (self)
+        box->selectAll();
 }
 
 std::optional<Complaint> KorNumber::Private::boxLeft(QWidget *)

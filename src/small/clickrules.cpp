@@ -8,11 +8,9 @@ namespace kor {
 
 ClickKeyAnswer judgeClickKey(int keyCode, int shift, ClickKeyRules rules)
 {
-    const bool isArrow = keyCode == Key::Up || keyCode == Key::Down;
-    const bool arrowsPass = !(rules.blockUpDown && (shift == ShiftState::None || shift == ShiftState::Ctrl));
-    if (isArrow && !arrowsPass)
+    if (rules.blockUpDown && isRowKey(keyCode, shift))
         return ClickKeyAnswer::ReportAndSwallow;
-    if (keyCode == Key::F4 && !(shift & ShiftState::Alt)) // Alt+F4 belongs to the window system
+    if (isOpeningF4(keyCode, shift))
         return ClickKeyAnswer::AskHost;
     if (shift == ShiftState::Alt && (keyCode == Key::Left || keyCode == Key::Down))
         return ClickKeyAnswer::AskHost;

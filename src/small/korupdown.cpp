@@ -125,7 +125,7 @@ void KorUpDown::Private::keyDown(int &code, int &shift)
 {
     const QPointer<KorUpDown> self = q;
     Q_EMIT q->KeyDown(code, shift);
-    if (!self || shift != ShiftState::None || (code != Key::Up && code != Key::Down))
+    if (!self || shift != ShiftState::None || !isUpOrDown(code))
         return;
     // The arrows take no focus, so the keyboard needs another way to them.
     const int steps = std::exchange(code, Key::None) == Key::Up ? 1 : -1;

@@ -19,9 +19,8 @@ QPoint placeTextPopup(const QRect &control, const QSize &popup, const QRect &scr
 
 PopupKeyAnswer judgePopupKey(int keyCode, int shift)
 {
-    const bool isAltArrow = shift == ShiftState::Alt && (keyCode == Key::Up || keyCode == Key::Down);
-    const bool isF4 = keyCode == Key::F4 && !(shift & ShiftState::Alt); // Alt+F4 belongs to the window system
-    if (keyCode == Key::Tab || isF4 || isAltArrow)
+    const bool isAltArrow = shift == ShiftState::Alt && isUpOrDown(keyCode);
+    if (keyCode == Key::Tab || isOpeningF4(keyCode, shift) || isAltArrow)
         return PopupKeyAnswer::HandBack;
     return keyCode == Key::Escape ? PopupKeyAnswer::Close : PopupKeyAnswer::Edit;
 }

@@ -11,7 +11,10 @@ using namespace kor;
 
 #ifndef Q_MOC_RUN // which knows no concepts
 template <class One, class Other>
-concept Addable = requires(One one, Other other) { one + other; };
+concept Addable = requires(One one, Other other)
+{
+    one + other;
+};
 #endif
 
 //! Twips, and what becomes of them on a screen.

@@ -4,9 +4,11 @@
 
 #include <QtCore/QMetaMethod>
 
+#include <utility>
+
 namespace kor::test {
 
-DeletionOn::DeletionOn(QObject *control, const QString &event) : m_control(control)
+HandlerOf::HandlerOf(QObject *control, const QString &event, std::function<void()> deed) : m_deed(std::move(deed))
 {
     const QMetaObject *type = control->metaObject();
     for (int index = 0; index < type->methodCount(); ++index) {
@@ -18,11 +20,13 @@ DeletionOn::DeletionOn(QObject *control, const QString &event) : m_control(contr
     }
 }
 
-int DeletionOn::qt_metacall(QMetaObject::Call call, int id, void **arguments)
+int HandlerOf::qt_metacall(QMetaObject::Call call, int id, void **arguments)
 {
     id = QObject::qt_metacall(call, id, arguments);
-    if (id == 0 && call == QMetaObject::InvokeMetaMethod)
-        delete m_control.data();
+    if (id == 0 && call == QMetaObject::InvokeMetaMethod) {
+        ++m_calls;
+        m_deed();
+    }
     return -1;
 }
 
