@@ -8,6 +8,7 @@
 
 #include <QtCore/QItemSelectionModel>
 #include <QtCore/QScopedValueRollback>
+#include <QtGui/QAccessible>
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
@@ -193,10 +194,15 @@ CellLook CellView::look(int row, int column) const
             color != 0};
 }
 
-void CellView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight, const QList<int> &roles)
+// Straight from here rather than by the model's signal: a program fills most cells out of sight.
+void CellView::showChange(int row, int column)
 {
-    if (!m_isLayoutDue)
-        QTableView::dataChanged(topLeft, bottomRight, roles);
+    if (m_isLayoutDue || !Redraw() || row == 0 || column == 0)
+        return;
+    if ((row >= TopRow() && row < shownRowsEnd()) || QAccessible::isActive()) {
+        const QModelIndex cell = m_model->index(row - 1, column - 1);
+        dataChanged(cell, cell);
+    }
 }
 
 void CellView::paintEvent(QPaintEvent *event)

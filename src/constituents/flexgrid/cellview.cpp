@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <utility>
 
 namespace kor {
@@ -52,7 +53,7 @@ CellAlignmentType checked(CellAlignmentType alignment)
 CellView::CellView(QWidget *parent)
     : QTableView(parent),
       m_model(new GridModel(2, 2, this)),
-      m_rows(2, m_rowHeightMin),
+      m_rows(2, usualRowHeight),
       m_columns(2, usualColumnWidth),
       m_looks(2),
       m_columnTitles(new ColumnTitles(this)),
@@ -79,7 +80,9 @@ void CellView::adoptTitles()
 {
     m_columnTitles->disconnect(this);
     m_rowTitles->disconnect(this);
-    m_model->disconnect(SIGNAL(headerDataChanged(Qt::Orientation, int, int)), m_rowTitles);
+    disconnect(m_model, &QAbstractItemModel::headerDataChanged, m_rowTitles, nullptr);
+    for (QAbstractItemView *view : std::initializer_list<QAbstractItemView *>{this, m_columnTitles, m_rowTitles})
+        disconnect(m_model, &QAbstractItemModel::dataChanged, view, nullptr);
     connect(m_model, &QAbstractItemModel::headerDataChanged, this, [this] {
         m_rowTitles->viewport()->update();
         m_corner->update();
@@ -111,11 +114,13 @@ QString CellView::TextMatrix(int row, int column) const
 void CellView::setTextMatrix(int row, int column, const QString &text)
 {
     checkCell(row, column);
-    if (m_model->setText(row, column, text) && m_isAnyWrapped && wraps(column) &&
-        m_rows.origin(row) == SizeOrigin::Measured) {
+    if (!m_model->setText(row, column, text))
+        return;
+    if (m_isAnyWrapped && wraps(column) && m_rows.origin(row) == SizeOrigin::Measured) {
         m_rows.resetSize(row);
         scheduleLayout();
     }
+    showChange(row, column);
 }
 
 void CellView::Clear()
@@ -136,13 +141,14 @@ void CellView::setCellAlignment(int row, int column, CellAlignmentType alignment
     CellFormat format = m_model->cells().format(row, column);
     format.alignment = checked(alignment);
     m_model->setFormat(row, column, format);
+    showChange(row, column);
 }
 
 OLE_COLOR CellView::CellForeColor(int row, int column) const
 {
     checkCell(row, column);
     const OLE_COLOR own = m_model->cells().format(row, column).foreColor;
-    return own != 0 ? own : this->column(column).foreColor;
+    return own != 0 || row == 0 ? own : this->column(column).foreColor;
 }
 
 void CellView::setCellForeColor(int row, int column, OLE_COLOR color)
@@ -151,6 +157,7 @@ void CellView::setCellForeColor(int row, int column, OLE_COLOR color)
     CellFormat format = m_model->cells().format(row, column);
     format.foreColor = color;
     m_model->setFormat(row, column, format);
+    showChange(row, column);
 }
 
 void CellView::addRows(int first, int number)

@@ -48,7 +48,7 @@ public:
     //! What the cell has of its own, otherwise its column's.
     [[nodiscard]] CellAlignmentType CellAlignment(int row, int column) const;
     void setCellAlignment(int row, int column, CellAlignmentType alignment);
-    //! 0 stands for no colour of its own: the column's, or else the grid's.
+    //! 0 stands for no colour of its own: the column's, which titles do not take, or else the grid's.
     [[nodiscard]] OLE_COLOR CellForeColor(int row, int column) const;
     void setCellForeColor(int row, int column, OLE_COLOR color);
 
@@ -141,7 +141,6 @@ protected:
     [[nodiscard]] bool isPlacingCursor() const { return m_isPlacingCursor; }
     void updateCursor();
 
-    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight, const QList<int> &roles) override;
     void rowsInserted(const QModelIndex &parent, int first, int last) override;
     void doItemsLayout() override;
     void updateGeometries() override;
@@ -181,9 +180,12 @@ private:
     void setFirst(QScrollBar *bar, int line);
     void tellScrolled();
     void showSelection();
+    void showChange(int row, int column);
     [[nodiscard]] int leftOf(int column) const;
     void paintRow(QPainter &painter, int row, const QRect &exposed) const;
     void paintBehind(QPainter &painter, const QRect &exposed) const;
+
+    static constexpr int usualRowHeight = 285;
 
     GridModel *m_model;
     mutable LineSizes m_rows; //!< measured when they are asked for
@@ -195,7 +197,7 @@ private:
     CellCursor m_cursor;
     SelectionModeType m_selectionMode = SelectionModeType::Free;
     OLE_COLOR m_backColorBkg = WindowBackground;
-    int m_rowHeightMin = 285;
+    int m_rowHeightMin = usualRowHeight;
     int m_shownTop = 1; //!< that the screen shows
     int m_shownLeft = 1;
     int m_draggedColumn = 0; //!< by the user, and not yet told

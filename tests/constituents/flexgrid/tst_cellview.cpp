@@ -55,6 +55,7 @@ private Q_SLOTS:
     void wrappedRowsGrow();
     void mixedHeightsOfAMillionRows();
     void coloursAndAlignments();
+    void changedCellsAreRepainted();
     void selectionIsSeen();
     void blankSpaceHasItsOwnColor();
     void screenReadersSeeTheTable();
@@ -328,6 +329,7 @@ void tst_CellView::coloursAndAlignments()
     on.grid->setCellAlignment(3, 3, CellAlignmentType::LeftCenter);
     QCOMPARE(on.grid->CellForeColor(2, 2), 0x0000FF);
     QCOMPARE(on.grid->CellForeColor(3, 2), 0xFF0000);
+    QCOMPARE(on.grid->CellForeColor(0, 2), 0);
     QCOMPARE(on.grid->CellAlignment(2, 3), CellAlignmentType::RightCenter);
     QCOMPARE(on.grid->CellAlignment(3, 3), CellAlignmentType::LeftCenter);
     QVERIFY(on.open());
@@ -355,6 +357,39 @@ void tst_CellView::coloursAndAlignments()
     QCOMPARE(text(3, 2), QColor(255, 0, 0));
     on.grid->Clear();
     QCOMPARE(on.grid->CellAlignment(3, 3), CellAlignmentType::RightCenter);
+}
+
+void tst_CellView::changedCellsAreRepainted()
+{
+    struct Paints : QObject {
+        QRegion region;
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            if (event->type() == QEvent::Paint)
+                region += static_cast<QPaintEvent *>(event)->region();
+            return false;
+        }
+    } paints;
+    GridStage on;
+    QVERIFY(on.open());
+    on.grid->viewport()->installEventFilter(&paints);
+    const auto painted = [&](auto &&change) {
+        settle();
+        paints.region = {};
+        change();
+        settle();
+        return !(paints.region & on.grid->cellRect(3, 2)).isEmpty();
+    };
+    QVERIFY(painted([&] { on.grid->setTextMatrix(3, 2, QStringLiteral("x")); }));
+    QVERIFY(!painted([&] { on.grid->setTextMatrix(3, 2, QStringLiteral("x")); }));
+    QVERIFY(!painted([&] { on.grid->setTextMatrix(19, 2, QStringLiteral("x")); }));
+    QVERIFY(painted([&] { on.grid->setCellForeColor(3, 2, 0x0000FF); }));
+    QVERIFY(painted([&] { on.grid->setCellAlignment(3, 2, CellAlignmentType::RightTop); }));
+    QVERIFY(painted([&] { on.grid->setColAlignment(2, CellAlignmentType::RightTop); }));
+    QVERIFY(painted([&] { on.grid->Clear(); }));
+    on.grid->setRedraw(false);
+    QVERIFY(!painted([&] { on.grid->setTextMatrix(3, 2, QStringLiteral("y")); }));
+    QVERIFY(painted([&] { on.grid->setRedraw(true); }));
 }
 
 void tst_CellView::selectionIsSeen()

@@ -1,0 +1,310 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/flexgrid/flexgrid.h"
+
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QTableWidget>
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+// The grid surface: filled cell by cell, and shown, scrolled and moved in with up to a million rows. The peers are the
+// toolkit's table widget and, for the cells alone, plain strings.
+
+namespace {
+
+constexpr int columns = 10;
+
+//! Texts as a program makes them, each of its own.
+QString textOf(int row, int column) { return QStringLiteral("żółty %1/%2").arg(row).arg(column); }
+
+std::vector<std::vector<QString>> textsOf(int rows)
+{
+    std::vector<std::vector<QString>> texts(static_cast<std::size_t>(rows));
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column)
+            texts[static_cast<std::size_t>(row)].push_back(textOf(row, column));
+    }
+    return texts;
+}
+
+std::unique_ptr<kor::FlexGrid> makeGrid(int rows)
+{
+    auto grid = std::make_unique<kor::FlexGrid>(nullptr);
+    grid->setCols(columns + 1);
+    grid->setRows(rows + 1);
+    return grid;
+}
+
+std::unique_ptr<QTableWidget> makeTable(int rows) { return std::make_unique<QTableWidget>(rows, columns); }
+
+void show(QWidget &widget)
+{
+    widget.resize(1000, 800);
+    widget.show();
+    QApplication::processEvents();
+}
+
+int rowsOf(const benchmark::State &state) { return static_cast<int>(state.range()); }
+
+// --- filling
+
+template <class Make, class SetText>
+void fill(benchmark::State &state, Make &&make, SetText &&setText)
+{
+    const auto texts = textsOf(rowsOf(state));
+    for (auto _ : state) {
+        auto grid = make(rowsOf(state));
+        for (int row = 0; row < rowsOf(state); ++row) {
+            for (int column = 0; column < columns; ++column)
+                setText(*grid, row, column, texts[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
+        }
+        benchmark::DoNotOptimize(grid);
+    }
+}
+
+void setInGrid(kor::FlexGrid &grid, int row, int column, const QString &text)
+{
+    grid.setTextMatrix(row + 1, column + 1, text);
+}
+
+void setInTable(QTableWidget &table, int row, int column, const QString &text)
+{
+    table.setItem(row, column, new QTableWidgetItem(text));
+}
+
+using Plain = std::vector<std::vector<QString>>;
+
+std::unique_ptr<Plain> makePlain(int rows)
+{
+    return std::make_unique<Plain>(static_cast<std::size_t>(rows), std::vector<QString>(columns));
+}
+
+void setInPlain(Plain &cells, int row, int column, const QString &text)
+{
+    cells[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = text;
+}
+
+void fillGrid(benchmark::State &state)
+{
+    fill(state, makeGrid, setInGrid);
+    state.SetLabel(state.range() == 100'000 ? "goal tablewidget 0.2; strings 3" : "");
+}
+void fillTable(benchmark::State &state) { fill(state, makeTable, setInTable); }
+void fillPlain(benchmark::State &state) { fill(state, makePlain, setInPlain); }
+
+//! What a cell takes; the counter is the result, not the time. The texts are shared with the program.
+template <class Make, class SetText>
+void memory(benchmark::State &state, Make &&make, SetText &&setText)
+{
+    const auto texts = textsOf(rowsOf(state));
+    for (auto _ : state) {
+        const std::size_t before = mallinfo2().uordblks + mallinfo2().hblkhd;
+        auto grid = make(rowsOf(state));
+        for (int row = 0; row < rowsOf(state); ++row) {
+            for (int column = 0; column < columns; ++column)
+                setText(*grid, row, column, texts[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
+        }
+        const std::size_t after = mallinfo2().uordblks + mallinfo2().hblkhd;
+        state.counters["bytes_per_cell"] =
+            static_cast<double>(after - before) / static_cast<double>(state.range() * columns);
+    }
+}
+
+void memoryOfGrid(benchmark::State &state) { memory(state, makeGrid, setInGrid); }
+void memoryOfTable(benchmark::State &state) { memory(state, makeTable, setInTable); }
+
+// --- many rows
+
+void createGrid(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(makeGrid(rowsOf(state)));
+}
+
+void createTable(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(makeTable(rowsOf(state)));
+}
+
+//! Every so-manieth row is higher, and every shown cell holds a text.
+template <class Grid, class SetHeight>
+void mix(Grid &grid, int rows, SetHeight &&setHeight)
+{
+    grid.setUpdatesEnabled(false);
+    for (int row = 1; row < rows; row += std::max(1, rows / 1000))
+        setHeight(row);
+    grid.setUpdatesEnabled(true);
+}
+
+std::unique_ptr<kor::FlexGrid> makeMixedGrid(int rows)
+{
+    auto grid = makeGrid(rows);
+    mix(*grid, rows, [&](int row) { grid->setRowHeight(row, 600); });
+    for (int row = std::max(0, rows - 100); row < rows; ++row) {
+        for (int column = 0; column < columns; ++column)
+            setInGrid(*grid, row, column, textOf(row, column));
+    }
+    show(*grid);
+    return grid;
+}
+
+std::unique_ptr<QTableWidget> makeMixedTable(int rows)
+{
+    auto table = makeTable(rows);
+    table->verticalHeader()->setUpdatesEnabled(false);
+    mix(*table, rows, [&](int row) { table->setRowHeight(row, 40); });
+    table->verticalHeader()->setUpdatesEnabled(true);
+    for (int row = std::max(0, rows - 100); row < rows; ++row) {
+        for (int column = 0; column < columns; ++column)
+            setInTable(*table, row, column, textOf(row, column));
+    }
+    show(*table);
+    return table;
+}
+
+void jumpInGrid(benchmark::State &state)
+{
+    const auto grid = makeMixedGrid(rowsOf(state));
+    for (auto _ : state) {
+        grid->makeVisible(grid->Rows() - 1, 1);
+        QApplication::processEvents();
+        grid->makeVisible(1, 1);
+        QApplication::processEvents();
+    }
+}
+
+void jumpInTable(benchmark::State &state)
+{
+    const auto table = makeMixedTable(rowsOf(state));
+    for (auto _ : state) {
+        table->scrollToBottom();
+        QApplication::processEvents();
+        table->scrollToTop();
+        QApplication::processEvents();
+    }
+}
+
+void paintGrid(benchmark::State &state)
+{
+    const auto grid = makeMixedGrid(rowsOf(state));
+    grid->makeVisible(grid->Rows() - 1, 1);
+    for (auto _ : state)
+        grid->viewport()->repaint();
+}
+
+void paintTable(benchmark::State &state)
+{
+    const auto table = makeMixedTable(rowsOf(state));
+    table->scrollToBottom();
+    for (auto _ : state)
+        table->viewport()->repaint();
+}
+
+//! Up and down by one, near the end, painted each time.
+void moveInGrid(benchmark::State &state)
+{
+    const auto grid = makeMixedGrid(rowsOf(state));
+    grid->setCurrentCell(grid->Rows() - 5, 1);
+    grid->makeVisible(grid->Row(), 1);
+    int step = 1;
+    for (auto _ : state) {
+        grid->setRow(grid->Row() + step);
+        QApplication::processEvents();
+        step = -step;
+    }
+}
+
+void moveInTable(benchmark::State &state)
+{
+    const auto table = makeMixedTable(rowsOf(state));
+    table->setCurrentCell(table->rowCount() - 5, 1);
+    int step = 1;
+    for (auto _ : state) {
+        table->setCurrentCell(table->currentRow() + step, 1);
+        QApplication::processEvents();
+        step = -step;
+    }
+}
+
+// --- rows one by one
+
+void addToGrid(benchmark::State &state)
+{
+    for (auto _ : state) {
+        auto grid = makeGrid(0);
+        grid->resize(1000, 800);
+        grid->show();
+        for (int row = 0; row < rowsOf(state); ++row) {
+            grid->AddItem(QStringLiteral("\tżółty"));
+            grid->setRow(grid->Rows() - 1);
+            grid->setTopRow(grid->Row());
+        }
+    }
+}
+
+void addToTable(benchmark::State &state)
+{
+    for (auto _ : state) {
+        auto table = makeTable(0);
+        table->resize(1000, 800);
+        table->show();
+        for (int row = 0; row < rowsOf(state); ++row) {
+            table->insertRow(row);
+            table->setItem(row, 0, new QTableWidgetItem(QStringLiteral("żółty")));
+            table->setCurrentCell(row, 0);
+            table->scrollToItem(table->item(row, 0), QAbstractItemView::PositionAtTop);
+        }
+    }
+}
+
+void removeBlock(benchmark::State &state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto grid = makeMixedGrid(rowsOf(state));
+        state.ResumeTiming();
+        grid->RemoveItem(rowsOf(state) / 3, rowsOf(state) / 3);
+        QApplication::processEvents();
+    }
+}
+
+void add(const char *name, void (*body)(benchmark::State &), const std::vector<int64_t> &sizes)
+{
+    for (const int64_t size : sizes)
+        benchmark::RegisterBenchmark(name, body)->Arg(size)->Unit(benchmark::kMicrosecond);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QApplication application(argc, argv);
+    const std::vector<int64_t> all{1'000, 10'000, 100'000, 1'000'000};
+    add("GridFill/kor", fillGrid, {1'000, 10'000, 100'000});
+    add("GridFill/peer:tablewidget", fillTable, {1'000, 10'000, 100'000});
+    add("GridFill/peer:strings", fillPlain, {1'000, 10'000, 100'000});
+    add("GridMemory/kor", memoryOfGrid, {100'000});
+    add("GridMemory/peer:tablewidget", memoryOfTable, {100'000});
+    add("GridCreate/kor", createGrid, all);
+    add("GridCreate/peer:tablewidget", createTable, all);
+    add("GridJump/kor", jumpInGrid, all);
+    add("GridJump/peer:tablewidget", jumpInTable, all);
+    add("GridPaint/kor", paintGrid, all);
+    add("GridPaint/peer:tablewidget", paintTable, all);
+    add("GridMove/kor", moveInGrid, all);
+    add("GridMove/peer:tablewidget", moveInTable, all);
+    add("GridAddRows/kor", addToGrid, {1'000, 5'000, 20'000});
+    add("GridAddRows/peer:tablewidget", addToTable, {1'000, 5'000});
+    add("GridRemoveBlock/kor", removeBlock, all);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
