@@ -89,9 +89,9 @@ private:
     [[nodiscard]] int listWidth() const;
     [[nodiscard]] QSize sizeForWidth(int textWidth) const;
 
+    bool m_hasList = false; //!< the toolkit has made the list; asked already when the entries come to be
     EntryModel *m_entries;
     QPointer<QAbstractItemView> m_list; //!< once it has been opened
-    bool m_hasList = false;             //!< the toolkit has made it, perhaps before
     QElapsedTimer m_searching;          //!< since the last character of a type-ahead
     int m_selected = -1;                //!< the entry that Click was raised for
     HeldEvents m_events{this, [this] { raiseEvents(); }};
