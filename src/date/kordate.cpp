@@ -351,9 +351,11 @@ std::optional<Complaint> KorDate::Private::boxLeft(QWidget *)
 {
     const QPointer<KorDate> self = q;
     const QString text = box->text();
-    if (text.isEmpty()) {
+    if (box->Locked() && text == enteredText) {
+        // The program's text: not the user's to answer for, who could not mend it, and not to be rewritten.
+    } else if (text.isEmpty()) {
         value = null();
-    } else if (!validate(text)) {
+    } else if (!validate(text) && !box->Locked()) {
         return Complaint{QStringLiteral("Błędna data. Wprowadź datę w formacie: ") + patternForMessage(mask, locale),
                          QStringLiteral("Błąd formatu daty"), [self, this] {
                              if (self)
@@ -385,7 +387,7 @@ void KorDate::Private::controlLeft()
         changeHandling();
         if (self && text == enteredText)
             dirty = wasDirty; // an empty field that was left as it was entered is still unchanged
-    } else if (!validate(text)) {
+    } else if (!box->Locked() && !validate(text)) {
         beep();
         box->setProgramText(QString());
     }

@@ -267,7 +267,7 @@ std::optional<Complaint> KorNumber::Private::boxLeft(QWidget *)
 {
     const QPointer<KorNumber> self = q;
     box->setProgramText(formatForDisplay(box->text(), mask, signs));
-    if (!self)
+    if (!self || box->Locked()) // the program's number: not the user's to answer for, who could not mend it
         return std::nullopt;
     if (range().isOutside(value))
         return Complaint{range().message(signs.locale), QStringLiteral("Bład zakresu liczby")};
@@ -281,7 +281,7 @@ void KorNumber::Private::controlLeft()
     const QPointer<KorNumber> self = q;
     box->setProgramText(formatForDisplay(box->text(), mask, signs));
     // Kept: Val reads the formatted text up to its first grouping or comma, so 1 234,00 is judged as 1
-    if (self && range().refuses(box->text()))
+    if (self && !box->Locked() && range().refuses(box->text()))
         box->setProgramText(QString());
 }
 

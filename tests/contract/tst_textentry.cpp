@@ -6,6 +6,7 @@
 #include <KorDaoUC/ControlRegistry>
 #include <KorDaoUC/UserControl>
 
+#include <QtCore/QDate>
 #include <QtCore/QMimeData>
 #include <QtGui/QClipboard>
 #include <QtGui/QInputMethodEvent>
@@ -34,6 +35,8 @@ private Q_SLOTS:
     void aLockEndsWhatIsBeingComposed();
     void aLockInKeyPressEndsTheCharacter_data() { fieldsWith("Locked"); }
     void aLockInKeyPressEndsTheCharacter();
+    void aLockedFieldIsLeftAsTheProgramFilledIt_data();
+    void aLockedFieldIsLeftAsTheProgramFilledIt();
     void aLimitCutsNoCharacterInTwo_data();
     void aLimitCutsNoCharacterInTwo();
     void noHandlerSeesHalfACharacter_data() { fieldsWith("MaxLength"); }
@@ -164,6 +167,61 @@ void tst_TextEntry::aLockInKeyPressEndsTheCharacter()
     commit(m_box, u"12"_qs);
     QVERIFY(m_control->property("Locked").value<bool>());
     QCOMPARE(m_box->displayText(), text);
+}
+
+void tst_TextEntry::aLockedFieldIsLeftAsTheProgramFilledIt_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("mask");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("laterMask");
+    const QVariant day = QDate(1999, 3, 15);
+    // clang-format off
+    QTest::newRow("a date written through another mask") << u"KorDate"_qs   << u"yyyy.MM.dd"_qs << day            << u"dd.MM.yyyy"_qs;
+    QTest::newRow("a text that is no date")              << u"KorDate"_qs   << u"dd.MM.yyyy"_qs << QVariant(u"?"_qs) << u"dd.MM.yyyy"_qs;
+    QTest::newRow("a number outside a later range")      << u"KorNumber"_qs << u"0"_qs          << QVariant(500.0) << u"0"_qs;
+    // clang-format on
+}
+
+void tst_TextEntry::aLockedFieldIsLeftAsTheProgramFilledIt()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, mask);
+    QFETCH(QVariant, value);
+    QFETCH(QString, laterMask);
+    QVERIFY(enter(name));
+    const char *maskName = name == u"KorDate" ? "FormatMask" : "MaskPicture";
+    m_stage->button()->setFocus();
+    settle();
+    m_control->setProperty(maskName, mask);
+    m_control->setProperty("Value", value);
+    m_control->setProperty(maskName, laterMask);
+    m_control->setProperty("MaxValue", 100);
+    m_control->setProperty("CheckRange", true);
+    m_control->setProperty("Locked", true);
+    const QString text = m_box->text();
+    QVERIFY(!text.isEmpty());
+    Messages messages;
+    for (int round = 0; round < 2; ++round) {
+        m_control->setFocus();
+        settle();
+        if (name == u"KorDate") {
+            QTest::keyClick(m_box, Qt::Key_F4);
+            settle();
+            QVERIFY(QApplication::activePopupWidget());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+            settle();
+            QCOMPARE(m_box->text(), text);
+            QTRY_COMPARE(QApplication::focusWidget(), m_box);
+        }
+        m_stage->button()->setFocus();
+        settle();
+        QCOMPARE(QApplication::focusWidget(), m_stage->button());
+        QCOMPARE(messages.take(), QStringList());
+        QCOMPARE(m_box->text(), text);
+        QCOMPARE(m_control->property("Value"), value);
+    }
 }
 
 // --- limits and halves
