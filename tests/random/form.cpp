@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "random/form.h"
+
+#include <KorDaoUC/ControlRegistry>
+
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+
+namespace kor::test {
+
+namespace {
+
+constexpr int columns = 3;
+constexpr int placeWidth = 200;
+constexpr int placeHeight = 70;
+
+} // namespace
+
+Form::Form() : m_panel(new QWidget(this))
+{
+    const QStringList names = ControlRegistry::names();
+    const auto rows = static_cast<int>((names.size() + columns - 1) / columns);
+    resize(columns * placeWidth + 20, 2 * rows * placeHeight + 60);
+    m_panel->setGeometry(0, rows * placeHeight, columns * placeWidth, rows * placeHeight);
+    m_places.resize(2 * static_cast<std::size_t>(names.size()));
+    for (std::size_t place = 0; place < m_places.size(); ++place) {
+        m_places[place].name = names.at(static_cast<qsizetype>(place) % names.size());
+        fill(place);
+    }
+    auto *line = new QLineEdit(this);
+    line->setGeometry(10, 2 * rows * placeHeight + 10, 120, 26);
+    auto *button = new QPushButton(QStringLiteral("Dalej"), this);
+    button->setGeometry(140, 2 * rows * placeHeight + 10, 120, 26);
+}
+
+Form::~Form()
+{
+    for (const Place &place : m_places)
+        delete place.control;
+}
+
+void Form::fill(std::size_t place)
+{
+    Place &here = m_places[place];
+    const std::size_t half = m_places.size() / 2;
+    const int index = static_cast<int>(place % half);
+    here.control = ControlRegistry::create(here.name, place < half ? static_cast<QWidget *>(this) : m_panel);
+    here.control->setGeometry(index % columns * placeWidth + 10, index / columns * placeHeight + 5, placeWidth - 20, placeHeight - 44);
+    here.handlers = std::make_unique<Handlers>(here.control);
+    here.isLoose = false;
+    QMetaObject::invokeMethod(here.control, "setdatabase", Q_ARG(QObject *, &m_database));
+    if (here.control->metaObject()->indexOfProperty("SQL") >= 0) {
+        here.control->setProperty("SQL", index % 2 ? QStringLiteral("SELECT k, n FROM t")
+                                                   : QStringLiteral("LIST 1;Tak|0;Nie|2;Może"));
+        here.control->Refresh();
+    }
+    here.control->show();
+}
+
+void Form::mend()
+{
+    for (std::size_t place = 0; place < m_places.size(); ++place) {
+        if (!m_places[place].control)
+            fill(place);
+    }
+    if (!isVisible()) {
+        show();
+        activateWindow();
+    }
+}
+
+} // namespace kor::test

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "random/handlers.h"
+
+#include <QtCore/QPointer>
+#include <QtWidgets/QWidget>
+
+#include <memory>
+#include <vector>
+
+namespace kor::test {
+
+//! One of the controls on the form, and what is remembered of it between two steps.
+struct Place {
+    QString name;
+    QPointer<UserControl> control;
+    std::unique_ptr<Handlers> handlers;
+    //! Text and value were set apart from each other, as settings and BlockChange allow: no rule ties them any more.
+    bool isLoose = false;
+    QString text;
+    QVariant value;
+    bool isLocked = false;
+};
+
+//! A form with every control of the library, twice: on the form itself and on a panel.
+class Form : public QWidget
+{
+public:
+    Form();
+    ~Form() override;
+
+    //! Puts new controls where handlers have deleted the old ones, and brings back what they hid.
+    void mend();
+    [[nodiscard]] std::vector<Place> &places() { return m_places; }
+    [[nodiscard]] Place &at(int control) { return m_places.at(static_cast<std::size_t>(control) % m_places.size()); }
+    [[nodiscard]] QWidget *panel() const { return m_panel; }
+    [[nodiscard]] MoodyDatabase &database() { return m_database; }
+
+private:
+    void fill(std::size_t place);
+
+    QWidget *m_panel;
+    MoodyDatabase m_database;
+    std::vector<Place> m_places;
+};
+
+} // namespace kor::test
