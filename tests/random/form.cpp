@@ -46,7 +46,8 @@ void Form::fill(std::size_t place)
     const std::size_t half = m_places.size() / 2;
     const int index = static_cast<int>(place % half);
     here.control = ControlRegistry::create(here.name, place < half ? static_cast<QWidget *>(this) : m_panel);
-    here.control->setGeometry(index % columns * placeWidth + 10, index / columns * placeHeight + 5, placeWidth - 20, placeHeight - 44);
+    here.control->setGeometry(index % columns * placeWidth + 10, index / columns * placeHeight + 5, placeWidth - 20,
+                              placeHeight - 44);
     here.handlers = std::make_unique<Handlers>(here.control);
     here.isLoose = false;
     QMetaObject::invokeMethod(here.control, "setdatabase", Q_ARG(QObject *, &m_database));

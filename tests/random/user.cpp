@@ -22,6 +22,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QMessageBox>
 
 #include <array>
@@ -140,6 +141,12 @@ void RandomUser::answerDialogs()
         QTest::keyClick(modal->windowHandle(), Qt::Key_Return);
     else if (auto *colors = qobject_cast<QColorDialog *>(modal))
         colors->reject();
+    // The toolkit's own menus, of a scroll bar say, wait for an answer where they stand.
+    constexpr int patience = 10;
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    m_menuTicks = menu ? m_menuTicks + 1 : 0;
+    if (m_menuTicks > patience)
+        menu->close();
 }
 
 QString RandomUser::work(const Step &step)
@@ -186,7 +193,10 @@ void RandomUser::act(const Step &step)
     case Step::Drag: drag(step); return;
     case Step::Wheel: wheel(step); return;
     case Step::Focus: moveFocus(step); return;
-    case Step::Enter: place.control->setFocus(Qt::TabFocusReason); return;
+    case Step::Enter:
+        if (place.control->isVisible() && place.control->isEnabled()) // the toolkit lets programs err there
+            place.control->setFocus(Qt::TabFocusReason);
+        return;
     case Step::Show: show(step); return;
     case Step::Set: set(step); return;
     case Step::Call: call(step); return;
@@ -312,8 +322,9 @@ void RandomUser::wheel(const Step &step)
 
 void RandomUser::moveFocus(const Step &step)
 {
-    if (step.what % 2)
-        m_form.at(step.control).control->setFocus();
+    QWidget *control = m_form.at(step.control).control;
+    if (step.what % 2 && control->isVisible() && control->isEnabled())
+        control->setFocus();
     else
         QTest::keyClick(target(), step.how % 2 ? Qt::Key_Tab : Qt::Key_Backtab);
 }
@@ -456,7 +467,8 @@ QString RandomUser::lookAt(Place &place, const Step &step, bool isUsersDoingAlon
         if (box->cursorPosition() > length || (box->hasSelectedText() && box->selectionEnd() > length))
             return u"the caret stands behind the end of the text"_qs;
     }
-    const bool isFreeText = place.name == u"KorClick"_qs || place.name == u"KorMultiText"_qs || place.name == u"KorUpDown"_qs;
+    const bool isFreeText =
+        place.name == u"KorClick"_qs || place.name == u"KorMultiText"_qs || place.name == u"KorUpDown"_qs;
     if (isFreeText && changes == 0 && text != place.text)
         return u"a new text without Change: "_qs + place.text + u" -> "_qs + text;
     const bool isSimplePress = step.kind == Step::PressKey && isUsersDoingAlone;
@@ -469,7 +481,8 @@ QString RandomUser::lookAt(Place &place, const Step &step, bool isUsersDoingAlon
     if (place.isLocked && isUsersDoingAlone && place.name != u"KorNumber"_qs && text != place.text && !text.isEmpty())
         return u"a locked text was changed: "_qs + place.text + u" -> "_qs + text;
     if (place.isLocked && isUsersDoingAlone && !isSameSetting(value, place.value) && place.name != u"KorClick"_qs)
-        return u"a locked value was changed: "_qs + QDebug::toString(place.value) + u" -> "_qs + QDebug::toString(value);
+        return u"a locked value was changed: "_qs + QDebug::toString(place.value) + u" -> "_qs +
+               QDebug::toString(value);
     if (place.name == u"KorNumber"_qs && !place.isLoose && text.isEmpty() && !isNull(value))
         return u"shows nothing and holds "_qs + QDebug::toString(value);
     const bool isInside = boxOf(place) && boxOf(place)->hasFocus();

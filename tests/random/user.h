@@ -45,6 +45,7 @@ private:
 
     Form m_form;
     QTimer m_dialogs;
+    int m_menuTicks = 0;
     QString m_description;
     QString m_found;
 };
