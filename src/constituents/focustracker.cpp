@@ -249,4 +249,19 @@ void FocusTracker::putBack(QWidget *box)
         tell(clients.front(), [&](FocusClient &client) { client.boxEntered(watched, FocusEntry::Returned); });
 }
 
+void FocusTracker::moveUnasked(QWidget *to)
+{
+    const QPointer<QWidget> watched = to;
+    const WindowPointer window = windowOf(to);
+    const QPointer<QWidget> from = window->focus;
+    {
+        const QScopedValueRollback puttingBack(window->state, Window::State::PuttingBack);
+        to->setFocus(Qt::TabFocusReason);
+    }
+    if (!watched || watched->window()->focusWidget() != watched)
+        return; // it cannot take the focus
+    window->focus = watched;
+    enter(from, watched);
+}
+
 } // namespace kor

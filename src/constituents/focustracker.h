@@ -64,6 +64,9 @@ public:
     //! any time, also while a move is handled. A move away from the box that waits has its answer by this: it goes on
     //! without a second check, or the focus is put back.
     [[nodiscard]] bool askToLeave(QWidget *box);
+    //! Moves the focus inside a control, from a box that was asked already, or that is not to be asked at all. The new
+    //! box is entered at once.
+    void moveUnasked(QWidget *to);
     //! Gives the focus back to a box whose pop-up has been closed.
     void putBack(QWidget *box);
     //! Asks a box and its controls as if they were left, while the focus stays. False when the box complained.

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <KorDaoUC/usercontrol.h>
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtCore/QVariant>
+#include <QtWidgets/QWidget>
+
+#include <optional>
+
+namespace kor {
+
+//! Where the entries of a drop-down list come from.
+struct CellList {
+    QString source;                  //!< as the drop-down list's SQL
+    QString dictionary;              //!< its Slownik
+    std::optional<QString> nullName; //!< what its null entry is called, where it has one
+};
+
+//! How an editor is set up for a cell. What is not said stays as it was; an editor takes what it knows of.
+struct CellSetup {
+    std::optional<int> maxLength;
+    std::optional<QString> mask;
+    std::optional<CellList> list;
+};
+
+//! What an editor is filled from: the value where there is one, else the text that the cell shows.
+struct CellContents {
+    QString text;
+    std::optional<QVariant> value;
+};
+
+//! An entry control that is laid over the cells of a composite, as the composite sees it; one kind of control, one
+//! adapter. Setting up and filling raise nothing: what the composite hears of comes from the user, or from a program
+//! that writes into the control.
+class CellEditor : public QObject
+{
+    Q_OBJECT
+
+public:
+    //! The control: a hidden child of the composite's surface until a cell is edited.
+    [[nodiscard]] QWidget *control() const { return m_control; }
+    //! What takes the keys.
+    [[nodiscard]] QWidget *box() const;
+
+    void setUp(const CellSetup &setup);
+    void fill(const CellContents &contents);
+
+    [[nodiscard]] virtual QString text() const = 0;
+    //! Null where there is none.
+    [[nodiscard]] virtual QVariant value() const = 0;
+    //! Whether the control is as high as its font makes it, in a cell of any height.
+    [[nodiscard]] virtual bool hasOwnHeight() const { return false; }
+    //! Whether the user moves inside the editor with this arrow key, pressed as things stand.
+    [[nodiscard]] virtual bool hasUseFor(int arrowKey) const = 0;
+
+Q_SIGNALS:
+    //! Text or value may have changed.
+    void Changed();
+    //! A key was pressed; 0 for the code swallows it.
+    void KeyDown(int &KeyCode, int &Shift);
+    //! The host is to offer its chooser.
+    void ChooserAsked();
+
+protected:
+    explicit CellEditor(QWidget *control);
+
+    virtual void applySetup(const CellSetup &setup) = 0;
+    virtual void applyContents(const CellContents &contents) = 0;
+    //! What an adapter connects to its control's own Change.
+    void controlChanged();
+
+private:
+    QPointer<QWidget> m_control;
+    bool m_isSilent = false;
+};
+
+} // namespace kor

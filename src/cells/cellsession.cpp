@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "cells/cellsession.h"
+
+#include "constituents/focustracker.h"
+#include "constituents/twips.h"
+
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QAbstractScrollArea>
+#include <QtWidgets/QApplication>
+
+namespace kor {
+
+CellSession::CellSession(QAbstractScrollArea *surface) : QObject(surface), m_surface(surface) {}
+
+void CellSession::add(CellEditor *editor)
+{
+    connect(editor, &CellEditor::Changed, this, [this, editor] {
+        if (hears(editor))
+            report();
+    });
+    connect(editor, &CellEditor::KeyDown, this, [this, editor](int &code, int &shift) {
+        if (hears(editor))
+            Q_EMIT KeyDown(code, shift);
+    });
+    connect(editor, &CellEditor::ChooserAsked, this, [this, editor] {
+        if (hears(editor))
+            Q_EMIT ChooserAsked();
+    });
+    connect(editor, &QObject::destroyed, this, [this] {
+        if (!m_editor)
+            m_state = State::Closed;
+    });
+    editor->box()->installEventFilter(this);
+}
+
+// --- opening
+
+void CellSession::open(CellEditor *editor, CellAddress cell, const EditorBox &box, const CellContents &contents,
+                       Keyboard keyboard)
+{
+    const QPointer<CellSession> self = this;
+    m_state = State::Opening;
+    m_editor = editor;
+    m_cell = cell;
+    m_isTouched = false;
+    place(box); // first: a number is filled into the width that it has
+    editor->fill(contents);
+    if (!self || m_state != State::Opening)
+        return;
+    m_seen = look();
+    editor->control()->show();
+    editor->control()->raise();
+    m_state = State::Open;
+    if (keyboard == Keyboard::Take)
+        FocusTracker::instance().moveUnasked(editor->box());
+}
+
+void CellSession::refill(const CellContents &contents)
+{
+    if (m_state != State::Open)
+        return;
+    const QPointer<CellSession> self = this;
+    m_editor->fill(contents);
+    if (self && m_state == State::Open)
+        m_seen = look();
+}
+
+void CellSession::place(const EditorBox &box)
+{
+    if (!m_editor)
+        return;
+    QWidget *control = m_editor->control();
+    const int top = toPixelsY(m_surface, Twips(box.top));
+    const int room = box.height ? toPixelsY(m_surface, Twips(*box.height)) : 0;
+    const bool isAsHighAsTheFont = !box.height || m_editor->hasOwnHeight();
+    const int height = isAsHighAsTheFont ? control->sizeHint().height() : room;
+    const int above = box.height ? (room - height) / 2 : 0;
+    const QPoint area = m_surface->viewport()->mapTo(m_surface->parentWidget(), QPoint());
+    control->setGeometry(toPixelsX(m_surface, Twips(box.left)) - area.x(), top + above - area.y(),
+                         toPixelsX(m_surface, Twips(box.width)), height);
+}
+
+// --- while it is open
+
+void CellSession::report()
+{
+    Seen now = look();
+    if (now == m_seen)
+        return;
+    m_seen = std::move(now);
+    m_isTouched = true;
+    Q_EMIT Edited();
+}
+
+bool CellSession::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::Wheel)
+        return QObject::eventFilter(watched, event);
+    // The wheel scrolls the grid, and never changes a value under it.
+    auto *wheel = static_cast<QWheelEvent *>(event);
+    QApplication::sendEvent(m_surface->viewport(), wheel);
+    return true;
+}
+
+bool CellSession::hasKeyboard() const
+{
+    const QWidget *focused = m_surface->window()->focusWidget();
+    const QWidget *control = m_editor ? m_editor->control() : nullptr;
+    return focused && control && (control == focused || control->isAncestorOf(focused));
+}
+
+// --- its end
+
+bool CellSession::leave()
+{
+    if (m_state == State::Closed)
+        return true;
+    if (m_state != State::Open)
+        return false; // whoever asks is called by what is being done just now
+    const QPointer<CellSession> self = this;
+    const QPointer<CellEditor> left = m_editor;
+    if (hasKeyboard()) {
+        m_state = State::Leaving;
+        const bool mayGo = FocusTracker::instance().askToLeave(m_editor->box());
+        if (!self || m_state != State::Leaving || m_editor != left)
+            return false; // the message was up, and meanwhile the host has ended it
+        m_state = State::Open;
+        if (m_isTouched)
+            report(); // as the editor has formatted it
+        if (!mayGo || !self || m_state != State::Open)
+            return false;
+    }
+    finish();
+    return self && m_state == State::Closed;
+}
+
+void CellSession::finish()
+{
+    if (m_state != State::Open)
+        return;
+    const QPointer<CellSession> self = this;
+    if (m_isTouched)
+        report();
+    if (!self || m_state != State::Open)
+        return;
+    m_state = State::Leaving;
+    Q_EMIT Closing();
+    if (self)
+        close();
+}
+
+void CellSession::abandon()
+{
+    if (m_state != State::Closed)
+        close();
+}
+
+void CellSession::close()
+{
+    const QPointer<CellEditor> closed = m_editor;
+    const bool goesOn = hasKeyboard();
+    m_state = State::Closed;
+    m_editor = nullptr;
+    if (!closed)
+        return;
+    if (goesOn) // before it is hidden, or the toolkit would send the keyboard to a neighbour
+        FocusTracker::instance().moveUnasked(m_surface);
+    if (closed && closed->control())
+        closed->control()->hide();
+}
+
+} // namespace kor

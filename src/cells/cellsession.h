@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "cells/celleditor.h"
+#include "cells/placement.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtCore/QVariant>
+
+class QAbstractScrollArea;
+
+namespace kor {
+
+//! The editing of one cell at a time, by whichever editor is laid over it: from its opening to its end.
+//!
+//! The composite decides which editor belongs to a cell, sets it up and fills it; it copies back what Edited() reports,
+//! always to cell(), wherever its current cell may be by then. An editor is left only after it was asked, before
+//! anything moves.
+class CellSession : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class State { Closed, Opening, Open, Leaving };
+    //! Whether an editor that opens takes the keyboard; not where the program opens it while the user is elsewhere.
+    enum class Keyboard { Take, Leave };
+
+    //! The surface is the composite's grid: the editors lie in its viewport, and it has the keyboard between two of
+    //! them.
+    explicit CellSession(QAbstractScrollArea *surface);
+
+    //! An editor that may be opened from now on.
+    void add(CellEditor *editor);
+
+    [[nodiscard]] State state() const { return m_state; }
+    [[nodiscard]] bool isOpen() const { return m_state == State::Open || m_state == State::Leaving; }
+    //! The editor that is open, null where none is.
+    [[nodiscard]] CellEditor *editor() const { return isOpen() ? m_editor.data() : nullptr; }
+    //! The cell that is edited.
+    [[nodiscard]] CellAddress cell() const { return m_cell; }
+    //! Whether the user, or the program through the editor, has changed anything since it was opened.
+    [[nodiscard]] bool isTouched() const { return m_isTouched; }
+
+    //! Places, fills and shows an editor that has been set up; no other may be open. Whoever opens it must look whether
+    //! it is still open afterwards, since a host hears that its control was entered.
+    void open(CellEditor *editor, CellAddress cell, const EditorBox &place, const CellContents &contents,
+              Keyboard keyboard);
+    //! What the editor made of the contents it was filled with, or held when it last reported.
+    [[nodiscard]] const QString &text() const { return m_seen.text; }
+    //! Fills the open editor anew, for a program that has written into its cell.
+    void refill(const CellContents &contents);
+    //! Follows the cell when the surface scrolls or is laid out anew.
+    void place(const EditorBox &place);
+    //! Follows the cell when rows above it come or go.
+    void moveTo(CellAddress cell) { m_cell = cell; }
+
+    //! Ends the editing as the user does by moving on: the editor checks and formats what it holds, with its message;
+    //! what is new is reported, and the editor closes. False when it keeps the user; true when none is open.
+    [[nodiscard]] bool leave();
+    //! Ends it when the user has left already, and the editor has been asked.
+    void finish();
+    //! Ends it at once: nothing more is asked, nothing reported.
+    void abandon();
+
+Q_SIGNALS:
+    //! The open editor's text or value is another one than before.
+    void Edited();
+    //! The editing ends, and the editor is still there to be read.
+    void Closing();
+    void KeyDown(int &KeyCode, int &Shift);
+    void ChooserAsked();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    struct Seen {
+        QString text;
+        QVariant value;
+        bool operator==(const Seen &) const = default;
+    };
+
+    [[nodiscard]] bool hears(const CellEditor *editor) const { return m_state == State::Open && editor == m_editor; }
+    [[nodiscard]] Seen look() const { return {m_editor->text(), m_editor->value()}; }
+    //! Whether the keyboard is in the editor, a button of it included.
+    [[nodiscard]] bool hasKeyboard() const;
+    //! Reports what the editor holds, if that is new.
+    void report();
+    void close();
+
+    QAbstractScrollArea *m_surface;
+    QPointer<CellEditor> m_editor;
+    CellAddress m_cell;
+    Seen m_seen;
+    bool m_isTouched = false;
+    State m_state = State::Closed;
+};
+
+} // namespace kor
