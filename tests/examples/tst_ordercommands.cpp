@@ -92,13 +92,19 @@ private Q_SLOTS:
         const auto look = [this](const char *name, Qt::Key key, Qt::KeyboardModifiers modifiers, int count) {
             QList<int> counts;
             QTimer::singleShot(100, this, [&counts] {
-                const auto *list = QApplication::activeModalWidget()->findChild<QTreeWidget *>();
+                QWidget *dialog = QApplication::activeModalWidget();
+                (void)QTest::qWaitForWindowActive(dialog);
+                const auto *list = dialog->findChild<QTreeWidget *>();
+                const auto shown = [list](int before) { // once the search has come round
+                    (void)QTest::qWaitFor([&] { return list->topLevelItemCount() != before; }, 2000);
+                    return list->topLevelItemCount();
+                };
                 counts << list->topLevelItemCount();
-                QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("qqq"));
-                counts << list->topLevelItemCount();
+                QTest::keyClicks(dialog->focusWidget(), QStringLiteral("qqq"));
+                counts << shown(counts.last());
                 for (int erased = 0; erased < 3; ++erased)
-                    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backspace);
-                counts << list->topLevelItemCount();
+                    QTest::keyClick(dialog->focusWidget(), Qt::Key_Backspace);
+                counts << shown(counts.last());
                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
             });
             focus(name);

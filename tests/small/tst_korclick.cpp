@@ -548,7 +548,7 @@ void tst_KorClick::enterInTheTextGoesToTheDialogsDefaultButton()
     EventLog log(m_click);
     log.ignore({QStringLiteral("KeyUp")});
     QTest::keyClick(m_box, Qt::Key_Return);
-    QCOMPARE(log.take(), QStringLiteral("KeyDown(13,0) KeyPress(13)"));
+    QCOMPARE(log.take(), QStringLiteral("KeyDown(13,0)"));
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
     delete m_click;
 }
