@@ -20,14 +20,12 @@ namespace {
 QSqlDatabase dictionary(qint64 rows)
 {
     const QString name = QString::number(rows);
-    if (QSqlDatabase::contains(name)) {
+    if (QSqlDatabase::contains(name))
         return QSqlDatabase::database(name);
-    }
     QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
     connection.setDatabaseName(QStringLiteral(":memory:"));
-    if (!connection.open()) {
+    if (!connection.open())
         qFatal("no SQLite");
-    }
     QSqlQuery query(connection);
     query.exec(QStringLiteral("CREATE TABLE t (id INTEGER PRIMARY KEY, name TEXT)"));
     query.exec(QStringLiteral("WITH RECURSIVE i (x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM i WHERE x < %1) "
@@ -42,9 +40,8 @@ void recordset(benchmark::State &state)
     for (auto _ : state) {
         std::vector<std::pair<QVariant, QString>> entries;
         const auto rows = database.OpenRecordset(QStringLiteral("SELECT id, name FROM t"));
-        for (; !rows->Eof(); rows->MoveNext()) {
+        for (; !rows->Eof(); rows->MoveNext())
             entries.emplace_back(rows->FieldValue(0), rows->FieldValue(1).toString());
-        }
         benchmark::DoNotOptimize(entries);
     }
     // What a list makes of the rows has to fit into the 2.5 as well.
@@ -76,9 +73,8 @@ void toolkitQuery(benchmark::State &state)
         QSqlQuery query(connection);
         query.setForwardOnly(true);
         query.exec(QStringLiteral("SELECT id, name FROM t"));
-        while (query.next()) {
+        while (query.next())
             entries.emplace_back(query.value(0), query.value(1).toString());
-        }
         benchmark::DoNotOptimize(entries);
     }
 }

@@ -69,38 +69,33 @@ void ForwardRecordset::advance()
         release();
         throw;
     }
-    if (m_place == Place::Row) {
+    if (m_place == Place::Row)
         ++m_reached;
-    }
 }
 
 void ForwardRecordset::requireOpen() const
 {
-    if (m_place == Place::Closed) {
+    if (m_place == Place::Closed)
         throw RunTimeError(ErrorNumber::ObjectNoLongerSet);
-    }
 }
 
 void ForwardRecordset::requireRow() const
 {
     requireOpen();
-    if (m_place == Place::End) {
+    if (m_place == Place::End)
         throw RunTimeError(ErrorNumber::NoCurrentRecord);
-    }
 }
 
 void ForwardRecordset::requireConnection() const
 {
-    if (!isConnected()) {
+    if (!isConnected())
         throw connectionLost(DatabaseTask::Read, m_statement);
-    }
 }
 
 void ForwardRecordset::requireField(int index) const
 {
-    if (index < 0 || index >= m_fieldCount) {
+    if (index < 0 || index >= m_fieldCount)
         throw RunTimeError(ErrorNumber::ItemNotFoundInCollection);
-    }
 }
 
 } // namespace kor

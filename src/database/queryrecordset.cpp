@@ -25,12 +25,10 @@ public:
     {
         m_query.setForwardOnly(true);
         m_query.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
-        if (!m_query.exec(statement)) {
+        if (!m_query.exec(statement))
             throw databaseFailure(m_query.lastError(), DatabaseTask::Open, statement);
-        }
-        if (!m_query.isSelect()) {
+        if (!m_query.isSelect())
             throw databaseFailure(QStringLiteral("The statement gives no rows"), DatabaseTask::Open, statement);
-        }
         begin(m_query.record().count());
     }
 
@@ -39,21 +37,18 @@ private:
 
     bool fetch() override
     {
-        if (m_query.next()) {
+        if (m_query.next())
             return true;
-        }
-        if (m_query.lastError().isValid()) {
+        if (m_query.lastError().isValid())
             throw databaseFailure(m_query.lastError(), DatabaseTask::Read, statement());
-        }
         return false;
     }
 
     QVariant valueAt(int index) const override
     {
         const QVariant value = m_query.value(index);
-        if (!value.isValid()) {
+        if (!value.isValid())
             return null(); // the ODBC driver gives a NULL text without a type
-        }
         const QVariant known = normalized(value);
         return variantType(known) == VariantType::Double ? finiteOrNull(CDbl(known)) : known;
     }

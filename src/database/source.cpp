@@ -23,9 +23,8 @@ bool isWordCharacter(QChar c) { return c.isLetterOrNumber() || c == u'_'; }
 bool isTableName(QStringView source)
 {
     const QStringView text = source.trimmed();
-    if (text.isEmpty() || text.startsWith(u'(') || text.startsWith(u"--") || text.startsWith(u"/*")) {
+    if (text.isEmpty() || text.startsWith(u'(') || text.startsWith(u"--") || text.startsWith(u"/*"))
         return false;
-    }
     const auto wordEnd = std::find_if_not(text.begin(), text.end(), isWordCharacter);
     const QStringView word(text.begin(), wordEnd);
     const bool isWholeSource = wordEnd == text.end();
@@ -41,9 +40,8 @@ std::optional<QString> findTable(QStringView name, const QStringList &tables)
     for (const Qt::CaseSensitivity sensitivity : {Qt::CaseSensitive, Qt::CaseInsensitive}) {
         const auto found = std::find_if(tables.begin(), tables.end(),
                                         [&](const QString &table) { return wanted.compare(table, sensitivity) == 0; });
-        if (found != tables.end()) {
+        if (found != tables.end())
             return *found;
-        }
     }
     return std::nullopt;
 }

@@ -26,9 +26,8 @@ struct SqlDatabase::Private {
 
 QString SqlDatabase::Private::statementFor(const QString &source) const
 {
-    if (!isTableName(source)) {
+    if (!isTableName(source))
         return source;
-    }
     const QString name = findTable(source, driver->tables(QSql::AllTables)).value_or(source.trimmed());
     const QString quoted = driver->isIdentifierEscaped(name, QSqlDriver::TableName)
                                ? name
@@ -39,9 +38,8 @@ QString SqlDatabase::Private::statementFor(const QString &source) const
 SqlDatabase::SqlDatabase(const QSqlDatabase &connection, QObject *parent)
     : Database(parent), d(std::make_unique<Private>())
 {
-    if (connection.isValid()) {
+    if (connection.isValid())
         d->driver = connection.driver();
-    }
 }
 
 SqlDatabase::SqlDatabase(const QString &connectionName, QObject *parent)
@@ -53,18 +51,14 @@ SqlDatabase::~SqlDatabase() = default;
 
 std::unique_ptr<Recordset> SqlDatabase::OpenRecordset(const QString &source, int type)
 {
-    if (type != OpenForwardOnly) {
+    if (type != OpenForwardOnly)
         throw RunTimeError(ErrorNumber::InvalidProcedureCall);
-    }
-    if (!d->driver || !d->driver->isOpen()) {
+    if (!d->driver || !d->driver->isOpen())
         throw connectionLost(DatabaseTask::Open, source);
-    }
-    if (source.trimmed().isEmpty()) {
+    if (source.trimmed().isEmpty())
         throw databaseFailure(QStringLiteral("The source is empty"), DatabaseTask::Open, source);
-    }
-    if (!d->stepsSqliteItself) {
+    if (!d->stepsSqliteItself)
         d->stepsSqliteItself = sharesSqlite(*d->driver);
-    }
     const QString statement = d->statementFor(source);
     return *d->stepsSqliteItself ? openThroughSqlite(*d->driver, statement) : openThroughQuery(*d->driver, statement);
 }

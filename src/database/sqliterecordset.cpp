@@ -70,16 +70,13 @@ public:
         : ForwardRecordset(statement), m_driver(&driver), m_query(driver.createResult())
     {
         m_query.setForwardOnly(true);
-        if (!m_query.prepare(statement)) {
+        if (!m_query.prepare(statement))
             throw databaseFailure(m_query.lastError(), DatabaseTask::Open, statement);
-        }
         const int columns = sqlite3_column_count(currentRow());
-        if (columns == 0) {
+        if (columns == 0)
             throw databaseFailure(QStringLiteral("The statement gives no rows"), DatabaseTask::Open, statement);
-        }
-        if (sqlite3_bind_parameter_count(currentRow()) > 0) { // SQLite itself would read them as NULL
+        if (sqlite3_bind_parameter_count(currentRow()) > 0) // SQLite itself would read them as NULL
             throw databaseFailure(QStringLiteral("The statement has parameters"), DatabaseTask::Open, statement);
-        }
         begin(columns);
     }
 
@@ -91,9 +88,8 @@ private:
     sqlite3_stmt *currentRow() const
     {
         auto *const row = pointerIn<sqlite3_stmt>(m_query.result()->handle());
-        if (!row) {
+        if (!row)
             throw connectionLost(DatabaseTask::Read, statement());
-        }
         return row;
     }
 
@@ -103,9 +99,8 @@ private:
         switch (sqlite3_step(row)) {
         case SQLITE_ROW: {
             const int held = std::min(sqlite3_column_count(row), int(m_dictionaryEntry.size()));
-            for (int i = 0; i < held; ++i) {
+            for (int i = 0; i < held; ++i)
                 m_dictionaryEntry[std::size_t(i)] = valueOf(row, i);
-            }
             return true;
         }
         case SQLITE_DONE: return false;
@@ -136,15 +131,13 @@ private:
 bool sharesSqlite(QSqlDriver &driver)
 {
     const QVariant handle = driver.handle();
-    if (!driver.isOpen() || !wraps(handle, "sqlite3*")) {
+    if (!driver.isOpen() || !wraps(handle, "sqlite3*"))
         return false;
-    }
     QSqlQuery version(driver.createResult());
     if (!version.exec(QStringLiteral("SELECT sqlite_source_id()")) || !version.next() ||
         version.value(0).toString() != QLatin1String(sqlite3_sourceid()) ||
-        !wraps(version.result()->handle(), "sqlite3_stmt*")) {
+        !wraps(version.result()->handle(), "sqlite3_stmt*"))
         return false;
-    }
     // Two copies of one version each keep a table of file systems: only ours knows the very object that we registered.
     sqlite3_vfs *files = nullptr;
     sqlite3_file_control(pointerIn<sqlite3>(handle), "main", SQLITE_FCNTL_VFS_POINTER, &files);

@@ -20,21 +20,18 @@ TestConnection::TestConnection(Engine engine)
         connection.setUserName(QStringLiteral("kor"));
         connection.setDatabaseName(QStringLiteral("postgres"));
     }
-    if (!connection.open()) {
+    if (!connection.open())
         QFAIL(qPrintable(connection.lastError().text()));
-    }
-    if (isSqlite) {
+    if (isSqlite)
         run({"PRAGMA synchronous = OFF"}); // nobody pulls the plug on a test
-    } else {
+    else
         run({"SET client_min_messages = warning", "DROP SCHEMA IF EXISTS public CASCADE", "CREATE SCHEMA public"});
-    }
 }
 
 TestConnection::~TestConnection()
 {
-    if (QSqlDatabase::contains(m_name)) {
+    if (QSqlDatabase::contains(m_name))
         remove();
-    }
 }
 
 QString TestConnection::postgresFolder() { return qEnvironmentVariable("KOR_TEST_POSTGRES"); }
@@ -42,7 +39,6 @@ QString TestConnection::postgresFolder() { return qEnvironmentVariable("KOR_TEST
 void TestConnection::run(std::initializer_list<const char *> statements) const
 {
     QSqlQuery query(connection());
-    for (const char *const statement : statements) {
+    for (const char *const statement : statements)
         QVERIFY2(query.exec(QString::fromUtf8(statement)), qPrintable(query.lastError().text()));
-    }
 }

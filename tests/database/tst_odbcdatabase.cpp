@@ -34,17 +34,15 @@ private:
 
 void tst_OdbcDatabase::initTestCase()
 {
-    if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QODBC"))) {
+    if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QODBC")))
         QFAIL("the toolkit's ODBC driver is not installed: tools/install-deps test");
-    }
     m_file = std::make_unique<TestConnection>(TestConnection::Engine::Sqlite);
     m_file->run({"CREATE TABLE towary (id INTEGER, nazwa TEXT, cena DOUBLE, od DATE)",
                  "INSERT INTO towary VALUES (1, 'Łożysko', 12.5, '2026-03-29'), (NULL, NULL, NULL, NULL)"});
     QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), QStringLiteral("odbc"));
     connection.setDatabaseName(QStringLiteral("DRIVER=SQLite3;Database=") + m_file->fileName());
-    if (!connection.open()) {
+    if (!connection.open())
         QFAIL(qPrintable(QStringLiteral("no ODBC driver for SQLite: ") + connection.lastError().text()));
-    }
     m_database = std::make_unique<kor::SqlDatabase>(connection);
 }
 
@@ -67,9 +65,8 @@ void tst_OdbcDatabase::nullOfEveryTypeIsNull()
 {
     const auto rows = m_database->OpenRecordset(QStringLiteral("SELECT id, nazwa, cena, od FROM towary"));
     rows->MoveNext();
-    for (int i = 0; i < rows->FieldCount(); ++i) {
+    for (int i = 0; i < rows->FieldCount(); ++i)
         QVERIFY2(kor::isNull(rows->FieldValue(i)), qPrintable(rows->FieldName(i)));
-    }
     rows->MoveNext();
     QVERIFY(rows->Eof());
 }

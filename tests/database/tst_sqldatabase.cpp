@@ -55,9 +55,8 @@ QString allRows(Recordset &rows)
     QStringList lines;
     for (; !rows.Eof(); rows.MoveNext()) {
         QStringList line;
-        for (int i = 0; i < rows.FieldCount(); ++i) {
+        for (int i = 0; i < rows.FieldCount(); ++i)
             line << rows.Fields(i).Value().toString();
-        }
         lines << line.join(u';');
     }
     return lines.join(u'|');
@@ -133,11 +132,10 @@ void tst_SqlDatabase::init()
                        "INSERT INTO towary VALUES (1, 'Łożysko'), (2, 'Śruba'), (3, NULL), (4, 'Klucz')",
                        "CREATE TABLE puste (id INTEGER, nazwa TEXT)", "CREATE TABLE \"Pozycje Zamówień\" (id INTEGER)",
                        "INSERT INTO \"Pozycje Zamówień\" VALUES (7)"});
-    if (m_way == Way::SqliteQuery) {
+    if (m_way == Way::SqliteQuery)
         m_database = std::make_unique<QueriedDatabase>(m_connection->connection());
-    } else {
+    else
         m_database = std::make_unique<kor::SqlDatabase>(m_connection->connection());
-    }
 }
 
 void tst_SqlDatabase::cleanup()
@@ -258,9 +256,8 @@ void tst_SqlDatabase::opensATableByItsName_data()
 
 void tst_SqlDatabase::opensATableByItsName()
 {
-    if (m_way == Way::SqliteQuery) {
+    if (m_way == Way::SqliteQuery)
         return; // names are resolved before the way is chosen
-    }
     QFETCH(QString, source);
     const auto rows = m_database->OpenRecordset(source);
     QTEST(rows->Fields(0).Value().toInt(), "firstKey");
@@ -292,16 +289,14 @@ void tst_SqlDatabase::statementWithoutRowsIsRefused()
     const auto [number, text] = failureOf([this] { (void)open("UPDATE towary SET nazwa = 'x'"); });
     QCOMPARE(number, 3146);
     QVERIFY2(text.startsWith(QStringLiteral("The statement gives no rows")), qPrintable(text));
-    if (m_way == Way::Sqlite) {
+    if (m_way == Way::Sqlite)
         QCOMPARE(open("SELECT nazwa FROM towary WHERE id = 4")->FieldValue(0), QVariant(QStringLiteral("Klucz")));
-    }
 }
 
 void tst_SqlDatabase::emptySourceIsRefused()
 {
-    if (m_way == Way::SqliteQuery) {
+    if (m_way == Way::SqliteQuery)
         return; // looked at before the way is chosen
-    }
     const auto [number, text] = failureOf([this] { (void)m_database->OpenRecordset(QStringLiteral("  \n")); });
     QCOMPARE(number, 3146);
     QVERIFY2(text.startsWith(QStringLiteral("The source is empty")), qPrintable(text));
@@ -309,9 +304,8 @@ void tst_SqlDatabase::emptySourceIsRefused()
 
 void tst_SqlDatabase::otherRecordsetTypesAreRefused()
 {
-    if (m_way == Way::SqliteQuery) {
+    if (m_way == Way::SqliteQuery)
         return; // the type is looked at before the way is chosen
-    }
     QCOMPARE(errorNumberOf([this] { (void)m_database->OpenRecordset(QStringLiteral("SELECT 1"), 4); }), 5);
 }
 
@@ -400,9 +394,8 @@ void tst_SqlDatabase::connectionReopenedUnderRows()
         QCOMPARE(errorNumberOf([&] { (void)rows->FieldValue(2); }), 3146);
         QCOMPARE(errorNumberOf([&] { (void)rows->FieldName(0); }), 3146);
     }
-    if (isPostgres()) {
+    if (isPostgres())
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Query results lost")));
-    }
     QCOMPARE(errorNumberOf([&] { rows->MoveNext(); }), 3146);
 }
 
@@ -412,9 +405,8 @@ void tst_SqlDatabase::connectionRemovedUnderRows()
     m_connection->remove(); // without the toolkit's warning that somebody still uses it
     QCOMPARE(errorNumberOf([&] { (void)rows->FieldValue(0); }), 3146);
     QCOMPARE(errorNumberOf([&] { rows->MoveNext(); }), 3146);
-    if (m_way != Way::SqliteQuery) {
+    if (m_way != Way::SqliteQuery)
         QCOMPARE(errorNumberOf([this] { (void)open("SELECT 1"); }), 3146);
-    }
 }
 
 void tst_SqlDatabase::databaseDeletedUnderRows()

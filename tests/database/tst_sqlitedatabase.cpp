@@ -138,9 +138,8 @@ void tst_SqliteDatabase::finishedRowsHoldNoLock()
     m_connection->run({"CREATE TABLE t (id INTEGER)", "INSERT INTO t VALUES (1), (2)"});
     kor::SqlDatabase database(m_connection->connection());
     const auto rows = database.OpenRecordset(QStringLiteral("SELECT id FROM t"));
-    while (!rows->Eof()) {
+    while (!rows->Eof())
         rows->MoveNext();
-    }
     m_connection->run({"DROP TABLE t"}); // refused while a statement reads it
 }
 
