@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "runtime/held.h"
 #include "runtime/numberreading.h"
 #include "runtime/textorder.h"
 
@@ -14,12 +15,6 @@
 namespace kor {
 
 namespace {
-
-template <typename T>
-const T &held(const QVariant &value)
-{
-    return *static_cast<const T *>(value.constData());
-}
 
 std::partial_ordering fromInt(int order) { return order <=> 0; }
 

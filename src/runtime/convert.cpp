@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "runtime/datemask.h"
+#include "runtime/held.h"
 #include "runtime/numberreading.h"
 #include "runtime/numbertext.h"
 #include "runtime/serial.h"
@@ -22,16 +23,10 @@ namespace {
 
 NumberReading readOrRefuse(const QVariant &text, const Locale &locale)
 {
-    const NumberReading reading = readNumber(*static_cast<const QString *>(text.constData()), locale);
+    const NumberReading reading = readNumber(held<QString>(text), locale);
     if (!reading.isNumber())
         mismatch();
     return reading;
-}
-
-template <typename T>
-const T &held(const QVariant &value)
-{
-    return *static_cast<const T *>(value.constData());
 }
 
 template <typename Integer>

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "runtime/compiledmask.h"
 #include "runtime/datereading.h"
+#include "runtime/held.h"
 #include "runtime/numberreading.h"
 #include "runtime/numbertext.h"
 
@@ -17,12 +18,6 @@
 namespace kor {
 
 namespace {
-
-template <typename T>
-const T &held(const QVariant &value)
-{
-    return *static_cast<const T *>(value.constData());
-}
 
 //! Whether a text is one number with a point or comma that the locale does not part decimals with. Between day and
 //! month it might stand just as well, but nobody who wrote "1234.5" meant the May of that year.

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "runtime/serial.h"
 
+#include "runtime/held.h"
+
 #include <QtCore/QDateTime>
 
 #include <cmath>
@@ -30,8 +32,8 @@ bool isInCalendar(QDate date)
 Moment momentOf(const QVariant &date)
 {
     if (date.typeId() == QMetaType::QDate)
-        return {*static_cast<const QDate *>(date.constData())};
-    const auto &both = *static_cast<const QDateTime *>(date.constData());
+        return {held<QDate>(date)};
+    const auto &both = held<QDateTime>(date);
     return {both.date(), both.time()};
 }
 

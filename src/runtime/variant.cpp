@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "runtime/held.h"
 #include "runtime/serial.h"
 
 #include <KorDaoUC/currency.h>
@@ -29,9 +30,7 @@ VariantType variantType(const QVariant &value)
     case QMetaType::UChar: return VariantType::Byte;
     case QMetaType::Short: return VariantType::Integer;
     case QMetaType::Int: return VariantType::Long;
-    case QMetaType::LongLong:
-        return isBeyondDouble(*static_cast<const qint64 *>(value.constData())) ? VariantType::LongLong
-                                                                               : VariantType::Other;
+    case QMetaType::LongLong: return isBeyondDouble(held<qint64>(value)) ? VariantType::LongLong : VariantType::Other;
     case QMetaType::Float: return VariantType::Single;
     case QMetaType::Double: return VariantType::Double;
     case QMetaType::QDate:
@@ -63,9 +62,8 @@ QVariant wholeVariant(Wide value)
 QVariant normalizedOther(const QVariant &value)
 {
     switch (value.typeId()) {
-    case QMetaType::SChar:
-        return QVariant::fromValue(static_cast<short>(*static_cast<const signed char *>(value.constData())));
-    case QMetaType::Char: return QVariant::fromValue(static_cast<short>(*static_cast<const char *>(value.constData())));
+    case QMetaType::SChar: return QVariant::fromValue(static_cast<short>(held<signed char>(value)));
+    case QMetaType::Char: return QVariant::fromValue(static_cast<short>(held<char>(value)));
     case QMetaType::UShort:
     case QMetaType::UInt:
     case QMetaType::ULong:
