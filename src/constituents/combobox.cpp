@@ -8,6 +8,7 @@
 #include "constituents/errorguard.h"
 #include "constituents/keycodes.h"
 #include "constituents/keyoffer.h"
+#include "constituents/onelinedelegate.h"
 #include "constituents/popupplace.h"
 
 #include <QtCore/QCoreApplication>
@@ -18,7 +19,6 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QStyleOptionComboBox>
-#include <QtWidgets/QStyledItemDelegate>
 
 #include <algorithm>
 #include <utility>
@@ -35,21 +35,17 @@ constexpr int mostListLetters = 80; // of a name that the open list makes room f
 constexpr int mostNamesMeasured = 50;
 
 //! Gives the entries of the open list the height that they have in the other lists.
-class DropListDelegate final : public QStyledItemDelegate
+class DropListDelegate final : public OneLineDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using OneLineDelegate::OneLineDelegate;
 
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
         QStyleOptionViewItem entry = option;
         initStyleOption(&entry, index);
-        return {QStyledItemDelegate::sizeHint(option, index).width(),
+        return {OneLineDelegate::sizeHint(option, index).width(),
                 entryHeight(entry, qobject_cast<QWidget *>(parent()))};
-    }
-    [[nodiscard]] QString displayText(const QVariant &value, const QLocale &locale) const override
-    {
-        return QStyledItemDelegate::displayText(value, locale).replace(QChar::LineSeparator, QLatin1Char(' '));
     }
 };
 
@@ -82,7 +78,7 @@ void ComboBox::setListIndex(int index)
 QString ComboBox::List(int index) const { return m_entries->name(index); }
 int ComboBox::indexOf(const QString &name) const { return m_entries->indexOf(name); }
 void ComboBox::AddItem(const QString &name) { m_entries->append(name); }
-void ComboBox::AddItems(const QStringList &names) { m_entries->append(names); }
+void ComboBox::AddItems(QStringList names) { m_entries->append(std::move(names)); }
 
 void ComboBox::Clear()
 {
@@ -110,22 +106,8 @@ void ComboBox::keyPressEvent(QKeyEvent *event)
         if (isDropped())
             QCoreApplication::sendEvent(m_list, event);
         else
-            press(event);
+            pressKey(this, event, [this](QKeyEvent *key) { actAs(key); });
     });
-}
-
-void ComboBox::press(QKeyEvent *event)
-{
-    const KeyOffer key = offerKey(this, *event);
-    if (key.answer == KeyOffer::Answer::Swallow)
-        return;
-    if (key.answer == KeyOffer::Answer::Act) {
-        actAs(event);
-        return;
-    }
-    QKeyEvent other = pressOf(key.code, key.shift);
-    actAs(&other);
-    event->setAccepted(other.isAccepted());
 }
 
 void ComboBox::actAs(QKeyEvent *event)

@@ -33,7 +33,7 @@ public:
     [[nodiscard]] QString List(int index) const override;
     [[nodiscard]] int indexOf(const QString &name) const override;
     void AddItem(const QString &name) override;
-    void AddItems(const QStringList &names) override;
+    void AddItems(QStringList names) override;
     void Clear() override;
 
     [[nodiscard]] bool isDropped() const;
@@ -74,7 +74,6 @@ private:
         m_events.during(std::forward<Action>(action));
     }
     void raiseEvents();
-    void press(QKeyEvent *event);
     void actAs(QKeyEvent *event);
     //! Raises KeyPress for a character, 0 for none, and gives what the handlers made of it.
     [[nodiscard]] int offerCharacter(int ascii);

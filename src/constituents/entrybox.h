@@ -22,7 +22,7 @@ public:
     //! The first entry of exactly this name, -1 when there is none.
     [[nodiscard]] virtual int indexOf(const QString &name) const = 0;
     virtual void AddItem(const QString &name) = 0;
-    virtual void AddItems(const QStringList &names) = 0;
+    virtual void AddItems(QStringList names) = 0;
     //! Removes all entries. Raises nothing.
     virtual void Clear() = 0;
 };

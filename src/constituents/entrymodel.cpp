@@ -4,6 +4,8 @@
 
 #include "constituents/typeahead.h"
 
+#include <utility>
+
 namespace kor {
 
 void EntryModel::append(const QString &name)
@@ -13,12 +15,15 @@ void EntryModel::append(const QString &name)
     endInsertRows();
 }
 
-void EntryModel::append(const QStringList &names)
+void EntryModel::append(QStringList names)
 {
     if (names.isEmpty())
         return;
     beginInsertRows({}, count(), count() + static_cast<int>(names.size()) - 1);
-    m_names.append(names);
+    if (m_names.isEmpty())
+        m_names.swap(names);
+    else
+        m_names.append(std::move(names));
     endInsertRows();
 }
 

@@ -18,7 +18,7 @@ public:
     using QAbstractListModel::QAbstractListModel;
 
     void append(const QString &name);
-    void append(const QStringList &names);
+    void append(QStringList names);
     virtual void clear();
 
     [[nodiscard]] int count() const { return static_cast<int>(m_names.size()); }

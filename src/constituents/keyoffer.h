@@ -69,6 +69,22 @@ template <class Box>
     return offer;
 }
 
+//! Offers a press and lets the box act on what has become of it: on the press itself, or on one of another key.
+template <class Box, class Act>
+void pressKey(Box *box, QKeyEvent *event, Act &&act)
+{
+    const KeyOffer key = offerKey(box, *event);
+    if (key.answer == KeyOffer::Answer::Swallow)
+        return;
+    if (key.answer == KeyOffer::Answer::Act) {
+        act(event);
+        return;
+    }
+    QKeyEvent other = pressOf(key.code, key.shift);
+    act(&other);
+    event->setAccepted(other.isAccepted());
+}
+
 //! Raises KeyUp for the release of a key.
 template <class Box>
 void raiseKeyUp(Box *box, const QKeyEvent &event)

@@ -10,6 +10,7 @@
 #include "constituents/keycodes.h"
 #include "constituents/keyoffer.h"
 #include "constituents/mouse.h"
+#include "constituents/onelinedelegate.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QHelpEvent>
@@ -17,7 +18,6 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollBar>
-#include <QtWidgets/QStyledItemDelegate>
 #include <QtWidgets/QToolTip>
 
 #include <algorithm>
@@ -32,26 +32,22 @@ constexpr int usualLetters = 20;
 constexpr int fewestLetters = 3;  // that it can be pressed together to
 constexpr int followingStep = 50; // milliseconds
 
-//! Gives every entry the list's one height and no width of its own, so that none is measured, and keeps it to one line.
-class EntryDelegate final : public QStyledItemDelegate
+//! Gives every entry the list's one height and no width of its own, so that none is measured.
+class EntryDelegate final : public OneLineDelegate
 {
 public:
-    explicit EntryDelegate(ListBox *list) : QStyledItemDelegate(list), m_list(list) {}
+    explicit EntryDelegate(ListBox *list) : OneLineDelegate(list), m_list(list) {}
 
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const override
     {
         return {1, m_list->rowHeight()};
-    }
-    [[nodiscard]] QString displayText(const QVariant &value, const QLocale &locale) const override
-    {
-        return QStyledItemDelegate::displayText(value, locale).replace(QChar::LineSeparator, QLatin1Char(' '));
     }
     //! A name that does not fit is read whole in its tip; over all others stands the list's own.
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override
     {
         if (event->type() != QEvent::ToolTip || !index.isValid() || !isCutShort(option, index))
-            return QStyledItemDelegate::helpEvent(event, view, option, index);
+            return OneLineDelegate::helpEvent(event, view, option, index);
         const QString name = displayText(index.data(), option.locale).toHtmlEscaped();
         QToolTip::showText(event->globalPos(), QLatin1String("<p>") + name, view->viewport(), option.rect);
         return true;
@@ -104,7 +100,7 @@ int ListBox::ListCount() const { return m_entries->count(); }
 QString ListBox::List(int index) const { return m_entries->name(index); }
 int ListBox::indexOf(const QString &name) const { return m_entries->indexOf(name); }
 void ListBox::AddItem(const QString &name) { m_entries->append(name); }
-void ListBox::AddItems(const QStringList &names) { m_entries->append(names); }
+void ListBox::AddItems(QStringList names) { m_entries->append(std::move(names)); }
 
 void ListBox::Clear()
 {
@@ -154,21 +150,7 @@ QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex 
 
 void ListBox::keyPressEvent(QKeyEvent *event)
 {
-    onInput(this, event, [&] { press(event); });
-}
-
-void ListBox::press(QKeyEvent *event)
-{
-    const KeyOffer key = offerKey(this, *event);
-    if (key.answer == KeyOffer::Answer::Swallow)
-        return;
-    if (key.answer == KeyOffer::Answer::Act) {
-        actAs(event);
-        return;
-    }
-    QKeyEvent other = pressOf(key.code, key.shift);
-    actAs(&other);
-    event->setAccepted(other.isAccepted());
+    onInput(this, event, [&] { pressKey(this, event, [this](QKeyEvent *key) { actAs(key); }); });
 }
 
 void ListBox::actAs(QKeyEvent *event)

@@ -34,7 +34,7 @@ public:
     [[nodiscard]] QString List(int index) const override;
     [[nodiscard]] int indexOf(const QString &name) const override;
     void AddItem(const QString &name) override;
-    void AddItems(const QStringList &names) override;
+    void AddItems(QStringList names) override;
     void Clear() override;
 
     [[nodiscard]] AppearanceType Appearance() const;
@@ -92,7 +92,6 @@ private:
     //! The mouse has finished selecting.
     void endPress();
     void followSelection(const QItemSelection &selected);
-    void press(QKeyEvent *event);
     void actAs(QKeyEvent *event);
     bool move(int key);
     void type(const QString &text);

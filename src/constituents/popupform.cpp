@@ -6,6 +6,7 @@
 
 #include <QtCore/QPointer>
 #include <QtGui/QMouseEvent>
+#include <QtGui/QScreen>
 #include <QtWidgets/QApplication>
 
 namespace kor {
@@ -36,6 +37,14 @@ void moveOn(const QWidget *window)
 PopupForm::PopupForm(QWidget *control) : QFrame(control, Qt::Popup | Qt::FramelessWindowHint)
 {
     control->installEventFilter(this);
+}
+
+QRect PopupForm::controlPlace() const { return {parentWidget()->mapToGlobal(QPoint(0, 0)), parentWidget()->size()}; }
+
+const QScreen &PopupForm::controlScreen() const
+{
+    const QScreen *screen = QGuiApplication::screenAt(controlPlace().center());
+    return screen ? *screen : *parentWidget()->screen();
 }
 
 void PopupForm::dismiss()

@@ -4,6 +4,10 @@
 
 #include <QtWidgets/QFrame>
 
+QT_BEGIN_NAMESPACE
+class QScreen;
+QT_END_NAMESPACE
+
 namespace kor {
 
 //! A window that pops up from a control and never outstays it: when the control is hidden or disabled, itself or with
@@ -15,6 +19,10 @@ class PopupForm : public QFrame
 public:
     explicit PopupForm(QWidget *control);
 
+    //! Where the control is on the desktop.
+    [[nodiscard]] QRect controlPlace() const;
+    //! The screen that shows the middle of the control; of one that is beside all of them, the screen of its window.
+    [[nodiscard]] const QScreen &controlScreen() const;
     //! Hides the window and says so.
     void dismiss();
 

@@ -5,6 +5,7 @@
 #include <KorDaoUC/variant.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace kor {
 
@@ -31,11 +32,14 @@ void Dictionary::append(const QVariant &key)
         m_index.append(key);
 }
 
-void Dictionary::append(const QList<QVariant> &keys)
+void Dictionary::append(QList<QVariant> keys)
 {
-    m_keys.append(keys);
     if (m_search == Search::Indexed)
         std::for_each(keys.cbegin(), keys.cend(), [this](const QVariant &key) { m_index.append(key); });
+    if (m_keys.isEmpty())
+        m_keys.swap(keys);
+    else
+        m_keys.append(std::move(keys));
 }
 
 const QVariant &Dictionary::key(int place) const

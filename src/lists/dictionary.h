@@ -22,7 +22,7 @@ public:
 
     void clear();
     void append(const QVariant &key);
-    void append(const QList<QVariant> &keys);
+    void append(QList<QVariant> keys);
 
     [[nodiscard]] bool isEmpty() const { return m_keys.isEmpty(); }
     [[nodiscard]] int count() const { return static_cast<int>(m_keys.size()); }
