@@ -169,6 +169,16 @@ public:
         }
     }
 
+    //! Gives a field of a new control what the setting of this key is by default.
+    template <class Value>
+    void toDefault(const Control &control, const char *key, Value &field) const
+    {
+        const auto row = std::find_if(m_rows.begin(), m_rows.end(),
+                                      [key](const Row &candidate) { return candidate.key == QLatin1String(key); });
+        Q_ASSERT(row != m_rows.end());
+        field = settingAs<Value>(row->defaultOf(control));
+    }
+
     //! Ends early when a handler of an event that a setting raises has deleted the control.
     void read(Control &control, const PropertyBag &bag) const
     {

@@ -16,6 +16,7 @@
 #include <QtCore/QPointer>
 
 #include <algorithm>
+#include <utility>
 
 Q_LOGGING_CATEGORY(listsLog, "kordaouc.lists")
 
@@ -32,7 +33,7 @@ public:
     [[nodiscard]] bool fill();
     [[nodiscard]] bool fillFromDatabase();
     void warn(const QString &text) const;
-    void add(const DictionaryRows &rows);
+    void add(DictionaryRows rows);
 
     DictionaryControl *q;
     DictionaryRules rules;
@@ -71,7 +72,7 @@ void DictionaryControl::setEntryBox(EntryBox *box)
 
 void DictionaryControl::initProperties()
 {
-    d->nullString = QStringLiteral("...");
+    d->nullString = initialNullString();
     d->dirty = false;
     d->blockUpDown = false;
     d->blockClick = false;
@@ -86,6 +87,76 @@ void DictionaryControl::loadNullEntry()
     d->dirty = false;
 }
 
+// --- value and text
+
+int DictionaryControl::ListIndex() const { return d->box->ListIndex(); }
+
+void DictionaryControl::setListIndex(int index)
+{
+    const QPointer<DictionaryControl> self = this;
+    d->box->setListIndex(index);
+    if (self && d->rules.indexReport == IndexReport::Reported)
+        propertyChanged("ListIndex");
+}
+
+QVariant DictionaryControl::Value() const { return keyAt(ListIndex()); }
+
+void DictionaryControl::setValue(const QVariant &key)
+{
+    if (HasValues())
+        d->select(d->dictionary.indexOf(key));
+}
+
+QString DictionaryControl::Text() const { return d->box->List(ListIndex()); }
+
+void DictionaryControl::setText(const QString &name)
+{
+    if (HasValues())
+        d->select(d->box->indexOf(name));
+}
+
+void DictionaryControl::Private::select(int found)
+{
+    const QPointer<DictionaryControl> self = q;
+    box->setListIndex(std::max(found, 0));
+    if (self && found == 0)
+        clicked(); // Kept: hosts count on a click for the first entry, even where it was selected before
+}
+
+void DictionaryControl::boxClicked() { d->clicked(); }
+
+void DictionaryControl::Private::clicked()
+{
+    if (isRestoring)
+        return;
+    dirty = true;
+    if (!blockClick)
+        q->raiseClick();
+}
+
+bool DictionaryControl::DataChanged() const { return d->dirty; }
+void DictionaryControl::setDataChanged(bool changed) { d->dirty = changed; }
+
+// --- keyboard
+
+void DictionaryControl::boxKeyDown(int &code, int &shift)
+{
+    if (code == Key::F5) {
+        code = Key::None;
+        Refresh();
+        return;
+    }
+    if (d->rules.blockedArrows == BlockedArrows::WithholdTheEvent) {
+        if (!d->blockUpDown || !isUpOrDown(code))
+            raiseKeyDown(code, shift);
+        return;
+    }
+    const QPointer<DictionaryControl> self = this;
+    raiseKeyDown(code, shift);
+    if (self && d->blockUpDown && isRowKey(code, shift))
+        code = Key::None;
+}
+
 // --- entries
 
 void DictionaryControl::AddEntry(const QVariant &wartosc, const QString &nazwa)
@@ -94,10 +165,10 @@ void DictionaryControl::AddEntry(const QVariant &wartosc, const QString &nazwa)
     d->box->AddItem(nazwa);
 }
 
-void DictionaryControl::Private::add(const DictionaryRows &rows)
+void DictionaryControl::Private::add(DictionaryRows rows)
 {
-    dictionary.append(rows.keys);
-    box->AddItems(rows.names);
+    dictionary.append(std::move(rows.keys));
+    box->AddItems(std::move(rows.names));
 }
 
 void DictionaryControl::Clear()
@@ -180,14 +251,14 @@ bool DictionaryControl::Private::fillFromDatabase()
     const auto source = database.share();
     const QString statement = sql;
     const Locale language = locale;
-    const DictionaryLoad load = loadDictionary(*source, statement, language);
+    DictionaryLoad load = loadDictionary(*source, statement, language);
     if (!self)
         return false;
     if (load.outcome == LoadOutcome::Failed)
         warn(QStringLiteral("Refresh ended early: ") + load.failure);
     if (clearings != asked)
         return false;
-    add(load.rows);
+    add(std::move(load.rows));
     if (load.outcome != LoadOutcome::Loaded)
         toRestore.clear();
     return load.outcome == LoadOutcome::Loaded;
@@ -199,74 +270,7 @@ void DictionaryControl::Private::warn(const QString &text) const
     qCWarning(listsLog, "%s%ls: %ls", q->metaObject()->className(), qUtf16Printable(name), qUtf16Printable(text));
 }
 
-// --- selection
-
-int DictionaryControl::ListIndex() const { return d->box->ListIndex(); }
-
-void DictionaryControl::setListIndex(int index)
-{
-    const QPointer<DictionaryControl> self = this;
-    d->box->setListIndex(index);
-    if (self && d->rules.indexReport == IndexReport::Reported)
-        propertyChanged("ListIndex");
-}
-
-QVariant DictionaryControl::Value() const { return keyAt(ListIndex()); }
-
-void DictionaryControl::setValue(const QVariant &key)
-{
-    if (HasValues())
-        d->select(d->dictionary.indexOf(key));
-}
-
-QString DictionaryControl::Text() const { return d->box->List(ListIndex()); }
-
-void DictionaryControl::setText(const QString &name)
-{
-    if (HasValues())
-        d->select(d->box->indexOf(name));
-}
-
-void DictionaryControl::Private::select(int found)
-{
-    const QPointer<DictionaryControl> self = q;
-    box->setListIndex(std::max(found, 0));
-    if (self && found == 0)
-        clicked(); // Kept: hosts count on a click for the first entry, even where it was selected before
-}
-
-void DictionaryControl::boxClicked() { d->clicked(); }
-
-void DictionaryControl::Private::clicked()
-{
-    if (isRestoring)
-        return;
-    dirty = true;
-    if (!blockClick)
-        q->raiseClick();
-}
-
-// --- keyboard
-
-void DictionaryControl::boxKeyDown(int &code, int &shift)
-{
-    if (code == Key::F5) {
-        code = Key::None;
-        Refresh();
-        return;
-    }
-    if (d->rules.blockedArrows == BlockedArrows::WithholdTheEvent) {
-        if (!d->blockUpDown || !isUpOrDown(code))
-            raiseKeyDown(code, shift);
-        return;
-    }
-    const QPointer<DictionaryControl> self = this;
-    raiseKeyDown(code, shift);
-    if (self && d->blockUpDown && isRowKey(code, shift))
-        code = Key::None;
-}
-
-// --- settings
+// --- properties
 
 void DictionaryControl::setdatabase(Database *database) { d->database.set(database); }
 void DictionaryControl::setdatabase(QObject *database) { d->database.setObject(database); }
@@ -304,8 +308,6 @@ void DictionaryControl::setNullString(const QString &name)
     propertyChanged("NullString");
 }
 
-bool DictionaryControl::DataChanged() const { return d->dirty; }
-void DictionaryControl::setDataChanged(bool changed) { d->dirty = changed; }
 bool DictionaryControl::BlockClick() const { return d->blockClick; }
 
 void DictionaryControl::setBlockClick(bool block)

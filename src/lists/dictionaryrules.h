@@ -4,6 +4,8 @@
 
 #include "lists/keyindex.h"
 
+#include <QtCore/QString>
+
 namespace kor {
 
 //! What `BlockUpDown` does to the arrow keys.
@@ -26,5 +28,8 @@ inline constexpr DictionaryRules comboRules{KeyEquality::Loose, BlockedArrows::K
 inline constexpr DictionaryRules listRules{KeyEquality::Strict, BlockedArrows::WithholdTheEvent, IndexReport::Silent};
 inline constexpr DictionaryRules checkListRules{KeyEquality::Strict, BlockedArrows::WithholdTheEvent,
                                                 IndexReport::Reported};
+
+//! By what name the null entry is shown until the form or the host gives another.
+[[nodiscard]] inline QString initialNullString() { return QStringLiteral("..."); }
 
 } // namespace kor

@@ -30,7 +30,7 @@ const SettingsTable<KorCombo> KorCombo::Private::settings = {
     {"SQL", &KorCombo::SQL, &KorCombo::setSQL, QString()},
     {"Slownik", &KorCombo::Slownik, &KorCombo::setSlownik, QString()},
     {"CanBeNull", &KorCombo::CanBeNull, &KorCombo::setCanBeNull, false},
-    {"NullString", &KorCombo::NullString, &KorCombo::setNullString, QStringLiteral("...")},
+    {"NullString", &KorCombo::NullString, &KorCombo::setNullString, initialNullString()},
     SettingsTable<KorCombo>::Row::whileReading([](KorCombo &c) { c.loadNullEntry(); }),
     {"ToolTipText", &KorCombo::ToolTipText, &KorCombo::setToolTipText, QString()},
     // Kept: read twice
@@ -59,6 +59,8 @@ KorCombo::~KorCombo() = default;
 void KorCombo::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorCombo::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
 
+// --- layout
+
 void KorCombo::layoutConstituents()
 {
     const int height = d->box->sizeHint().height();
@@ -68,10 +70,7 @@ void KorCombo::layoutConstituents()
 
 QSize KorCombo::givenSize() const { return {width(), 0}; }
 
-QString KorCombo::ToolTipText() const { return d->box->toolTip(); }
+// --- properties
 
-void KorCombo::setToolTipText(const QString &text)
-{
-    d->box->setToolTip(text);
-    propertyChanged("ToolTipText");
-}
+QString KorCombo::ToolTipText() const { return d->box->toolTip(); }
+void KorCombo::setToolTipText(const QString &text) { delegate("ToolTipText", d->box, &QWidget::setToolTip, text); }

@@ -24,7 +24,7 @@ const SettingsTable<KorList> KorList::Private::settings = {
     {"SQL", &KorList::SQL, &KorList::setSQL, QString()},
     {"Slownik", &KorList::Slownik, &KorList::setSlownik, QString()},
     {"CanBeNull", &KorList::CanBeNull, &KorList::setCanBeNull, false},
-    {"NullString", &KorList::NullString, &KorList::setNullString, QStringLiteral("...")},
+    {"NullString", &KorList::NullString, &KorList::setNullString, initialNullString()},
     SettingsTable<KorList>::Row::whileReading([](KorList &c) { c.loadNullEntry(); }),
     // Kept: old forms hold it twice
     {"BackColor", &KorList::BackColor, &KorList::setBackColor, WindowBackground},

@@ -56,7 +56,7 @@ const SettingsTable<KorListCheck> KorListCheck::Private::settings = {
     {"SQL", &KorListCheck::SQL, &KorListCheck::setSQL, QString()},
     {"Slownik", &KorListCheck::Slownik, &KorListCheck::setSlownik, QString()},
     {"CanBeNull", &KorListCheck::CanBeNull, &KorListCheck::setCanBeNull, false},
-    {"NullString", &KorListCheck::NullString, &KorListCheck::setNullString, QStringLiteral("...")},
+    {"NullString", &KorListCheck::NullString, &KorListCheck::setNullString, initialNullString()},
     SettingsTable<KorListCheck>::Row::whileReading([](KorListCheck &c) { c.loadNullEntry(); }),
     // Kept: old forms hold it twice
     {"BackColor", &KorListCheck::BackColor, &KorListCheck::setBackColor, WindowBackground},
@@ -95,68 +95,15 @@ KorListCheck::~KorListCheck() = default;
 void KorListCheck::initProperties()
 {
     ListControl::initProperties();
-    d->separator = QStringLiteral(";");
-    d->valueChecked.clear();
-    d->textChecked.clear();
+    Private::settings.toDefault(*this, "Separator", d->separator);
+    Private::settings.toDefault(*this, "ValueChecked", d->valueChecked);
+    Private::settings.toDefault(*this, "TextChecked", d->textChecked);
 }
 
 void KorListCheck::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorListCheck::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
 
-void KorListCheck::Refresh()
-{
-    const QPointer<KorListCheck> self = this;
-    if (canReload()) {
-        const QString checked = d->refreshing > 0 ? d->toPutBack : ValueChecked();
-        d->toPutBack = checked;
-        ++d->refreshing;
-        const auto done = qScopeGuard([self] {
-            if (self)
-                --self->d->refreshing;
-        });
-        if (!reload())
-            return;
-        putBack(checked);
-    }
-    if (self)
-        Q_EMIT Refreshed();
-}
-
-// A handler of ItemCheck that refreshes is called by what it has called. To it, too, all checks come back, those that
-// were still waiting included; but it is not told again, or there would be no end.
-void KorListCheck::putBack(const QString &checked)
-{
-    const QPointer<KorListCheck> self = this;
-    ++d->puttingBack;
-    const auto done = qScopeGuard([self] {
-        if (self)
-            --self->d->puttingBack;
-    });
-    setValueChecked(checked);
-}
-
-// --- checked sets
-
-void KorListCheck::Private::check(std::vector<bool> checks)
-{
-    // Raising an event for each of thousands of checks takes longer than checking them.
-    if (isTelling() && q->isSignalConnected(QMetaMethod::fromSignal(&KorListCheck::ItemCheck)))
-        box->setSelected(checks);
-    else
-        box->setSelectedSilently(std::move(checks));
-}
-
-template <class PartOf>
-QString KorListCheck::Private::joinChecked(PartOf partOf) const
-{
-    QString set;
-    const int count = box->ListCount();
-    for (int i = 0; i < count; ++i) {
-        if (box->Selected(i))
-            set.append(partOf(i)).append(separator);
-    }
-    return set;
-}
+// --- value and text
 
 QString KorListCheck::ValueChecked() const
 {
@@ -203,7 +150,62 @@ void KorListCheck::CheckAll(bool checked)
 
 int KorListCheck::SelCount() const { return d->box->SelCount(); }
 
-// --- settings
+void KorListCheck::Private::check(std::vector<bool> checks)
+{
+    // Raising an event for each of thousands of checks takes longer than checking them.
+    if (isTelling() && q->isSignalConnected(QMetaMethod::fromSignal(&KorListCheck::ItemCheck)))
+        box->setSelected(checks);
+    else
+        box->setSelectedSilently(std::move(checks));
+}
+
+template <class PartOf>
+QString KorListCheck::Private::joinChecked(PartOf partOf) const
+{
+    QString set;
+    const int count = box->ListCount();
+    for (int i = 0; i < count; ++i) {
+        if (box->Selected(i))
+            set.append(partOf(i)).append(separator);
+    }
+    return set;
+}
+
+// --- filling
+
+void KorListCheck::Refresh()
+{
+    const QPointer<KorListCheck> self = this;
+    if (canReload()) {
+        const QString checked = d->refreshing > 0 ? d->toPutBack : ValueChecked();
+        d->toPutBack = checked;
+        ++d->refreshing;
+        const auto done = qScopeGuard([self] {
+            if (self)
+                --self->d->refreshing;
+        });
+        if (!reload())
+            return;
+        putBack(checked);
+    }
+    if (self)
+        Q_EMIT Refreshed();
+}
+
+// A handler of ItemCheck that refreshes is called by what it has called. To it, too, all checks come back, those that
+// were still waiting included; but it is not told again, or there would be no end.
+void KorListCheck::putBack(const QString &checked)
+{
+    const QPointer<KorListCheck> self = this;
+    ++d->puttingBack;
+    const auto done = qScopeGuard([self] {
+        if (self)
+            --self->d->puttingBack;
+    });
+    setValueChecked(checked);
+}
+
+// --- properties
 
 QString KorListCheck::Separator() const { return d->separator; }
 

@@ -44,6 +44,8 @@ void ListControl::initProperties()
     d->toolTipText.clear();
 }
 
+// --- layout
+
 void ListControl::layoutConstituents()
 {
     // Another font or frame starts again from the height that the form gave, or the list would lose entries with each.
@@ -56,12 +58,13 @@ void ListControl::layoutConstituents()
 // Also while the list is hidden and has not been laid out anew.
 QSize ListControl::givenSize() const { return {width(), height() != d->wholeHeight ? height() : d->givenHeight}; }
 
+// --- properties
+
 AppearanceType ListControl::Appearance() const { return d->box->Appearance(); }
 
 void ListControl::setAppearance(AppearanceType appearance)
 {
-    d->box->setAppearance(appearance);
-    propertyChanged("Appearance");
+    delegate("Appearance", d->box, &ListBox::setAppearance, appearance);
 }
 
 BorderStyleType ListControl::BorderStyle() const { return d->borderStyle; }

@@ -49,7 +49,7 @@ public:
     bool checkRange = false;
     bool blockChange = false;
     bool dirty = false;
-    QVariant value = null();
+    QVariant value;
     QVariant type;                //!< saved for older forms; nobody reads it
     std::optional<float> clamped; //!< the bound that the next change of the text shows in place of the number set
 
@@ -106,13 +106,14 @@ KorNumber::~KorNumber() = default;
 
 void KorNumber::initProperties()
 {
-    d->type = integer(0);
-    d->value = null();
-    d->mask = QStringLiteral("#,##0.00");
-    d->maxValue = 0;
-    d->minValue = 0;
-    d->checkRange = false;
-    d->blockChange = false;
+    const auto &settings = Private::settings;
+    settings.toDefault(*this, "Type", d->type);
+    settings.toDefault(*this, "Value", d->value);
+    settings.toDefault(*this, "MaskPicture", d->mask);
+    settings.toDefault(*this, "MaxValue", d->maxValue);
+    settings.toDefault(*this, "MinValue", d->minValue);
+    settings.toDefault(*this, "CheckRange", d->checkRange);
+    settings.toDefault(*this, "BlockChange", d->blockChange);
 }
 
 void KorNumber::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
@@ -285,7 +286,7 @@ void KorNumber::Private::controlLeft()
         box->setProgramText(QString());
 }
 
-// --- settings
+// --- properties
 
 bool KorNumber::Locked() const { return d->box->Locked(); }
 void KorNumber::setLocked(bool locked) { delegate("Locked", d->box, &TextBox::setLocked, locked); }

@@ -27,7 +27,7 @@ public:
     const ButtonField field;
     TextBox *const box = field.box;
     CommandButton *const button = field.button;
-    QVariant value = null();
+    QVariant value;
     bool blockUpDown = false;
     bool dirty = false;
 
@@ -85,18 +85,48 @@ KorClick::~KorClick() = default;
 
 void KorClick::initProperties()
 {
-    d->blockUpDown = false;
-    d->value = null();
+    Private::settings.toDefault(*this, "BlockUpDown", d->blockUpDown);
+    Private::settings.toDefault(*this, "Value", d->value);
 }
 
 void KorClick::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorClick::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
 
-void KorClick::layoutConstituents() { d->field.layout(*this); }
-QSize KorClick::sizeHint() const { return d->field.sizeHint(); }
-QSize KorClick::minimumSizeHint() const { return d->field.minimumSizeHint(); }
+// --- value and text
 
-// --- events
+QVariant KorClick::Value() const { return d->value; }
+
+void KorClick::setValue(const QVariant &value)
+{
+    d->value = value;
+    propertyChanged("Value");
+}
+
+QString KorClick::Text() const { return d->box->text(); }
+void KorClick::setText(const QString &text) { delegate("Text", d->box, &TextBox::setProgramText, text); }
+
+bool KorClick::DataChanged() const { return d->dirty; }
+void KorClick::setDataChanged(bool changed) { d->dirty = changed; }
+
+int KorClick::SelLength() const { return d->box->SelLength(); }
+void KorClick::setSelLength(int length) { delegate("SelLength", d->box, &TextBox::setSelLength, length); }
+
+QString KorClick::SelText() const { return d->box->SelText(); }
+void KorClick::setSelText(const QString &text) { delegate("SelText", d->box, &TextBox::setSelText, text); }
+
+int KorClick::SelStart() const { return d->box->SelStart(); }
+void KorClick::setSelStart(int start) { delegate("SelStart", d->box, &TextBox::setSelStart, start); }
+
+void KorClick::Private::clear()
+{
+    value = null(); // before the text, so that a handler of Change finds both
+    const QPointer<KorClick> self = q;
+    box->setProgramText(QString());
+    if (self)
+        q->propertyChanged("Value");
+}
+
+// --- keyboard
 
 void KorClick::Private::keyDown(int &code, int &shift)
 {
@@ -118,14 +148,16 @@ void KorClick::Private::keyDown(int &code, int &shift)
         Q_EMIT q->KeyDown(code, shift);
 }
 
-void KorClick::Private::clear()
+// --- focus
+
+std::optional<Complaint> KorClick::Private::boxLeft(QWidget *left)
 {
-    value = null(); // before the text, so that a handler of Change finds both
-    const QPointer<KorClick> self = q;
-    box->setProgramText(QString());
-    if (self)
-        q->propertyChanged("Value");
+    if (left == button)
+        Q_EMIT q->CmdLostFocus();
+    return std::nullopt;
 }
+
+// --- layout
 
 void KorClick::Private::showOnButton(const QString &text)
 {
@@ -135,12 +167,9 @@ void KorClick::Private::showOnButton(const QString &text)
     q->layoutConstituents();
 }
 
-std::optional<Complaint> KorClick::Private::boxLeft(QWidget *left)
-{
-    if (left == button)
-        Q_EMIT q->CmdLostFocus();
-    return std::nullopt;
-}
+void KorClick::layoutConstituents() { d->field.layout(*this); }
+QSize KorClick::sizeHint() const { return d->field.sizeHint(); }
+QSize KorClick::minimumSizeHint() const { return d->field.minimumSizeHint(); }
 
 // --- properties
 
@@ -162,14 +191,6 @@ void KorClick::setAppearance(AppearanceType appearance)
     propertyChanged("Appearance");
 }
 
-QVariant KorClick::Value() const { return d->value; }
-
-void KorClick::setValue(const QVariant &value)
-{
-    d->value = value;
-    propertyChanged("Value");
-}
-
 bool KorClick::BlockUpDown() const { return d->blockUpDown; }
 
 void KorClick::setBlockUpDown(bool block)
@@ -178,23 +199,8 @@ void KorClick::setBlockUpDown(bool block)
     propertyChanged("BlockUpDown");
 }
 
-bool KorClick::DataChanged() const { return d->dirty; }
-void KorClick::setDataChanged(bool changed) { d->dirty = changed; }
-
-QString KorClick::Text() const { return d->box->text(); }
-void KorClick::setText(const QString &text) { delegate("Text", d->box, &TextBox::setProgramText, text); }
-
 bool KorClick::Locked() const { return d->box->Locked(); }
 void KorClick::setLocked(bool locked) { delegate("Locked", d->box, &TextBox::setLocked, locked); }
-
-int KorClick::SelLength() const { return d->box->SelLength(); }
-void KorClick::setSelLength(int length) { delegate("SelLength", d->box, &TextBox::setSelLength, length); }
-
-QString KorClick::SelText() const { return d->box->SelText(); }
-void KorClick::setSelText(const QString &text) { delegate("SelText", d->box, &TextBox::setSelText, text); }
-
-int KorClick::SelStart() const { return d->box->SelStart(); }
-void KorClick::setSelStart(int start) { delegate("SelStart", d->box, &TextBox::setSelStart, start); }
 
 int KorClick::hWnd() const { return mainWindowHandle(); }
 

@@ -107,28 +107,7 @@ void KorColor::initProperties() { d->select(ColorList::initialEntry); }
 void KorColor::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorColor::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
 
-// --- selection
-
-void KorColor::Private::makeRoomForPatches()
-{
-    box->setPictureWidth(ColorDelegate::patchSize(box->fontMetrics()).width() + 4 * gap);
-    box->setMaxVisibleItems(ColorList::count); // all colours at a glance
-    q->updateGeometry();
-    q->layoutConstituents();
-}
-
-//! An entry of the list was selected.
-void KorColor::Private::selected()
-{
-    swatch->setBackColor(colors.color(box->ListIndex()));
-    Q_EMIT q->Click();
-}
-
-void KorColor::Private::select(int entry)
-{
-    swatch->setBackColor(colors.color(entry));
-    box->setListIndex(entry);
-}
+// --- value and text
 
 OLE_COLOR KorColor::Value() const { return d->swatch->BackColor(); }
 
@@ -147,6 +126,21 @@ void KorColor::setValue(OLE_COLOR color)
         d->selected(); // Kept: once more, though the list may have raised it
 }
 
+//! An entry of the list was selected.
+void KorColor::Private::selected()
+{
+    swatch->setBackColor(colors.color(box->ListIndex()));
+    Q_EMIT q->Click();
+}
+
+void KorColor::Private::select(int entry)
+{
+    swatch->setBackColor(colors.color(entry));
+    box->setListIndex(entry);
+}
+
+// --- keyboard
+
 void KorColor::Private::keyDown(int &code, int &shift)
 {
     const QPointer<KorColor> self = q;
@@ -155,6 +149,12 @@ void KorColor::Private::keyDown(int &code, int &shift)
     if (self)
         Q_EMIT q->KeyDown(code, shift);
 }
+
+// --- mouse
+
+void KorColor::mousePressEvent(QMouseEvent *event) { raiseMouse(this, event, &KorColor::MouseDown); }
+void KorColor::mouseMoveEvent(QMouseEvent *event) { raiseMouse(this, event, &KorColor::MouseMove); }
+void KorColor::mouseReleaseEvent(QMouseEvent *event) { raiseMouse(this, event, &KorColor::MouseUp); }
 
 // --- the colour dialog
 
@@ -186,7 +186,15 @@ std::optional<OLE_COLOR> KorColor::Private::askDialog()
     return isChosen && chosen.isValid() ? std::optional(fromQColor(chosen)) : std::nullopt;
 }
 
-// --- layout and surface
+// --- layout
+
+void KorColor::Private::makeRoomForPatches()
+{
+    box->setPictureWidth(ColorDelegate::patchSize(box->fontMetrics()).width() + 4 * gap);
+    box->setMaxVisibleItems(ColorList::count); // all colours at a glance
+    q->updateGeometry();
+    q->layoutConstituents();
+}
 
 void KorColor::layoutConstituents()
 {
@@ -218,10 +226,6 @@ QSize KorColor::minimumSizeHint() const
     const QSize box = d->box->minimumSizeHint();
     return {2 * gap + box.height() + box.width() + d->button->widthBeside(box.height()), box.height()};
 }
-
-void KorColor::mousePressEvent(QMouseEvent *event) { raiseMouse(this, event, &KorColor::MouseDown); }
-void KorColor::mouseMoveEvent(QMouseEvent *event) { raiseMouse(this, event, &KorColor::MouseMove); }
-void KorColor::mouseReleaseEvent(QMouseEvent *event) { raiseMouse(this, event, &KorColor::MouseUp); }
 
 // --- properties
 

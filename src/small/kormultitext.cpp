@@ -13,7 +13,6 @@
 #include <KorDaoUC/kormultitext.h>
 
 #include <QtCore/QPointer>
-#include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 
 #include <limits>
@@ -40,8 +39,8 @@ public:
     CommandButton *const button = field.button;
     frmText *popup = nullptr; //!< created at the first opening, then kept
     bool isTextAway = false;  //!< the editor has the text, and the field takes it back at its next focus
-    OpenDirectionType direction = OpenDirectionType::Down;
-    int openLines = 5;
+    OpenDirectionType direction{};
+    int openLines = 0;
     bool dirty = false;
 
     static const SettingsTable<KorMultiText> settings;
@@ -90,17 +89,34 @@ KorMultiText::~KorMultiText() = default;
 
 void KorMultiText::initProperties()
 {
-    d->direction = OpenDirectionType::Down;
-    d->openLines = 5;
-    d->dirty = false;
+    Private::settings.toDefault(*this, "OpenDrection", d->direction);
+    Private::settings.toDefault(*this, "OpenLines", d->openLines);
+    Private::settings.toDefault(*this, "DataChanged", d->dirty);
 }
 
 void KorMultiText::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorMultiText::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
 
-void KorMultiText::layoutConstituents() { d->field.layout(*this); }
-QSize KorMultiText::sizeHint() const { return d->field.sizeHint(); }
-QSize KorMultiText::minimumSizeHint() const { return d->field.minimumSizeHint(); }
+// --- value and text
+
+QString KorMultiText::Text() const { return d->box->text(); }
+void KorMultiText::setText(const QString &text) { delegate("Text", d->box, &TextBox::setProgramText, text); }
+
+bool KorMultiText::DataChanged() const { return d->dirty; }
+
+void KorMultiText::setDataChanged(bool changed)
+{
+    d->dirty = changed;
+    propertyChanged("DataChanged");
+}
+
+// --- focus
+
+void KorMultiText::Private::boxEntered(QWidget *entered, FocusEntry)
+{
+    if (entered == box)
+        takeBack();
+}
 
 // --- the editor
 
@@ -146,12 +162,9 @@ void KorMultiText::Private::fillPopup()
 
 void KorMultiText::Private::placeAndShowPopup()
 {
-    const QRect control(q->mapToGlobal(QPoint(0, 0)), q->size());
-    const QScreen *screen = QGuiApplication::screenAt(control.center());
-    if (!screen)
-        screen = q->screen();
-    const QRect wanted(placeTextPopup(control, popup->size(), screen->geometry()), popup->size());
-    popup->setGeometry(ontoScreen(wanted, screen->geometry()));
+    const QRect screen = popup->controlScreen().geometry();
+    const QRect wanted(placeTextPopup(popup->controlPlace(), popup->size(), screen), popup->size());
+    popup->setGeometry(ontoScreen(wanted, screen));
     popup->show();
     popup->txtMulti()->setFocus(Qt::PopupFocusReason);
 }
@@ -162,12 +175,6 @@ void KorMultiText::Private::popupClosed()
         FocusTracker::instance().putBack(box);
     else
         takeBack(); // the user is in another window by now, and the text must not be lost
-}
-
-void KorMultiText::Private::boxEntered(QWidget *entered, FocusEntry)
-{
-    if (entered == box)
-        takeBack();
 }
 
 void KorMultiText::Private::takeBack()
@@ -192,16 +199,21 @@ void KorMultiText::Private::takeBack()
         popup->hide();
 }
 
+// --- layout
+
+void KorMultiText::layoutConstituents() { d->field.layout(*this); }
+QSize KorMultiText::sizeHint() const { return d->field.sizeHint(); }
+QSize KorMultiText::minimumSizeHint() const { return d->field.minimumSizeHint(); }
+
 // --- properties
 
 BorderStyleType KorMultiText::BorderStyle() const { return d->field.frame->BorderStyle(); }
 
 void KorMultiText::setBorderStyle(BorderStyleType style)
 {
-    const QPointer<KorMultiText> self = this;
-    delegate("BorderStyle", d->field.frame, &FieldFrame::setBorderStyle, style);
-    if (self)
-        layoutConstituents();
+    d->field.frame->setBorderStyle(style);
+    layoutConstituents();
+    propertyChanged("BorderStyle");
 }
 
 AlignmentType KorMultiText::Alignment() const { return d->box->Alignment(); }
@@ -219,9 +231,6 @@ void KorMultiText::setOpenDrection(OpenDirectionType direction)
 bool KorMultiText::EnabledClick() const { return d->button->isEnabledTo(d->field.frame); }
 void KorMultiText::setEnabledClick(bool enabled) { delegate("EnabledClick", d->button, &QWidget::setEnabled, enabled); }
 
-QString KorMultiText::Text() const { return d->box->text(); }
-void KorMultiText::setText(const QString &text) { delegate("Text", d->box, &TextBox::setProgramText, text); }
-
 int KorMultiText::MaxLength() const { return d->box->MaxLength(); }
 void KorMultiText::setMaxLength(int length) { delegate("MaxLength", d->box, &TextBox::setMaxLength, length); }
 
@@ -235,12 +244,4 @@ void KorMultiText::setOpenLines(int lines)
         throw RunTimeError(ErrorNumber::Overflow);
     d->openLines = lines;
     propertyChanged("OpenLines");
-}
-
-bool KorMultiText::DataChanged() const { return d->dirty; }
-
-void KorMultiText::setDataChanged(bool changed)
-{
-    d->dirty = changed;
-    propertyChanged("DataChanged");
 }

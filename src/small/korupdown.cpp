@@ -89,30 +89,23 @@ KorUpDown::KorUpDown(QWidget *parent) : UserControl(parent), d(std::make_unique<
 
 KorUpDown::~KorUpDown() = default;
 
-void KorUpDown::initProperties() { d->box->setProgramText(QStringLiteral("Text1")); }
+void KorUpDown::initProperties()
+{
+    QString text;
+    Private::settings.toDefault(*this, "Text", text);
+    d->box->setProgramText(text);
+}
+
 void KorUpDown::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorUpDown::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
 
-void KorUpDown::layoutConstituents()
-{
-    const auto place = layoutField(rect(), d->spin->sizeHint().width(), layoutDirection());
-    d->box->setGeometry(place.field);
-    d->spin->setGeometry(place.end);
-}
+// --- value and text
 
-QSize KorUpDown::sizeHint() const
-{
-    const QSize box = d->box->sizeHint();
-    return {box.width() / 2 + d->spin->sizeHint().width(), box.height()};
-}
+QString KorUpDown::Text() const { return d->box->text(); }
+void KorUpDown::setText(const QString &text) { delegate("Text", d->box, &TextBox::setProgramText, text); }
 
-QSize KorUpDown::minimumSizeHint() const
-{
-    const QSize box = d->box->minimumSizeHint();
-    return {box.width() + d->spin->sizeHint().width(), box.height()};
-}
-
-// --- events
+int KorUpDown::Value() const { return d->spin->Value(); }
+void KorUpDown::setValue(int value) { delegate("Value", d->spin, &SpinButtons::setValue, flooredValue(value)); }
 
 void KorUpDown::Private::textChanged()
 {
@@ -120,6 +113,8 @@ void KorUpDown::Private::textChanged()
         spin->follow(*whole);
     Q_EMIT q->Change();
 }
+
+// --- keyboard
 
 void KorUpDown::Private::keyDown(int &code, int &shift)
 {
@@ -132,13 +127,7 @@ void KorUpDown::Private::keyDown(int &code, int &shift)
     spin->step(steps);
 }
 
-std::optional<Complaint> KorUpDown::Private::boxLeft(QWidget *)
-{
-    const QString text = textOnLeaving(box->text(), spin->range());
-    if (text != box->text())
-        box->setProgramText(text);
-    return std::nullopt;
-}
+// --- mouse
 
 void KorUpDown::mousePressEvent(QMouseEvent *event) { raiseMouse(this, event, &KorUpDown::MouseDown); }
 void KorUpDown::mouseMoveEvent(QMouseEvent *event) { raiseMouse(this, event, &KorUpDown::MouseMove); }
@@ -159,6 +148,37 @@ void KorUpDown::wheelEvent(QWheelEvent *event)
     event->accept();
 }
 
+// --- focus
+
+std::optional<Complaint> KorUpDown::Private::boxLeft(QWidget *)
+{
+    const QString text = textOnLeaving(box->text(), spin->range());
+    if (text != box->text())
+        box->setProgramText(text);
+    return std::nullopt;
+}
+
+// --- layout
+
+void KorUpDown::layoutConstituents()
+{
+    const auto place = layoutField(rect(), d->spin->sizeHint().width(), layoutDirection());
+    d->box->setGeometry(place.field);
+    d->spin->setGeometry(place.end);
+}
+
+QSize KorUpDown::sizeHint() const
+{
+    const QSize box = d->box->sizeHint();
+    return {box.width() / 2 + d->spin->sizeHint().width(), box.height()};
+}
+
+QSize KorUpDown::minimumSizeHint() const
+{
+    const QSize box = d->box->minimumSizeHint();
+    return {box.width() + d->spin->sizeHint().width(), box.height()};
+}
+
 // --- properties
 
 int KorUpDown::BackStyle() const { return isBackTransparent() ? 0 : 1; }
@@ -176,12 +196,6 @@ void KorUpDown::setBorderStyle(BorderStyleType style)
 {
     delegate("BorderStyle", d->box, &TextBox::setBorderStyle, style);
 }
-
-QString KorUpDown::Text() const { return d->box->text(); }
-void KorUpDown::setText(const QString &text) { delegate("Text", d->box, &TextBox::setProgramText, text); }
-
-int KorUpDown::Value() const { return d->spin->Value(); }
-void KorUpDown::setValue(int value) { delegate("Value", d->spin, &SpinButtons::setValue, flooredValue(value)); }
 
 int KorUpDown::Max() const { return d->spin->Max(); }
 void KorUpDown::setMax(int max) { delegate("Max", d->spin, &SpinButtons::setMax, max); }
