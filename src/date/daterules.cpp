@@ -3,13 +3,13 @@
 #include "date/daterules.h"
 
 #include "constituents/keycodes.h"
+#include "runtime/datereading.h"
 
 #include <KorDaoUC/arithmetic.h>
 #include <KorDaoUC/compare.h>
 #include <KorDaoUC/convert.h>
 #include <KorDaoUC/date.h>
 #include <KorDaoUC/format.h>
-#include <KorDaoUC/runtimeerror.h>
 #include <KorDaoUC/variant.h>
 
 namespace kor {
@@ -85,16 +85,17 @@ struct Pattern {
     return std::nullopt;
 }
 
-//! The number in one place of a typed date; what can't be a day, month or year for its size is 0.
+//! The number in one place of a typed date, which holds digits only; what can't be a day, month or year for its size
+//! is 0.
 [[nodiscard]] int numberAt(std::optional<int> place, const QStringList &fields)
 {
-    constexpr double noNumber = 0;
-    constexpr double largest = 9999;
-    const double number = place ? Val(fields.value(*place)) : noNumber;
-    return static_cast<int>(number <= largest ? number : noNumber);
+    constexpr int noNumber = 0;
+    constexpr int largest = 9999;
+    const int number = place ? fields.value(*place).toInt() : noNumber;
+    return number <= largest ? number : noNumber;
 }
 
-[[nodiscard]] int fullYear(int typed)
+[[nodiscard]] int yearTyped(int typed)
 {
     if (typed < 50)
         return typed + 2000;
@@ -113,37 +114,30 @@ struct Pattern {
     const int day = numberAt(places.day, fields);
     const int month = numberAt(places.month, fields);
     const int year = numberAt(places.year, fields);
-    if (year < 1 || !QDate::isValid(fullYear(year), month, day))
-        return std::nullopt;
-    return DateSerial(fullYear(year), month, day);
+    const QDate date(yearTyped(year), month, day);
+    return year >= 1 && date.isValid() ? std::optional(date) : std::nullopt;
 }
 
-[[nodiscard]] DateCheck readDateText(const QString &given, const DateRules &rules)
+} // namespace
+
+DateCheck checkDate(const QString &given, const DateRules &rules)
 {
+    if (given.isEmpty())
+        return {true, std::nullopt, given};
+    const DateCheck refused{false, std::nullopt, given};
     const QChar separator = rules.locale.dateSeparator;
     QString text = given;
     QString separated = withSeparators(text, separator);
     if (!separated.contains(separator))
         text = separated = splitBareDigits(separated, separator);
-    if (const QDate exact = DateValue(separated, rules.locale); Format(exact, rules.mask, rules.locale) == text)
-        return {true, exact, text};
+    const auto exact = readDate(separated, rules.locale);
+    if (!exact)
+        return refused; // Kept: what the run-time can't read at all is refused before the mask's places are tried
+    if (Format(exact->date, rules.mask, rules.locale) == text)
+        return {true, exact->date, text};
     if (const auto date = readByPlaces(separated, rules))
         return {true, date, Format(*date, rules.mask, rules.locale)};
-    return {false, std::nullopt, given};
-}
-
-} // namespace
-
-DateCheck checkDate(const QString &text, const DateRules &rules)
-{
-    if (text.isEmpty())
-        return {true, std::nullopt, text};
-    try {
-        return readDateText(text, rules);
-    } catch (const RunTimeError &) {
-        // Kept: what the run-time can't read at all is refused before the places of the mask are tried.
-        return {false, std::nullopt, text};
-    }
+    return refused;
 }
 
 DatePlaces placesOf(const QString &mask, const Locale &locale)
@@ -162,25 +156,27 @@ bool isDateCharacter(int keyAscii, const Locale &locale)
     return isDigit(c) || c == u'.' || c == u',' || c == u'/' || c == locale.dateSeparator;
 }
 
-std::optional<int> daysOfKey(int keyCode)
+DateKey judgeDateKey(int keyCode, int shift, DateKeyRules rules)
 {
+    using Answer = DateKey::Answer;
+    if (rules.blockUpDown && isRowKey(keyCode, shift))
+        return {Answer::ReportAndSwallow};
+    const bool isClipboard = shift == ShiftState::Shift || shift == ShiftState::Ctrl;
     switch (keyCode) {
-    case Key::Up: return 1;
-    case Key::Down: return -1;
-    case Key::PageUp: return 7;
-    case Key::PageDown: return -7;
-    default: return std::nullopt;
+    case Key::Up: return {Answer::Step, 1};
+    case Key::Down: return {Answer::Step, -1};
+    case Key::PageUp: return {Answer::Step, 7};
+    case Key::PageDown: return {Answer::Step, -7};
+    case Key::Insert: return {isClipboard ? Answer::PassOn : Answer::InsertToday};
+    default: return {isOpeningF4(keyCode, shift) && rules.canOpen ? Answer::OpenCalendar : Answer::PassOn};
     }
 }
 
 QVariant stepped(const QVariant &value, int days, const Locale &locale)
 {
     const QVariant date = CDate(value, locale);
-    try {
-        return CDate(add(date, days, locale), locale);
-    } catch (const RunTimeError &) {
-        return date; // the first or last day that there is
-    }
+    const QVariant further = add(date, days, locale); // a date as long as there is one so far away
+    return variantType(further) == VariantType::Date ? further : date;
 }
 
 bool isNoDate(const QVariant &value)
@@ -199,7 +195,8 @@ QDate calendarStart(const QString &text, const DateRules &rules)
 {
     if (const DateCheck check = checkDate(text, rules); check.date)
         return *check.date;
-    return !text.isEmpty() && IsDate(text, rules.locale) ? DateValue(text, rules.locale) : rules.today;
+    const auto said = readDate(text, rules.locale);
+    return said ? said->date : rules.today;
 }
 
 } // namespace kor

@@ -47,8 +47,29 @@ struct DatePlaces {
 //! Whether a character may be typed: a digit, one of . , / or the locale's separator.
 [[nodiscard]] bool isDateCharacter(int keyAscii, const Locale &locale);
 
-//! How many days a key moves the date, nothing for a key that moves none.
-[[nodiscard]] std::optional<int> daysOfKey(int keyCode);
+//! What a key does in the date field.
+struct DateKey {
+    enum class Answer {
+        PassOn,           //!< the host hears of it, then it acts as usual
+        ReportAndSwallow, //!< the host hears of it, the field does not act
+        Step,             //!< it moves the date; nobody hears of it
+        InsertToday,      //!< it writes today's date; nobody hears of it
+        OpenCalendar,     //!< it opens the calendar; the host hears of it, the field does not act
+    };
+    Answer answer = Answer::PassOn;
+    int days = 0; //!< that it moves the date
+
+    bool operator==(const DateKey &) const = default;
+};
+
+//! How the field is set up while the key comes.
+struct DateKeyRules {
+    bool blockUpDown = false;
+    bool canOpen = true; //!< the button is enabled
+};
+
+//! Judges a key pressed in the field. Shift is the sum of 1 Shift, 2 Ctrl and 4 Alt.
+[[nodiscard]] DateKey judgeDateKey(int keyCode, int shift, DateKeyRules rules);
 
 //! A date so many days further. At the ends of the calendar there is no further day, and the date stays.
 //! Error 13 for a value that is no date.

@@ -12,31 +12,18 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QVariant>
-#include <QtGui/QGuiApplication>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QScreen>
 #include <QtWidgets/QVBoxLayout>
 
-#include <optional>
 #include <utility>
 
 namespace kor {
 
 namespace {
-
 bool isHandedBack = false;
-
-[[nodiscard]] std::optional<QString> written(QDate day, const QString &mask, const Locale &locale)
-{
-    try {
-        return Format(day, mask, locale);
-    } catch (const RunTimeError &) {
-        return std::nullopt; // a mask that writes nothing leaves the field as it is
-    }
 }
-
-} // namespace
 
 frmMonth::frmMonth(const Locale &locale, QWidget *control)
     : PopupForm(control), m_locale(locale), m_view(new MonthView(locale, this))
@@ -62,16 +49,11 @@ bool frmMonth::takeHandedBack() { return std::exchange(isHandedBack, false); }
 
 void frmMonth::showBesideControl()
 {
-    const QWidget *control = parentWidget();
-    const QRect place(control->mapToGlobal(QPoint(0, 0)), control->size());
-    const QScreen *screen = QGuiApplication::screenAt(place.center());
-    if (!screen)
-        screen = control->screen();
-    setLayoutDirection(control->layoutDirection()); // which windows don't take from where they come
+    setLayoutDirection(parentWidget()->layoutDirection()); // which windows don't take from where they come
     ensurePolished();
     adjustSize();
-    const QRect room = screen->availableGeometry();
-    setGeometry(ontoScreen(QRect(placePopup(room, place, size()), size()), room));
+    const QRect room = controlScreen().availableGeometry();
+    setGeometry(ontoScreen(QRect(placePopup(room, controlPlace(), size()), size()), room));
     show();
     m_view->setFocus(Qt::PopupFocusReason);
 }
@@ -87,8 +69,7 @@ void frmMonth::writeDay()
     // A field that has gone away, and one without the property, leave the calendar as it is.
     if (!m_field || m_field->metaObject()->indexOfProperty("Text") < 0 || isFieldLocked())
         return;
-    if (const auto text = written(m_view->Value(), m_mask, m_locale))
-        m_field->setProperty("Text", *text);
+    m_field->setProperty("Text", Format(m_view->Value(), m_mask, m_locale));
 }
 
 void frmMonth::handBack()

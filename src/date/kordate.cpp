@@ -134,9 +134,9 @@ void KorDate::initProperties()
     d->box->setProgramText(d->written(d->value)); // Kept: with the mask held before it is set
     if (!self)
         return;
-    d->currentDate = false;
-    d->blockUpDown = false;
-    d->mask = QStringLiteral("Short Date");
+    Private::settings.toDefault(*this, "CurrentDate", d->currentDate);
+    Private::settings.toDefault(*this, "BlockUpDown", d->blockUpDown);
+    Private::settings.toDefault(*this, "FormatMask", d->mask);
     d->dirty = false;
 }
 
@@ -203,29 +203,25 @@ bool KorDate::Private::validate(const QString &text)
 
 void KorDate::Private::keyDown(int &code, int &shift)
 {
-    if (blockUpDown && isRowKey(code, shift)) {
-        Q_EMIT q->KeyDown(code, shift);
+    using Answer = DateKey::Answer;
+    const QPointer<KorDate> self = q;
+    const DateKey key = judgeDateKey(code, shift, {blockUpDown, button->isEnabled()});
+    switch (key.answer) {
+    case Answer::Step:
         code = Key::None;
+        step(key.days);
         return;
-    }
-    if (const auto days = daysOfKey(code)) {
-        code = Key::None;
-        step(*days);
-        return;
-    }
-    const bool isClipboard = shift == ShiftState::Shift || shift == ShiftState::Ctrl;
-    if (code == Key::Insert && !isClipboard) {
+    case Answer::InsertToday:
         code = Key::None;
         insertToday();
         return;
+    case Answer::OpenCalendar: openCalendar(); break;
+    case Answer::ReportAndSwallow:
+    case Answer::PassOn: break;
     }
-    const QPointer<KorDate> self = q;
-    const bool opens = isOpeningF4(code, shift) && button->isEnabled();
-    if (opens)
-        openCalendar();
     if (self)
         Q_EMIT q->KeyDown(code, shift);
-    if (opens)
+    if (key.answer != Answer::PassOn)
         code = Key::None;
 }
 
@@ -266,6 +262,61 @@ void KorDate::Private::keyPress(int &ascii)
         return;
     }
     Q_EMIT q->KeyPress(ascii);
+}
+
+// --- focus
+
+void KorDate::Private::boxEntered(QWidget *, FocusEntry entry)
+{
+    if (entry == FocusEntry::Moved)
+        enteredText = box->text();
+    box->selectAll();
+}
+
+std::optional<Complaint> KorDate::Private::boxLeft(QWidget *)
+{
+    const QPointer<KorDate> self = q;
+    const QString text = box->text();
+    if (box->Locked() && text == enteredText) {
+        // The program's text: not the user's to answer for, who could not mend it, and not to be rewritten.
+    } else if (text.isEmpty()) {
+        value = null();
+    } else if (!validate(text) && !box->Locked()) {
+        return Complaint{QStringLiteral("Błędna data. Wprowadź datę w formacie: ") + patternForMessage(mask, locale),
+                         QStringLiteral("Błąd formatu daty"), [self, this] {
+                             if (self)
+                                 finishLeavingBox();
+                         }};
+    }
+    if (self)
+        finishLeavingBox();
+    return std::nullopt;
+}
+
+void KorDate::Private::finishLeavingBox()
+{
+    const QPointer<KorDate> self = q;
+    changeHandling(); // Kept: the host hears of every leaving, also when nothing was typed
+    if (!self)
+        return;
+    if (!frmMonth::takeHandedBack() && box->text() == enteredText)
+        dirty = false;
+}
+
+void KorDate::Private::controlLeft()
+{
+    const QPointer<KorDate> self = q;
+    const QString text = box->text();
+    if (text.isEmpty()) {
+        const bool wasDirty = dirty;
+        value = null();
+        changeHandling();
+        if (self && text == enteredText)
+            dirty = wasDirty; // an empty field that was left as it was entered is still unchanged
+    } else if (!box->Locked() && !validate(text)) {
+        beep();
+        box->setProgramText(QString());
+    }
 }
 
 // --- calendar
@@ -338,90 +389,28 @@ void KorDate::showEvent(QShowEvent *event)
     }
 }
 
-// --- focus
+// --- layout
 
-void KorDate::Private::boxEntered(QWidget *, FocusEntry entry)
-{
-    if (entry == FocusEntry::Moved)
-        enteredText = box->text();
-    box->selectAll();
-}
+void KorDate::layoutConstituents() { d->field.layout(*this); }
+QSize KorDate::sizeHint() const { return d->field.sizeHint(); }
+QSize KorDate::minimumSizeHint() const { return d->field.minimumSizeHint(); }
 
-std::optional<Complaint> KorDate::Private::boxLeft(QWidget *)
-{
-    const QPointer<KorDate> self = q;
-    const QString text = box->text();
-    if (box->Locked() && text == enteredText) {
-        // The program's text: not the user's to answer for, who could not mend it, and not to be rewritten.
-    } else if (text.isEmpty()) {
-        value = null();
-    } else if (!validate(text) && !box->Locked()) {
-        return Complaint{QStringLiteral("Błędna data. Wprowadź datę w formacie: ") + patternForMessage(mask, locale),
-                         QStringLiteral("Błąd formatu daty"), [self, this] {
-                             if (self)
-                                 finishLeavingBox();
-                         }};
-    }
-    if (self)
-        finishLeavingBox();
-    return std::nullopt;
-}
-
-void KorDate::Private::finishLeavingBox()
-{
-    const QPointer<KorDate> self = q;
-    changeHandling(); // Kept: the host hears of every leaving, also when nothing was typed
-    if (!self)
-        return;
-    if (!frmMonth::takeHandedBack() && box->text() == enteredText)
-        dirty = false;
-}
-
-void KorDate::Private::controlLeft()
-{
-    const QPointer<KorDate> self = q;
-    const QString text = box->text();
-    if (text.isEmpty()) {
-        const bool wasDirty = dirty;
-        value = null();
-        changeHandling();
-        if (self && text == enteredText)
-            dirty = wasDirty; // an empty field that was left as it was entered is still unchanged
-    } else if (!box->Locked() && !validate(text)) {
-        beep();
-        box->setProgramText(QString());
-    }
-}
-
-// --- settings
+// --- properties
 
 BorderStyleType KorDate::BorderStyle() const { return d->field.frame->BorderStyle(); }
 
 void KorDate::setBorderStyle(BorderStyleType style)
 {
     d->field.frame->setBorderStyle(style);
-    d->box->setBorderStyle(BorderStyleType::None);
-    const QPointer<KorDate> self = this;
+    layoutConstituents();
     propertyChanged("BorderStyle");
-    if (self)
-        layoutConstituents();
 }
 
 int KorDate::WhatsThisHelpID() const { return d->box->WhatsThisHelpID(); }
-
-void KorDate::setWhatsThisHelpID(int id)
-{
-    d->box->setWhatsThisHelpID(id);
-    propertyChanged("WhatsThisHelpID");
-}
+void KorDate::setWhatsThisHelpID(int id) { delegate("WhatsThisHelpID", d->box, &TextBox::setWhatsThisHelpID, id); }
 
 bool KorDate::Locked() const { return d->box->Locked(); }
-
-void KorDate::setLocked(bool locked)
-{
-    d->box->setLocked(locked);
-    propertyChanged("Locked");
-}
+void KorDate::setLocked(bool locked) { delegate("Locked", d->box, &TextBox::setLocked, locked); }
 
 bool KorDate::DataChanged() const { return d->dirty; }
 void KorDate::setDataChanged(bool changed) { d->dirty = changed; }
@@ -448,19 +437,12 @@ void KorDate::setAppearance(AppearanceType appearance)
 {
     d->box->setAppearance(appearance);
     d->field.frame->setAppearance(appearance);
-    const QPointer<KorDate> self = this;
+    layoutConstituents();
     propertyChanged("Appearance");
-    if (self)
-        layoutConstituents();
 }
 
 bool KorDate::EnabledClick() const { return d->button->isEnabledTo(this); }
-
-void KorDate::setEnabledClick(bool enabled)
-{
-    d->button->setEnabled(enabled);
-    propertyChanged("EnabledClick");
-}
+void KorDate::setEnabledClick(bool enabled) { delegate("EnabledClick", d->button, &QWidget::setEnabled, enabled); }
 
 QString KorDate::FormatMask() const { return d->mask; }
 
@@ -471,15 +453,4 @@ void KorDate::setFormatMask(const QString &mask)
 }
 
 QString KorDate::ToolTipText() const { return d->box->toolTip(); }
-
-void KorDate::setToolTipText(const QString &text)
-{
-    d->box->setToolTip(text);
-    propertyChanged("ToolTipText");
-}
-
-// --- layout
-
-void KorDate::layoutConstituents() { d->field.layout(*this); }
-QSize KorDate::sizeHint() const { return d->field.sizeHint(); }
-QSize KorDate::minimumSizeHint() const { return d->field.minimumSizeHint(); }
+void KorDate::setToolTipText(const QString &text) { delegate("ToolTipText", d->box, &QWidget::setToolTip, text); }

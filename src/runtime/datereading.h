@@ -4,6 +4,7 @@
 
 #include "runtime/serial.h"
 
+#include <KorDaoUC/export.h>
 #include <KorDaoUC/locale.h>
 
 #include <QtCore/QStringView>
@@ -14,7 +15,7 @@ namespace kor {
 
 //! The date, the time or both that a text says: numbers or month names in the locale's order, or in another order
 //! when that gives no date. A time alone belongs to day zero. Nothing when the text is no date.
-[[nodiscard]] std::optional<Moment> readDate(QStringView text, const Locale &locale);
+[[nodiscard]] KORDAOUC_RUNTIME_EXPORT std::optional<Moment> readDate(QStringView text, const Locale &locale);
 
 //! The four-digit year that a year below 100 stands for: 2000 to 2029, then 1930 to 1999.
 [[nodiscard]] constexpr int fullYear(int year)

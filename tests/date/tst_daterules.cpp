@@ -40,8 +40,9 @@ private Q_SLOTS:
     void placesOfAMask();
     void charactersThatMayBeTyped_data();
     void charactersThatMayBeTyped();
-    void keysThatStep_data();
-    void keysThatStep();
+    void keysAreAnswered_data();
+    void keysAreAnswered();
+    void everyOtherKeyIsPassedOn();
     void stepping_data();
     void stepping();
     void steppingWhatIsNoDate();
@@ -123,26 +124,68 @@ void tst_DateRules::charactersThatMayBeTyped()
         QCOMPARE(isDateCharacter(code, locale), allowed.contains(QChar(static_cast<char16_t>(code))));
 }
 
-void tst_DateRules::keysThatStep_data()
+namespace {
+
+//! One sign for each answer; a step is the number of its days.
+QByteArray signOf(const DateKey &key)
+{
+    switch (key.answer) {
+    case DateKey::Answer::PassOn: return ".";
+    case DateKey::Answer::ReportAndSwallow: return "r";
+    case DateKey::Answer::Step: return QByteArray::number(key.days);
+    case DateKey::Answer::InsertToday: return "t";
+    case DateKey::Answer::OpenCalendar: return "o";
+    }
+    return "?";
+}
+
+} // namespace
+
+void tst_DateRules::keysAreAnswered_data()
 {
     QTest::addColumn<int>("key");
-    QTest::addColumn<int>("days"); // 0: none
+    QTest::addColumn<bool>("blockUpDown");
+    QTest::addColumn<bool>("canOpen");
+    QTest::addColumn<QByteArray>("answers"); // for shift states 0 to 7: none, S, C, SC, A, SA, CA, SCA
     // clang-format off
-    QTest::newRow("Up is tomorrow")          << 38 << 1;
-    QTest::newRow("Down is yesterday")       << 40 << -1;
-    QTest::newRow("Page Up is a week on")    << 33 << 7;
-    QTest::newRow("Page Down is a week back")<< 34 << -7;
-    QTest::newRow("Left")                    << 37 << 0;
-    QTest::newRow("Home")                    << 36 << 0;
-    QTest::newRow("Insert")                  << 45 << 0;
-    QTest::newRow("plus")                    << 107 << 0;
+    QTest::newRow("Up is tomorrow")                          << 38  << false << true  << QByteArray("1 1 1 1 1 1 1 1");
+    QTest::newRow("Down is yesterday")                       << 40  << false << true  << QByteArray("-1 -1 -1 -1 -1 -1 -1 -1");
+    QTest::newRow("Page Up is a week on")                    << 33  << false << true  << QByteArray("7 7 7 7 7 7 7 7");
+    QTest::newRow("Page Down is a week back")                << 34  << false << true  << QByteArray("-7 -7 -7 -7 -7 -7 -7 -7");
+    QTest::newRow("Up goes to the host when blocked")        << 38  << true  << true  << QByteArray("r 1 r 1 1 1 1 1");
+    QTest::newRow("Down goes to the host when blocked")      << 40  << true  << true  << QByteArray("r -1 r -1 -1 -1 -1 -1");
+    QTest::newRow("Page Up steps also when Up is blocked")   << 33  << true  << true  << QByteArray("7 7 7 7 7 7 7 7");
+    QTest::newRow("Page Down steps when Down is blocked")    << 34  << true  << true  << QByteArray("-7 -7 -7 -7 -7 -7 -7 -7");
+    QTest::newRow("Insert is today, but not the clipboard's")<< 45  << false << true  << QByteArray("t . . t t t t t");
+    QTest::newRow("Insert, blocked and closed")              << 45  << true  << false << QByteArray("t . . t t t t t");
+    QTest::newRow("F4 opens, Alt+F4 is the window's")        << 115 << false << true  << QByteArray("o o o o . . . .");
+    QTest::newRow("F4 opens also when arrows are blocked")   << 115 << true  << true  << QByteArray("o o o o . . . .");
+    QTest::newRow("F4 is the host's with the button off")    << 115 << false << false << QByteArray(". . . . . . . .");
     // clang-format on
 }
 
-void tst_DateRules::keysThatStep()
+void tst_DateRules::keysAreAnswered()
 {
     QFETCH(int, key);
-    QTEST(daysOfKey(key).value_or(0), "days");
+    QFETCH(bool, blockUpDown);
+    QFETCH(bool, canOpen);
+    QByteArrayList answers;
+    for (int shift = 0; shift < 8; ++shift)
+        answers += signOf(judgeDateKey(key, shift, {blockUpDown, canOpen}));
+    QTEST(answers.join(' '), "answers");
+}
+
+void tst_DateRules::everyOtherKeyIsPassedOn()
+{
+    const QList<int> answered{33, 34, 38, 40, 45, 115};
+    for (int key = 0; key < 256; ++key) {
+        if (answered.contains(key))
+            continue;
+        for (int shift = 0; shift < 8; ++shift) {
+            for (const bool set : {false, true})
+                QCOMPARE(judgeDateKey(key, shift, {set, set}), DateKey());
+        }
+    }
 }
 
 void tst_DateRules::stepping_data()
