@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/listbox.h"
 
+#include "constituents/blend.h"
 #include "constituents/contextpress.h"
 #include "constituents/entryheight.h"
 #include "constituents/entrymodel.h"
@@ -51,6 +52,16 @@ public:
         const QString name = displayText(index.data(), option.locale).toHtmlEscaped();
         QToolTip::showText(event->globalPos(), QLatin1String("<p>") + name, view->viewport(), option.rect);
         return true;
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        // Styles take the window's colour, darkened, for the edge of a check box: nothing on a dark list.
+        QPalette &colors = option->palette;
+        if (colors.color(QPalette::Base).lightness() < colors.color(QPalette::Text).lightness())
+            colors.setColor(QPalette::Window, between(colors.color(QPalette::Base), colors.color(QPalette::Text)));
     }
 
 private:

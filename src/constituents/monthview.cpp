@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/monthview.h"
 
+#include "constituents/blend.h"
 #include "constituents/errorguard.h"
 #include "constituents/keycodes.h"
 #include "constituents/keyoffer.h"
@@ -63,11 +64,6 @@ namespace {
                                   middle + QPointF(-direction * step, 1.5 * step)});
     painter.end();
     return QIcon(picture);
-}
-
-[[nodiscard]] QColor between(const QColor &one, const QColor &other)
-{
-    return QColor((one.red() + other.red()) / 2, (one.green() + other.green()) / 2, (one.blue() + other.blue()) / 2);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "date/datesuite.h"
+#include "support/contrast.h"
 #include "support/eventlog.h"
 
 #include <KorDaoUC/Clock>
@@ -247,14 +248,6 @@ void tst_KorDatePopup::daysAreReadableInEveryTheme()
     QApplication::setPalette(theme);
     QVERIFY(enter());
     press(Qt::Key_F4);
-    const auto luminance = [](const QColor &color) {
-        const auto channel = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-        return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF()) + 0.0722 * channel(color.blueF());
-    };
-    const auto contrast = [&](const QColor &one, const QColor &other) {
-        const auto [low, high] = std::minmax({luminance(one), luminance(other)});
-        return (high + 0.05) / (low + 0.05);
-    };
     for (const auto day : {Qt::Saturday, Qt::Sunday}) {
         const QColor shown = view()->weekdayTextFormat(day).foreground().color();
         QVERIFY2(contrast(shown, paper) >= 4.5, qPrintable(shown.name()));
