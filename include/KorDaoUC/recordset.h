@@ -50,8 +50,9 @@ public:
 
     [[nodiscard]] virtual int FieldCount() const = 0;
     //! The value of a column, counted from 0, in the types of a Variant: an integer that fits is a Long, a larger one a
-    //! Double; fractions and decimals are Double; a text stays a text; NULL of every type is Null. Error 3265 for a
-    //! column that does not exist, 3021 at the end.
+    //! Double, one beyond 2^53 a 64-bit integer; fractions and decimals are Double; a text stays a text; NULL of every
+    //! type, what is no number, and the infinities are Null. Error 3265 for a column that does not exist, 3021 at the
+    //! end.
     [[nodiscard]] virtual QVariant FieldValue(int index) const = 0;
     [[nodiscard]] virtual QString FieldName(int index) const = 0;
     [[nodiscard]] Field Fields(int index) const { return {*this, index}; }
