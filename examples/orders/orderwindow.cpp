@@ -86,20 +86,21 @@ void OrderWindow::makeActions()
         return action;
     };
 
+    // Keys that mean nothing in a text: a field keeps Ctrl+Home, Ctrl+End and Ctrl+Delete to itself.
     QMenu *order = menuBar()->addMenu(QStringLiteral("Za&mówienie"));
     add(order, QStringLiteral("&Nowe"), Qt::CTRL | Qt::Key_N, "cmdNew", [this] { startNew(); });
     m_save = add(order, QStringLiteral("&Zapisz"), Qt::CTRL | Qt::Key_S, "cmdSave", [this] { (void)save(); });
     m_undo = add(order, QStringLiteral("&Cofnij zmiany"), Qt::CTRL | Qt::Key_R, nullptr,
                  [this] { showOrder(m_cursor.current()); });
-    m_remove = add(order, QStringLiteral("&Usuń..."), Qt::CTRL | Qt::Key_Delete, "cmdDelete", [this] { remove(); });
+    m_remove = add(order, QStringLiteral("&Usuń..."), Qt::CTRL | Qt::Key_D, "cmdDelete", [this] { remove(); });
     order->addSeparator();
     add(order, QStringLiteral("Za&kończ"), Qt::CTRL | Qt::Key_Q, nullptr, [this] { close(); });
 
     QMenu *move = menuBar()->addMenu(QStringLiteral("Prz&ejdź"));
-    add(move, QStringLiteral("&Pierwsze"), Qt::CTRL | Qt::Key_Home, "cmdFirst", goTo(&OrderCursor::first));
+    add(move, QStringLiteral("&Pierwsze"), Qt::ALT | Qt::Key_Home, "cmdFirst", goTo(&OrderCursor::first));
     add(move, QStringLiteral("P&oprzednie"), Qt::CTRL | Qt::Key_PageUp, "cmdPrevious", goTo(&OrderCursor::previous));
     add(move, QStringLiteral("&Następne"), Qt::CTRL | Qt::Key_PageDown, "cmdNext", goTo(&OrderCursor::next));
-    add(move, QStringLiteral("&Ostatnie"), Qt::CTRL | Qt::Key_End, "cmdLast", goTo(&OrderCursor::last));
+    add(move, QStringLiteral("&Ostatnie"), Qt::ALT | Qt::Key_End, "cmdLast", goTo(&OrderCursor::last));
     move->addSeparator();
     add(move, QStringLiteral("&Szukaj..."), Qt::CTRL | Qt::Key_F, "cmdFind", [this] { search(); });
 

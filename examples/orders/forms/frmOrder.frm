@@ -313,7 +313,7 @@ Begin Form frmOrder
       Width = 600
       Height = 480
       TabIndex = 23
-      ToolTipText = "Pierwsze zamówienie (Ctrl+Home)"
+      ToolTipText = "Pierwsze zamówienie (Alt+Home)"
    End
    Begin CommandButton cmdPrevious
       Left = 810
@@ -344,7 +344,7 @@ Begin Form frmOrder
       Width = 600
       Height = 480
       TabIndex = 26
-      ToolTipText = "Ostatnie zamówienie (Ctrl+End)"
+      ToolTipText = "Ostatnie zamówienie (Alt+End)"
    End
    Begin CommandButton cmdFind
       Caption = "Szuk&aj..."
@@ -380,6 +380,6 @@ Begin Form frmOrder
       Width = 1410
       Height = 480
       TabIndex = 30
-      ToolTipText = "Usuń zamówienie (Ctrl+Del)"
+      ToolTipText = "Usuń zamówienie (Ctrl+D)"
    End
 End
