@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orderwindow.h"
 
+#include "arrowicon.h"
 #include "conflictdialog.h"
 #include "focusmark.h"
 #include "ordermerge.h"
@@ -20,7 +21,6 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStatusBar>
-#include <QtWidgets/QStyle>
 
 namespace orders {
 
@@ -107,10 +107,10 @@ void OrderWindow::makeActions()
     QMenu *help = menuBar()->addMenu(QStringLiteral("Pomo&c"));
     add(help, QStringLiteral("&O programie"), {}, nullptr, [this] { about(); });
 
-    m_form->button("cmdFirst")->setIcon(style()->standardIcon(QStyle::SP_MediaSkipBackward));
-    m_form->button("cmdPrevious")->setIcon(style()->standardIcon(QStyle::SP_MediaSeekBackward));
-    m_form->button("cmdNext")->setIcon(style()->standardIcon(QStyle::SP_MediaSeekForward));
-    m_form->button("cmdLast")->setIcon(style()->standardIcon(QStyle::SP_MediaSkipForward));
+    m_form->button("cmdFirst")->setIcon(arrowIcon(Arrow::First));
+    m_form->button("cmdPrevious")->setIcon(arrowIcon(Arrow::Previous));
+    m_form->button("cmdNext")->setIcon(arrowIcon(Arrow::Next));
+    m_form->button("cmdLast")->setIcon(arrowIcon(Arrow::Last));
 }
 
 void OrderWindow::guarded(const std::function<void()> &work)

@@ -139,6 +139,7 @@ public:
             if (!dialog)
                 return;
             watch.stop();
+            settle(); // until it has the keyboard
             if (inside)
                 inside(*dialog);
             take(name);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "examples/orderdesk.h"
 #include "orders/pictures.h"
+#include "support/contrast.h"
 
 #include <KorDaoUC/KorClick>
 #include <KorDaoUC/KorColor>
@@ -40,6 +41,8 @@ QString grouped(const char *number) { return QString::fromLatin1(number).replace
 
 } // namespace
 
+Q_DECLARE_METATYPE(std::function<void(OrderWindow &)>)
+
 //! The order desk in the hands of a clerk who leaves the mouse alone.
 class tst_OrderWindow : public orders::test::OrderDesk
 {
@@ -56,6 +59,61 @@ private Q_SLOTS:
         QCOMPARE(number("numDue")->Text(), grouped("1 795,99"));
         QCOMPARE(focusName(), QStringLiteral("cmbCustomer"));
         QVERIFY(!m_window->isWindowModified());
+    }
+
+    void theFirstFieldShowsItsFocus_data()
+    {
+        QTest::addColumn<std::function<void(OrderWindow &)>>("come");
+        const auto come = [](const char *name, std::function<void(OrderWindow &)> way) {
+            QTest::newRow(name) << std::move(way);
+        };
+        come("when the window opens", [](OrderWindow &) {});
+        come("new record by its key", [](OrderWindow &) { press(Qt::Key_N, Qt::ControlModifier); });
+        come("new record by the mouse",
+             [](OrderWindow &window) { QTest::mouseClick(window.form().button("cmdNew"), Qt::LeftButton); });
+    }
+    void theFirstFieldShowsItsFocus()
+    {
+        QFETCH(std::function<void(OrderWindow &)>, come);
+        come(*m_window);
+        kor::test::settle();
+        QCOMPARE(focusName(), QStringLiteral("cmbCustomer"));
+        auto *customer = part<KorCombo>("cmbCustomer");
+        const QImage with = customer->grab().toImage();
+        focus("numTotal");
+        QVERIFY(customer->grab().toImage() != with);
+    }
+
+    void arrowsOnButtonsAreSeen_data()
+    {
+        QTest::addColumn<QPalette>("theme");
+        QTest::newRow("light") << QApplication::palette();
+        QTest::newRow("dark") << kor::test::darkTheme();
+    }
+    void arrowsOnButtonsAreSeen()
+    {
+        QFETCH(QPalette, theme);
+        const QPalette before = QApplication::palette();
+        QApplication::setPalette(theme);
+        QPushButton *next = m_window->form().button("cmdNext");
+        kor::test::settle();
+        const QImage picture = next->grab().toImage();
+        const QColor ground = picture.pixelColor(4, next->height() / 2);
+        const double seen = kor::test::contrastIn(picture, next->rect().adjusted(10, 8, -10, -8), ground);
+        QVERIFY2(seen >= 3, qPrintable(QString::number(seen)));
+        QApplication::setPalette(before);
+    }
+
+    void arrowsPointAsTheButtonsLie()
+    {
+        const auto arrowOf = [this](const char *name) { return part<QPushButton>(name)->icon().pixmap(16).toImage(); };
+        const QImage back = arrowOf("cmdPrevious");
+        const QImage on = arrowOf("cmdNext");
+        QVERIFY(back != on);
+        QApplication::setLayoutDirection(Qt::RightToLeft);
+        const QImage mirroredOn = arrowOf("cmdNext");
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+        QCOMPARE(mirroredOn, back);
     }
 
     void tabWalksThroughTheFields()
@@ -346,6 +404,19 @@ private Q_SLOTS:
         QTRY_COMPARE(m_clerk->heard(),
                      QStringLiteral("Przekroczony zakres liczby. Wprowadź liczbę z zakresu: [0...100]."));
         QTRY_COMPARE(focusName(), QStringLiteral("numDiscount"));
+    }
+
+    void theLargestAmountsAreShownWhole()
+    {
+        const auto isWhole = [this](const char *name) { return !number(name)->Text().contains(u'#'); };
+        focus("numTotal");
+        type(QStringLiteral("999999999999"));
+        focus("numAdvance");
+        QVERIFY(isWhole("numTotal"));
+        QVERIFY(isWhole("numDue"));
+        type(QStringLiteral("999999999999"));
+        focus("numTotal");
+        QVERIFY(isWhole("numAdvance"));
     }
 
     void anAdvanceAboveTheTotalIsNotSaved()

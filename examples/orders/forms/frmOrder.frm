@@ -133,7 +133,7 @@ Begin Form frmOrder
       Begin KorDaoUC.KorNumber numDiscount
          Left = 5295
          Top = 420
-         Width = 1650
+         Width = 1755
          Height = 360
          TabIndex = 12
          MaxLength = 6
@@ -144,22 +144,22 @@ Begin Form frmOrder
       End
       Begin Label lblPercent
          Caption = "%"
-         Left = 7035
+         Left = 7140
          Top = 420
-         Width = 450
+         Width = 315
          Height = 360
       End
       Begin Label lblPriority
          Caption = "Priory&tet:"
          Alignment = 1%
-         Left = 7560
+         Left = 7470
          Top = 420
          Width = 1275
          Height = 360
          TabIndex = 13
       End
       Begin KorDaoUC.KorUpDown spnPriority
-         Left = 8955
+         Left = 8865
          Top = 420
          Width = 900
          Height = 360
@@ -203,7 +203,7 @@ Begin Form frmOrder
       Begin KorDaoUC.KorNumber numAdvance
          Left = 5295
          Top = 930
-         Width = 1650
+         Width = 1755
          Height = 360
          TabIndex = 18
          MaxLength = 12
@@ -211,30 +211,30 @@ Begin Form frmOrder
       End
       Begin Label lblAdvanceUnit
          Caption = "zł"
-         Left = 7035
+         Left = 7140
          Top = 930
-         Width = 450
+         Width = 315
          Height = 360
       End
       Begin Label lblDue
          Caption = "Do zapłaty:"
          Alignment = 1%
-         Left = 7560
+         Left = 7470
          Top = 930
          Width = 1275
          Height = 360
       End
       Begin KorDaoUC.KorNumber numDue
          BackColor = &H8000000F&
-         Left = 8955
+         Left = 8865
          Top = 930
-         Width = 1560
+         Width = 1755
          Height = 360
          Locked = True
       End
       Begin Label lblDueUnit
          Caption = "zł"
-         Left = 10605
+         Left = 10710
          Top = 930
          Width = 225
          Height = 360
