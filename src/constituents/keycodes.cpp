@@ -176,6 +176,13 @@ QString plainText(int code, int shiftState)
     return character ? QString(QChar(character)) : QString();
 }
 
+bool isKeyOfInputMethods(const QKeyEvent &event)
+{
+    const auto isFrom = [key = event.key()](Qt::Key first, Qt::Key last) { return key >= first && key <= last; };
+    return isFrom(Qt::Key_Shift, Qt::Key_ScrollLock) || isFrom(Qt::Key_Super_L, Qt::Key_Hyper_R) ||
+           isFrom(Qt::Key_AltGr, Qt::Key_Dead_Longsolidusoverlay);
+}
+
 int keyAscii(const QKeyEvent &event)
 {
     const bool ctrl = event.modifiers().testFlag(Qt::ControlModifier);

@@ -70,6 +70,9 @@ enum Code : int { None = 0, Shift = 1, Ctrl = 2, Alt = 4 };
 //! The same as a text, "" for none; with Ctrl or Alt a key types none.
 [[nodiscard]] QString plainText(int keyCode, int shiftState);
 
+//! Whether the key belongs to what an input method is at: held for the next key, or one of its own. No text ends by it.
+[[nodiscard]] bool isKeyOfInputMethods(const QKeyEvent &event);
+
 //! The KeyAscii of a key press: the UTF-16 code of the character, 8, 13 and 27 for Backspace, Enter and Escape; 0 when
 //! the press is no character (Ctrl+letter, Alt+letter, Delete, an arrow). AltGr characters are characters.
 [[nodiscard]] int keyAscii(const QKeyEvent &event);

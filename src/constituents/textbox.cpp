@@ -71,7 +71,14 @@ void TextBox::setSelText(const QString &text)
 {
     const Selection replaced = selection(); // which may be kept in mind only
     setSelection(replaced.start, replaced.length);
-    editing([&] { insert(text); });
+    replaceSelection(text);
+}
+
+//! The toolkit tells of a new text when nothing is put in place of nothing, too.
+void TextBox::replaceSelection(const QString &text)
+{
+    if (!text.isEmpty() || hasSelectedText())
+        editing([&] { insert(text); });
 }
 
 TextBox::Selection TextBox::selection() const
@@ -221,6 +228,10 @@ void TextBox::keyPressEvent(QKeyEvent *event)
 void TextBox::press(QKeyEvent *event)
 {
     const QPointer<TextBox> self = this;
+    if (!isKeyOfInputMethods(*event))
+        endComposing();
+    if (!self)
+        return;
     const auto command = clipboardCommand(*event);
     const bool isDone = command != ClipboardCommand::None;
     if (isDone)
@@ -329,7 +340,7 @@ void TextBox::type(int ascii)
 void TextBox::type(const QString &character)
 {
     if (!isReadOnly() && fitting(character) == character)
-        editing([&] { insert(character); });
+        replaceSelection(character);
 }
 
 void TextBox::inputMethodEvent(QInputMethodEvent *event)
@@ -356,11 +367,24 @@ void TextBox::inputMethodEvent(QInputMethodEvent *event)
     event->accept();
 }
 
+//! A key, a click or a drop that comes past the input method ends what is being composed: the toolkit would count the
+//! unfinished characters as text, and put the caret behind the end of it.
+void TextBox::endComposing()
+{
+    const QPointer<TextBox> self = this;
+    if (!m_isComposing)
+        return;
+    QGuiApplication::inputMethod()->commit();
+    if (self && m_isComposing)
+        compose({QString(), {}});
+}
+
 //! Shows what is being composed. The selection stays in the text until the characters are finished: the control may
 //! refuse them, and a dead key struck by mistake must not empty the field.
 void TextBox::compose(QInputMethodEvent event)
 {
     const bool isComposing = !event.preeditString().isEmpty();
+    m_isComposing = isComposing;
     if (isComposing && hasSelectedText()) {
         const Selection selected = selection();
         setCursorPosition(selected.start + selected.length);
@@ -403,7 +427,9 @@ void TextBox::paste(const QString &text)
     if (isReadOnly())
         return;
     if (m_clipboard == Clipboard::Selection) {
-        editing([&] { insert(fitting(text)); });
+        // Without a text to paste, a picture say, or room for it, what is selected stays.
+        if (const QString pasted = fitting(text); !pasted.isEmpty())
+            replaceSelection(pasted);
         return;
     }
     const QPointer<TextBox> self = this;
@@ -416,6 +442,9 @@ void TextBox::mousePressEvent(QMouseEvent *event)
 {
     onPress(this, this, event, [this](QMouseEvent *press) {
         const QPointer<TextBox> self = this;
+        endComposing();
+        if (!self)
+            return;
         m_press = Press::Single;
         MouseArguments mouse(this, *press);
         Q_EMIT MouseDown(mouse.Button, mouse.Shift, mouse.X, mouse.Y);
@@ -462,6 +491,9 @@ void TextBox::mouseDoubleClickEvent(QMouseEvent *event)
 {
     const QPointer<TextBox> self = this;
     guarded(this, [&] {
+        endComposing();
+        if (!self)
+            return;
         m_press = Press::Double;
         Q_EMIT DblClick();
         if (self)
@@ -503,11 +535,19 @@ void TextBox::contextMenuEvent(QContextMenuEvent *event)
 
 void TextBox::dropEvent(QDropEvent *event)
 {
+    const QPointer<TextBox> self = this;
     if (m_clipboard == Clipboard::Selection && m_maxLength == 0) {
-        guarded(this, [&] { editing([&] { QLineEdit::dropEvent(event); }); });
+        guarded(this, [&] {
+            endComposing();
+            if (self)
+                editing([&] { QLineEdit::dropEvent(event); });
+        });
         return;
     }
     guarded(this, [&] {
+        endComposing();
+        if (!self)
+            return;
         setCursorPosition(cursorPositionAt(event->position().toPoint()));
         paste(event->mimeData()->text());
     });

@@ -126,10 +126,12 @@ private:
     //! The same for one of two halves, which are typed together or not at all.
     void offerPair(const QString &pair);
     void compose(QInputMethodEvent event);
+    void endComposing();
     void type(int keyAscii);
     void type(const QString &character);
     void run(ClipboardCommand command);
     void paste(const QString &text);
+    void replaceSelection(const QString &text);
     void updateFrame();
 
     Clipboard m_clipboard = Clipboard::Selection;
@@ -140,6 +142,7 @@ private:
     Press m_press = Press::None;
     std::optional<Selection> m_leftSelection; //!< what was selected when the focus went
     std::optional<Selection> m_composedOver;  //!< what is selected, not shown while characters are composed
+    bool m_isComposing = false;
     HeldEvents m_change{this, [this] { raiseChange(); }};
     bool m_isChangePending = false;
 };

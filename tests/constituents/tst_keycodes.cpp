@@ -23,6 +23,8 @@ private Q_SLOTS:
     void codesTypeWhatAPlainKeyboardDoes();
     void aPressOfACodeIsThatKey();
     void withoutItsTextAPressTypesNothing();
+    void inputMethodsHaveKeysOfTheirOwn_data();
+    void inputMethodsHaveKeysOfTheirOwn();
     void buttonsAreSums();
 };
 
@@ -175,6 +177,31 @@ void tst_KeyCodes::withoutItsTextAPressTypesNothing()
     QCOMPARE(event.modifiers(), Qt::AltModifier);
     QCOMPARE(event.text(), QString());
     QVERIFY(event.isAutoRepeat());
+}
+
+void tst_KeyCodes::inputMethodsHaveKeysOfTheirOwn_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<bool>("isTheirs");
+    // clang-format off
+    QTest::newRow("Shift, held for the next letter")   << int(Qt::Key_Shift)      << true;
+    QTest::newRow("AltGr, held for the next letter")   << int(Qt::Key_AltGr)      << true;
+    QTest::newRow("CapsLock")                          << int(Qt::Key_CapsLock)   << true;
+    QTest::newRow("the system's own modifier")         << int(Qt::Key_Super_L)    << true;
+    QTest::newRow("the key that begins a composition") << int(Qt::Key_Multi_key)  << true;
+    QTest::newRow("a dead key")                        << int(Qt::Key_Dead_Acute) << true;
+    QTest::newRow("a letter")                          << int(Qt::Key_A)          << false;
+    QTest::newRow("a letter beyond Latin-1")           << 0x142                   << false;
+    QTest::newRow("an arrow")                          << int(Qt::Key_Left)       << false;
+    QTest::newRow("a function key")                    << int(Qt::Key_F4)         << false;
+    QTest::newRow("Enter of the keypad")               << int(Qt::Key_Enter)      << false;
+    // clang-format on
+}
+
+void tst_KeyCodes::inputMethodsHaveKeysOfTheirOwn()
+{
+    QFETCH(int, key);
+    QTEST(isKeyOfInputMethods(QKeyEvent(press, key, {})), "isTheirs");
 }
 
 void tst_KeyCodes::buttonsAreSums()

@@ -39,9 +39,15 @@ private Q_SLOTS:
     void aLockedFieldIsLeftAsTheProgramFilledIt();
     void aLimitCutsNoCharacterInTwo_data();
     void aLimitCutsNoCharacterInTwo();
+    void whatCannotBePastedLeavesTheSelection_data();
+    void whatCannotBePastedLeavesTheSelection();
     void noHandlerSeesHalfACharacter_data() { fieldsWith("MaxLength"); }
     void noHandlerSeesHalfACharacter();
     void aCaretStandsBesideCharacters();
+    void whatComesPastAnInputMethodEndsItsWork_data();
+    void whatComesPastAnInputMethodEndsItsWork();
+    void aKeyHeldForTheNextLetterEndsNoComposition_data() { fieldsWith("Locked"); }
+    void aKeyHeldForTheNextLetterEndsNoComposition();
 
     void aLockedEditorTakesNothingFromAnInputMethod();
     void theEditorCutsNoCharacterInTwo_data();
@@ -275,6 +281,39 @@ void tst_TextEntry::aLimitCutsNoCharacterInTwo()
     QTEST(m_box->text(), "shown");
 }
 
+void tst_TextEntry::whatCannotBePastedLeavesTheSelection_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("clipboard");
+    QTest::addColumn<int>("limit");
+    for (const char *name : {"KorClick", "KorUpDown", "KorMultiText"}) {
+        const QString control = QString::fromLatin1(name);
+        QTest::addRow("%s, no text in the clipboard", name) << control << QString() << 0;
+        if (control != u"KorUpDown")
+            QTest::addRow("%s, no room beside a program's longer text", name) << control << u"9"_qs << 2;
+    }
+}
+
+void tst_TextEntry::whatCannotBePastedLeavesTheSelection()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, clipboard);
+    QFETCH(int, limit);
+    QVERIFY(enter(name));
+    m_control->setProperty("Text", u"1234"_qs);
+    if (limit > 0)
+        m_control->setProperty("MaxLength", limit);
+    QGuiApplication::clipboard()->setText(clipboard);
+    EventLog log(m_control);
+    for (const char *state : {"12[3]4", "1234|"}) {
+        setField(m_box, QString::fromLatin1(state));
+        (void)log.take();
+        QTest::keyClick(m_box, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(field(m_box), QString::fromLatin1(state));
+        QVERIFY(!log.take().contains(u"Change"));
+    }
+}
+
 void tst_TextEntry::noHandlerSeesHalfACharacter()
 {
     QFETCH(QString, name);
@@ -308,6 +347,70 @@ void tst_TextEntry::aCaretStandsBesideCharacters()
     QCOMPARE(m_control->property("SelText").value<QString>(), u"a"_qs);
     m_control->setProperty("SelText", u"x"_qs);
     QCOMPARE(m_box->text(), u"x😀b"_qs);
+}
+
+// --- what is being composed
+
+void tst_TextEntry::whatComesPastAnInputMethodEndsItsWork_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("way");
+    for (const QString &name : ControlRegistry::names()) {
+        const std::unique_ptr<UserControl> control(ControlRegistry::create(name));
+        if (!qobject_cast<QLineEdit *>(control->focusProxy()) || control->metaObject()->indexOfProperty("Locked") < 0)
+            continue;
+        for (const char *way : {"Left", "Right", "End", "click", "double click", "drop", "limited drop"})
+            QTest::addRow("%s, %s", qPrintable(name), way) << name << QString::fromLatin1(way);
+    }
+}
+
+void tst_TextEntry::whatComesPastAnInputMethodEndsItsWork()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, way);
+    QVERIFY(enter(name));
+    m_box->deselect();
+    m_box->end(false);
+    const QImage before = m_box->grab().toImage();
+    compose(m_box, u"123456"_qs);
+    QVERIFY(m_box->grab().toImage() != before);
+    const QPoint behind(m_box->width() - 3, m_box->height() / 2);
+    if (way == u"click") {
+        QTest::mouseClick(m_box, Qt::LeftButton, {}, behind);
+        QTest::mouseClick(m_box, Qt::LeftButton, {}, behind);
+    } else if (way == u"double click") {
+        QTest::mouseDClick(m_box, Qt::LeftButton, {}, behind);
+    } else if (way.endsWith(u"drop")) {
+        if (way.startsWith(u"limited"))
+            m_control->setProperty("MaxLength", 20);
+        QMimeData mime;
+        QDropEvent drop(behind, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_box, &drop);
+    } else {
+        QTest::keyClick(m_box, static_cast<Qt::Key>(QKeySequence(way)[0].key()));
+    }
+    settle();
+    const auto length = static_cast<int>(m_box->text().size());
+    QVERIFY2(m_box->cursorPosition() <= length, qPrintable(QString::number(m_box->cursorPosition())));
+    QVERIFY(m_box->selectedText().isEmpty() || m_box->selectionEnd() <= length);
+    QVERIFY(!m_box->text().contains(u"123456"));
+    m_box->deselect();
+    m_box->end(false);
+    m_box->setFocus();
+    QCOMPARE(m_box->grab().toImage(), before); // nothing is left standing
+}
+
+void tst_TextEntry::aKeyHeldForTheNextLetterEndsNoComposition()
+{
+    QFETCH(QString, name);
+    QVERIFY(enter(name));
+    m_box->deselect();
+    m_box->end(false);
+    compose(m_box, u"´"_qs);
+    const QImage composing = m_box->grab().toImage();
+    QTest::keyPress(m_box, Qt::Key_Shift, Qt::ShiftModifier);
+    QCOMPARE(m_box->grab().toImage(), composing);
+    QTest::keyRelease(m_box, Qt::Key_Shift);
 }
 
 // --- the editor of several lines
