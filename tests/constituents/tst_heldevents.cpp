@@ -63,18 +63,18 @@ private Q_SLOTS:
 
     void aBodyThatThrowsSilencesNothing()
     {
-        QVERIFY_EXCEPTION_THROWN(m_events->during([] { throw 1; }), int);
+        QVERIFY_THROWS_EXCEPTION(int, m_events->during([] { throw 1; }));
         QVERIFY(!m_events->areHeld());
         QCOMPARE(m_raised, 1); // what it had changed by then
         m_events->during([] {});
         QCOMPARE(m_raised, 2);
-        QVERIFY_EXCEPTION_THROWN(m_events->hold([] { throw 1; }), int);
+        QVERIFY_THROWS_EXCEPTION(int, m_events->hold([] { throw 1; }));
         QVERIFY(!m_events->areHeld());
     }
 
     void anInnerBodyThatThrowsEndsBoth()
     {
-        QVERIFY_EXCEPTION_THROWN(m_events->during([&] { m_events->during([] { throw 1; }); }), int);
+        QVERIFY_THROWS_EXCEPTION(int, m_events->during([&] { m_events->during([] { throw 1; }); }));
         QVERIFY(!m_events->areHeld());
         QCOMPARE(m_raised, 1);
     }
@@ -85,7 +85,7 @@ private Q_SLOTS:
         setUnhandledErrorHandler(
             [&](QObject *, const RunTimeError &error) { reported << QString::number(error.number()); });
         m_deed = [] { throw RunTimeError(ErrorNumber::Overflow); };
-        QVERIFY_EXCEPTION_THROWN(m_events->during([] { throw 1; }), int);
+        QVERIFY_THROWS_EXCEPTION(int, m_events->during([] { throw 1; }));
         QCOMPARE(reported, QStringList(QStringLiteral("6")));
     }
 
