@@ -4,6 +4,8 @@
 
 #include <KorDaoUC/ControlRegistry>
 
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 
@@ -16,6 +18,16 @@ constexpr int placeWidth = 200;
 constexpr int placeHeight = 70;
 
 } // namespace
+
+void Place::remember()
+{
+    (void)handlers->take(QStringLiteral("Change"));
+    text = control->property("Text").value<QString>();
+    value = control->property("Value");
+    isLocked = control->metaObject()->indexOfProperty("Locked") >= 0 && control->property("Locked").value<bool>();
+    const bool isInside = control->focusProxy() && control->focusProxy()->hasFocus();
+    isEnteredLocked = isLocked && (isEnteredLocked || !isInside);
+}
 
 Form::Form() : m_panel(new QWidget(this))
 {
@@ -50,13 +62,18 @@ void Form::fill(std::size_t place)
                               placeHeight - 44);
     here.handlers = std::make_unique<Handlers>(here.control);
     here.isLoose = false;
-    QMetaObject::invokeMethod(here.control, "setdatabase", Q_ARG(QObject *, &m_database));
+    if (here.control->metaObject()->indexOfMethod("setdatabase(QObject*)") >= 0)
+        QMetaObject::invokeMethod(here.control, "setdatabase", Q_ARG(QObject *, &m_database));
     if (here.control->metaObject()->indexOfProperty("SQL") >= 0) {
+        const MoodyDatabase::Mood mood = m_database.mood();
+        m_database.setMood(MoodyDatabase::Answers); // the new list is filled
         here.control->setProperty("SQL", index % 2 ? QStringLiteral("SELECT k, n FROM t")
                                                    : QStringLiteral("LIST 1;Tak|0;Nie|2;Może"));
         here.control->Refresh();
+        m_database.setMood(mood);
     }
     here.control->show();
+    here.remember();
 }
 
 void Form::mend()
@@ -65,9 +82,15 @@ void Form::mend()
         if (!m_places[place].control)
             fill(place);
     }
-    if (!isVisible()) {
-        show();
+    show();
+    takeActivity();
+}
+
+void Form::takeActivity()
+{
+    if (isVisible() && !isActiveWindow() && !QApplication::activePopupWidget() && !QApplication::activeModalWidget()) {
         activateWindow();
+        (void)QTest::qWaitForWindowActive(this);
     }
 }
 

@@ -22,6 +22,9 @@ struct Place {
     QString text;
     QVariant value;
     bool isLocked = false;
+    bool isEnteredLocked = false; //!< and was so before the user came in: a lock that comes later holds what was typed
+
+    void remember();
 };
 
 //! A form with every control of the library, twice: on the form itself and on a panel.
@@ -33,6 +36,8 @@ public:
 
     //! Puts new controls where handlers have deleted the old ones, and brings back what they hid.
     void mend();
+    //! Has the keyboard again when what had popped up is gone. This platform leaves a hidden window active.
+    void takeActivity();
     [[nodiscard]] std::vector<Place> &places() { return m_places; }
     [[nodiscard]] Place &at(int control) { return m_places.at(static_cast<std::size_t>(control) % m_places.size()); }
     [[nodiscard]] QWidget *panel() const { return m_panel; }

@@ -134,12 +134,19 @@ void Handlers::act(const Event &event, void **arguments)
                 *static_cast<bool *>(arguments[i + 1]) = true;
         }
         return;
-    case SetText: control->setProperty("Text", QStringLiteral("7,5")); return;
-    case SetValue: control->setProperty("Value", 3); return;
-    case Lock: control->setProperty("Locked", !control->property("Locked").value<bool>()); return;
+    case SetText: set("Text", QStringLiteral("7,5")); return;
+    case SetValue: set("Value", 3); return;
+    case Lock: set("Locked", !control->property("Locked").value<bool>()); return;
     case Reload: control->Refresh(); return;
     case HideForm: control->window()->hide(); return;
     }
+}
+
+//! Sets one of the control's properties, if it is one: the toolkit gives objects new ones as they are set.
+void Handlers::set(const char *property, const QVariant &value)
+{
+    if (m_control->metaObject()->indexOfProperty(property) >= 0)
+        m_control->setProperty(property, value);
 }
 
 // --- the database

@@ -60,6 +60,7 @@ private:
         int count = 0;
     };
     void act(const Event &event, void **arguments);
+    void set(const char *property, const QVariant &value);
 
     QPointer<UserControl> m_control;
     std::vector<Event> m_events;
@@ -74,6 +75,7 @@ public:
     enum Mood : int { Answers, FailsOpening, FailsMoving, FailsReading, Waits, ThrowsNumber };
     static constexpr int moods = ThrowsNumber + 1;
 
+    [[nodiscard]] Mood mood() const { return m_mood; }
     void setMood(Mood mood) { m_mood = mood; }
     [[nodiscard]] std::unique_ptr<Recordset> OpenRecordset(const QString &source, int type) override;
 

@@ -5,6 +5,7 @@
 #include "support/stage.h"
 
 #include <KorDaoUC/ControlRegistry>
+#include <KorDaoUC/Format>
 #include <KorDaoUC/PropertyBag>
 #include <KorDaoUC/RunTimeError>
 #include <KorDaoUC/Variant>
@@ -121,6 +122,23 @@ QLineEdit *boxOf(const Place &place)
     return place.control ? qobject_cast<QLineEdit *>(place.control->focusProxy()) : nullptr;
 }
 
+//! Whether a number field shows a number that stays when the field is left: by rule a bare "-" does not, nor what the
+//! mask writes so that another number is read back, or none.
+bool saysNumber(const Place &place)
+{
+    if (place.text.contains(u'#'))
+        return true;
+    const std::unique_ptr<UserControl> other(ControlRegistry::create(place.name));
+    const QString mask = place.control->property("MaskPicture").value<QString>();
+    other->resize(10000, 26); // no number is too long for it
+    other->setProperty("MaskPicture", mask);
+    other->setProperty("Text", place.text);
+    const QString shown = other->property("Text").value<QString>();
+    other->setProperty("Text", shown);
+    return !shown.isEmpty() && other->property("Text").value<QString>() == shown &&
+           Format(other->property("Value"), mask) == shown;
+}
+
 } // namespace
 
 RandomUser::RandomUser()
@@ -169,6 +187,7 @@ QString RandomUser::work(const Step &step)
     if (!m_found.isEmpty() || typesAhead)
         return m_found;
     settle();
+    m_form.takeActivity();
     const QString found = lookAround(step);
     remember();
     return found;
@@ -430,21 +449,18 @@ void RandomUser::remember()
 {
     (void)Handlers::takeDone();
     for (Place &place : m_form.places()) {
-        if (!place.control)
-            continue;
-        (void)place.handlers->take(u"Change"_qs);
-        place.text = place.control->property("Text").value<QString>();
-        place.value = place.control->property("Value");
-        place.isLocked = place.control->property("Locked").value<bool>();
+        if (place.control)
+            place.remember();
     }
 }
 
 QString RandomUser::lookAround(const Step &step)
 {
-    for (const QWidget *focus : {QApplication::focusWidget(), m_form.focusWidget()}) {
-        if (focus && !(focus->isEnabled() && focus->isVisibleTo(focus->window())))
-            return QStringLiteral("the focus is in %1, which is hidden or disabled").arg(focus->objectName());
-    }
+    // A form that is not active may keep a hidden widget in mind: it enters another one when it is activated. What has
+    // popped up stays active on this platform when it is hidden, with its focus.
+    const QWidget *focus = QApplication::focusWidget();
+    if (m_form.isActiveWindow() && focus && !(focus->isEnabled() && focus->isVisible()))
+        return QStringLiteral("the focus is in %1, which is hidden or disabled").arg(focus->objectName());
     const bool isUsersDoingAlone = isUsers(step.kind) && !Handlers::takeDone();
     for (Place &place : m_form.places()) {
         if (!place.control)
@@ -480,14 +496,16 @@ QString RandomUser::lookAt(Place &place, const Step &step, bool isUsersDoingAlon
         return u"more than MaxLength was typed: "_qs + text;
     if (place.isLocked && isUsersDoingAlone && place.name != u"KorNumber"_qs && text != place.text && !text.isEmpty())
         return u"a locked text was changed: "_qs + place.text + u" -> "_qs + text;
-    if (place.isLocked && isUsersDoingAlone && !isSameSetting(value, place.value) && place.name != u"KorClick"_qs)
+    if (place.isEnteredLocked && isUsersDoingAlone && !isSameSetting(value, place.value) &&
+        place.name != u"KorClick"_qs)
         return u"a locked value was changed: "_qs + QDebug::toString(place.value) + u" -> "_qs +
                QDebug::toString(value);
     if (place.name == u"KorNumber"_qs && !place.isLoose && text.isEmpty() && !isNull(value))
         return u"shows nothing and holds "_qs + QDebug::toString(value);
     const bool isInside = boxOf(place) && boxOf(place)->hasFocus();
-    if (place.name == u"KorNumber"_qs && isUsersDoingAlone && !isInside && text.isEmpty() && !place.text.isEmpty() &&
-        step.kind != Step::Drop && !isNull(place.value) && !place.control->property("CheckRange").value<bool>())
+    if (place.name == u"KorNumber"_qs && isUsersDoingAlone && !isInside && text.isEmpty() && step.kind != Step::Drop &&
+        step.kind != Step::ClickPopup && !isNull(place.value) && !place.control->property("CheckRange").value<bool>() &&
+        saysNumber(place))
         return u"a number without a range is gone on leaving: "_qs + place.text;
     return {};
 }
