@@ -39,7 +39,8 @@ void write(const QWidget &widget, kor::PropertyBag &settings)
 
 kor::FormItemKind textBoxKind()
 {
-    return {[](QWidget *parent) { return new QLineEdit(parent); }, read, write};
+    return {[](QWidget *parent) { return new QLineEdit(parent); }, read, write,
+            QStringList{textKey, lockedKey, lengthKey}};
 }
 
 } // namespace orders

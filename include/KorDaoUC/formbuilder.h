@@ -6,6 +6,7 @@
 #include <KorDaoUC/formfile.h>
 
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 #include <functional>
 #include <memory>
@@ -22,6 +23,8 @@ struct FormItemKind {
     std::function<void(QWidget &widget, const PropertyBag &settings)> read;
     //! Writes the settings that differ from their defaults.
     std::function<void(const QWidget &widget, PropertyBag &settings)> write;
+    //! The keys that `read` looks for, besides those of the builder. With none given, none is warned of.
+    std::optional<QStringList> keys{};
 };
 
 //! Fills a window with the controls of a form file, and reads the form back from the window.
@@ -43,6 +46,7 @@ public:
 
     //! Makes the controls of the form on the window, which takes the form's `Caption` as title, its `Font` and its
     //! size. Returns nothing, or the reason why the form can't be built: then the window is as it was before.
+    //! Keys that nobody looks for, and two controls of one name, are warnings in the category kordaouc.forms.
     //! The widgets belong to the window; a builder that builds again forgets the window it built before.
     [[nodiscard]] std::optional<QString> build(const FormBlock &form, QWidget *window);
 

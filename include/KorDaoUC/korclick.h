@@ -78,6 +78,7 @@ public:
     void initProperties() override;
     void readProperties(const kor::PropertyBag &bag) override;
     void writeProperties(kor::PropertyBag &bag) const override;
+    [[nodiscard]] QList<kor::SavedSetting> savedSettings() const override;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 

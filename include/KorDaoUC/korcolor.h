@@ -33,6 +33,7 @@ public:
     //! of a new one.
     void readProperties(const kor::PropertyBag &bag) override;
     void writeProperties(kor::PropertyBag &bag) const override;
+    [[nodiscard]] QList<kor::SavedSetting> savedSettings() const override;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 

@@ -28,6 +28,7 @@ public:
 
     void readProperties(const kor::PropertyBag &bag) override;
     void writeProperties(kor::PropertyBag &bag) const override;
+    [[nodiscard]] QList<kor::SavedSetting> savedSettings() const override;
     [[nodiscard]] QSize givenSize() const override;
 
 Q_SIGNALS:

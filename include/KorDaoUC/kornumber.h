@@ -89,6 +89,7 @@ public:
     void initProperties() override;
     void readProperties(const kor::PropertyBag &bag) override;
     void writeProperties(kor::PropertyBag &bag) const override;
+    [[nodiscard]] QList<kor::SavedSetting> savedSettings() const override;
 
 Q_SIGNALS:
     void Change();

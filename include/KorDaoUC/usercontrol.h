@@ -5,7 +5,9 @@
 #include <KorDaoUC/color.h>
 #include <KorDaoUC/enumerations.h>
 #include <KorDaoUC/export.h>
+#include <KorDaoUC/savedsetting.h>
 
+#include <QtCore/QList>
 #include <QtCore/QPointer>
 #include <QtGui/QFont>
 #include <QtWidgets/QWidget>
@@ -57,6 +59,8 @@ public:
     Q_INVOKABLE virtual void readProperties(const kor::PropertyBag &bag) = 0;
     //! Writes the settings that differ from their defaults, in the order of the control's own table.
     Q_INVOKABLE virtual void writeProperties(kor::PropertyBag &bag) const = 0;
+    //! The settings in the order of the control's own table; a key that stands there twice is listed twice.
+    [[nodiscard]] virtual QList<kor::SavedSetting> savedSettings() const = 0;
 
     //! False at design time. Asked of the form around the control.
     [[nodiscard]] Q_INVOKABLE bool UserMode() const;

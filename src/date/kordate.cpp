@@ -147,6 +147,7 @@ void KorDate::readProperties(const PropertyBag &bag)
 }
 
 void KorDate::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+QList<SavedSetting> KorDate::savedSettings() const { return Private::settings.listed(*this); }
 
 // --- value and text
 

@@ -15,6 +15,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QPointer>
+#include <QtCore/QSet>
 #include <QtWidgets/QLabel>
 
 #include <algorithm>
@@ -29,6 +30,8 @@ namespace {
 Q_LOGGING_CATEGORY(formsLog, "kordaouc.forms", QtInfoMsg)
 
 constexpr QLatin1String libraryPrefix("KorDaoUC.");
+constexpr QLatin1String formType("Form");
+const QString tabIndexKey = QStringLiteral("TabIndex");
 
 FormItemKind controlKind(const QString &type)
 {
@@ -41,6 +44,14 @@ FormItemKind controlKind(const QString &type)
             static_cast<const UserControl &>(widget).writeProperties(settings);
         },
     };
+}
+
+QStringList keysOf(const UserControl &control)
+{
+    QStringList keys;
+    for (const SavedSetting &setting : control.savedSettings())
+        keys.append(setting.key);
+    return keys;
 }
 
 //! A block and the widget that was made of it.
@@ -82,15 +93,20 @@ QString classAndName(const FormBlock &block)
 
 QString described(const FormBlock &block) { return atLine(block.line) + classAndName(block); }
 
+QString described(const FormBlock &block, int setting)
+{
+    return atLine(block.propertyLines.value(setting, block.line)) + classAndName(block) + QStringLiteral(", ") +
+           block.properties.keyAt(setting);
+}
+
 //! The setting that counts, when a key is repeated the last one.
 QString described(const FormBlock &block, const QString &key)
 {
-    int line = block.line;
-    for (int place = 0; place < block.propertyLines.size() && place < block.properties.count(); ++place) {
-        if (block.properties.keyAt(place) == key)
-            line = block.propertyLines.at(place);
+    for (int setting = block.properties.count() - 1; setting >= 0; --setting) {
+        if (block.properties.keyAt(setting) == key)
+            return described(block, setting);
     }
-    return atLine(line) + classAndName(block) + QStringLiteral(", ") + key;
+    return described(block) + QStringLiteral(", ") + key;
 }
 
 //! Warns of controls that findChild() can't tell apart.
@@ -111,10 +127,9 @@ void warnOfRepeatedNames(const FormBlock &block, QHash<QString, int> &lines)
 //! The place of a control in the order of Tab: behind all others, when the file gives it none.
 int tabIndexOf(const PropertyBag &settings)
 {
-    const QString key = QStringLiteral("TabIndex");
     int index = std::numeric_limits<int>::max();
-    if (settings.contains(key))
-        takeSetting(key, [&] { index = CLng(settings.ReadProperty(key)); });
+    if (settings.contains(tabIndexKey))
+        takeSetting(tabIndexKey, [&] { index = CLng(settings.ReadProperty(tabIndexKey)); });
     return index;
 }
 
@@ -199,6 +214,9 @@ class FormBuilder::Private
 public:
     [[nodiscard]] std::optional<FormItemKind> kindOf(const QString &type) const;
     [[nodiscard]] std::optional<QString> unknownClass(const FormBlock &block) const;
+    //! The keys that a block of this type may have; nothing when nobody can tell.
+    [[nodiscard]] std::optional<QSet<QString>> keysOfType(const QString &type) const;
+    void warnOfUnknownKeys(const FormBlock &block, QHash<QString, std::optional<QSet<QString>>> &known) const;
     Item make(const FormBlock &block, QWidget *parent, FormMirror &mirror, Construction &construction);
     void makeChildren(Item &item, const FormBlock &block, Construction &construction);
 
@@ -230,6 +248,37 @@ std::optional<QString> FormBuilder::Private::unknownClass(const FormBlock &block
             return reason;
     }
     return std::nullopt;
+}
+
+std::optional<QSet<QString>> FormBuilder::Private::keysOfType(const QString &type) const
+{
+    const bool isForm = type == formType;
+    QStringList keys = FormPlace::keys(isForm ? FormPlace::Extent::SizeOnly : FormPlace::Extent::PlaceAndSize);
+    if (isForm)
+        keys += formKeys();
+    else if (const auto kind = kinds.constFind(type); kind == kinds.cend())
+        keys += keysOf(*std::unique_ptr<UserControl>(ControlRegistry::create(type, nullptr)));
+    else if (kind->keys)
+        keys += *kind->keys;
+    else
+        return std::nullopt;
+    if (!isForm)
+        keys += tabIndexKey;
+    return QSet<QString>(keys.cbegin(), keys.cend());
+}
+
+void FormBuilder::Private::warnOfUnknownKeys(const FormBlock &block,
+                                             QHash<QString, std::optional<QSet<QString>>> &known) const
+{
+    auto keys = known.constFind(block.type);
+    if (keys == known.cend())
+        keys = known.insert(block.type, keysOfType(block.type));
+    for (int setting = 0; *keys && setting < block.properties.count(); ++setting) {
+        if (!(*keys)->contains(block.properties.keyAt(setting)))
+            qCWarning(formsLog).noquote() << described(block, setting) + QStringLiteral(": the key is not known");
+    }
+    for (const FormBlock &child : block.children)
+        warnOfUnknownKeys(child, known);
 }
 
 Item FormBuilder::Private::make(const FormBlock &block, QWidget *parent, FormMirror &mirror, Construction &construction)
@@ -264,7 +313,7 @@ void FormBuilder::Private::makeChildren(Item &item, const FormBlock &block, Cons
 
 std::optional<QString> FormBuilder::build(const FormBlock &form, QWidget *window)
 {
-    if (form.type != u"Form")
+    if (form.type != formType)
         return QStringLiteral("%1: a form is a block of the class Form").arg(described(form));
     if (std::optional<QString> reason = d->unknownClass(form))
         return reason;
@@ -294,6 +343,8 @@ std::optional<QString> FormBuilder::build(const FormBlock &form, QWidget *window
     construction.finish();
     QHash<QString, int> lines;
     warnOfRepeatedNames(form, lines);
+    QHash<QString, std::optional<QSet<QString>>> keys;
+    d->warnOfUnknownKeys(form, keys);
     return std::nullopt;
 }
 

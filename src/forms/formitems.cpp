@@ -96,6 +96,7 @@ FormItemKind kindOf(const SettingsTable<Widget> &table)
         [&table](const QWidget &widget, PropertyBag &settings) {
             table.write(static_cast<const Widget &>(widget), settings);
         },
+        table.keys(),
     };
 }
 
@@ -112,5 +113,6 @@ QHash<QString, FormItemKind> readyMadeItems()
 
 void readForm(QWidget &window, const PropertyBag &settings) { formSettings.read(window, settings); }
 void writeForm(const QWidget &window, PropertyBag &settings) { formSettings.write(window, settings); }
+QStringList formKeys() { return formSettings.keys(); }
 
 } // namespace kor

@@ -14,5 +14,6 @@ namespace kor {
 //! The form itself: its caption and its font, on a window that exists already.
 void readForm(QWidget &window, const PropertyBag &settings);
 void writeForm(const QWidget &window, PropertyBag &settings);
+[[nodiscard]] QStringList formKeys();
 
 } // namespace kor

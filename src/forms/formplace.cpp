@@ -43,6 +43,14 @@ std::span<const Side> sidesOf(FormPlace::Extent extent)
 
 } // namespace
 
+QStringList FormPlace::keys(Extent extent)
+{
+    QStringList all;
+    for (const Side &side : sidesOf(extent))
+        all.append(side.key);
+    return all;
+}
+
 FormPlace::FormPlace(const PropertyBag &settings, Extent extent) : m_extent(extent)
 {
     for (const Side &side : sidesOf(extent)) {

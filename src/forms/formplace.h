@@ -6,6 +6,7 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QRect>
+#include <QtCore/QStringList>
 
 class QWidget;
 
@@ -21,6 +22,9 @@ class FormPlace
 public:
     //! A form has its size in the file; where its window stands is the window system's business.
     enum class Extent { PlaceAndSize, SizeOnly };
+
+    //! The keys of a place.
+    [[nodiscard]] static QStringList keys(Extent extent);
 
     //! Takes the place out of the settings. Error 13 for what is no number, 380 for what is beyond any screen.
     FormPlace(const PropertyBag &settings, Extent extent);

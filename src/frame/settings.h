@@ -5,9 +5,12 @@
 #include <KorDaoUC/convert.h>
 #include <KorDaoUC/propertybag.h>
 #include <KorDaoUC/runtimeerror.h>
+#include <KorDaoUC/savedsetting.h>
 #include <KorDaoUC/variant.h>
 
+#include <QtCore/QList>
 #include <QtCore/QPointer>
+#include <QtCore/QStringList>
 #include <QtCore/QVariant>
 #include <QtGui/QFont>
 
@@ -81,9 +84,6 @@ void takeSetting(const QString &key, Action &&action)
         throw RefusedSetting(error, key);
     }
 }
-
-//! Whether a row of a settings table is written, read, or both.
-enum class SettingUse { ReadAndWrite, ReadOnly, WriteOnly };
 
 //! The saved settings of one control: a row for each key, in file order. Writing and reading both walk the table, so
 //! they can't drift apart. A repeated key is a repeated row.
@@ -177,6 +177,27 @@ public:
                                       [key](const Row &candidate) { return candidate.key == QLatin1String(key); });
         Q_ASSERT(row != m_rows.end());
         field = settingAs<Value>(row->defaultOf(control));
+    }
+
+    //! The rows in file order, as whoever reads about the control wants them.
+    [[nodiscard]] QList<SavedSetting> listed(const Control &control) const
+    {
+        QList<SavedSetting> all;
+        for (const Row &row : m_rows) {
+            if (!row.step)
+                all.append({row.key, row.use, row.defaultOf(control)});
+        }
+        return all;
+    }
+
+    [[nodiscard]] QStringList keys() const
+    {
+        QStringList all;
+        for (const Row &row : m_rows) {
+            if (!row.step)
+                all.append(row.key);
+        }
+        return all;
     }
 
     //! Ends early when a handler of an event that a setting raises has deleted the control.

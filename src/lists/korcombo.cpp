@@ -58,6 +58,7 @@ KorCombo::~KorCombo() = default;
 
 void KorCombo::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorCombo::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+QList<SavedSetting> KorCombo::savedSettings() const { return Private::settings.listed(*this); }
 
 // --- layout
 

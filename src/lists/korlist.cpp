@@ -50,3 +50,4 @@ KorList::~KorList() = default;
 
 void KorList::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorList::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+QList<SavedSetting> KorList::savedSettings() const { return Private::settings.listed(*this); }

@@ -102,6 +102,7 @@ void KorListCheck::initProperties()
 
 void KorListCheck::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorListCheck::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+QList<SavedSetting> KorListCheck::savedSettings() const { return Private::settings.listed(*this); }
 
 // --- value and text
 

@@ -118,6 +118,7 @@ void KorNumber::initProperties()
 
 void KorNumber::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorNumber::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+QList<SavedSetting> KorNumber::savedSettings() const { return Private::settings.listed(*this); }
 
 // --- value and text
 

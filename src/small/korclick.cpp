@@ -91,6 +91,7 @@ void KorClick::initProperties()
 
 void KorClick::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorClick::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+QList<SavedSetting> KorClick::savedSettings() const { return Private::settings.listed(*this); }
 
 // --- value and text
 

@@ -106,6 +106,7 @@ KorColor::~KorColor() = default;
 void KorColor::initProperties() { d->select(ColorList::initialEntry); }
 void KorColor::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorColor::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+QList<SavedSetting> KorColor::savedSettings() const { return Private::settings.listed(*this); }
 
 // --- value and text
 

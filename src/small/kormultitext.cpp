@@ -96,6 +96,7 @@ void KorMultiText::initProperties()
 
 void KorMultiText::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorMultiText::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+QList<SavedSetting> KorMultiText::savedSettings() const { return Private::settings.listed(*this); }
 
 // --- value and text
 

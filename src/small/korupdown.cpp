@@ -98,6 +98,7 @@ void KorUpDown::initProperties()
 
 void KorUpDown::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorUpDown::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+QList<SavedSetting> KorUpDown::savedSettings() const { return Private::settings.listed(*this); }
 
 // --- value and text
 

@@ -82,7 +82,7 @@ class tst_FormBuilder : public QObject
 private Q_SLOTS:
     void init()
     {
-        QTest::failOnWarning(QRegularExpression(QStringLiteral("control of this name")));
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("control of this name|key is not known")));
         m_window = std::make_unique<QWidget>();
         m_builder = std::make_unique<FormBuilder>();
     }
@@ -90,7 +90,7 @@ private Q_SLOTS:
 
     void makesTheControlsWithTheirSettings()
     {
-        QVERIFY(!m_builder->build(parsed(orderForm), m_window.get()));
+        QVERIFY(buildOrderForm());
         QCOMPARE(m_window->windowTitle(), QStringLiteral("Zamówienie"));
         auto *number = m_window->findChild<KorNumber *>(QStringLiteral("numPrice"));
         QVERIFY(number);
@@ -104,7 +104,7 @@ private Q_SLOTS:
 
     void placesTheControlsInTwips()
     {
-        QVERIFY(!m_builder->build(parsed(orderForm), m_window.get()));
+        QVERIFY(buildOrderForm());
         const double perPixel = 1440.0 / m_window->logicalDpiX();
         const auto pixels = [perPixel](double twips) { return qRound(twips / perPixel); };
         QCOMPARE(m_window->findChild<QWidget *>(QStringLiteral("numPrice"))->geometry(),
@@ -115,14 +115,14 @@ private Q_SLOTS:
 
     void whatTheFileDoesNotPlaceTakesItsOwnSize()
     {
-        QVERIFY(!m_builder->build(parsed(orderForm), m_window.get()));
+        QVERIFY(buildOrderForm());
         auto *number = m_window->findChild<QWidget *>(QStringLiteral("numDiscount"));
         QCOMPARE(number->geometry(), QRect(QPoint(0, 0), number->sizeHint()));
     }
 
     void writesTheFormAsItWasRead()
     {
-        QVERIFY(!m_builder->build(parsed(orderForm), m_window.get()));
+        QVERIFY(buildOrderForm());
         m_window->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
         QCOMPARE(FormFile::serialize(m_builder->toBlock()), withoutComments(orderForm));
@@ -130,7 +130,7 @@ private Q_SLOTS:
 
     void changesOneLineForOneSetting()
     {
-        QVERIFY(!m_builder->build(parsed(orderForm), m_window.get()));
+        QVERIFY(buildOrderForm());
         m_window->findChild<KorNumber *>(QStringLiteral("numPrice"))->setMaxValue(20);
         QByteArray expected = withoutComments(orderForm);
         expected.replace("MaxValue = 1000!", "MaxValue = 20!");
@@ -139,7 +139,7 @@ private Q_SLOTS:
 
     void dropsASettingThatIsBackAtItsDefault()
     {
-        QVERIFY(!m_builder->build(parsed(orderForm), m_window.get()));
+        QVERIFY(buildOrderForm());
         m_window->findChild<KorNumber *>(QStringLiteral("numPrice"))->setMaskPicture(QStringLiteral("#,##0.00"));
         QByteArray expected = withoutComments(orderForm);
         expected.replace("      MaskPicture = \"0.000\"\n", "");
@@ -148,7 +148,7 @@ private Q_SLOTS:
 
     void writesTheNewPlaceOfAMovedControl()
     {
-        QVERIFY(!m_builder->build(parsed(orderForm), m_window.get()));
+        QVERIFY(buildOrderForm());
         auto *number = m_window->findChild<QWidget *>(QStringLiteral("numPrice"));
         number->move(number->x() + 20, number->y());
         const int left = qRound(number->x() * 1440.0 / m_window->logicalDpiX());
@@ -159,7 +159,7 @@ private Q_SLOTS:
 
     void leavesOutADeletedControl()
     {
-        QVERIFY(!m_builder->build(parsed(orderForm), m_window.get()));
+        QVERIFY(buildOrderForm());
         delete m_window->findChild<QWidget *>(QStringLiteral("fraButtons"));
         QByteArray expected = withoutComments(orderForm);
         expected = expected.left(expected.indexOf("   Begin Frame")) + "End\n";
@@ -233,9 +233,49 @@ private Q_SLOTS:
                                   m_window.get()));
     }
 
+    void warnsOfKeysThatNobodyKnows_data()
+    {
+        QTest::addColumn<QByteArray>("block");
+        QTest::addColumn<QByteArrayList>("warnings");
+
+        // clang-format off
+        QTest::newRow("an old key is known")          << QByteArray("Begin KorDaoUC.KorListCheck c\nDatabase = 0%\nEnd") << QByteArrayList();
+        QTest::newRow("a written key is known")       << QByteArray("Begin KorDaoUC.KorColor c\nValue = 5\nEnd") << QByteArrayList();
+        QTest::newRow("a place is known")             << QByteArray("Begin KorDaoUC.KorDate d\nLeft = 1\nTop = 1\nWidth = 1\nHeight = 1\nTabIndex = 1\nEnd") << QByteArrayList();
+        QTest::newRow("another control's key")        << QByteArray("Begin KorDaoUC.KorDate d\nText = \"\"\nMaskPicture = \"0\"\nEnd")
+            << QByteArrayList{"line 4: KorDaoUC.KorDate d, MaskPicture: the key is not known"};
+        QTest::newRow("small letters")                << QByteArray("Begin Label l\ncaption = \"\"\nEnd")
+            << QByteArrayList{"line 3: Label l, caption: the key is not known"};
+        QTest::newRow("twice")                        << QByteArray("Begin CommandButton b\nTag = 1\n\nTag = 2\nEnd")
+            << QByteArrayList{"line 3: CommandButton b, Tag: the key is not known", "line 5: CommandButton b, Tag: the key is not known"};
+        QTest::newRow("within a frame")               << QByteArray("Begin Frame f\nBegin KorDaoUC.KorNumber n\nMask = 1\nEnd\nEnd")
+            << QByteArrayList{"line 4: KorDaoUC.KorNumber n, Mask: the key is not known"};
+        QTest::newRow("of the form")                  << QByteArray("Left = 5\nFont = Font(\"DejaVu Sans\", 9)")
+            << QByteArrayList{"line 2: Form f, Left: the key is not known"};
+        QTest::newRow("of a host's kind")             << QByteArray("Begin Told t\nText = 1\nTop = 0\nOther = 2\nEnd")
+            << QByteArrayList{"line 5: Told t, Other: the key is not known"};
+        QTest::newRow("a host's kind that tells none") << QByteArray("Begin Silent t\nText = 1\nOther = 2\nEnd") << QByteArrayList();
+        // clang-format on
+    }
+    void warnsOfKeysThatNobodyKnows()
+    {
+        QFETCH(const QByteArray, block);
+        QFETCH(const QByteArrayList, warnings);
+        kor::FormItemKind kind{[](QWidget *parent) { return new QWidget(parent); },
+                               [](QWidget &, const kor::PropertyBag &) {}, [](const QWidget &, kor::PropertyBag &) {}};
+        m_builder->addKind(QStringLiteral("Silent"), kind);
+        kind.keys = QStringList{QStringLiteral("Text")};
+        m_builder->addKind(QStringLiteral("Told"), kind);
+        for (const QByteArray &warning : warnings)
+            QTest::ignoreMessage(QtWarningMsg, warning.constData());
+        const FormBlock form = parsed("Begin Form f\n" + block + "\nEnd\n");
+        QVERIFY(!m_builder->build(form, m_window.get()));
+        QCOMPARE(FormFile::serialize(m_builder->toBlock()).count(" = "), FormFile::serialize(form).count(" = "));
+    }
+
     void aRefusalKeepsWhatTheWindowHadBefore()
     {
-        QVERIFY(!m_builder->build(parsed(orderForm), m_window.get()));
+        QVERIFY(buildOrderForm());
         const FormBlock before = m_builder->toBlock();
         QVERIFY(m_builder->build(parsed("Begin Form f\nBegin Nothing n\nEnd\nEnd\n"), m_window.get()));
         QVERIFY(m_builder->toBlock() == before);
@@ -244,7 +284,7 @@ private Q_SLOTS:
 
     void tabFollowsTheTabIndex()
     {
-        QVERIFY(!m_builder->build(parsed(orderForm), m_window.get()));
+        QVERIFY(buildOrderForm());
         showActive();
         m_window->findChild<QWidget *>(QStringLiteral("cmdSave"))->setFocus();
         QStringList stops;
@@ -276,7 +316,7 @@ private Q_SLOTS:
 
     void theLetterOfALabelLeadsToTheNextControl()
     {
-        QVERIFY(!m_builder->build(parsed(orderForm), m_window.get()));
+        QVERIFY(buildOrderForm());
         showActive();
         m_window->findChild<QWidget *>(QStringLiteral("cmdSave"))->setFocus();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_C, Qt::AltModifier);
@@ -285,7 +325,7 @@ private Q_SLOTS:
 
     void theLetterOfAButtonPressesIt()
     {
-        QVERIFY(!m_builder->build(parsed(orderForm), m_window.get()));
+        QVERIFY(buildOrderForm());
         showActive();
         int presses = 0;
         connect(m_window->findChild<QPushButton *>(QStringLiteral("cmdSave")), &QPushButton::clicked, this,
@@ -339,6 +379,13 @@ private Q_SLOTS:
     }
 
 private:
+    //! Builds the form, one key of which nobody knows.
+    [[nodiscard]] bool buildOrderForm()
+    {
+        QTest::ignoreMessage(QtWarningMsg, "line 20: KorDaoUC.KorNumber numPrice, Tag: the key is not known");
+        return !m_builder->build(parsed(orderForm), m_window.get());
+    }
+
     void showActive()
     {
         m_window->show();

@@ -7,6 +7,7 @@
 #include <KorDaoUC/FormFile>
 #include <KorDaoUC/UserControl>
 
+#include <QtCore/QLoggingCategory>
 #include <QtCore/QProcess>
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QTemporaryDir>
@@ -114,6 +115,11 @@ class tst_FormIdentity : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase()
+    {
+        QLoggingCategory::setFilterRules(QStringLiteral("kordaouc.forms.warning=false")); // of keys that nobody knows
+    }
+
     void cleanup()
     {
         QApplication::setStyle(QStringLiteral("Fusion"));
