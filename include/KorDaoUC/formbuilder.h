@@ -23,8 +23,8 @@ struct FormItemKind {
     std::function<void(QWidget &widget, const PropertyBag &settings)> read;
     //! Writes the settings that differ from their defaults.
     std::function<void(const QWidget &widget, PropertyBag &settings)> write;
-    //! The keys that `read` looks for, besides those of the builder. With none given, none is warned of.
-    std::optional<QStringList> keys{};
+    //! The keys that `read` looks for, besides those of the builder. When none are told, none is warned of.
+    QStringList keys{};
 };
 
 //! Fills a window with the controls of a form file, and reads the form back from the window.

@@ -59,8 +59,9 @@ public:
     Q_INVOKABLE virtual void readProperties(const kor::PropertyBag &bag) = 0;
     //! Writes the settings that differ from their defaults, in the order of the control's own table.
     Q_INVOKABLE virtual void writeProperties(kor::PropertyBag &bag) const = 0;
-    //! The settings in the order of the control's own table; a key that stands there twice is listed twice.
-    [[nodiscard]] virtual QList<kor::SavedSetting> savedSettings() const = 0;
+    //! The settings in the order of the control's own table; a key that stands there twice is listed twice. Nothing
+    //! for a control that does not tell.
+    [[nodiscard]] virtual QList<kor::SavedSetting> savedSettings() const;
 
     //! False at design time. Asked of the form around the control.
     [[nodiscard]] Q_INVOKABLE bool UserMode() const;

@@ -253,15 +253,16 @@ std::optional<QString> FormBuilder::Private::unknownClass(const FormBlock &block
 std::optional<QSet<QString>> FormBuilder::Private::keysOfType(const QString &type) const
 {
     const bool isForm = type == formType;
-    QStringList keys = FormPlace::keys(isForm ? FormPlace::Extent::SizeOnly : FormPlace::Extent::PlaceAndSize);
+    QStringList keys;
     if (isForm)
-        keys += formKeys();
-    else if (const auto kind = kinds.constFind(type); kind == kinds.cend())
-        keys += keysOf(*std::unique_ptr<UserControl>(ControlRegistry::create(type, nullptr)));
-    else if (kind->keys)
-        keys += *kind->keys;
+        keys = formKeys();
+    else if (const auto kind = kinds.constFind(type); kind != kinds.cend())
+        keys = kind->keys;
     else
+        keys = keysOf(*std::unique_ptr<UserControl>(ControlRegistry::create(type, nullptr)));
+    if (keys.isEmpty())
         return std::nullopt;
+    keys += FormPlace::keys(isForm ? FormPlace::Extent::SizeOnly : FormPlace::Extent::PlaceAndSize);
     if (!isForm)
         keys += tabIndexKey;
     return QSet<QString>(keys.cbegin(), keys.cend());

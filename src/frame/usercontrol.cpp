@@ -3,12 +3,12 @@
 #include "constituents/errorguard.h"
 #include "constituents/fieldcolors.h"
 #include "constituents/focustracker.h"
+#include "frame/labelnames.h"
 
 #include <KorDaoUC/usercontrol.h>
 
 #include <QtCore/QEvent>
 #include <QtCore/QPointer>
-#include <QtGui/QAccessible>
 #include <QtWidgets/QApplication>
 
 namespace kor {
@@ -119,6 +119,8 @@ QFont UserControl::ambientFont() const { return parentWidget() ? parentWidget()-
 
 QSize UserControl::givenSize() const { return size(); }
 
+QList<SavedSetting> UserControl::savedSettings() const { return {}; }
+
 QSize UserControl::sizeHint() const { return d->main ? d->main->sizeHint() : QWidget::sizeHint(); }
 
 QSize UserControl::minimumSizeHint() const { return d->main ? d->main->minimumSizeHint() : QWidget::minimumSizeHint(); }
@@ -145,9 +147,10 @@ void UserControl::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
     // The focus goes to the constituent, so that is where a screen reader asks for the name: the control's own one, or
     // the caption of the label that belongs to it.
-    const QAccessibleInterface *known = d->main ? QAccessible::queryAccessibleInterface(this) : nullptr;
-    if (const QString name = known ? known->text(QAccessible::Name) : QString(); !name.isEmpty())
-        d->main->setAccessibleName(name);
+    if (d->main && !accessibleName().isEmpty())
+        d->main->setAccessibleName(accessibleName());
+    else if (d->main && parentWidget())
+        nameByLabelsSoon(parentWidget());
 }
 
 void UserControl::resizeEvent(QResizeEvent *event)

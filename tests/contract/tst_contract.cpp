@@ -15,6 +15,7 @@
 #include <QtCore/QMetaProperty>
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QGroupBox>
 #include <QtWidgets/QLabel>
 
 #include <memory>
@@ -45,6 +46,8 @@ private Q_SLOTS:
     void settingsRoundTrip();
     void missingKeysYieldTheDefaults_data() { controls(); }
     void missingKeysYieldTheDefaults();
+    void everyKeyIsListed_data() { controls(); }
+    void everyKeyIsListed();
     void ambientFontIsNotStored_data() { controls(); }
     void ambientFontIsNotStored();
     void dataChangedIsFalseAfterLoading_data() { controls(); }
@@ -72,6 +75,7 @@ private Q_SLOTS:
     void focusGoesToTheConstituent();
     void screenReadersHearTheLabelsCaption_data() { controls(); }
     void screenReadersHearTheLabelsCaption();
+    void screenReadersHearWhoseNameItIs();
     void wheelChangesNothingWithoutTheFocus_data() { controls(); }
     void wheelChangesNothingWithoutTheFocus();
     void deletionInsideKeyDownIsSafe_data() { controls(); }
@@ -247,6 +251,22 @@ void tst_Contract::missingKeysYieldTheDefaults()
     QCOMPARE(m_control->ForeColor(), OLE_COLOR(WindowText));
     QVERIFY(m_control->Enabled());
     QVERIFY(m_control->usesAmbientFont());
+}
+
+void tst_Contract::everyKeyIsListed()
+{
+    PropertyBag defaults;
+    QStringList listed;
+    for (const SavedSetting &setting : m_control->savedSettings()) {
+        listed << setting.key;
+        defaults.append(setting.key, setting.defaultValue);
+    }
+    QVERIFY(!listed.isEmpty());
+    m_control->readProperties(defaults);
+    QVERIFY(settingsOf(*m_control).isEmpty());
+    setCommonSettings(*m_control);
+    for (const QString &key : keysOf(settingsOf(*m_control)))
+        QVERIFY2(listed.contains(key), qPrintable(key));
 }
 
 void tst_Contract::ambientFontIsNotStored()
@@ -433,6 +453,38 @@ void tst_Contract::screenReadersHearTheLabelsCaption()
     label.setBuddy(control);
     QVERIFY(stage.open());
     QCOMPARE(control->focusProxy()->accessibleName(), QStringLiteral("Opis pola"));
+}
+
+void tst_Contract::screenReadersHearWhoseNameItIs()
+{
+    const QString name = QStringLiteral("KorNumber");
+    Stage stage;
+    QGroupBox group(QStringLiteral("&Rabaty && dopłaty"), &stage);
+    UserControl *inGroup = ControlRegistry::create(name, &group);
+    UserControl *labelled = ControlRegistry::create(name, &group);
+    UserControl *named = ControlRegistry::create(name, &group);
+    named->setAccessibleName(QStringLiteral("Własna"));
+    UserControl *alone = stage.place(ControlRegistry::create(name));
+    QVERIFY(stage.open());
+    UserControl *later = ControlRegistry::create(name, &group);
+    auto ended = std::make_unique<QGroupBox>(QStringLiteral("Koniec"), &stage);
+    ControlRegistry::create(name, ended.get())->move(0, 0);
+    later->show();
+    ended->show();
+    QLabel label(QStringLiteral("Cena &netto"), &group);
+    label.setBuddy(labelled);
+    QLabel second(QStringLiteral("Cena brutto"), &group); // made in the same turn as the control is shown
+    second.setBuddy(later);
+    ended.reset();
+    settle();
+    const auto heard = [](const UserControl *control) { return control->focusProxy()->accessibleName(); };
+    QCOMPARE(heard(inGroup), QStringLiteral("Rabaty & dopłaty"));
+    QCOMPARE(heard(labelled), QStringLiteral("Cena netto"));
+    QCOMPARE(heard(named), QStringLiteral("Własna"));
+    QCOMPARE(heard(later), QStringLiteral("Cena brutto"));
+    QCOMPARE(heard(alone), QString());
+    label.setBuddy(nullptr);
+    second.setBuddy(nullptr);
 }
 
 void tst_Contract::wheelChangesNothingWithoutTheFocus()
