@@ -5,6 +5,7 @@
 #include <KorDaoUC/color.h>
 #include <KorDaoUC/enumerations.h>
 #include <KorDaoUC/export.h>
+#include <KorDaoUC/lateboundwidget.h>
 #include <KorDaoUC/savedsetting.h>
 
 #include <QtCore/QList>
@@ -25,7 +26,7 @@ class RunTimeError;
 //!
 //! Direct and late-bound calls raise RunTimeError. Errors that arise while the control handles a key, a click or a
 //! timer are raised as the Error event instead.
-class KORDAOUC_EXPORT UserControl : public QWidget
+class KORDAOUC_EXPORT UserControl : public LateBoundWidget
 {
     Q_OBJECT
     Q_PROPERTY(int BackColor READ BackColor WRITE setBackColor)

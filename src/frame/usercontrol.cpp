@@ -24,7 +24,7 @@ public:
     FieldColors colors;
 };
 
-UserControl::UserControl(QWidget *parent) : QWidget(parent), d(std::make_unique<Private>()) {}
+UserControl::UserControl(QWidget *parent) : LateBoundWidget(parent), d(std::make_unique<Private>()) {}
 
 UserControl::~UserControl() { FocusTracker::instance().removeClient(this); }
 

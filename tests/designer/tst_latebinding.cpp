@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <QtCore/QBuffer>
 #include <QtCore/QMetaMethod>
+#include <QtCore/QMetaProperty>
 #include <QtTest/QtTest>
 #include <QtUiTools/QUiLoader>
 #include <QtWidgets/QApplication>
@@ -28,6 +29,8 @@ private Q_SLOTS:
     void missingArgumentCountsAsNull();
     void settingsAreReadAndWrittenByName();
     void aDesignersFormLoads();
+    void aFormWithRefusedValuesLoadsWithWarnings();
+    void errorsAreThrownToWhoeverIsNoFormLoader();
 
 public Q_SLOTS:
     void swallow(int &keyAscii) { keyAscii = keyAscii == '5' ? 0 : keyAscii; }
@@ -174,6 +177,80 @@ void tst_LateBinding::aDesignersFormLoads()
     QCOMPARE(number->property("MaskPicture").toString(), QStringLiteral("0.000"));
     QCOMPARE(number->property("Alignment").toInt(), 2);
     QCOMPARE(number->property("CheckRange").toBool(), true);
+}
+
+// The loader gives the values one after the other, and could catch nothing.
+void tst_LateBinding::aFormWithRefusedValuesLoadsWithWarnings()
+{
+    QByteArray form = R"(<ui version="4.0"><class>Form</class><widget class="QWidget" name="Form">
+        <widget class="KorNumber" name="numPrice">
+          <property name="Alignment"><number>9</number></property>
+          <property name="MaskPicture"><string>0.000</string></property>
+        </widget>
+        <widget class="KorUpDown" name="spnCount">
+          <property name="Increment"><number>-1</number></property>
+          <property name="MaxLength"><number>5</number></property>
+          <property name="Value"><number>77</number></property>
+        </widget></widget>
+        <customwidgets><customwidget><class>KorNumber</class><extends>QWidget</extends></customwidget>
+        <customwidget><class>KorUpDown</class><extends>QWidget</extends></customwidget></customwidgets>
+        </ui>)";
+    QBuffer buffer(&form);
+    QVERIFY(buffer.open(QIODevice::ReadOnly));
+    for (const char *warning :
+         {"KorNumber numPrice, Alignment: error 380: Invalid property value; the value stays as it was",
+          "KorUpDown spnCount, Increment: error 380: Invalid property value; the value stays as it was",
+          "KorUpDown spnCount, Value: error 380: Invalid property value; the value stays as it was"})
+        QTest::ignoreMessage(QtWarningMsg, warning);
+    std::unique_ptr<QWidget> window;
+    window.reset(m_loader.load(&buffer));
+    QVERIFY(window);
+    const auto *number = window->findChild<QWidget *>(QStringLiteral("numPrice"));
+    QCOMPARE(number->property("Alignment").toInt(), 1);
+    QCOMPARE(number->property("MaskPicture").toString(), QStringLiteral("0.000"));
+    const auto *spin = window->findChild<QWidget *>(QStringLiteral("spnCount"));
+    QCOMPARE(spin->property("Increment").toInt(), 1);
+    QCOMPARE(spin->property("MaxLength").toInt(), 5);
+    QCOMPARE(spin->property("Value").toInt(), 0);
+}
+
+//! A loader whose host sets a value itself while the form is loaded.
+class ForwardLoader final : public QUiLoader
+{
+public:
+    QWidget *createWidget(const QString &type, QWidget *parent, const QString &name) override
+    {
+        QWidget *widget = QUiLoader::createWidget(type, parent, name);
+        try {
+            widget->setProperty("Alignment", 9);
+        } catch (const std::exception &error) {
+            caught = error.what();
+        }
+        return widget;
+    }
+    QByteArray caught;
+};
+
+void tst_LateBinding::errorsAreThrownToWhoeverIsNoFormLoader()
+{
+    ForwardLoader loader;
+    loader.clearPluginPaths();
+    loader.addPluginPath(QStringLiteral(KOR_PLUGIN_FOLDER));
+    QByteArray form = R"(<ui version="4.0"><class>Form</class><widget class="KorNumber" name="numPrice"/>
+        <customwidgets><customwidget><class>KorNumber</class><extends>QWidget</extends></customwidget></customwidgets>
+        </ui>)";
+    QBuffer buffer(&form);
+    QVERIFY(buffer.open(QIODevice::ReadOnly));
+    const std::unique_ptr<QWidget> number(loader.load(&buffer));
+    QVERIFY2(loader.caught.startsWith("380"), loader.caught.constData());
+    QByteArray caught;
+    const int alignment = number->metaObject()->indexOfProperty("Alignment");
+    try {
+        number->metaObject()->property(alignment).write(number.get(), -1);
+    } catch (const std::exception &error) {
+        caught = error.what();
+    }
+    QVERIFY2(caught.startsWith("380"), caught.constData());
 }
 
 QTEST_MAIN(tst_LateBinding)
