@@ -129,7 +129,8 @@ QString writeValue(const QVariant &value)
 {
     if (const std::optional<FontWords> font = fontWords(value))
         return writeFont(*font);
-    if (variantType(value) == VariantType::Date)
+    // Before the Variant is asked for: a file may hold a date that is too early for one, and keeps it.
+    if (value.typeId() == QMetaType::QDate || value.typeId() == QMetaType::QDateTime)
         return writeDate(value);
     const QVariant variant = normalized(value);
     switch (variantType(variant)) {

@@ -103,6 +103,9 @@ private Q_SLOTS:
 
         QTest::newRow("a date")                         << QVariant(QDate(2026, 11, 21))      << "#2026-11-21#";
         QTest::newRow("first date of all")              << QVariant(QDate(100, 1, 1))         << "#0100-01-01#";
+        QTest::newRow("a date too early for a Variant") << QVariant(QDate(26, 11, 21))        << "#0026-11-21#";
+        QTest::newRow("a moment too early for one")     << moment(99, 12, 31, 23, 59, 59, 7)  << "#0099-12-31 23:59:59.007#";
+        QTest::newRow("first date that files hold")     << QVariant(QDate(1, 1, 1))           << "#0001-01-01#";
         QTest::newRow("last date of all")               << QVariant(QDate(9999, 12, 31))      << "#9999-12-31#";
         QTest::newRow("29 February")                    << QVariant(QDate(2024, 2, 29))       << "#2024-02-29#";
         QTest::newRow("a date with its time")           << moment(2026, 11, 21, 12, 30, 0)    << "#2026-11-21 12:30:00#";
