@@ -21,6 +21,10 @@ namespace {
 
 bool isUserMode(const QString &property) { return property == QLatin1String("UserMode"); }
 
+bool isPlace(const QString &property) { return property == QLatin1String("geometry"); }
+
+QSize givenSize(const QObject *control) { return static_cast<const UserControl *>(control)->givenSize(); }
+
 bool isBound(const QString &property)
 {
     return property == QLatin1String("MinValue") || property == QLatin1String("MaxValue");
@@ -44,6 +48,10 @@ void PropertySheet::setProperty(int index, const QVariant &value)
     } catch (const RunTimeError &error) {
         refused(index, error.description());
     }
+    if (isPlace(propertyName(index))) {
+        m_given = value.toRect().size();
+        m_taken = givenSize(m_control);
+    }
 }
 
 bool PropertySheet::reset(int index)
@@ -59,7 +67,17 @@ bool PropertySheet::reset(int index)
 QVariant PropertySheet::property(int index) const
 {
     const QVariant value = m_sheet->property(index);
+    if (isPlace(propertyName(index)))
+        return QRect(value.toRect().topLeft(), sizeOf(value.toRect().size()));
     return isBound(propertyName(index)) ? CDbl(value) : value;
+}
+
+QSize PropertySheet::sizeOf(const QSize &present) const
+{
+    const QSize given = givenSize(m_control);
+    if (m_given && given == m_taken)
+        return *m_given;
+    return given.height() > 0 ? given : present;
 }
 
 bool PropertySheet::isVisible(int index) const

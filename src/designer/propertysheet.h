@@ -3,11 +3,14 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QSize>
 #include <QtCore/QStringList>
 #include <QtCore/QVariant>
 #include <QtDesigner/QDesignerDynamicPropertySheetExtension>
 #include <QtDesigner/QDesignerPropertySheetExtension>
 #include <QtDesigner/QExtensionFactory>
+
+#include <optional>
 
 class QDesignerFormEditorInterface;
 
@@ -62,12 +65,18 @@ public:
 private:
     void refused(int index, const QString &reason);
     void tellRefusals();
+    //! The size that the control is saved with.
+    [[nodiscard]] QSize sizeOf(const QSize &present) const;
 
     QDesignerFormEditorInterface *m_core;
     QObject *m_control;
     QDesignerPropertySheetExtension *m_sheet;
     QDesignerDynamicPropertySheetExtension *m_dynamic;
     QStringList m_refusals; //!< since the last message
+    //! The size that the form gave the control, and what the control made of it: a list shows whole rows, a drop-down
+    //! list is as high as its font. While that holds nobody sized it, and it is saved with what it was given.
+    std::optional<QSize> m_given;
+    QSize m_taken;
 };
 
 //! Gives every control of the library its PropertySheet.

@@ -14,6 +14,7 @@
 #include <QtDesigner/QDesignerPropertySheetExtension>
 #include <QtDesigner/QDesignerWidgetBoxInterface>
 #include <QtDesigner/QExtensionManager>
+#include <QtDesigner/QFormBuilder>
 #include <QtDesigner/qdesigner_components.h>
 #include <QtGui/QActionGroup>
 #include <QtGui/QPainter>
@@ -56,6 +57,11 @@ private Q_SLOTS:
     void thePreviewRuns();
     void sizesAreTheSameInDesignPreviewAndRun_data();
     void sizesAreTheSameInDesignPreviewAndRun();
+    void loadingAndSavingLeavesThePlace_data() { sizesAreTheSameInDesignPreviewAndRun_data(); }
+    void loadingAndSavingLeavesThePlace();
+    void aMovedControlIsSavedWithItsNewPlace_data() { controls(); }
+    void aMovedControlIsSavedWithItsNewPlace();
+    void aRefusedValueOfALoadedFormIsAWarning();
     void everyControlHasItsOwnIcon_data();
     void everyControlHasItsOwnIcon();
 
@@ -88,6 +94,16 @@ QString formOf(const QString &control, const QString &properties = {})
                           "<widget class=\"%1\" name=\"field\">%2</widget></widget><customwidgets><customwidget>"
                           "<class>%1</class><extends>QWidget</extends></customwidget></customwidgets></ui>")
         .arg(control, properties);
+}
+
+QString placed(int x, int y, int width, int height)
+{
+    return QStringLiteral("<property name=\"geometry\"><rect><x>%1</x><y>%2</y><width>%3</width><height>%4</height>"
+                          "</rect></property>")
+        .arg(x)
+        .arg(y)
+        .arg(width)
+        .arg(height);
 }
 
 //! Another value than the one a property has, and one that its control takes.
@@ -439,12 +455,10 @@ void tst_Designer::sizesAreTheSameInDesignPreviewAndRun_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("place");
-    const QString place = QStringLiteral("<property name=\"geometry\"><rect><x>10</x><y>10</y><width>%1</width>"
-                                         "<height>%2</height></rect></property>");
     for (const char *name : {"KorNumber", "KorDate", "KorCombo", "KorClick", "KorList", "KorListCheck", "KorColor",
                              "KorUpDown", "KorMultiText"}) {
-        for (const int height : {16, 22, 60}) {
-            QTest::addRow("%s, %d high", name, height) << QString::fromLatin1(name) << place.arg(150).arg(height);
+        for (const int height : {16, 22, 61}) {
+            QTest::addRow("%s, %d high", name, height) << QString::fromLatin1(name) << placed(10, 10, 150, height);
         }
     }
 }
@@ -465,6 +479,62 @@ void tst_Designer::sizesAreTheSameInDesignPreviewAndRun()
     form->show();
     QCOMPARE(places(form->findChild<QWidget *>(QStringLiteral("field"))), designed);
     m_window->hide();
+}
+
+void tst_Designer::loadingAndSavingLeavesThePlace()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, place);
+    open(formOf(name, place));
+    const auto isKept = [&] {
+        return m_form->contents().simplified().remove(u' ').contains(QString(place).remove(u' '));
+    };
+    QVERIFY2(isKept(), "loaded");
+    m_window->show();
+    m_form->show();
+    QFont font = m_form->font();
+    font.setPointSize(font.pointSize() + 3);
+    m_form->setFont(font);
+    QCoreApplication::processEvents();
+    const bool isKeptWhenShown = isKept();
+    m_window->hide();
+    m_form->setFont(QFont());
+    QVERIFY2(isKeptWhenShown, "shown in another font");
+    open(m_form->contents());
+    QVERIFY2(isKept(), "saved and loaded once more");
+}
+
+void tst_Designer::aMovedControlIsSavedWithItsNewPlace()
+{
+    QFETCH(QString, name);
+    open(formOf(name, placed(10, 10, 150, 61)));
+    control()->move(20, 30);
+    const QRect moved = sheet()->property(sheet()->indexOf(QStringLiteral("geometry"))).toRect();
+    QCOMPARE(moved, QRect(20, 30, 150, 61)); // not the height of a list's whole rows
+    set("geometry", QRect(5, 6, 170, 83));
+    QVERIFY(m_form->contents().simplified().remove(u' ').contains(placed(5, 6, 170, 83).remove(u' ')));
+}
+
+// The toolkit's other loader is in the designer's library.
+void tst_Designer::aRefusedValueOfALoadedFormIsAWarning()
+{
+    QFormBuilder builder;
+    builder.setPluginPath({QStringLiteral(KOR_PLUGIN_FOLDER "/designer")});
+    QByteArray form = formOf(QStringLiteral("KorUpDown"),
+                             QStringLiteral("<property name=\"Increment\"><number>-1</number></property>"
+                                            "<property name=\"MaxLength\"><number>4</number></property>"))
+                          .toUtf8();
+    QBuffer buffer(&form);
+    QVERIFY(buffer.open(QIODevice::ReadOnly));
+    QTest::ignoreMessage(QtWarningMsg,
+                         "KorUpDown field, Increment: error 380: Invalid property value; the value stays as "
+                         "it was");
+    const std::unique_ptr<QWidget> window(builder.load(&buffer, nullptr));
+    QVERIFY(window);
+    const auto *field = window->findChild<QWidget *>(QStringLiteral("field"));
+    QCOMPARE(field->metaObject()->className(), "KorUpDown");
+    QCOMPARE(field->property("Increment"), QVariant(1));
+    QCOMPARE(field->property("MaxLength"), QVariant(4));
 }
 
 void tst_Designer::everyControlHasItsOwnIcon_data()
