@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "random/form.h"
 
+#include "support/stage.h"
+
 #include <KorDaoUC/ControlRegistry>
 
-#include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
@@ -90,7 +91,8 @@ void Form::takeActivity()
 {
     if (isVisible() && !isActiveWindow() && !QApplication::activePopupWidget() && !QApplication::activeModalWidget()) {
         activateWindow();
-        (void)QTest::qWaitForWindowActive(this);
+        settle();
+        QApplication::setActiveWindow(this); // which the platform takes for done after the form itself was hidden
     }
 }
 

@@ -120,7 +120,7 @@ void Handlers::act(const Event &event, void **arguments)
     case Hide: control->hide(); return;
     case Disable: control->setEnabled(false); return;
     case MoveFocus:
-        if (QWidget *next = control->nextInFocusChain())
+        if (QWidget *next = control->nextInFocusChain(); next->isVisible() && next->isEnabled())
             next->setFocus();
         return;
     case OpenDialog: openDialog(control); return;

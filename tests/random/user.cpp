@@ -184,12 +184,14 @@ QString RandomUser::work(const Step &step)
         m_found = isOwnCall ? m_found : escaped;
     }
     const bool typesAhead = step.kind <= Step::TypeText && step.how % 2;
+    m_hasTypedAhead = m_hasTypedAhead || typesAhead;
     if (!m_found.isEmpty() || typesAhead)
         return m_found;
     settle();
     m_form.takeActivity();
     const QString found = lookAround(step);
     remember();
+    m_hasTypedAhead = false;
     return found;
 }
 
@@ -471,6 +473,12 @@ QString RandomUser::lookAround(const Step &step)
     return {};
 }
 
+//! Whether the user may himself have deleted a text that he left right afterwards: ahead of the look, or by the menu.
+bool RandomUser::mayDelete(const Step &step) const
+{
+    return m_hasTypedAhead || isTyping(step.kind) || step.kind == Step::ClickPopup;
+}
+
 QString RandomUser::lookAt(Place &place, const Step &step, bool isUsersDoingAlone)
 {
     const QVariant value = place.control->property("Value");
@@ -503,9 +511,8 @@ QString RandomUser::lookAt(Place &place, const Step &step, bool isUsersDoingAlon
     if (place.name == u"KorNumber"_qs && !place.isLoose && text.isEmpty() && !isNull(value))
         return u"shows nothing and holds "_qs + QDebug::toString(value);
     const bool isInside = boxOf(place) && boxOf(place)->hasFocus();
-    if (place.name == u"KorNumber"_qs && isUsersDoingAlone && !isInside && text.isEmpty() && step.kind != Step::Drop &&
-        step.kind != Step::ClickPopup && !isNull(place.value) && !place.control->property("CheckRange").value<bool>() &&
-        saysNumber(place))
+    if (place.name == u"KorNumber"_qs && isUsersDoingAlone && !isInside && text.isEmpty() && !mayDelete(step) &&
+        !isNull(place.value) && !place.control->property("CheckRange").value<bool>() && saysNumber(place))
         return u"a number without a range is gone on leaving: "_qs + place.text;
     return {};
 }

@@ -40,12 +40,14 @@ private:
     void remember();
     [[nodiscard]] QString lookAround(const Step &step);
     [[nodiscard]] QString lookAt(Place &place, const Step &step, bool isUsersDoingAlone);
+    [[nodiscard]] bool mayDelete(const Step &step) const;
     [[nodiscard]] QWindow *target() const;
     void answerDialogs();
 
     Form m_form;
     QTimer m_dialogs;
     int m_menuTicks = 0;
+    bool m_hasTypedAhead = false;
     QString m_description;
     QString m_found;
 };
