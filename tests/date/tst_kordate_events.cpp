@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "date/datesuite.h"
 #include "support/eventlog.h"
-#include "support/settings.h"
 
 #include <KorDaoUC/ControlRegistry>
 #include <KorDaoUC/ErrorHandler>
@@ -23,7 +22,7 @@
 using namespace kor;
 using namespace kor::test;
 
-//! What the host of a date field hears, may change, and finds saved.
+//! What the host of a date field hears and may change.
 class tst_KorDateEvents : public DateSuite
 {
     Q_OBJECT
@@ -54,18 +53,6 @@ private Q_SLOTS:
     void deletionByAReportedLetIsSafe();
     void errorsOfHandlersAreRaisedAsTheErrorEvent();
 
-    void aFreshFieldStoresTodayOnly();
-    void anEmptyFieldOfDefaultsStoresNothing();
-    void settingsAreWrittenInTheirOrder();
-    void settingsRoundTrip();
-    void loadingRewritesNeitherTextNorValue();
-    void loadingRaisesChangeOnceAndClearsTheFlag();
-    void currentDateIsWrittenOnLoadingWithTheMaskHeldSoFar();
-    void currentDateIsTakenOnTheFirstShowing();
-    void nullIsSavedAndLoadedAsNull();
-    void initPropertiesWritesTodayWithTheMaskHeldBefore();
-    void everyLetReportsItsProperty();
-    void outOfRangeEnumerationsAreRefused();
     void everyMemberIsReachedByItsName();
     void isTheSecondControlOfTheLibrary();
     void oneBorderIsDrawnAroundBoxAndButton();
@@ -455,199 +442,6 @@ void tst_KorDateEvents::errorsOfHandlersAreRaisedAsTheErrorEvent()
     QTest::keyClick(m_box, Qt::Key_F4);
     QTest::keyClick(QApplication::activePopupWidget()->focusWidget(), Qt::Key_Right);
     QCOMPARE(numbers, (QList<int>{6, 6}));
-}
-
-// --- settings
-
-namespace {
-
-void setEverything(KorDate &date)
-{
-    date.setBackColor(0x00C0FFFF);
-    date.setForeColor(0x00800000);
-    date.setEnabled(false);
-    QFont font = date.Font();
-    font.setBold(true);
-    font.setPointSize(13);
-    date.setFont(font);
-    date.setBorderStyle(BorderStyleType::None);
-    date.setText(QStringLiteral("15.03.1999"));
-    date.setWhatsThisHelpID(77);
-    date.setLocked(true);
-    date.setCurrentDate(false);
-    date.setBlockUpDown(true);
-    date.setAppearance(AppearanceType::Flat);
-    date.setEnabledClick(false);
-    date.setFormatMask(QStringLiteral("yyyy-MM-dd"));
-    date.setToolTipText(QStringLiteral("Data dostawy"));
-}
-
-} // namespace
-
-void tst_KorDateEvents::aFreshFieldStoresTodayOnly()
-{
-    PropertyBag bag;
-    KorDate fresh;
-    fresh.writeProperties(bag);
-    QCOMPARE(keysOf(bag), (QStringList{QStringLiteral("Text"), QStringLiteral("Value")}));
-    QCOMPARE(bag.ReadProperty(QStringLiteral("Value")), QVariant(today));
-}
-
-void tst_KorDateEvents::anEmptyFieldOfDefaultsStoresNothing()
-{
-    KorDate loaded;
-    loaded.readProperties(PropertyBag());
-    QVERIFY(isNull(loaded.Value()));
-    QCOMPARE(loaded.Text(), QString());
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(keysOf(again), QStringList());
-}
-
-void tst_KorDateEvents::settingsAreWrittenInTheirOrder()
-{
-    KorDate date;
-    setEverything(date);
-    date.setCurrentDate(true);
-    PropertyBag bag;
-    date.writeProperties(bag);
-    QCOMPARE(
-        keysOf(bag).join(QLatin1Char(' ')),
-        QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Text Value WhatsThisHelpID Locked CurrentDate "
-                       "BlockUpDown Appearance EnabledClick FormatMask ToolTipText"));
-    QCOMPARE(bag.ReadProperty(QStringLiteral("Value")), QVariant(QDate(1999, 3, 15)));
-    QCOMPARE(bag.ReadProperty(QStringLiteral("Text")), QVariant(QStringLiteral("15.03.1999")));
-    QCOMPARE(bag.ReadProperty(QStringLiteral("BorderStyle")).typeId(), int(QMetaType::Short));
-    QCOMPARE(bag.ReadProperty(QStringLiteral("Appearance")).typeId(), int(QMetaType::Short));
-}
-
-void tst_KorDateEvents::settingsRoundTrip()
-{
-    KorDate date;
-    setEverything(date);
-    PropertyBag bag;
-    date.writeProperties(bag);
-    KorDate loaded;
-    loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
-    QCOMPARE(loaded.Text(), QStringLiteral("15.03.1999"));
-    QVERIFY(!loaded.EnabledClick());
-}
-
-void tst_KorDateEvents::loadingRewritesNeitherTextNorValue()
-{
-    PropertyBag bag;
-    bag.append(QStringLiteral("Text"), QStringLiteral("kiedyś"));
-    bag.append(QStringLiteral("Value"), QDate(1999, 3, 15));
-    bag.append(QStringLiteral("FormatMask"), QStringLiteral("yyyy-MM-dd"));
-    KorDate date;
-    date.readProperties(bag);
-    QCOMPARE(date.Text(), QStringLiteral("kiedyś"));
-    QCOMPARE(date.Value(), QVariant(QDate(1999, 3, 15)));
-}
-
-void tst_KorDateEvents::loadingRaisesChangeOnceAndClearsTheFlag()
-{
-    PropertyBag bag;
-    bag.append(QStringLiteral("Text"), QStringLiteral("15.03.1999"));
-    bag.append(QStringLiteral("Value"), QDate(1999, 3, 15));
-    KorDate date;
-    EventLog log(&date);
-    date.readProperties(bag);
-    QCOMPARE(log.take(), QStringLiteral("Change"));
-    QVERIFY(!date.DataChanged());
-}
-
-void tst_KorDateEvents::currentDateIsWrittenOnLoadingWithTheMaskHeldSoFar()
-{
-    PropertyBag bag;
-    bag.append(QStringLiteral("Text"), QStringLiteral("15.03.1999"));
-    bag.append(QStringLiteral("Value"), QDate(1999, 3, 15));
-    bag.append(QStringLiteral("CurrentDate"), true);
-    bag.append(QStringLiteral("FormatMask"), QStringLiteral("yyyy-MM-dd"));
-    KorDate date;
-    date.readProperties(bag);
-    QCOMPARE(date.Value(), QVariant(today));
-    QCOMPARE(date.Text(), QStringLiteral("05.03.2024")); // the saved mask is read only later
-    QCOMPARE(date.FormatMask(), QStringLiteral("yyyy-MM-dd"));
-    date.readProperties(bag);
-    QCOMPARE(date.Text(), QStringLiteral("2024-03-05"));
-}
-
-void tst_KorDateEvents::currentDateIsTakenOnTheFirstShowing()
-{
-    PropertyBag bag;
-    bag.append(QStringLiteral("CurrentDate"), true);
-    m_date->readProperties(bag);
-    m_date->setValue(QDate(1999, 3, 15));
-    m_date->setDataChanged(false);
-    EventLog log(m_date);
-    QVERIFY(m_stage->open());
-    QCOMPARE(m_date->Value(), QVariant(today));
-    QCOMPARE(m_date->Text(), QStringLiteral("15.03.1999")); // not rewritten here
-    QVERIFY(m_date->DataChanged());
-    QCOMPARE(log.take(), QString());
-    m_date->setValue(QDate(1999, 3, 15));
-    m_date->setDataChanged(false);
-    m_stage->hide();
-    m_stage->show();
-    QCOMPARE(m_date->Value(), QVariant(QDate(1999, 3, 15)));
-    QVERIFY(!m_date->DataChanged());
-}
-
-void tst_KorDateEvents::nullIsSavedAndLoadedAsNull()
-{
-    KorDate date;
-    date.setValue(null());
-    PropertyBag bag;
-    date.writeProperties(bag);
-    QCOMPARE(keysOf(bag), QStringList());
-    KorDate loaded;
-    loaded.readProperties(bag);
-    QVERIFY(isNull(loaded.Value()));
-}
-
-void tst_KorDateEvents::initPropertiesWritesTodayWithTheMaskHeldBefore()
-{
-    KorDate date;
-    date.setFormatMask(QStringLiteral("yyyy-MM-dd"));
-    date.setCurrentDate(true);
-    date.setBlockUpDown(true);
-    date.setValue(QDate(1999, 3, 15));
-    date.initProperties();
-    QCOMPARE(date.Text(), QStringLiteral("2024-03-05"));
-    QCOMPARE(date.FormatMask(), QStringLiteral("Short Date"));
-    QVERIFY(!date.CurrentDate());
-    QVERIFY(!date.BlockUpDown());
-}
-
-void tst_KorDateEvents::everyLetReportsItsProperty()
-{
-    KorDate date;
-    QStringList reported;
-    connect(&date, &UserControl::PropertyChanged, this, [&](const QString &name) { reported << name; });
-    setEverything(date);
-    date.setValue(null());
-    QCOMPARE(reported.join(QLatin1Char(' ')),
-             QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Text WhatsThisHelpID Locked CurrentDate "
-                            "BlockUpDown Appearance EnabledClick FormatMask ToolTipText Value"));
-}
-
-void tst_KorDateEvents::outOfRangeEnumerationsAreRefused()
-{
-    KorDate date;
-    for (const char *name : {"BorderStyle", "Appearance"}) {
-        const QVariant before = date.property(name);
-        try {
-            date.setProperty(name, 7);
-            QFAIL(name);
-        } catch (const RunTimeError &error) {
-            QCOMPARE(error.number(), 380);
-        }
-        QCOMPARE(date.property(name), before);
-    }
 }
 
 void tst_KorDateEvents::everyMemberIsReachedByItsName()

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/deletion.h"
 #include "support/eventlog.h"
-#include "support/settings.h"
 #include "support/stage.h"
 
 #include <KorDaoUC/KorColor>
@@ -108,11 +107,6 @@ private Q_SLOTS:
     void deletionInsideAHandlerIsSafe_data();
     void deletionInsideAHandlerIsSafe();
     void deletionWhileTheDialogIsOpenIsSafe();
-
-    void settingsAreWrittenInTheirOrder();
-    void savedValueIsTheColorLastSet();
-    void valueIsWrittenAndNeverReadBack();
-    void everyLetReportsItsProperty();
 
 private:
     std::unique_ptr<Stage> m_stage;
@@ -610,75 +604,6 @@ void tst_KorColor::deletionWhileTheDialogIsOpenIsSafe()
     DialogUser user([&](QColorDialog &) { delete control.data(); });
     QTest::keyPress(m_box, Qt::Key_F6);
     QVERIFY(!control);
-}
-
-// --- settings
-
-namespace {
-
-void setEverything(KorColor &color)
-{
-    color.setBackColor(0x00C0FFFF);
-    color.setForeColor(0x00800000);
-    color.setEnabled(false);
-    QFont font = color.Font();
-    font.setPointSize(15);
-    color.setFont(font);
-    color.setValue(65535);
-    color.setToolTipText(QStringLiteral("Kolor etykiety"));
-}
-
-} // namespace
-
-void tst_KorColor::settingsAreWrittenInTheirOrder()
-{
-    setEverything(*m_color);
-    PropertyBag bag;
-    m_color->writeProperties(bag);
-    QCOMPARE(keysOf(bag).join(QLatin1Char(' ')), QStringLiteral("BackColor ForeColor Enabled Font Value ToolTipText"));
-    QCOMPARE(bag.ReadProperty(QStringLiteral("Value")), QVariant(65535));
-}
-
-void tst_KorColor::savedValueIsTheColorLastSet()
-{
-    const auto saved = [this] {
-        PropertyBag bag;
-        m_color->writeProperties(bag);
-        return bag.isEmpty() ? QVariant() : bag.ReadProperty(QStringLiteral("Value"));
-    };
-    m_color->setValue(0x123456);
-    QCOMPARE(saved(), QVariant(0x123456)); // though another one is shown
-    m_box->setCurrentIndex(3);
-    QCOMPARE(saved(), QVariant(0x123456));
-    m_color->setValue(static_cast<int>(0x8000000FU));
-    QCOMPARE(saved(), QVariant());
-    QCOMPARE(m_color->Value(), 0); // a system colour is none of the list
-}
-
-void tst_KorColor::valueIsWrittenAndNeverReadBack()
-{
-    setEverything(*m_color);
-    PropertyBag bag;
-    m_color->writeProperties(bag);
-    KorColor loaded;
-    EventLog log(&loaded);
-    loaded.readProperties(bag);
-    QCOMPARE(loaded.Value(), 255);
-    QCOMPARE(loaded.ToolTipText(), QStringLiteral("Kolor etykiety"));
-    QCOMPARE(log.take(), QString());
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(keysOf(again).join(QLatin1Char(' ')), QStringLiteral("BackColor ForeColor Enabled Font ToolTipText"));
-    m_color->readProperties(bag);
-    QCOMPARE(m_color->Value(), 255); // also after another entry was shown
-}
-
-void tst_KorColor::everyLetReportsItsProperty()
-{
-    QStringList changed;
-    connect(m_color, &UserControl::PropertyChanged, this, [&](const QString &name) { changed << name; });
-    setEverything(*m_color);
-    QCOMPARE(changed.join(QLatin1Char(' ')), QStringLiteral("BackColor ForeColor Enabled Font Color ToolTipText"));
 }
 
 QTEST_MAIN(tst_KorColor)

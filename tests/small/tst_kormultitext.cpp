@@ -2,13 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "support/deletion.h"
 #include "support/eventlog.h"
-#include "support/runtimeerrors.h"
-#include "support/settings.h"
 #include "support/stage.h"
 
 #include <KorDaoUC/KorMultiText>
-#include <KorDaoUC/PropertyBag>
-#include <KorDaoUC/RunTimeError>
 
 #include <QtGui/QClipboard>
 #include <QtGui/QScreen>
@@ -67,13 +63,6 @@ private Q_SLOTS:
     void deletionWhileTheEditorIsOpenIsSafe();
     void deletionInsideAHandlerIsSafe_data();
     void deletionInsideAHandlerIsSafe();
-
-    void settingsAreWrittenInTheirOrder();
-    void settingsRoundTrip();
-    void defaultsAreStoredNowhere();
-    void storedFlagWinsOverTheLoadedText();
-    void everyLetReportsItsProperty();
-    void outOfRangeIsRefused();
 
 private:
     std::unique_ptr<Stage> m_stage;
@@ -649,99 +638,6 @@ void tst_KorMultiText::deletionInsideAHandlerIsSafe()
     }
     settle();
     QVERIFY(deletion.isDone());
-}
-
-// --- settings
-
-namespace {
-
-void setEverything(KorMultiText &text)
-{
-    text.setBackColor(0x00C0FFFF);
-    text.setForeColor(0x00800000);
-    text.setEnabled(false);
-    QFont font = text.Font();
-    font.setPointSize(15);
-    text.setFont(font);
-    text.setBorderStyle(BorderStyleType::None);
-    text.setAlignment(AlignmentType::Right_Justify);
-    text.setOpenDrection(OpenDirectionType::Up);
-    text.setEnabledClick(false);
-    text.setText(QStringLiteral("jeden\r\ndwa"));
-    text.setMaxLength(2000);
-    text.setOpenLines(12);
-    text.setDataChanged(true);
-}
-
-} // namespace
-
-void tst_KorMultiText::settingsAreWrittenInTheirOrder()
-{
-    setEverything(*m_text);
-    PropertyBag bag;
-    m_text->writeProperties(bag);
-    QCOMPARE(keysOf(bag).join(QLatin1Char(' ')),
-             QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Alignment OpenDrection EnabledClick "
-                            "Text MaxLength OpenLines DataChanged"));
-}
-
-void tst_KorMultiText::settingsRoundTrip()
-{
-    setEverything(*m_text);
-    PropertyBag bag;
-    m_text->writeProperties(bag);
-    KorMultiText loaded;
-    loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
-    loaded.readProperties(PropertyBag());
-    PropertyBag none;
-    loaded.writeProperties(none);
-    QVERIFY(none.isEmpty());
-}
-
-void tst_KorMultiText::defaultsAreStoredNowhere()
-{
-    PropertyBag bag;
-    m_text->writeProperties(bag);
-    QVERIFY(bag.isEmpty());
-    QCOMPARE(m_text->OpenLines(), 5);
-    QCOMPARE(m_text->OpenDrection(), OpenDirectionType::Down);
-    QVERIFY(m_text->EnabledClick());
-}
-
-void tst_KorMultiText::storedFlagWinsOverTheLoadedText()
-{
-    PropertyBag bag;
-    bag.append(QStringLiteral("DataChanged"), false);
-    bag.append(QStringLiteral("Text"), QStringLiteral("abc"));
-    m_text->readProperties(bag);
-    QVERIFY(!m_text->DataChanged());
-    bag.append(QStringLiteral("DataChanged"), true);
-    m_text->readProperties(bag);
-    QVERIFY(m_text->DataChanged());
-}
-
-void tst_KorMultiText::everyLetReportsItsProperty()
-{
-    QStringList changed;
-    connect(m_text, &UserControl::PropertyChanged, this, [&](const QString &name) { changed << name; });
-    setEverything(*m_text);
-    QCOMPARE(changed.join(QLatin1Char(' ')),
-             QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Alignment OpenDrection EnabledClick "
-                            "Text MaxLength OpenLines DataChanged"));
-}
-
-void tst_KorMultiText::outOfRangeIsRefused()
-{
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_text->setOpenDrection(static_cast<OpenDirectionType>(2)));
-    QCOMPARE(errorOf([&] { m_text->setOpenLines(-1); }), 380);
-    QCOMPARE(errorOf([&] { m_text->setOpenLines(32768); }), 6);
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_text->setAlignment(static_cast<AlignmentType>(3)));
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, m_text->setMaxLength(-1));
-    QCOMPARE(m_text->OpenDrection(), OpenDirectionType::Down);
-    QCOMPARE(m_text->OpenLines(), 5);
 }
 
 QTEST_MAIN(tst_KorMultiText)

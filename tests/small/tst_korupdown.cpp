@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/deletion.h"
 #include "support/eventlog.h"
-#include "support/settings.h"
 #include "support/stage.h"
 
 #include <KorDaoUC/KorUpDown>
@@ -57,14 +56,6 @@ private Q_SLOTS:
     void backStyleLetsTheFormShowThrough();
     void deletionInsideAHandlerIsSafe_data();
     void deletionInsideAHandlerIsSafe();
-
-    void settingsAreWrittenInTheirOrder();
-    void settingsRoundTrip();
-    void theRangeIsNotSaved();
-    void aStoredValueOutOfRangeIsIgnored();
-    void aStoredValueOfTheWrongKindIsAnError();
-    void aStoredTextStaysWhenTheValueAgrees();
-    void everyLetReportsItsProperty();
 
 private:
     std::unique_ptr<Stage> m_stage;
@@ -547,111 +538,6 @@ void tst_KorUpDown::deletionInsideAHandlerIsSafe()
     }
     settle();
     QVERIFY(deletion.isDone());
-}
-
-// --- settings
-
-namespace {
-
-void setEverything(KorUpDown &spin)
-{
-    spin.setBackColor(0x00C0FFFF);
-    spin.setForeColor(0x00800000);
-    spin.setEnabled(false);
-    QFont font = spin.Font();
-    font.setPointSize(15);
-    spin.setFont(font);
-    spin.setBackStyle(0);
-    spin.setBorderStyle(BorderStyleType::None);
-    spin.setMax(500);
-    spin.setValue(7);
-    spin.setMaxLength(4);
-    spin.setIncrement(5);
-}
-
-} // namespace
-
-void tst_KorUpDown::settingsAreWrittenInTheirOrder()
-{
-    setEverything(*m_spin);
-    PropertyBag bag;
-    m_spin->writeProperties(bag);
-    QCOMPARE(keysOf(bag).join(QLatin1Char(' ')),
-             QStringLiteral("BackColor ForeColor Enabled Font BackStyle BorderStyle Text Value MaxLength Increment"));
-    QCOMPARE(bag.ReadProperty(QStringLiteral("BackStyle")).typeId(), int(QMetaType::Short));
-    QCOMPARE(bag.ReadProperty(QStringLiteral("MaxLength")).typeId(), int(QMetaType::Int));
-}
-
-void tst_KorUpDown::settingsRoundTrip()
-{
-    setEverything(*m_spin);
-    PropertyBag bag;
-    m_spin->writeProperties(bag);
-    KorUpDown loaded;
-    QStringList order;
-    connect(&loaded, &UserControl::PropertyChanged, this, [&](const QString &name) { order << name; });
-    loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
-    QCOMPARE(order.join(QLatin1Char(' ')),
-             QStringLiteral(
-                 "BackColor ForeColor Enabled Enabled Font BackStyle BorderStyle Text Value Increment MaxLength"));
-}
-
-void tst_KorUpDown::theRangeIsNotSaved()
-{
-    m_spin->setMin(-3);
-    m_spin->setMax(500);
-    PropertyBag bag;
-    m_spin->writeProperties(bag);
-    QVERIFY(bag.isEmpty());
-}
-
-void tst_KorUpDown::aStoredValueOutOfRangeIsIgnored()
-{
-    PropertyBag bag;
-    bag.append(QStringLiteral("Text"), QStringLiteral("250"));
-    bag.append(QStringLiteral("Value"), 250);
-    m_spin->readProperties(bag);
-    QCOMPARE(m_spin->Text(), QStringLiteral("250"));
-    QCOMPARE(m_spin->Value(), 0);
-}
-
-void tst_KorUpDown::aStoredValueOfTheWrongKindIsAnError()
-{
-    PropertyBag bag;
-    bag.append(QStringLiteral("Value"), QStringLiteral("dużo"));
-    try {
-        m_spin->readProperties(bag);
-        QFAIL("no error");
-    } catch (const RunTimeError &error) {
-        QCOMPARE(error.number(), 13);
-    }
-}
-
-void tst_KorUpDown::aStoredTextStaysWhenTheValueAgrees()
-{
-    PropertyBag bag;
-    bag.append(QStringLiteral("Text"), QStringLiteral("007"));
-    bag.append(QStringLiteral("Value"), 7);
-    EventLog log(m_spin);
-    m_spin->readProperties(bag);
-    QCOMPARE(m_spin->Text(), QStringLiteral("007"));
-    QCOMPARE(m_spin->Value(), 7);
-    QCOMPARE(log.take(), QStringLiteral("Change"));
-}
-
-void tst_KorUpDown::everyLetReportsItsProperty()
-{
-    QStringList changed;
-    connect(m_spin, &UserControl::PropertyChanged, this, [&](const QString &name) { changed << name; });
-    setEverything(*m_spin);
-    m_spin->setMin(3);
-    m_spin->setText(QStringLiteral("4"));
-    QCOMPARE(changed.join(QLatin1Char(' ')),
-             QStringLiteral("BackColor ForeColor Enabled Font BackStyle BorderStyle Max Value MaxLength Increment Min "
-                            "Text"));
 }
 
 QTEST_MAIN(tst_KorUpDown)
