@@ -78,8 +78,6 @@ private Q_SLOTS:
     void screenReadersHearWhoseNameItIs();
     void wheelChangesNothingWithoutTheFocus_data() { controls(); }
     void wheelChangesNothingWithoutTheFocus();
-    void deletionInsideKeyDownIsSafe_data() { controls(); }
-    void deletionInsideKeyDownIsSafe();
     void aDisabledControlRaisesNothing_data() { controls(); }
     void aDisabledControlRaisesNothing();
 
@@ -501,18 +499,6 @@ void tst_Contract::wheelChangesNothingWithoutTheFocus()
     }
     QVERIFY(settingsOf(*m_control) == before);
     QCOMPARE(m_control->property("Value"), value);
-}
-
-void tst_Contract::deletionInsideKeyDownIsSafe()
-{
-    QVERIFY(m_stage->open());
-    m_control->setFocus();
-    settle();
-    const DeletionOn deletion(m_control, QStringLiteral("KeyDown"));
-    QVERIFY(deletion.isListening());
-    QTest::keyPress(QApplication::focusWidget(), Qt::Key_F9); // a key that no control takes for itself
-    settle();
-    QVERIFY(deletion.isDone());
 }
 
 void tst_Contract::aDisabledControlRaisesNothing()

@@ -62,10 +62,6 @@ private Q_SLOTS:
     void errorsTravelOutward_data();
     void errorsTravelOutward();
 
-    void deletionInsideKeyPressOfANumber();
-    void deletionByTheReleaseOfAKeyInTheOpenColourList();
-    void deletionByARightPress_data();
-    void deletionByARightPress();
     void aRightPressIsToldBeforeItsMenu();
     void aHostsHandlerOnTheBoxThatThrowsSilencesNothing();
 
@@ -263,45 +259,7 @@ void tst_Handlers::errorsTravelOutward()
     QCOMPARE(seen.join(QStringLiteral(", ")), heard);
 }
 
-// --- deletions in odd moments
-
-void tst_Handlers::deletionInsideKeyPressOfANumber()
-{
-    UserControl *number = create(QStringLiteral("KorNumber"));
-    const DeletionOn deletion(number, QStringLiteral("KeyPress"));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_5);
-    QVERIFY(deletion.isDone());
-}
-
-void tst_Handlers::deletionByTheReleaseOfAKeyInTheOpenColourList()
-{
-    UserControl *color = create(QStringLiteral("KorColor"));
-    color->findChild<QComboBox *>()->showPopup();
-    const DeletionOn deletion(color, QStringLiteral("KeyUp"));
-    QTest::keyClick(QApplication::activePopupWidget()->focusWidget(), Qt::Key_F9);
-    settle();
-    QVERIFY(deletion.isDone());
-}
-
-void tst_Handlers::deletionByARightPress_data()
-{
-    QTest::addColumn<QString>("name");
-    for (const char *name : {"KorNumber", "KorDate", "KorClick", "KorMultiText", "KorList", "KorListCheck"})
-        QTest::newRow(name) << QString::fromLatin1(name);
-    QTest::newRow("KorColor") << QStringLiteral("KorColor");
-}
-
-void tst_Handlers::deletionByARightPress()
-{
-    QFETCH(QString, name);
-    UserControl *control = create(name);
-    const DeletionOn deletion(control, QStringLiteral("MouseDown"));
-    QVERIFY(deletion.isListening());
-    // To the window, as the window system does it: the context menu comes right after the press.
-    QTest::mouseClick(m_stage->windowHandle(), Qt::RightButton, {}, control->geometry().topLeft() + QPoint(3, 12));
-    settle();
-    QVERIFY(deletion.isDone());
-}
+// --- menus and boxes
 
 void tst_Handlers::aRightPressIsToldBeforeItsMenu()
 {

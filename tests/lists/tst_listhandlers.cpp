@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "support/deletion.h"
 #include "support/eventlog.h"
 #include "support/stage.h"
 
@@ -59,8 +58,6 @@ private Q_SLOTS:
     void checksAreTheSameWhoeverListens_data();
     void checksAreTheSameWhoeverListens();
     void errorsOfHandlersLeaveTheListInOrder();
-    void deletionInsideAHandlerIsSafe_data();
-    void deletionInsideAHandlerIsSafe();
     void deletionWhileTheDatabaseReadsIsSafe();
 
 private:
@@ -335,34 +332,6 @@ void tst_ListHandlers::errorsOfHandlersLeaveTheListInOrder()
     m_checkList->Refresh();
     m_checkList->setSelected(true);
     QCOMPARE(log.take(), QStringLiteral("KeyDown(38,0) Click Refreshed ItemCheck(1)"));
-}
-
-void tst_ListHandlers::deletionInsideAHandlerIsSafe_data()
-{
-    QTest::addColumn<QString>("event");
-    for (const char *event :
-         {"Click", "DblClick", "KeyDown", "ItemCheck", "Refreshed", "MouseDown", "MouseMove", "MouseUp"})
-        QTest::newRow(event) << QString::fromLatin1(event);
-}
-
-void tst_ListHandlers::deletionInsideAHandlerIsSafe()
-{
-    QFETCH(QString, event);
-    QVERIFY(enter(m_checkList, abc));
-    const DeletionOn deletion(m_checkList, event);
-    QVERIFY(deletion.isListening());
-    const QPointer<QListView> box = m_checkBox;
-    const QPoint place = boxOf(box, 2);
-    for (const QEvent::Type type : {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseMove,
-                                    QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
-        if (box)
-            send(box, type, place);
-    }
-    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_F5}) {
-        if (box)
-            QTest::keyClick(box, key);
-    }
-    QVERIFY(deletion.isDone());
 }
 
 void tst_ListHandlers::deletionWhileTheDatabaseReadsIsSafe()
