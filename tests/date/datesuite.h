@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "support/stage.h"
+#include "support/fieldsuite.h"
 
 #include <KorDaoUC/Clock>
 #include <KorDaoUC/KorDate>
-#include <KorDaoUC/Locale>
 #include <KorDaoUC/Variant>
 
 #include <QtCore/QDate>
@@ -14,48 +13,32 @@
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCalendarWidget>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QTableView>
-
-#include <memory>
 
 namespace kor::test {
 
 //! What the suites of the date field begin each test with: a field on a window, in Poland, on a certain day of 2024.
-class DateSuite : public QObject
+class DateSuite : public FieldSuite<KorDate>
 {
 protected:
     static inline const QDate today{2024, 3, 5};
 
     void setUp()
     {
-        failOnWarnings();
-        Locale::setSystemDefault(Locale::polish());
         Clock::setSource([] { return today; });
-        m_owner = std::make_unique<Stage>();
-        m_stage = m_owner.get();
-        m_date = m_stage->place(new KorDate);
-        m_box = m_date->findChild<QLineEdit *>(QStringLiteral("txtDate"));
+        FieldSuite::setUp("txtDate");
         m_button = m_date->findChild<QAbstractButton *>(QStringLiteral("cmdDate"));
     }
-    void tearDown() { m_owner.reset(); }
 
     //! Gives the field a value, as if it had been loaded, and the keyboard.
     [[nodiscard]] bool enter(const QVariant &value = null())
     {
         m_date->setValue(value);
         m_date->setDataChanged(false);
-        if (!m_stage->open())
-            return false;
-        m_date->setFocus();
-        settle();
-        return QApplication::focusWidget() == m_box;
+        return FieldSuite::enter();
     }
 
-    std::unique_ptr<Stage> m_owner;
-    Stage *m_stage = nullptr;
-    KorDate *m_date = nullptr;
-    QLineEdit *m_box = nullptr;
+    QPointer<KorDate> &m_date = m_control;
     QAbstractButton *m_button = nullptr;
 };
 

@@ -575,7 +575,7 @@ void tst_KorDate::aWrongDateSendsTheUserBackWithAMessage()
     QVERIFY(enter(QDate(2003, 2, 1)));
     QTest::keyClicks(m_box, QStringLiteral("31.02.2001"));
     leave();
-    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
     QCOMPARE(messages.take(),
              QStringList{QStringLiteral("Błąd formatu daty: Błędna data. Wprowadź datę w formacie: dd.MM.rrrr")});
     QCOMPARE(field(m_box), QStringLiteral("[31.02.2001]")); // kept for correction
@@ -666,7 +666,7 @@ void tst_KorDate::twoWrongFieldsGiveOneMessage()
     second->setFocus();
     QTest::qWait(200);
     QCOMPARE(messages.take().size(), 1);
-    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
     QCOMPARE(second->Text(), QStringLiteral("88")); // never entered
 }
 
@@ -683,7 +683,7 @@ void tst_KorDate::whatIsComposedOnTheWayBackIsNotTyped()
     composed.setCommitString(QStringLiteral("1"));
     QApplication::sendEvent(secondBox, &composed);
     QCOMPARE(messages.take().size(), 1);
-    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
     QCOMPARE(second->Text(), QString());
 }
 
@@ -703,7 +703,7 @@ void tst_KorDate::anotherWindowIsNoLeaving()
         QCOMPARE(m_box->text(), QStringLiteral("99"));
     }
     m_stage->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_stage));
+    QVERIFY(QTest::qWaitForWindowActive(m_stage.get()));
     settle();
     QCOMPARE(field(m_box), QStringLiteral("99|"));
     QVERIFY(messages.take().isEmpty());
@@ -718,7 +718,7 @@ void tst_KorDate::nullStaysNullThroughTabbing()
     settle();
     m_stage->button()->setFocus();
     settle();
-    for (const KorDate *date : {m_date, second}) {
+    for (const KorDate *date : {m_date.data(), second}) {
         QVERIFY(isNull(date->Value()));
         QCOMPARE(date->Text(), QString());
         QVERIFY(!m_date->DataChanged());

@@ -119,7 +119,7 @@ void tst_KorDateCalendar::theButtonOpensAndBringsTheFocus()
     QVERIFY(isOpen());
     QCOMPARE(log.take(), QStringLiteral("Click"));
     press(Qt::Key_Escape);
-    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
 }
 
 void tst_KorDateCalendar::aSecondClickClosesWithoutClick()
@@ -182,7 +182,7 @@ void tst_KorDateCalendar::oneWindowIsReused()
     press(Qt::Key_F4);
     QCOMPARE(month(), first.data());
     QCOMPARE(m_date->findChildren<QWidget *>(QStringLiteral("frmMonth")).size(), 1);
-    QCOMPARE(month()->property("ParentControl").value<QObject *>(), m_box);
+    QCOMPARE(month()->property("ParentControl").value<QObject *>(), m_box.data());
     QCOMPARE(month()->property("viewMonth").value<QObject *>(), view());
 }
 
@@ -239,7 +239,7 @@ void tst_KorDateCalendar::aDisabledButtonSwallowsItsClicks()
 
 void tst_KorDateCalendar::nothingOpensAtDesignTime()
 {
-    UserControl::setUserMode(m_stage, false);
+    UserControl::setUserMode(m_stage.get(), false);
     QVERIFY(enter());
     m_button->click();
     press(Qt::Key_F4);
@@ -255,7 +255,7 @@ void tst_KorDateCalendar::aFieldLeftWithAWrongDateKeepsTheCalendarShut()
     QTest::mouseClick(second->findChild<QWidget *>(QStringLiteral("cmdDate")), Qt::LeftButton);
     settle();
     QCOMPARE(messages.take().size(), 1);
-    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
     QVERIFY(!QApplication::activePopupWidget());
 }
 
@@ -336,7 +336,7 @@ void tst_KorDateCalendar::acceptingKeysWriteAndClose()
     press(static_cast<Qt::Key>(key));
     QVERIFY(!isOpen());
     QCOMPARE(field(m_box), QStringLiteral("[05.03.2024]"));
-    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
     QCOMPARE(log.take(), QStringLiteral("Change"));
 }
 
@@ -359,7 +359,7 @@ void tst_KorDateCalendar::closingKeysWriteNothing()
     settle();
     QVERIFY(!isOpen());
     QCOMPARE(m_box->text(), QString());
-    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
     QCOMPARE(log.take(), QString());
     QVERIFY(!m_date->DataChanged());
 }

@@ -6,13 +6,10 @@
 #include <KorDaoUC/ControlRegistry>
 #include <KorDaoUC/ErrorHandler>
 #include <KorDaoUC/KorDate>
-#include <KorDaoUC/PropertyBag>
 #include <KorDaoUC/RunTimeError>
 #include <KorDaoUC/Variant>
 
 #include <QtTest/QtTest>
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 
@@ -45,12 +42,8 @@ private Q_SLOTS:
     void swallowedKeysAreNotOfferedToTheForm();
     void clicksComeInTheirOrder();
     void aDisabledFieldRaisesNothing();
-    void deletionInsideAHandlerIsSafe_data();
-    void deletionInsideAHandlerIsSafe();
     void deletionWhileLeavingIsSafe();
     void deletionWhileTheMessageIsUpIsSafe();
-    void deletionByAReportedLetIsSafe_data();
-    void deletionByAReportedLetIsSafe();
     void errorsOfHandlersAreRaisedAsTheErrorEvent();
 
     void everyMemberIsReachedByItsName();
@@ -268,115 +261,6 @@ void tst_KorDateEvents::aDisabledFieldRaisesNothing()
     QVERIFY(!QApplication::activePopupWidget());
 }
 
-void tst_KorDateEvents::deletionInsideAHandlerIsSafe_data()
-{
-    QTest::addColumn<QString>("event");
-    QTest::addColumn<QString>("cause");
-    const auto row = [](const char *event, const char *cause) {
-        QTest::addRow("%s by %s", event, cause) << QString::fromLatin1(event) << QString::fromLatin1(cause);
-    };
-    for (const char *cause :
-         {"key", "step", "step back", "today", "paste", "value", "text", "leaving", "loading", "init"})
-        row("Change", cause);
-    for (const char *event : {"KeyDown", "KeyPress", "KeyUp"})
-        row(event, "key");
-    row("KeyDown", "blocked arrow");
-    for (const char *event : {"MouseDown", "MouseMove", "MouseUp", "Click", "DblClick"})
-        row(event, "mouse");
-    for (const char *cause : {"button", "F4"})
-        row("Click", cause);
-    row("KeyDown", "F4");
-    for (const char *cause :
-         {"arrow in the calendar", "Enter in the calendar", "year in the calendar", "click in the calendar"})
-        row("Change", cause);
-}
-
-void tst_KorDateEvents::deletionInsideAHandlerIsSafe()
-{
-    QFETCH(QString, event);
-    QFETCH(QString, cause);
-    QVERIFY(enter(QDate(2003, 2, 1)));
-    const QPointer<KorDate> date = m_date;
-    const QPointer<QLineEdit> box = m_box;
-    if (cause.contains(u"calendar"))
-        QTest::keyClick(m_box, Qt::Key_F4);
-    const QMetaObject *type = m_date->metaObject();
-    const auto drop = [date] { delete date.data(); };
-    connect(m_date, &KorDate::Change, this, [=] { event == u"Change" ? drop() : void(); });
-    connect(m_date, &KorDate::Click, this, [=] { event == u"Click" ? drop() : void(); });
-    connect(m_date, &KorDate::DblClick, this, [=] { event == u"DblClick" ? drop() : void(); });
-    connect(m_date, &KorDate::KeyDown, this, [=] { event == u"KeyDown" ? drop() : void(); });
-    connect(m_date, &KorDate::KeyPress, this, [=] { event == u"KeyPress" ? drop() : void(); });
-    connect(m_date, &KorDate::KeyUp, this, [=] { event == u"KeyUp" ? drop() : void(); });
-    connect(m_date, &KorDate::MouseDown, this, [=] { event == u"MouseDown" ? drop() : void(); });
-    connect(m_date, &KorDate::MouseMove, this, [=] { event == u"MouseMove" ? drop() : void(); });
-    connect(m_date, &KorDate::MouseUp, this, [=] { event == u"MouseUp" ? drop() : void(); });
-    QVERIFY(type->indexOfSignal("Change()") >= 0);
-
-    const auto press = [&box](Qt::Key key) {
-        QTest::keyPress(box, key);
-        if (box)
-            QTest::keyRelease(box, key);
-    };
-    const auto inCalendar = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyPress(QApplication::activePopupWidget()->focusWidget(), key, modifiers);
-    };
-    if (cause == u"key")
-        press(Qt::Key_3);
-    else if (cause == u"step")
-        press(Qt::Key_Up);
-    else if (cause == u"step back")
-        press(Qt::Key_Down);
-    else if (cause == u"today")
-        press(Qt::Key_Insert);
-    else if (cause == u"paste")
-        QTest::keyPress(box, Qt::Key_X, Qt::ControlModifier);
-    else if (cause == u"blocked arrow") {
-        m_date->setBlockUpDown(true);
-        press(Qt::Key_Up);
-    } else if (cause == u"value")
-        m_date->setValue(null());
-    else if (cause == u"text")
-        m_date->setText(QStringLiteral("02.02.2003"));
-    else if (cause == u"loading")
-        m_date->readProperties(PropertyBag());
-    else if (cause == u"init")
-        m_date->initProperties();
-    else if (cause == u"leaving")
-        press(Qt::Key_Tab);
-    else if (cause == u"button")
-        m_date->findChild<QAbstractButton *>(QStringLiteral("cmdDate"))->click();
-    else if (cause == u"F4")
-        press(Qt::Key_F4);
-    else if (cause == u"arrow in the calendar")
-        inCalendar(Qt::Key_Right);
-    else if (cause == u"year in the calendar")
-        inCalendar(Qt::Key_PageUp, Qt::ControlModifier);
-    else if (cause == u"click in the calendar") {
-        auto *days = qobject_cast<QAbstractScrollArea *>(QApplication::activePopupWidget()->focusWidget());
-        QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, days->viewport()->rect().center());
-    } else if (cause == u"Enter in the calendar") {
-        m_box->setCursorPosition(0);
-        m_date->setFormatMask(QStringLiteral("yyyy"));
-        inCalendar(Qt::Key_Escape);
-        settle();
-        QTest::keyPress(box, Qt::Key_F4);
-        inCalendar(Qt::Key_Return);
-    } else {
-        for (const auto kind : {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
-                                QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
-            if (!box)
-                break;
-            const QPointF at(5, 5);
-            QMouseEvent mouse(kind, at, box->mapToGlobal(at), Qt::LeftButton,
-                              kind == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(box, &mouse);
-        }
-    }
-    settle();
-    QVERIFY(!date);
-}
-
 void tst_KorDateEvents::deletionWhileLeavingIsSafe()
 {
     // The second Change of an empty field is raised when the control as a whole is left.
@@ -408,24 +292,6 @@ void tst_KorDateEvents::deletionWhileTheMessageIsUpIsSafe()
     QTRY_VERIFY(!m_date);
     QTRY_VERIFY(!QApplication::activeModalWidget());
     QCOMPARE(messages.take().size(), 1);
-}
-
-void tst_KorDateEvents::deletionByAReportedLetIsSafe_data()
-{
-    QTest::addColumn<QString>("property");
-    for (const char *name : {"BorderStyle", "Text", "Value", "WhatsThisHelpID", "Locked", "CurrentDate", "BlockUpDown",
-                             "Appearance", "EnabledClick", "FormatMask", "ToolTipText"})
-        QTest::newRow(name) << QString::fromLatin1(name);
-}
-
-void tst_KorDateEvents::deletionByAReportedLetIsSafe()
-{
-    QFETCH(QString, property);
-    QVERIFY(m_stage->open());
-    const QPointer<KorDate> date = m_date;
-    connect(m_date, &UserControl::PropertyChanged, this, [date] { delete date.data(); });
-    m_date->setProperty(qPrintable(property), m_date->property(qPrintable(property)));
-    QVERIFY(!date);
 }
 
 void tst_KorDateEvents::errorsOfHandlersAreRaisedAsTheErrorEvent()
@@ -490,7 +356,7 @@ void tst_KorDateEvents::oneBorderIsDrawnAroundBoxAndButton()
     QVERIFY(!m_box->geometry().intersects(button->geometry()));
     QVERIFY(frame->rect().contains(m_box->geometry() | button->geometry()));
     QVERIFY(frame->rect() != (m_box->geometry() | button->geometry())); // the border is around them
-    QCOMPARE(m_date->focusProxy(), m_box);
+    QCOMPARE(m_date->focusProxy(), m_box.data());
 }
 
 void tst_KorDateEvents::borderChangesTheLayout()

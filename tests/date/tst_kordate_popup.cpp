@@ -105,7 +105,7 @@ void tst_KorDatePopup::theCalendarClosesWithItsField()
     m_date->setEnabled(true);
     m_date->show();
     QVERIFY(m_stage->open());
-    QTRY_COMPARE(QApplication::activeWindow(), m_stage);
+    QTRY_COMPARE(QApplication::activeWindow(), m_stage.get());
     m_date->setFocus();
     settle();
     press(Qt::Key_F4);
@@ -323,7 +323,7 @@ void tst_KorDatePopup::isNamedForScreenReaders()
 
 void tst_KorDatePopup::screenReadersGetNameValueAndState()
 {
-    auto *label = new QLabel(QStringLiteral("&Data dostawy"), m_stage);
+    auto *label = new QLabel(QStringLiteral("&Data dostawy"), m_stage.get());
     label->setBuddy(m_date);
     m_date->setToolTipText(QStringLiteral("Dzień, w którym towar jest u klienta"));
     QVERIFY(enter(QDate(2004, 2, 15)));

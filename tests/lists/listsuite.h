@@ -2,19 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/fieldsuite.h"
 #include "support/sqlitefile.h"
-#include "support/stage.h"
 
-#include <KorDaoUC/Locale>
 #include <KorDaoUC/SqlDatabase>
 
-#include <QtCore/QPointer>
 #include <QtGui/QMouseEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
-
-#include <memory>
 
 namespace kor::test {
 
@@ -30,19 +26,18 @@ inline void doubleClick(QWidget *surface, const QPoint &place)
 
 //! What the suites of the lists begin each test with: one list on a window, and a database to fill it from.
 template <class List>
-class ListSuite : public QObject
+class ListSuite : public FieldSuite<List, QListView>
 {
 protected:
-    void setUp(const QString &boxName)
+    using Suite = FieldSuite<List, QListView>;
+    using Suite::m_box;
+    using Suite::m_stage;
+
+    void setUp(const char *boxName)
     {
-        failOnWarnings();
-        Locale::setSystemDefault(Locale::polish());
-        m_stage = std::make_unique<Stage>();
-        m_list = m_stage->place(new List, 160, 100);
+        Suite::setUp(boxName, 160, 100);
         m_list->setdatabase(&m_database);
-        m_box = m_list->template findChild<QListView *>(boxName);
     }
-    void tearDown() { m_stage.reset(); }
 
     void load(const QString &source, bool canBeNull = false)
     {
@@ -54,11 +49,7 @@ protected:
     [[nodiscard]] bool enter(const QString &source)
     {
         load(source);
-        if (!m_stage->open())
-            return false;
-        m_list->setFocus();
-        settle();
-        return QApplication::focusWidget() == m_box;
+        return Suite::enter();
     }
     [[nodiscard]] QRect rect(int row) const { return m_box->visualRect(m_box->model()->index(row, 0)); }
     void press(int key, Qt::KeyboardModifiers modifiers = {}) const
@@ -68,9 +59,7 @@ protected:
 
     SqliteFile m_file;
     SqlDatabase m_database{m_file.connection()};
-    std::unique_ptr<Stage> m_stage;
-    QPointer<List> m_list;
-    QPointer<QListView> m_box;
+    QPointer<List> &m_list = Suite::m_control;
 };
 
 } // namespace kor::test

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
-#include "support/stage.h"
+#include "support/fieldsuite.h"
 
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/Locale>
@@ -21,11 +21,12 @@ const QString yesNo = QStringLiteral("LIST 1;Tak|0;Nie");
 } // namespace
 
 //! Entries and selection, by program.
-class tst_KorCombo : public QObject
+class tst_KorCombo : public FieldSuite<KorCombo, QComboBox>
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
+    void init() { setUp("cmbCombo"); }
+    void cleanup() { tearDown(); }
 
     void aFreshListIsEmptyAndNothingIsSelected();
     void addEntryWorksAtOnceAndSelectsNothing();
@@ -51,19 +52,8 @@ private:
     void load(const QString &source, bool canBeNull = false);
     [[nodiscard]] QStringList names() const;
 
-    std::unique_ptr<Stage> m_stage;
-    KorCombo *m_combo = nullptr;
-    QComboBox *m_box = nullptr;
+    QPointer<KorCombo> &m_combo = m_control;
 };
-
-void tst_KorCombo::init()
-{
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-    Locale::setSystemDefault(Locale::polish());
-    m_stage = std::make_unique<Stage>();
-    m_combo = m_stage->place(new KorCombo);
-    m_box = m_combo->findChild<QComboBox *>(QStringLiteral("cmbCombo"));
-}
 
 void tst_KorCombo::load(const QString &source, bool canBeNull)
 {

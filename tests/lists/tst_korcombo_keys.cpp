@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
-#include "support/stage.h"
+#include "support/fieldsuite.h"
 
 #include <KorDaoUC/ErrorHandler>
 #include <KorDaoUC/KorCombo>
@@ -19,12 +19,12 @@ using namespace kor;
 using namespace kor::test;
 
 //! What keyboard, mouse and wheel do to the closed field and to the open list.
-class tst_KorComboKeys : public QObject
+class tst_KorComboKeys : public FieldSuite<KorCombo, QComboBox>
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp("cmbCombo"); }
+    void cleanup() { tearDown(); }
 
     void arrowsRaiseKeyDownThenClick();
     void blockUpDownKeepsTheSelection_data();
@@ -61,8 +61,6 @@ private Q_SLOTS:
 
     void wheelMovesOnlyWithTheFocus();
     void handlersMayRefreshInsideAKey();
-    void deletionInsideAHandlerIsSafe_data();
-    void deletionInsideAHandlerIsSafe();
     void errorsOfHandlersAreRaisedAsTheErrorEvent();
 
 private:
@@ -76,32 +74,14 @@ private:
         QTest::keyClick(m_box->view(), key, modifiers);
     }
 
-    std::unique_ptr<Stage> m_stage;
-    QPointer<KorCombo> m_combo;
-    QPointer<QComboBox> m_box;
+    QPointer<KorCombo> &m_combo = m_control;
 };
-
-void tst_KorComboKeys::init()
-{
-    // The offscreen platform can't raise a pop-up and says so each time.
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
-    Locale::setSystemDefault(Locale::polish());
-    m_stage = std::make_unique<Stage>();
-    m_combo = m_stage->place(new KorCombo);
-    m_box = m_combo->findChild<QComboBox *>(QStringLiteral("cmbCombo"));
-}
-
-void tst_KorComboKeys::cleanup() { m_stage.reset(); }
 
 bool tst_KorComboKeys::enter(const QString &source)
 {
     m_combo->setSQL(source);
     m_combo->Refresh();
-    if (!m_stage->open())
-        return false;
-    m_combo->setFocus();
-    settle();
-    return QApplication::focusWidget() == m_box;
+    return FieldSuite::enter();
 }
 
 bool tst_KorComboKeys::drop()
@@ -568,61 +548,6 @@ void tst_KorComboKeys::handlersMayRefreshInsideAKey()
     press(Qt::Key_Down);
     QCOMPARE(m_combo->ListIndex(), 0);
     QCOMPARE(m_combo->ListCount(), 1);
-}
-
-void tst_KorComboKeys::deletionInsideAHandlerIsSafe_data()
-{
-    QTest::addColumn<QString>("action");
-    for (const char *action : {"KeyDown", "Click by an arrow", "Click by typing", "Click by Enter", "Click by Tab",
-                               "Click by mouse", "Click by wheel", "Refreshed by F5", "Refreshed by F5 in the list"})
-        QTest::newRow(action) << QString::fromLatin1(action);
-}
-
-void tst_KorComboKeys::deletionInsideAHandlerIsSafe()
-{
-    QFETCH(QString, action);
-    QVERIFY(enter(QStringLiteral("LIST 1;a|2;b|3;c")));
-    const auto destroy = [this] { delete m_combo.data(); };
-    if (action.startsWith(QStringLiteral("KeyDown")))
-        connect(m_combo, &KorCombo::KeyDown, this, destroy);
-    else if (action.startsWith(QStringLiteral("Click")))
-        connect(m_combo, &KorCombo::Click, this, destroy);
-    else
-        connect(m_combo, &KorCombo::Refreshed, this, destroy);
-
-    if (action == QStringLiteral("KeyDown") || action == QStringLiteral("Click by an arrow")) {
-        QTest::keyPress(m_box, Qt::Key_Down);
-    } else if (action == QStringLiteral("Click by typing")) {
-        QTest::keyPress(m_box, Qt::Key_C);
-    } else if (action == QStringLiteral("Click by wheel")) {
-        const QPointF middle = m_box->rect().center();
-        QWheelEvent wheel(middle, m_box->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(m_box, &wheel);
-    } else if (action == QStringLiteral("Refreshed by F5")) {
-        QTest::keyPress(m_box, Qt::Key_F5);
-    } else {
-        QVERIFY(drop());
-        QAbstractItemView *list = m_box->view();
-        list->setCurrentIndex(list->model()->index(1, 0));
-        if (action == QStringLiteral("Click by mouse")) {
-            // Through the window system, as a real click comes.
-            const QPoint second = list->visualRect(list->model()->index(1, 0)).center();
-            QWindow *window = list->window()->windowHandle();
-            const QPoint at = list->viewport()->mapTo(list->window(), second);
-            QTest::mousePress(window, Qt::LeftButton, {}, at);
-            QTest::mouseRelease(window, Qt::LeftButton, {}, at);
-            QTRY_VERIFY(!m_combo);
-        } else if (action == QStringLiteral("Click by Tab")) {
-            QTest::keyPress(list, Qt::Key_Tab);
-        } else if (action == QStringLiteral("Click by Enter")) {
-            QTest::keyPress(list, Qt::Key_Return);
-        } else {
-            QTest::keyPress(list, Qt::Key_F5);
-        }
-    }
-    QVERIFY(!m_combo);
-    settle();
 }
 
 void tst_KorComboKeys::errorsOfHandlersAreRaisedAsTheErrorEvent()

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
+#include "support/fieldsuite.h"
 #include "support/sqlitefile.h"
-#include "support/stage.h"
 
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/Locale>
@@ -24,13 +24,13 @@ const QString yesNo = QStringLiteral("LIST 1;Tak|0;Nie");
 } // namespace
 
 //! Filling from inline lists and from statements, on a real database file.
-class tst_KorComboRefresh : public QObject
+class tst_KorComboRefresh : public FieldSuite<KorCombo, QComboBox>
 {
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void cleanup();
+    void cleanup() { tearDown(); }
 
     void lowerCaseSourceIsAccepted();
     void trailingBarIsOptional();
@@ -60,8 +60,6 @@ private Q_SLOTS:
     void databaseMayEndBeforeTheControl();
     void databaseIsTakenByLateBinding();
     void handlersMayRefreshAndClear();
-    void deletionInsideAHandlerIsSafe_data();
-    void deletionInsideAHandlerIsSafe();
 
 private:
     void run(const char *statement);
@@ -70,9 +68,7 @@ private:
 
     SqliteFile m_file;
     std::unique_ptr<SqlDatabase> m_database;
-    std::unique_ptr<Stage> m_stage;
-    QPointer<KorCombo> m_combo;
-    QComboBox *m_box = nullptr;
+    QPointer<KorCombo> &m_combo = m_control;
 };
 
 void tst_KorComboRefresh::initTestCase()
@@ -87,16 +83,10 @@ void tst_KorComboRefresh::initTestCase()
 
 void tst_KorComboRefresh::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-    Locale::setSystemDefault(Locale::polish());
+    setUp("cmbCombo");
     m_database = std::make_unique<SqlDatabase>(m_file.connection());
-    m_stage = std::make_unique<Stage>();
-    m_combo = m_stage->place(new KorCombo);
     m_combo->setdatabase(m_database.get());
-    m_box = m_combo->findChild<QComboBox *>(QStringLiteral("cmbCombo"));
 }
-
-void tst_KorComboRefresh::cleanup() { m_stage.reset(); }
 
 void tst_KorComboRefresh::run(const char *statement)
 {
@@ -488,38 +478,6 @@ void tst_KorComboRefresh::handlersMayRefreshAndClear()
     m_combo->setText(QStringLiteral("Tak"));
     QVERIFY(!m_combo->HasValues());
     QCOMPARE(m_combo->ListIndex(), -1);
-}
-
-void tst_KorComboRefresh::deletionInsideAHandlerIsSafe_data()
-{
-    QTest::addColumn<QString>("action");
-    for (const char *action : {"ListIndex", "Value", "first Value", "Text", "Refresh", "Refreshed"})
-        QTest::newRow(action) << QString::fromLatin1(action);
-}
-
-void tst_KorComboRefresh::deletionInsideAHandlerIsSafe()
-{
-    QFETCH(QString, action);
-    load(yesNo);
-    m_combo->setListIndex(1);
-    const auto destroy = [this] { delete m_combo.data(); };
-    if (action == QStringLiteral("Refreshed"))
-        connect(m_combo, &KorCombo::Refreshed, this, destroy);
-    else
-        connect(m_combo, &KorCombo::Click, this, destroy);
-    if (action == QStringLiteral("ListIndex"))
-        m_combo->setListIndex(0);
-    else if (action == QStringLiteral("Value"))
-        m_combo->setValue(99);
-    else if (action == QStringLiteral("first Value"))
-        m_combo->setValue(1);
-    else if (action == QStringLiteral("Text"))
-        m_combo->setText(QStringLiteral("Tak"));
-    else if (action == QStringLiteral("Refresh"))
-        load(QStringLiteral("LIST 3;trzy"));
-    else
-        m_combo->Refresh();
-    QVERIFY(!m_combo);
 }
 
 QTEST_MAIN(tst_KorComboRefresh)

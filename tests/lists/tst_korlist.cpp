@@ -61,8 +61,6 @@ private Q_SLOTS:
     void disabledListRaisesNothing();
 
     void handlersMayRefreshAndClear();
-    void deletionInsideAHandlerIsSafe_data();
-    void deletionInsideAHandlerIsSafe();
     void entriesAddedWhileTheListIsSeenAreLaidOut();
     void manyEntriesAreReachedAtOnce();
 
@@ -71,7 +69,7 @@ private:
     [[nodiscard]] QStringList names() const;
 };
 
-void tst_KorList::init() { setUp(QStringLiteral("Lista")); }
+void tst_KorList::init() { setUp("Lista"); }
 void tst_KorList::cleanup() { tearDown(); }
 
 QStringList tst_KorList::names() const
@@ -575,50 +573,6 @@ void tst_KorList::handlersMayRefreshAndClear()
     connect(m_list, &KorList::KeyDown, m_list, [this] { load(QStringLiteral("LIST y;Y|x;X")); });
     press(Qt::Key_End);
     QCOMPARE(m_list->Text(), QStringLiteral("X"));
-}
-
-void tst_KorList::deletionInsideAHandlerIsSafe_data()
-{
-    QTest::addColumn<QByteArray>("event");
-    for (const char *event : {"Click()", "DblClick()", "KeyDown(int&,int&)", "MouseDown(int&,int&,float&,float&)",
-                              "MouseUp(int&,int&,float&,float&)", "Refreshed()"})
-        QTest::newRow(event) << QByteArray(event);
-}
-
-void tst_KorList::deletionInsideAHandlerIsSafe()
-{
-    QFETCH(QByteArray, event);
-    QVERIFY(enter(abc));
-    const QPointer<KorList> list = m_list;
-    // Late-bound, so that every event is treated alike: the first one of its kind deletes the control at once.
-    struct Deleter : QObject {
-        QPointer<KorList> target;
-        int qt_metacall(QMetaObject::Call call, int id, void **arguments) override
-        {
-            id = QObject::qt_metacall(call, id, arguments);
-            if (id >= 0 && call == QMetaObject::InvokeMetaMethod)
-                delete target.data();
-            return -1;
-        }
-    } deleter;
-    deleter.target = list;
-    const int signal = m_list->metaObject()->indexOfSignal(event);
-    QVERIFY(signal >= 0);
-    QMetaObject::connect(m_list, signal, &deleter, QObject::staticMetaObject.methodCount(), Qt::DirectConnection);
-    if (list)
-        press(Qt::Key_Down);
-    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
-                                    QEvent::MouseButtonRelease}) {
-        if (!list)
-            break;
-        const QPoint place = middleOf(2);
-        QMouseEvent mouse(type, place, m_box->viewport()->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
-                          Qt::NoModifier);
-        QApplication::sendEvent(m_box->viewport(), &mouse);
-    }
-    if (list)
-        press(Qt::Key_F5);
-    QVERIFY(!list);
 }
 
 void tst_KorList::entriesAddedWhileTheListIsSeenAreLaidOut()

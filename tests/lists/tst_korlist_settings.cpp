@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
+#include "support/fieldsuite.h"
 #include "support/runtimeerrors.h"
 #include "support/settings.h"
-#include "support/stage.h"
 
 #include <KorDaoUC/KorList>
 #include <KorDaoUC/Locale>
@@ -26,12 +26,12 @@ const QString abc = QStringLiteral("LIST a;Alfa|b;Beta|c;Celina");
 } // namespace
 
 //! What is saved, and how the list measures.
-class tst_KorListSettings : public QObject
+class tst_KorListSettings : public FieldSuite<KorList, QListView>
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp("Lista", 160, 100); }
+    void cleanup() { tearDown(); }
 
     void settingsAreWrittenInTheirOrder();
     void settingsRoundTrip();
@@ -51,31 +51,14 @@ private:
     [[nodiscard]] bool enter(const QString &source);
     [[nodiscard]] QStringList names() const;
 
-    std::unique_ptr<Stage> m_stage;
-    QPointer<KorList> m_list;
-    QPointer<QListView> m_box;
+    QPointer<KorList> &m_list = m_control;
 };
-
-void tst_KorListSettings::init()
-{
-    failOnWarnings();
-    Locale::setSystemDefault(Locale::polish());
-    m_stage = std::make_unique<Stage>();
-    m_list = m_stage->place(new KorList, 160, 100);
-    m_box = m_list->findChild<QListView *>(QStringLiteral("Lista"));
-}
-
-void tst_KorListSettings::cleanup() { m_stage.reset(); }
 
 bool tst_KorListSettings::enter(const QString &source)
 {
     m_list->setSQL(source);
     m_list->Refresh();
-    if (!m_stage->open())
-        return false;
-    m_list->setFocus();
-    settle();
-    return QApplication::focusWidget() == m_box;
+    return FieldSuite::enter();
 }
 
 QStringList tst_KorListSettings::names() const

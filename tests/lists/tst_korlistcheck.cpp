@@ -69,8 +69,6 @@ private Q_SLOTS:
 
     void handlersMayClearAndRefreshWhileChecking();
     void handlersSeeEachCheckAsItIsMade();
-    void deletionInsideItemCheckIsSafe_data();
-    void deletionInsideItemCheckIsSafe();
     void manyEntriesAreCheckedAtOnce();
 
 private:
@@ -79,7 +77,7 @@ private:
     void click(const QPoint &place) const { QTest::mouseClick(m_box->viewport(), Qt::LeftButton, {}, place); }
 };
 
-void tst_KorListCheck::init() { setUp(QStringLiteral("CheckList")); }
+void tst_KorListCheck::init() { setUp("CheckList"); }
 void tst_KorListCheck::cleanup() { tearDown(); }
 
 // --- sets
@@ -570,35 +568,6 @@ void tst_KorListCheck::handlersSeeEachCheckAsItIsMade()
     });
     m_list->setValueChecked(QStringLiteral("a;b;c;"));
     QCOMPARE(m_list->ValueChecked(), QStringLiteral("c;"));
-}
-
-void tst_KorListCheck::deletionInsideItemCheckIsSafe_data()
-{
-    QTest::addColumn<QString>("action");
-    for (const char *action : {"ValueChecked", "Selected", "Refresh", "Space", "click"})
-        QTest::newRow(action) << QString::fromLatin1(action);
-}
-
-void tst_KorListCheck::deletionInsideItemCheckIsSafe()
-{
-    QFETCH(QString, action);
-    QVERIFY(enter(abc));
-    m_list->setBlockClick(true);
-    if (action == QStringLiteral("Refresh"))
-        m_list->setValueChecked(QStringLiteral("a;b;"));
-    m_list->setBlockClick(false);
-    connect(m_list, &KorListCheck::ItemCheck, this, [this] { delete m_list.data(); });
-    if (action == QStringLiteral("ValueChecked"))
-        m_list->setValueChecked(QStringLiteral("a;b;"));
-    else if (action == QStringLiteral("Selected"))
-        m_list->setSelected(true);
-    else if (action == QStringLiteral("Refresh"))
-        m_list->Refresh();
-    else if (action == QStringLiteral("Space"))
-        QTest::keyClick(m_box, Qt::Key_Space);
-    else
-        click(boxOf(1));
-    QVERIFY(!m_list);
 }
 
 void tst_KorListCheck::manyEntriesAreCheckedAtOnce()

@@ -22,7 +22,7 @@ class tst_KorListCheckSettings : public ListSuite<KorListCheck>
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { setUp(QStringLiteral("CheckList")); }
+    void init() { setUp("CheckList"); }
     void cleanup() { tearDown(); }
 
     void settingsAreWrittenInTheirOrder();

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
-#include "support/stage.h"
+#include "support/fieldsuite.h"
 
 #include <KorDaoUC/ErrorHandler>
 #include <KorDaoUC/KorNumber>
@@ -24,11 +24,11 @@ using namespace kor;
 using namespace kor::test;
 
 //! The ways into the field and out of it that are not typing: all keep the rules of Ctrl+C, Ctrl+X and Ctrl+V.
-class tst_KorNumberClipboard : public QObject
+class tst_KorNumberClipboard : public FieldSuite<KorNumber>
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
+    void init() { setUp("txtNumber"); }
     void cleanup();
 
     void menuPastesOverTheWholeText();
@@ -62,32 +62,19 @@ private:
     [[nodiscard]] bool choose(const QString &word);
     void drop(const QString &text);
 
-    std::unique_ptr<Stage> m_stage;
-    QPointer<KorNumber> m_number;
-    QLineEdit *m_box = nullptr;
+    QPointer<KorNumber> &m_number = m_control;
 };
-
-void tst_KorNumberClipboard::init()
-{
-    failOnWarnings();
-    Locale::setSystemDefault(Locale::polish());
-    m_stage = std::make_unique<Stage>();
-    m_number = m_stage->place(new KorNumber);
-    m_box = m_number->findChild<QLineEdit *>(QStringLiteral("txtNumber"));
-}
 
 void tst_KorNumberClipboard::cleanup()
 {
-    m_stage.reset();
+    tearDown();
     QGuiApplication::clipboard()->clear();
 }
 
 bool tst_KorNumberClipboard::enter(const QString &state)
 {
-    if (!m_stage->open())
+    if (!FieldSuite::enter())
         return false;
-    m_number->setFocus();
-    settle();
     QTest::keyClicks(m_box, QString(state).remove(QLatin1Char('[')).remove(QLatin1Char(']')).remove(QLatin1Char('|')));
     setField(m_box, state);
     return QApplication::focusWidget() == m_box && field(m_box) == state;

@@ -1,15 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "support/deletion.h"
 #include "support/eventlog.h"
-#include "support/stage.h"
+#include "support/fieldsuite.h"
 
 #include <KorDaoUC/ErrorHandler>
 #include <KorDaoUC/KorNumber>
-#include <KorDaoUC/Locale>
-#include <KorDaoUC/PropertyBag>
 #include <KorDaoUC/RunTimeError>
-#include <KorDaoUC/Variant>
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
@@ -19,11 +15,12 @@ using namespace kor;
 using namespace kor::test;
 
 //! What the host of a numeric field hears and may change.
-class tst_KorNumberEvents : public QObject
+class tst_KorNumberEvents : public FieldSuite<KorNumber>
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
+    void init() { setUp("txtNumber"); }
+    void cleanup() { tearDown(); }
 
     void aDigitRaisesDownPressChangeUp();
     void arrowsRaiseKeyDownTwice_data();
@@ -39,37 +36,18 @@ private Q_SLOTS:
     void clicksComeInTheirOrder();
     void doubleClickComesInItsOrder();
     void mousePositionsAreTwips();
-    void deletionInsideAHandlerIsSafe_data();
-    void deletionInsideAHandlerIsSafe();
-    void deletionDuringALetIsSafe_data();
-    void deletionDuringALetIsSafe();
     void changeOfAClampedValueMayRaiseAnError();
     void errorsOfHandlersAreRaisedAsTheErrorEvent();
 
 private:
-    Stage *m_stage = nullptr;
-    KorNumber *m_number = nullptr;
-    QLineEdit *m_box = nullptr;
-    std::unique_ptr<Stage> m_owner;
+    QPointer<KorNumber> &m_number = m_control;
     bool enter(const QString &typed);
 };
 
-void tst_KorNumberEvents::init()
-{
-    failOnWarnings();
-    Locale::setSystemDefault(Locale::polish());
-    m_owner = std::make_unique<Stage>();
-    m_stage = m_owner.get();
-    m_number = m_stage->place(new KorNumber);
-    m_box = m_number->findChild<QLineEdit *>(QStringLiteral("txtNumber"));
-}
-
 bool tst_KorNumberEvents::enter(const QString &typed)
 {
-    if (!m_stage->open())
+    if (!FieldSuite::enter())
         return false;
-    m_number->setFocus();
-    settle();
     QTest::keyClicks(m_box, typed);
     return QApplication::focusWidget() == m_box;
 }
@@ -263,95 +241,6 @@ void tst_KorNumberEvents::mousePositionsAreTwips()
     QTest::mouseClick(m_box, Qt::LeftButton, {}, QPoint(10, 4));
     QCOMPARE(x, 10 * 1440.0F / static_cast<float>(m_box->logicalDpiX()));
     QCOMPARE(y, 4 * 1440.0F / static_cast<float>(m_box->logicalDpiY()));
-}
-
-void tst_KorNumberEvents::deletionInsideAHandlerIsSafe_data()
-{
-    QTest::addColumn<QString>("event");
-    for (const char *event : {"Change", "KeyDown", "KeyPress", "KeyUp", "MouseDown", "MouseUp", "Click", "DblClick"})
-        QTest::newRow(event) << QString::fromLatin1(event);
-}
-
-void tst_KorNumberEvents::deletionInsideAHandlerIsSafe()
-{
-    QFETCH(QString, event);
-    QVERIFY(enter(QStringLiteral("12")));
-    const QPointer<KorNumber> number = m_number;
-    const auto drop = [number] { delete number.data(); };
-    if (event == u"Change")
-        connect(m_number, &KorNumber::Change, this, drop);
-    else if (event == u"KeyDown")
-        connect(m_number, &KorNumber::KeyDown, this, drop);
-    else if (event == u"KeyPress")
-        connect(m_number, &KorNumber::KeyPress, this, drop);
-    else if (event == u"KeyUp")
-        connect(m_number, &KorNumber::KeyUp, this, drop);
-    else if (event == u"MouseDown")
-        connect(m_number, &KorNumber::MouseDown, this, drop);
-    else if (event == u"MouseUp")
-        connect(m_number, &KorNumber::MouseUp, this, drop);
-    else if (event == u"Click")
-        connect(m_number, &KorNumber::Click, this, drop);
-    else if (event == u"DblClick")
-        connect(m_number, &KorNumber::DblClick, this, drop);
-
-    const QPointer<QLineEdit> box = m_box;
-    if (event.startsWith(u"Key") || event == u"Change") {
-        QTest::keyPress(box, Qt::Key_3);
-        if (box)
-            QTest::keyRelease(box, Qt::Key_3);
-    } else {
-        // Sent one by one, as the window system does: the field may be gone after each.
-        const auto send = [&box](QEvent::Type type) {
-            if (!box)
-                return;
-            const QPointF at(5, 5);
-            QMouseEvent mouse(type, at, box->mapToGlobal(at), Qt::LeftButton,
-                              type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(box, &mouse);
-        };
-        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
-                                QEvent::MouseButtonRelease})
-            send(type);
-    }
-    settle();
-    QVERIFY(!number);
-}
-
-void tst_KorNumberEvents::deletionDuringALetIsSafe_data()
-{
-    QTest::addColumn<QString>("event");
-    QTest::addColumn<QString>("action");
-    for (const char *event : {"Change", "PropertyChanged"}) {
-        for (const char *action : {"Value", "clamped Value", "Null", "Text", "Text without a number", "loading"})
-            QTest::addRow("%s by %s", event, action) << QString::fromLatin1(event) << QString::fromLatin1(action);
-    }
-}
-
-void tst_KorNumberEvents::deletionDuringALetIsSafe()
-{
-    QFETCH(QString, event);
-    QFETCH(QString, action);
-    m_number->setValue(5);
-    m_number->setMaxValue(10);
-    m_number->setCheckRange(true);
-    const DeletionOn deletion(m_number, event);
-    QVERIFY(deletion.isListening());
-    PropertyBag bag;
-    bag.append(QStringLiteral("Text"), QStringLiteral("7,00"));
-    if (action == u"Value")
-        m_number->setValue(7);
-    else if (action == u"clamped Value")
-        m_number->setValue(70);
-    else if (action == u"Null")
-        m_number->setValue(null());
-    else if (action == u"Text")
-        m_number->setText(QStringLiteral("7"));
-    else if (action == u"Text without a number")
-        m_number->setText(QStringLiteral("abc"));
-    else
-        m_number->readProperties(bag);
-    QVERIFY(deletion.isDone());
 }
 
 void tst_KorNumberEvents::changeOfAClampedValueMayRaiseAnError()

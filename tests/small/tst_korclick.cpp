@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "support/deletion.h"
 #include "support/eventlog.h"
-#include "support/stage.h"
+#include "support/fieldsuite.h"
 
 #include <KorDaoUC/KorClick>
 #include <KorDaoUC/RunTimeError>
@@ -21,11 +20,12 @@ using namespace kor;
 using namespace kor::test;
 
 //! The click field, driven by keyboard and mouse.
-class tst_KorClick : public QObject
+class tst_KorClick : public FieldSuite<KorClick>
 {
     Q_OBJECT
 private Q_SLOTS:
     void init();
+    void cleanup() { tearDown(); }
 
     void textAndValueAreIndependent();
     void theButtonAsksTheHost();
@@ -60,36 +60,19 @@ private Q_SLOTS:
     void screenReadersHearWhatTheButtonDoes();
     void layoutFollowsSizeAndDirection();
     void layoutFollowsTheFormsFont();
-    void deletionInsideAHandlerIsSafe_data();
-    void deletionInsideAHandlerIsSafe();
 
 private:
-    std::unique_ptr<Stage> m_stage;
-    KorClick *m_click = nullptr;
-    QLineEdit *m_box = nullptr;
+    QPointer<KorClick> &m_click = m_control;
     QPushButton *m_button = nullptr;
-    bool enter();
     //! The keys that the form is offered, but for Shift, Ctrl and Alt themselves.
     const QList<int> *putOnAFormThatHears();
 };
 
 void tst_KorClick::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-    m_stage = std::make_unique<Stage>();
-    m_click = m_stage->place(new KorClick);
-    m_box = m_click->findChild<QLineEdit *>(QStringLiteral("txtClick"));
+    setUp("txtClick");
     m_button = m_click->findChild<QPushButton *>(QStringLiteral("cmdClick"));
     QVERIFY(m_click->findChild<QWidget *>(QStringLiteral("picBack")));
-}
-
-bool tst_KorClick::enter()
-{
-    if (!m_stage->open())
-        return false;
-    m_click->setFocus();
-    settle();
-    return QApplication::focusWidget() == m_box;
 }
 
 const QList<int> *tst_KorClick::putOnAFormThatHears()
@@ -108,7 +91,7 @@ const QList<int> *tst_KorClick::putOnAFormThatHears()
     };
     auto form = std::make_unique<Form>();
     const QList<int> *keys = &form->keys;
-    form->place(m_click);
+    form->place(m_click.data());
     m_stage = std::move(form);
     return keys;
 }
@@ -727,63 +710,6 @@ void tst_KorClick::layoutFollowsSizeAndDirection()
     m_stage->setLayoutDirection(Qt::RightToLeft);
     QCOMPARE(m_button->x(), 0);
     QCOMPARE(m_box->x(), m_button->width());
-}
-
-void tst_KorClick::deletionInsideAHandlerIsSafe_data()
-{
-    QTest::addColumn<QString>("event");
-    for (const char *event :
-         {"Change", "CmdLostFocus", "Click", "Click by key", "DblClick", "KeyDown", "KeyDown blocked", "KeyPress",
-          "KeyUp", "MouseDown", "MouseUp", "Change by Delete", "Change by Text"})
-        QTest::newRow(event) << QString::fromLatin1(event);
-}
-
-void tst_KorClick::deletionInsideAHandlerIsSafe()
-{
-    QFETCH(QString, event);
-    QVERIFY(enter());
-    setField(m_box, QStringLiteral("12|"));
-    m_click->setBlockUpDown(event.endsWith(QStringLiteral("blocked")));
-    m_click->setLocked(event.endsWith(QStringLiteral("Delete")));
-    const QPointer<QLineEdit> box = m_box;
-    const QPointer<QPushButton> button = m_button;
-    if (event == u"CmdLostFocus") {
-        m_button->setFocus();
-        settle();
-    }
-    const DeletionOn deletion(m_click, event.section(QLatin1Char(' '), 0, 0));
-    QVERIFY(deletion.isListening());
-
-    if (event == u"CmdLostFocus") {
-        m_stage->button()->setFocus();
-    } else if (event == u"Click") {
-        QTest::mousePress(button, Qt::LeftButton);
-        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(3, 3), button->mapToGlobal(QPointF(3, 3)),
-                            Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(button, &release);
-    } else if (event == u"Click by key") {
-        QTest::keyPress(box, Qt::Key_F4);
-    } else if (event == u"Change by Delete") {
-        QTest::keyPress(box, Qt::Key_Delete);
-    } else if (event == u"Change by Text") {
-        m_click->setText(QStringLiteral("inny"));
-    } else if (event == u"KeyDown blocked") {
-        QTest::keyPress(box, Qt::Key_Down);
-    } else if (event.startsWith(u"Key") || event == u"Change") {
-        QTest::keyPress(box, Qt::Key_3);
-        if (box)
-            QTest::keyRelease(box, Qt::Key_3);
-    } else {
-        for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
-            if (!box)
-                break;
-            const QPointF at(5, 5);
-            QMouseEvent mouse(kind, at, box->mapToGlobal(at), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-            QApplication::sendEvent(box, &mouse);
-        }
-    }
-    settle();
-    QVERIFY(deletion.isDone());
 }
 
 QTEST_MAIN(tst_KorClick)

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "support/deletion.h"
+#include "support/colordialog.h"
 #include "support/eventlog.h"
-#include "support/stage.h"
+#include "support/fieldsuite.h"
 
 #include <KorDaoUC/KorColor>
 #include <KorDaoUC/PropertyBag>
@@ -15,9 +15,6 @@
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QComboBox>
 
-#include <algorithm>
-#include <functional>
-#include <memory>
 #include <utility>
 
 using namespace kor;
@@ -25,57 +22,18 @@ using namespace kor::test;
 
 namespace {
 
-//! Types into the next colour dialog that opens, and remembers the colour it started from.
-class DialogUser : public QObject
-{
-public:
-    explicit DialogUser(std::function<void(QColorDialog &)> use) : m_use(std::move(use))
-    {
-        connect(&m_timer, &QTimer::timeout, this, [this] {
-            auto *dialog = qobject_cast<QColorDialog *>(QApplication::activeModalWidget());
-            if (!dialog || !dialog->isVisible() || m_isUsed)
-                return;
-            m_isUsed = true;
-            startedFrom = dialog->currentColor();
-            m_use(*dialog);
-        });
-        m_timer.start(10);
-    }
-    QColor startedFrom;
-    [[nodiscard]] bool isUsed() const { return m_isUsed; }
-
-private:
-    std::function<void(QColorDialog &)> m_use;
-    QTimer m_timer;
-    bool m_isUsed = false;
-};
-
-//! Chooses a colour by its name as a web page writes it.
-std::function<void(QColorDialog &)> choose(const char *name)
-{
-    return [name](QColorDialog &dialog) {
-        const auto edits = dialog.findChildren<QLineEdit *>();
-        const auto found = std::find_if(edits.cbegin(), edits.cend(), [](const QLineEdit *edit) {
-            return edit->text().startsWith(QLatin1Char('#'));
-        });
-        QLineEdit *edit = *found;
-        edit->selectAll();
-        QTest::keyClicks(edit, QString::fromLatin1(name));
-        QTest::keyClick(&dialog, Qt::Key_Return);
-    };
-}
-
 void cancel(QColorDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }
 
 } // namespace
 
 //! The colour field, its list and its dialog, driven by keyboard and mouse.
-class tst_KorColor : public QObject
+class tst_KorColor : public FieldSuite<KorColor, QComboBox>
 {
     Q_OBJECT
 private Q_SLOTS:
     static void initTestCase();
     void init();
+    void cleanup() { tearDown(); }
 
     void aFreshControlShowsBrightRed();
     void valueSelectsTheFirstEntryOfItsColor_data();
@@ -104,16 +62,11 @@ private Q_SLOTS:
     void patchesFollowTheFont();
     void aDisabledControlOpensNothing();
     void nothingOpensAtDesignTime();
-    void deletionInsideAHandlerIsSafe_data();
-    void deletionInsideAHandlerIsSafe();
     void deletionWhileTheDialogIsOpenIsSafe();
 
 private:
-    std::unique_ptr<Stage> m_stage;
-    KorColor *m_color = nullptr;
-    QComboBox *m_box = nullptr;
+    QPointer<KorColor> &m_color = m_control;
     QAbstractButton *m_button = nullptr;
-    [[nodiscard]] bool enter();
     [[nodiscard]] QWidget *part(const char *name) const
     {
         return m_color->findChild<QWidget *>(QString::fromLatin1(name));
@@ -128,20 +81,8 @@ void tst_KorColor::initTestCase() { QApplication::setAttribute(Qt::AA_DontUseNat
 
 void tst_KorColor::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin)")));
-    m_stage = std::make_unique<Stage>();
-    m_color = m_stage->place(new KorColor, 200);
-    m_box = m_color->findChild<QComboBox *>(QStringLiteral("cmbColor"));
+    setUp("cmbColor", 200);
     m_button = m_color->findChild<QAbstractButton *>(QStringLiteral("cmdColor"));
-}
-
-bool tst_KorColor::enter()
-{
-    if (!m_stage->open())
-        return false;
-    m_color->setFocus();
-    settle();
-    return QApplication::focusWidget() == m_box;
 }
 
 void tst_KorColor::aFreshControlShowsBrightRed()
@@ -358,7 +299,7 @@ void tst_KorColor::afterTheDialogTheListHasTheFocus()
     DialogUser user(choose("#0000ff"));
     QTest::mouseClick(m_button, Qt::LeftButton);
     m_stage->activateWindow();
-    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
 }
 
 void tst_KorColor::f6OpensTheDialogAndThenRaisesKeyDown()
@@ -543,58 +484,6 @@ void tst_KorColor::nothingOpensAtDesignTime()
     QTest::keyPress(m_box, Qt::Key_F6);
     QVERIFY(!user.isUsed());
     QCOMPARE(log.take(), QStringLiteral("KeyDown(117,0)"));
-}
-
-void tst_KorColor::deletionInsideAHandlerIsSafe_data()
-{
-    QTest::addColumn<QString>("event");
-    for (const char *event : {"Click by key", "Click by list", "Click by Value", "Click by other Value",
-                              "Click by dialog", "Click by F6", "KeyDown", "KeyPress", "KeyUp", "MouseDown", "MouseUp"})
-        QTest::newRow(event) << QString::fromLatin1(event);
-}
-
-void tst_KorColor::deletionInsideAHandlerIsSafe()
-{
-    QFETCH(QString, event);
-    QVERIFY(enter());
-    const QPointer<QComboBox> box = m_box;
-    const QPointer<KorColor> control = m_color;
-    const QString way = event.section(QLatin1Char(' '), 2);
-    if (way == u"list") {
-        m_box->showPopup();
-        settle();
-        QTest::keyClick(m_box->view(), Qt::Key_Up);
-    }
-    const DeletionOn deletion(m_color, event.section(QLatin1Char(' '), 0, 0));
-    QVERIFY(deletion.isListening());
-    DialogUser user(choose("#0000ff"));
-    if (way == u"key")
-        QTest::keyPress(box, Qt::Key_Up);
-    else if (way == u"list")
-        QTest::keyPress(box->view(), Qt::Key_Return);
-    else if (way == u"Value")
-        control->setValue(0);
-    else if (way == u"other Value")
-        control->setValue(0x112233);
-    else if (way == u"F6")
-        QTest::keyPress(box, Qt::Key_F6);
-    else if (way == u"dialog")
-        m_button->click();
-    else if (event.startsWith(u"Key")) {
-        QTest::keyPress(box, Qt::Key_Q);
-        if (box)
-            QTest::keyRelease(box, Qt::Key_Q);
-    } else {
-        for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            if (!control)
-                break;
-            QMouseEvent mouse(kind, QPointF(1, 1), control->mapToGlobal(QPointF(1, 1)), Qt::LeftButton, Qt::NoButton,
-                              Qt::NoModifier);
-            QApplication::sendEvent(control, &mouse);
-        }
-    }
-    settle();
-    QVERIFY(deletion.isDone());
 }
 
 void tst_KorColor::deletionWhileTheDialogIsOpenIsSafe()

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "support/deletion.h"
 #include "support/eventlog.h"
-#include "support/stage.h"
+#include "support/fieldsuite.h"
 
 #include <KorDaoUC/KorMultiText>
 
@@ -13,17 +12,16 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QPlainTextEdit>
 
-#include <memory>
-
 using namespace kor;
 using namespace kor::test;
 
 //! The multi-line text field and its pop-up editor, driven by keyboard and mouse.
-class tst_KorMultiText : public QObject
+class tst_KorMultiText : public FieldSuite<KorMultiText>
 {
     Q_OBJECT
 private Q_SLOTS:
     void init();
+    void cleanup() { tearDown(); }
 
     void theEditorIsCreatedAtTheFirstPress();
     void textCaretAndSelectionGoOverAndBack();
@@ -61,13 +59,9 @@ private Q_SLOTS:
     void editorFollowsColorsAndFont();
     void screenReadersHearWhatIsEdited();
     void deletionWhileTheEditorIsOpenIsSafe();
-    void deletionInsideAHandlerIsSafe_data();
-    void deletionInsideAHandlerIsSafe();
 
 private:
-    std::unique_ptr<Stage> m_stage;
-    KorMultiText *m_text = nullptr;
-    QLineEdit *m_box = nullptr;
+    QPointer<KorMultiText> &m_text = m_control;
     QAbstractButton *m_button = nullptr;
     [[nodiscard]] bool open();
     [[nodiscard]] QWidget *popup() const { return m_text->findChild<QWidget *>(QStringLiteral("frmText")); }
@@ -79,11 +73,7 @@ private:
 
 void tst_KorMultiText::init()
 {
-    // The offscreen platform says of every pop-up what it can't do.
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin)")));
-    m_stage = std::make_unique<Stage>();
-    m_text = m_stage->place(new KorMultiText);
-    m_box = m_text->findChild<QLineEdit *>(QStringLiteral("txtText"));
+    setUp("txtText");
     m_button = m_text->findChild<QAbstractButton *>(QStringLiteral("cmdClick"));
 }
 
@@ -102,7 +92,7 @@ void tst_KorMultiText::theEditorIsCreatedAtTheFirstPress()
     QVERIFY(!popup());
     QVERIFY(open());
     const QPointer<QWidget> first = popup();
-    QCOMPARE(first->property("ParentControl").value<QObject *>(), m_text);
+    QCOMPARE(first->property("ParentControl").value<QObject *>(), m_text.data());
     QTest::keyClick(editor(), Qt::Key_Escape);
     settle();
     QVERIFY(!first->isVisible());
@@ -152,7 +142,7 @@ void tst_KorMultiText::closingKeysGiveTheTextBack()
     QVERIFY(!popup()->isVisible());
     QCOMPARE(field(m_box), QStringLiteral("nowy|"));
     QCOMPARE(log.take(), QStringLiteral("Change"));
-    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("!"));
     QCOMPARE(m_text->Text(), QStringLiteral("nowy!"));
 }
@@ -165,7 +155,7 @@ void tst_KorMultiText::aClickOutsideActsLikeEscape()
     settle();
     QVERIFY(!popup()->isVisible());
     QCOMPARE(m_text->Text(), QStringLiteral("nowy"));
-    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
 }
 
 void tst_KorMultiText::aSecondClickOnTheButtonOnlyCloses()
@@ -176,7 +166,7 @@ void tst_KorMultiText::aSecondClickOnTheButtonOnlyCloses()
                       m_button->mapTo(m_stage.get(), m_button->rect().center()));
     settle();
     QVERIFY(!popup()->isVisible());
-    QTRY_COMPARE(QApplication::focusWidget(), m_box);
+    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
     QVERIFY(open());
 }
 
@@ -592,52 +582,6 @@ void tst_KorMultiText::deletionWhileTheEditorIsOpenIsSafe()
     QVERIFY(!QApplication::activePopupWidget());
     m_stage->button()->setFocus();
     QTRY_COMPARE(QApplication::focusWidget(), m_stage->button());
-}
-
-void tst_KorMultiText::deletionInsideAHandlerIsSafe_data()
-{
-    QTest::addColumn<QString>("event");
-    for (const char *event : {"Change by Tab", "Change by Escape", "Change by tab dropped", "Change by outside click",
-                              "Change by typing", "KeyDown", "KeyPress", "KeyUp", "MouseDown", "MouseUp", "DblClick"})
-        QTest::newRow(event) << QString::fromLatin1(event);
-}
-
-void tst_KorMultiText::deletionInsideAHandlerIsSafe()
-{
-    QFETCH(QString, event);
-    QVERIFY(open());
-    const QPointer<QLineEdit> box = m_box;
-    const QPointer<QPlainTextEdit> text = editor();
-    const QString way = event.section(QLatin1Char(' '), 2);
-    if (way.isEmpty() || way == u"typing") {
-        QTest::keyClick(text, Qt::Key_Escape);
-        settle();
-    } else {
-        editor()->insertPlainText(way == u"tab dropped" ? QStringLiteral("\t") : QStringLiteral("x"));
-    }
-    const DeletionOn deletion(m_text, event.section(QLatin1Char(' '), 0, 0));
-    QVERIFY(deletion.isListening());
-    if (way == u"Tab" || way == u"Escape" || way == u"tab dropped") {
-        QTest::keyPress(text, way == u"Tab" ? Qt::Key_Tab : Qt::Key_Escape);
-    } else if (way == u"outside click") {
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(-50, -90), QPointF(1, 1), Qt::LeftButton, Qt::LeftButton,
-                          Qt::NoModifier);
-        QApplication::sendEvent(popup(), &press);
-    } else if (event.startsWith(u"Key") || way == u"typing") {
-        QTest::keyPress(box, Qt::Key_3);
-        if (box)
-            QTest::keyRelease(box, Qt::Key_3);
-    } else {
-        for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
-            if (!box)
-                break;
-            const QPointF at(5, 5);
-            QMouseEvent mouse(kind, at, box->mapToGlobal(at), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-            QApplication::sendEvent(box, &mouse);
-        }
-    }
-    settle();
-    QVERIFY(deletion.isDone());
 }
 
 QTEST_MAIN(tst_KorMultiText)

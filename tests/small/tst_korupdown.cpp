@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "support/deletion.h"
 #include "support/eventlog.h"
-#include "support/stage.h"
+#include "support/fieldsuite.h"
 
 #include <KorDaoUC/KorUpDown>
 #include <KorDaoUC/PropertyBag>
@@ -14,17 +13,17 @@
 #include <QtWidgets/QDialog>
 
 #include <limits>
-#include <memory>
 
 using namespace kor;
 using namespace kor::test;
 
 //! The spin field, driven by keyboard and mouse.
-class tst_KorUpDown : public QObject
+class tst_KorUpDown : public FieldSuite<KorUpDown>
 {
     Q_OBJECT
 private Q_SLOTS:
     void init();
+    void cleanup() { tearDown(); }
 
     void aFreshFieldShowsText1();
     void valueBelowOneIsZero();
@@ -54,13 +53,9 @@ private Q_SLOTS:
     void keysAndClicksComeFromTheText();
     void mouseEventsComeFromTheSurface();
     void backStyleLetsTheFormShowThrough();
-    void deletionInsideAHandlerIsSafe_data();
-    void deletionInsideAHandlerIsSafe();
 
 private:
-    std::unique_ptr<Stage> m_stage;
-    KorUpDown *m_spin = nullptr;
-    QLineEdit *m_box = nullptr;
+    QPointer<KorUpDown> &m_spin = m_control;
     QAbstractButton *m_up = nullptr;
     QAbstractButton *m_down = nullptr;
     bool enter(const QString &typed = {});
@@ -71,10 +66,7 @@ private:
 
 void tst_KorUpDown::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-    m_stage = std::make_unique<Stage>();
-    m_spin = m_stage->place(new KorUpDown);
-    m_box = m_spin->findChild<QLineEdit *>(QStringLiteral("txtUpDown"));
+    setUp("txtUpDown");
     auto *arrows = m_spin->findChild<QWidget *>(QStringLiteral("cmdUpDown"));
     m_up = arrows->findChild<QAbstractButton *>(QStringLiteral("cmdUp"));
     m_down = arrows->findChild<QAbstractButton *>(QStringLiteral("cmdDown"));
@@ -82,10 +74,8 @@ void tst_KorUpDown::init()
 
 bool tst_KorUpDown::enter(const QString &typed)
 {
-    if (!m_stage->open())
+    if (!FieldSuite::enter())
         return false;
-    m_spin->setFocus();
-    settle();
     if (!typed.isEmpty()) {
         m_box->selectAll();
         QTest::keyClicks(m_box, typed);
@@ -487,57 +477,6 @@ void tst_KorUpDown::backStyleLetsTheFormShowThrough()
     QCOMPARE(inside(), QColor(Qt::yellow));
     m_spin->setBackStyle(1);
     QCOMPARE(inside(), QColor(Qt::green));
-}
-
-void tst_KorUpDown::deletionInsideAHandlerIsSafe_data()
-{
-    QTest::addColumn<QString>("event");
-    for (const char *event : {"Change", "Change by arrow", "Change by key", "Change by wheel", "Change on leaving",
-                              "Change by Value", "Click", "KeyDown", "KeyPress", "KeyUp", "MouseDown", "MouseUp"})
-        QTest::newRow(event) << QString::fromLatin1(event);
-}
-
-void tst_KorUpDown::deletionInsideAHandlerIsSafe()
-{
-    QFETCH(QString, event);
-    QVERIFY(enter());
-    const QPointer<QLineEdit> box = m_box;
-    const QPointer<KorUpDown> spin = m_spin;
-    if (event.endsWith(QStringLiteral("leaving")))
-        m_box->setText(QStringLiteral("99"));
-    const DeletionOn deletion(m_spin, event.section(QLatin1Char(' '), 0, 0));
-    QVERIFY(deletion.isListening());
-    const auto mouse = [](QWidget *target, QEvent::Type type) {
-        QMouseEvent sent(type, QPointF(2, 2), target->mapToGlobal(QPointF(2, 2)), Qt::LeftButton,
-                         type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(target, &sent);
-    };
-    if (event.endsWith(QStringLiteral("arrow"))) {
-        mouse(m_up, QEvent::MouseButtonPress);
-    } else if (event.endsWith(QStringLiteral("key"))) {
-        QTest::keyPress(box, Qt::Key_Up);
-    } else if (event.endsWith(QStringLiteral("wheel"))) {
-        QWheelEvent wheel({3, 3}, m_box->mapToGlobal(QPointF(3, 3)), {}, QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(m_spin, &wheel);
-    } else if (event.endsWith(QStringLiteral("leaving"))) {
-        leave();
-    } else if (event.endsWith(QStringLiteral("Value"))) {
-        m_spin->setValue(3);
-    } else if (event.startsWith(QStringLiteral("Mouse"))) {
-        mouse(spin, QEvent::MouseButtonPress);
-        if (spin)
-            mouse(spin, QEvent::MouseButtonRelease);
-    } else if (event == u"Click") {
-        mouse(box, QEvent::MouseButtonPress);
-        mouse(box, QEvent::MouseButtonRelease);
-    } else {
-        QTest::keyPress(box, Qt::Key_3);
-        if (box)
-            QTest::keyRelease(box, Qt::Key_3);
-    }
-    settle();
-    QVERIFY(deletion.isDone());
 }
 
 QTEST_MAIN(tst_KorUpDown)
