@@ -6,7 +6,6 @@
 
 #include <KorDaoUC/KorDate>
 #include <KorDaoUC/PropertyBag>
-#include <KorDaoUC/RunTimeError>
 #include <KorDaoUC/Variant>
 
 #include <QtTest/QtTest>
@@ -58,7 +57,6 @@ private Q_SLOTS:
     void nullIsSavedAndLoadedAsNull();
     void initPropertiesWritesTodayWithTheMaskHeldBefore();
     void everyLetReportsItsProperty();
-    void outOfRangeEnumerationsAreRefused();
 };
 
 void tst_KorDateSettings::aFreshFieldStoresTodayOnly()
@@ -210,21 +208,6 @@ void tst_KorDateSettings::everyLetReportsItsProperty()
     QCOMPARE(reported.join(QLatin1Char(' ')),
              QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Text WhatsThisHelpID Locked CurrentDate "
                             "BlockUpDown Appearance EnabledClick FormatMask ToolTipText Value"));
-}
-
-void tst_KorDateSettings::outOfRangeEnumerationsAreRefused()
-{
-    KorDate date;
-    for (const char *name : {"BorderStyle", "Appearance"}) {
-        const QVariant before = date.property(name);
-        try {
-            date.setProperty(name, 7);
-            QFAIL(name);
-        } catch (const RunTimeError &error) {
-            QCOMPARE(error.number(), 380);
-        }
-        QCOMPARE(date.property(name), before);
-    }
 }
 
 QTEST_MAIN(tst_KorDateSettings)
