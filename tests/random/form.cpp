@@ -25,9 +25,10 @@ void Place::remember()
     (void)handlers->take(QStringLiteral("Change"));
     text = control->property("Text").value<QString>();
     value = control->property("Value");
+    const bool wasLocked = isLocked;
     isLocked = control->metaObject()->indexOfProperty("Locked") >= 0 && control->property("Locked").value<bool>();
-    const bool isInside = control->focusProxy() && control->focusProxy()->hasFocus();
-    isEnteredLocked = isLocked && (isEnteredLocked || !isInside);
+    isTypedInto = isTypedInto || (!isLocked && control->focusProxy() && control->focusProxy()->hasFocus());
+    isEnteredLocked = isLocked && (wasLocked ? isEnteredLocked : !isTypedInto);
 }
 
 Form::Form() : m_panel(new QWidget(this))
@@ -62,7 +63,7 @@ void Form::fill(std::size_t place)
     here.control->setGeometry(index % columns * placeWidth + 10, index / columns * placeHeight + 5, placeWidth - 20,
                               placeHeight - 44);
     here.handlers = std::make_unique<Handlers>(here.control);
-    here.isLoose = false;
+    here.isLoose = here.isTypedInto = here.isLocked = false;
     if (here.control->metaObject()->indexOfMethod("setdatabase(QObject*)") >= 0)
         QMetaObject::invokeMethod(here.control, "setdatabase", Q_ARG(QObject *, &m_database));
     if (here.control->metaObject()->indexOfProperty("SQL") >= 0) {

@@ -22,6 +22,7 @@ struct Place {
     QString text;
     QVariant value;
     bool isLocked = false;
+    bool isTypedInto = false;
     bool isEnteredLocked = false; //!< and was so before the user came in: a lock that comes later holds what was typed
 
     void remember();
