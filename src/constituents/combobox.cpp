@@ -110,6 +110,17 @@ void ComboBox::keyPressEvent(QKeyEvent *event)
     });
 }
 
+// A field that is entered anew searches anew: the cells of a grid share one list, and a clerk types faster from cell to
+// cell than the toolkit forgets.
+void ComboBox::focusInEvent(QFocusEvent *event)
+{
+    if (m_searching.isValid() && event->reason() != Qt::PopupFocusReason) {
+        m_searching.invalidate();
+        view()->keyboardSearch(QString());
+    }
+    QComboBox::focusInEvent(event);
+}
+
 void ComboBox::actAs(QKeyEvent *event)
 {
     const int own = keyAscii(*event);

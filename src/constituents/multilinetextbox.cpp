@@ -108,7 +108,7 @@ void MultiLineTextBox::press(QKeyEvent *event)
     const KeyOffer key = raiseKeyDown(this, *event); // Enter and Escape are the editor's own, not the form's
     if (key.answer == KeyOffer::Answer::Swallow)
         return;
-    if (key.isOtherKey) {
+    if (key.answer == KeyOffer::Answer::ActAs) {
         actAs(key.code, key.shift, event);
     } else if (const int ascii = keyAscii(*event)) {
         offerCharacter(ascii, event);
@@ -123,6 +123,8 @@ void MultiLineTextBox::actAs(int code, int shift, QKeyEvent *event)
 {
     if (const char16_t character = plainCharacter(code, shift); character && !(shift & ~ShiftState::Shift)) {
         offerCharacter(character, event);
+    } else if (code == Key::Enter && shift == ShiftState::None) {
+        offerCharacter(Key::Enter, event);
     } else {
         QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift));
         editing([&] { QPlainTextEdit::keyPressEvent(&other); });

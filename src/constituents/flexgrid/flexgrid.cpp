@@ -5,6 +5,7 @@
 #include "constituents/errorguard.h"
 #include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
+#include "constituents/keyoffer.h"
 #include "constituents/mouse.h"
 #include "constituents/twips.h"
 
@@ -220,25 +221,17 @@ void FlexGrid::press(QKeyEvent *event)
 {
     const QPointer<FlexGrid> self = this;
     event->accept();
-    const int ownCode = keyCode(*event);
-    int code = ownCode;
-    int shift = shiftState(*event);
-    const bool isOther = [&] {
-        const int ownShift = shift;
-        if (code != Key::None)
-            Q_EMIT KeyDown(code, shift);
-        return code != ownCode || shift != ownShift;
-    }();
-    if (!self || (code == Key::None && ownCode != Key::None))
+    const KeyOffer key = offerKey(this, *event);
+    if (key.answer == KeyOffer::Answer::Swallow)
         return;
-    QKeyEvent other(QEvent::KeyPress, toolkitKey(code), modifiersOf(shift), plainText(code, shift));
-    int ascii = keyAscii(isOther ? other : *event);
+    QKeyEvent other(QEvent::KeyPress, toolkitKey(key.code), modifiersOf(key.shift), plainText(key.code, key.shift));
+    int ascii = keyAscii(key.answer == KeyOffer::Answer::ActAs ? other : *event);
     if (ascii != 0) {
         Q_EMIT KeyPress(ascii);
         if (!self || ascii == 0)
             return;
     }
-    actAs(event, code, shift);
+    actAs(event, key.code, key.shift);
 }
 
 void FlexGrid::actAs(QKeyEvent *event, int keyCode, int shiftState)
@@ -248,21 +241,21 @@ void FlexGrid::actAs(QKeyEvent *event, int keyCode, int shiftState)
         event->ignore(); // the form's: Enter, Escape, a menu's letter
         return;
     }
+    moveBy(*move, shiftState & ShiftState::Shift);
+}
+
+void FlexGrid::moveBy(CellMove move, bool extends)
+{
     const QPointer<FlexGrid> self = this;
     const MoveRoom room{rowSizes(), columnSizes(), wholeRows()};
-    if (moveByUser(moved(cursorCell(), *move, shiftState & ShiftState::Shift, room)) && self)
+    if (moveByUser(moved(cursorCell(), move, extends, room)) && self)
         makeVisible(RowSel(), ColSel());
 }
 
 void FlexGrid::keyReleaseEvent(QKeyEvent *event)
 {
     event->accept();
-    guarded(this, [&] {
-        int code = keyCode(*event);
-        int shift = shiftState(*event);
-        if (code != Key::None)
-            Q_EMIT KeyUp(code, shift);
-    });
+    guarded(this, [&] { raiseKeyUp(this, *event); });
 }
 
 // --- mouse

@@ -51,6 +51,8 @@ public:
     void setColSel(int column);
     //! Makes a cell the current one in one step. False when a handler did otherwise, or deleted the grid.
     bool setCurrentCell(int row, int column);
+    //! Moves as the user does with a key, and scrolls to where that leads.
+    void moveBy(CellMove move, bool extends = false);
 
     //! The row and column under the mouse at its last event, 0 for the titles, -1 for none.
     [[nodiscard]] int MouseRow() const { return m_mouse.row; }
