@@ -139,6 +139,19 @@ void multiText(QPainter &painter)
     lines(painter, faint, 1.2, {{{4.5, 8}, {13.5, 8}}, {{4.5, 10.5}, {13.5, 10.5}}, {{4.5, 13}, {9.5, 13}}});
 }
 
+void grid(QPainter &painter)
+{
+    box(painter, {0.5, 1.5, 15, 13});
+    painter.fillRect(QRectF(1, 2, 14, 3), QColor(0xdc, 0xe6, 0xf0));
+    painter.fillRect(QRectF(6, 9, 5, 3), accent);
+    lines(painter, edge, 1,
+          {{{1, 5.5}, {15, 5.5}},
+           {{1, 8.5}, {15, 8.5}},
+           {{1, 11.5}, {15, 11.5}},
+           {{5.5, 2}, {5.5, 14}},
+           {{10.5, 2}, {10.5, 14}}});
+}
+
 struct Picture {
     const char *control;
     void (*draw)(QPainter &);
@@ -148,6 +161,7 @@ constexpr std::array pictures{
     Picture{"KorNumber", number}, Picture{"KorDate", date},     Picture{"KorCombo", combo},
     Picture{"KorClick", click},   Picture{"KorList", list},     Picture{"KorListCheck", listCheck},
     Picture{"KorColor", color},   Picture{"KorUpDown", upDown}, Picture{"KorMultiText", multiText},
+    Picture{"KorGrid", grid},
 };
 
 QPixmap drawn(const Picture &picture, int side)

@@ -6,7 +6,7 @@
 
 namespace kor {
 
-std::optional<int> nextEditableInRow(GridCell from, GridExtent extent, Direction direction,
+std::optional<int> nextEditableInRow(CellAddress from, GridExtent extent, Direction direction,
                                      const EditableColumn &isEditable)
 {
     const int step = direction == Direction::Forward ? 1 : -1;
@@ -17,22 +17,22 @@ std::optional<int> nextEditableInRow(GridCell from, GridExtent extent, Direction
     return std::nullopt;
 }
 
-std::optional<GridCell> nextEditable(GridCell from, GridExtent extent, Direction direction,
-                                     const EditableColumn &isEditable)
+std::optional<CellAddress> nextEditable(CellAddress from, GridExtent extent, Direction direction,
+                                        const EditableColumn &isEditable)
 {
     if (const auto column = nextEditableInRow(from, extent, direction, isEditable))
-        return GridCell{from.row, *column};
+        return CellAddress{from.row, *column};
     const bool isForward = direction == Direction::Forward;
     const int row = from.row + (isForward ? 1 : -1);
     if (row < 1 || row >= extent.rows)
         return std::nullopt;
     const int outside = isForward ? 0 : extent.columns;
     if (const auto column = nextEditableInRow({row, outside}, extent, direction, isEditable))
-        return GridCell{row, *column};
+        return CellAddress{row, *column};
     return std::nullopt; // what can be edited is the same in every row
 }
 
-std::optional<int> columnOfFocusRequest(GridCell wanted, int columnCount)
+std::optional<int> columnOfFocusRequest(CellAddress wanted, int columnCount)
 {
     // Kept: the row is held against the count of columns; programs that ask for a row below stay in their column
     if (wanted.column > 0 && wanted.row < columnCount - 1)

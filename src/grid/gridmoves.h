@@ -2,25 +2,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "cells/placement.h"
+
 #include <functional>
 #include <optional>
 
 namespace kor {
-
-//! A cell by its row and column; data starts at 1.
-struct GridCell {
-    int row = 0;
-    int column = 0;
-
-    bool operator==(const GridCell &) const = default;
-};
 
 //! Rows and columns of a grid, titles included.
 struct GridExtent {
     int rows = 0;
     int columns = 0;
 
-    [[nodiscard]] bool hasDataCell(GridCell cell) const
+    [[nodiscard]] bool hasDataCell(CellAddress cell) const
     {
         return cell.row >= 1 && cell.row < rows && cell.column >= 1 && cell.column < columns;
     }
@@ -40,14 +34,14 @@ enum class Direction { Forward, Backward };
 using EditableColumn = std::function<bool(int column)>;
 
 //! The next cell that can be edited, row by row; none behind the last one or before the first one.
-[[nodiscard]] std::optional<GridCell> nextEditable(GridCell from, GridExtent extent, Direction direction,
-                                                   const EditableColumn &isEditable);
+[[nodiscard]] std::optional<CellAddress> nextEditable(CellAddress from, GridExtent extent, Direction direction,
+                                                      const EditableColumn &isEditable);
 //! The nearest column of the same row that can be edited; none beyond the last one.
-[[nodiscard]] std::optional<int> nextEditableInRow(GridCell from, GridExtent extent, Direction direction,
+[[nodiscard]] std::optional<int> nextEditableInRow(CellAddress from, GridExtent extent, Direction direction,
                                                    const EditableColumn &isEditable);
 
 //! The column that a request for the focus leads to; none where the current one stays.
-[[nodiscard]] std::optional<int> columnOfFocusRequest(GridCell wanted, int columnCount);
+[[nodiscard]] std::optional<int> columnOfFocusRequest(CellAddress wanted, int columnCount);
 
 //! The rows that a request to delete removes: none for a start outside the data, the start alone for an end before
 //! it, nothing beyond the last row.

@@ -5,6 +5,7 @@
 #include <KorDaoUC/korcolor.h>
 #include <KorDaoUC/korcombo.h>
 #include <KorDaoUC/kordate.h>
+#include <KorDaoUC/korgrid.h>
 #include <KorDaoUC/korlist.h>
 #include <KorDaoUC/korlistcheck.h>
 #include <KorDaoUC/kormultitext.h>
@@ -32,6 +33,7 @@ const bool controlsAdded = [] {
     add<KorColor>("KorColor");
     add<KorUpDown>("KorUpDown");
     add<KorMultiText>("KorMultiText");
+    add<KorGrid>("KorGrid");
     return true;
 }();
 

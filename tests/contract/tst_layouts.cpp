@@ -11,6 +11,7 @@
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
+#include <QtWidgets/QTableView>
 #include <QtWidgets/QVBoxLayout>
 
 using namespace kor;
@@ -32,6 +33,7 @@ private:
     void controls();
     [[nodiscard]] static QWidget *peerOf(const QString &name);
     [[nodiscard]] static bool isList(const QString &name) { return name.startsWith(QLatin1String("KorList")); }
+    [[nodiscard]] static bool isGrid(const QString &name) { return name == QLatin1String("KorGrid"); }
 };
 
 void tst_Layouts::controls()
@@ -45,6 +47,11 @@ QWidget *tst_Layouts::peerOf(const QString &name)
 {
     if (isList(name))
         return new QListView;
+    if (isGrid(name)) {
+        auto *view = new QTableView;
+        view->setFrameShape(QFrame::NoFrame);
+        return view;
+    }
     if (name == QLatin1String("KorCombo") || name == QLatin1String("KorColor"))
         return new QComboBox;
     return new QLineEdit;

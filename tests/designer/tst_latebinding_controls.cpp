@@ -141,6 +141,8 @@ private Q_SLOTS:
     void whatIsNoDatabaseChangesNothing_data() { lists(); }
     void whatIsNoDatabaseChangesNothing();
     void theSeparatorIsSetAtDesignTimeOnly();
+    void aGridIsFilledByName();
+    void allTwelveArgumentsOfAColumnArePassedByName();
 
     void aHandlerSwallowsAKey_data() { controls(); }
     void aHandlerSwallowsAKey();
@@ -160,6 +162,7 @@ public Q_SLOTS:
     }
     void onCharacter(int &ascii) { ascii = m_otherCharacter; }
     void onMouse(int &, int &, float &, float &) {}
+    void onRow(int &, int &, int &) {}
     void onError(int &number, QString &description, bool &handled)
     {
         m_errors << QStringLiteral("%1 %2").arg(number).arg(description);
@@ -284,7 +287,9 @@ void tst_LateBindingControls::aControlIsItsOwnClass()
 {
     QVERIFY(m_control);
     QCOMPARE(QString::fromLatin1(m_control->metaObject()->className()), m_surface.control);
-    QVERIFY(m_control->metaObject()->userProperty().hasNotifySignal());
+    const QMetaProperty user = m_control->metaObject()->userProperty();
+    QCOMPARE(QString::fromLatin1(user.name()), m_surface.userProperty);
+    QCOMPARE(user.hasNotifySignal(), user.isValid());
 }
 
 void tst_LateBindingControls::eventsAreDeclaredInTheirOrder()
@@ -306,10 +311,11 @@ void tst_LateBindingControls::eventsConnectByTheirSignature()
     QStringList refused;
     for (const QString &event : m_surface.events) {
         const QString arguments = argumentsOf(event, m_surface.control);
-        const char *slot = arguments.isEmpty()         ? SLOT(plain())
-                           : arguments == u"int&"      ? SLOT(onCharacter(int &))
-                           : arguments == u"int&,int&" ? SLOT(onKey(int &, int &))
-                                                       : SLOT(onMouse(int &, int &, float &, float &));
+        const char *slot = arguments.isEmpty()              ? SLOT(plain())
+                           : arguments == u"int&"           ? SLOT(onCharacter(int &))
+                           : arguments == u"int&,int&"      ? SLOT(onKey(int &, int &))
+                           : arguments == u"int&,int&,int&" ? SLOT(onRow(int &, int &, int &))
+                                                            : SLOT(onMouse(int &, int &, float &, float &));
         const QByteArray signal = QStringLiteral("2%1(%2)").arg(event, arguments).toLatin1();
         if (!connect(m_control, signal.constData(), this, slot))
             refused << event;
@@ -341,6 +347,13 @@ void tst_LateBindingControls::constituentsAreFoundByName_data()
     QTest::newRow("KorColor cmdColor")        << QStringLiteral("cmdColor")  << QByteArray("QAbstractButton")   << false;
     QTest::newRow("KorMultiText txtText")     << QStringLiteral("txtText")   << QByteArray("QLineEdit")         << true;
     QTest::newRow("KorMultiText cmdClick")    << QStringLiteral("cmdClick")  << QByteArray("QAbstractButton")   << false;
+    QTest::newRow("KorGrid grid")             << QStringLiteral("grid")      << QByteArray("QTableView")        << true;
+    QTest::newRow("KorGrid TxtBox")           << QStringLiteral("TxtBox")    << QByteArray("QLineEdit")         << false;
+    QTest::newRow("KorGrid TxtMBox")          << QStringLiteral("TxtMBox")   << QByteArray("QPlainTextEdit")    << false;
+    QTest::newRow("KorGrid KorNum")           << QStringLiteral("KorNum")    << QByteArray("KorNumber")         << false;
+    QTest::newRow("KorGrid KorDate")          << QStringLiteral("KorDate")   << QByteArray("KorDate")           << false;
+    QTest::newRow("KorGrid KorCmb")           << QStringLiteral("KorCmb")    << QByteArray("KorCombo")          << false;
+    QTest::newRow("KorGrid KorClick")         << QStringLiteral("KorClick")  << QByteArray("KorClick")          << false;
     // clang-format on
 }
 
@@ -394,7 +407,9 @@ void tst_LateBindingControls::numbersComeInEveryType()
     const QVariantList ones{short(1), 1, 1U, 1LL, 1ULL, 1.0, 1.0F, QStringLiteral("1"), QByteArray("1"), true};
     for (const QMetaProperty &property : properties()) {
         const bool isNumber = property.metaType().id() == QMetaType::Int || property.isEnumType();
-        if (!isNumber || !property.isWritable() || property.name() == QByteArray("ListIndex"))
+        // There is no entry yet, and no cell once a grid has one row and one column.
+        const bool isPlace = QByteArrayList{"ListIndex", "Row", "Col"}.contains(property.name());
+        if (!isNumber || !property.isWritable() || isPlace)
             continue;
         for (const QVariant &one : ones) {
             QVERIFY2(m_control->setProperty(property.name(), one), property.name());
@@ -477,7 +492,8 @@ void tst_LateBindingControls::settingsTravelInABag()
 
     QVERIFY(QMetaObject::invokeMethod(loaded, "initProperties"));
     Bag().readInto(loaded);
-    QCOMPARE(loaded->property("BackColor").toUInt(), 0x80000005U);
+    const bool isPanel = m_surface.control == QLatin1String("KorGrid");
+    QCOMPARE(loaded->property("BackColor").toUInt(), isPanel ? 0x8000000FU : 0x80000005U);
 }
 
 void tst_LateBindingControls::settingsOfTheWrongKindAreRefused()
@@ -577,6 +593,96 @@ void tst_LateBindingControls::theSeparatorIsSetAtDesignTimeOnly()
     m_form->setProperty("UserMode", false);
     QVERIFY(m_control->setProperty("Separator", QStringLiteral(",")));
     QCOMPARE(m_control->property("Separator"), QVariant(QStringLiteral(",")));
+}
+
+// --- grid
+
+void tst_LateBindingControls::aGridIsFilledByName()
+{
+    m_control = create(QStringLiteral("KorGrid"), m_form.get());
+    QVERIFY(m_control);
+    int number = 0;
+    const auto add = [&](const char *type, const char *title) {
+        return QMetaObject::invokeMethod(m_control, "AddColumn", Q_RETURN_ARG(int, number),
+                                         Q_ARG(QString, QString::fromLatin1(type)),
+                                         Q_ARG(QString, QString::fromLatin1(title)), Q_ARG(int, 1200), Q_ARG(int, 0));
+    };
+    QVERIFY(add("TEXT", "Towar"));
+    QCOMPARE(number, 1);
+    QVERIFY(add("NUMBER", "Cena"));
+    QCOMPARE(number, 2);
+    QVERIFY(QMetaObject::invokeMethod(m_control, "AddRow"));
+    QVERIFY(QMetaObject::invokeMethod(m_control, "AddRow", Q_ARG(int, 5)));
+    QCOMPARE(m_control->property("Rows"), QVariant(6));
+    const auto write = [&](int row, int column, const QString &text) {
+        return QMetaObject::invokeMethod(m_control, "setTextMatrix", Q_ARG(int, row), Q_ARG(int, column),
+                                         Q_ARG(QString, text));
+    };
+    const auto text = [&](int row, int column) {
+        QString result;
+        QMetaObject::invokeMethod(m_control, "TextMatrix", Q_RETURN_ARG(QString, result), Q_ARG(int, row),
+                                  Q_ARG(int, column));
+        return result;
+    };
+    QVERIFY(write(1, 1, QStringLiteral("deska")));
+    QCOMPARE(text(1, 1), QStringLiteral("deska"));
+    QCOMPARE(text(0, 2), QStringLiteral("Cena"));
+    QVERIFY(QMetaObject::invokeMethod(m_control, "setTextControl", Q_ARG(int, 0), Q_ARG(int, 2),
+                                      Q_ARG(QString, QStringLiteral("Netto"))));
+    QCOMPARE(text(0, 2), QStringLiteral("Netto"));
+    QVERIFY(QMetaObject::invokeMethod(m_control, "setValue", Q_ARG(int, 1), Q_ARG(int, 2), Q_ARG(QVariant, 3)));
+    QVariant value;
+    QVERIFY(QMetaObject::invokeMethod(m_control, "Value", Q_RETURN_ARG(QVariant, value), Q_ARG(int, 1), Q_ARG(int, 2)));
+    QCOMPARE(value, QVariant(3.0));
+    float sum = 0;
+    QVERIFY(QMetaObject::invokeMethod(m_control, "SumColumn", Q_RETURN_ARG(float, sum), Q_ARG(int, 2)));
+    QCOMPARE(sum, 3.0F);
+    QVERIFY(QMetaObject::invokeMethod(m_control, "MaxColumn", Q_RETURN_ARG(float, sum), Q_ARG(int, 2)));
+    QCOMPARE(sum, 3.0F);
+    QVERIFY(focused());
+    bool isOpen = false;
+    QVERIFY(
+        QMetaObject::invokeMethod(m_control, "SetFocusCell", Q_RETURN_ARG(bool, isOpen), Q_ARG(int, 1), Q_ARG(int, 1)));
+    QVERIFY(isOpen);
+    QVERIFY(m_control->findChild<QLineEdit *>(QStringLiteral("TxtBox"))->isVisible());
+    QVERIFY(QMetaObject::invokeMethod(m_control, "DelRow", Q_ARG(int, 2)));
+    QVERIFY(QMetaObject::invokeMethod(m_control, "DelRow", Q_ARG(int, 2), Q_ARG(int, 3)));
+    QCOMPARE(m_control->property("Rows"), QVariant(3));
+    QVERIFY(QMetaObject::invokeMethod(m_control, "setdatabase", Q_ARG(QString, QStringLiteral("shop"))));
+    QVERIFY(QMetaObject::invokeMethod(m_control, "CmbRefresh"));
+    QCOMPARE(errorOf([&] { (void)text(9, 1); }), 381);
+}
+
+// The toolkit's invokeMethod() takes ten arguments; a column has twelve.
+void tst_LateBindingControls::allTwelveArgumentsOfAColumnArePassedByName()
+{
+    m_control = create(QStringLiteral("KorGrid"), m_form.get());
+    const int method = m_control->metaObject()->indexOfMethod(
+        "AddColumn(QString,QString,int,int,bool,QString,int,int,QString,QString,int,bool)");
+    QVERIFY(method >= 0);
+    int number = 0;
+    QString type = QStringLiteral("NUMBER");
+    QString title = QStringLiteral("Cena");
+    int width = 1200;
+    int align = 1;
+    bool isLocked = false;
+    QString format = QStringLiteral("0.0");
+    int color = 0;
+    int length = 0;
+    QString sql;
+    QString dictionary;
+    int valueColumn = 2;
+    bool wraps = false;
+    void *arguments[] = {&number, &type,   &title, &width,      &align,       &isLocked, &format,
+                         &color,  &length, &sql,   &dictionary, &valueColumn, &wraps};
+    QMetaObject::metacall(m_control, QMetaObject::InvokeMetaMethod, method, arguments);
+    QCOMPARE(number, 1);
+    m_control->setProperty("Cols", 3);
+    QVERIFY(QMetaObject::invokeMethod(m_control, "setValue", Q_ARG(int, 1), Q_ARG(int, 1), Q_ARG(QVariant, 2.75)));
+    QString raw;
+    QVERIFY(
+        QMetaObject::invokeMethod(m_control, "TextMatrix", Q_RETURN_ARG(QString, raw), Q_ARG(int, 1), Q_ARG(int, 2)));
+    QCOMPARE(raw.size(), 4); // two, separator, seven, five
 }
 
 // --- keys

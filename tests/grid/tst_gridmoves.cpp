@@ -14,7 +14,7 @@ EditableColumn columnsOf(const QString &pattern)
     return [pattern](int column) { return pattern.at(column - 1) != u'-'; };
 }
 
-QString said(const std::optional<GridCell> &cell)
+QString said(const std::optional<CellAddress> &cell)
 {
     return cell ? QStringLiteral("%1,%2").arg(cell->row).arg(cell->column) : QStringLiteral("none");
 }
@@ -71,9 +71,9 @@ void tst_GridMoves::goingForwardMeetsEveryCellOnce()
 {
     const QString columns = QStringLiteral("-b-de-");
     const GridExtent extent{6, 7};
-    std::optional<GridCell> cell = GridCell{1, 0};
+    std::optional<CellAddress> cell = CellAddress{1, 0};
     QStringList forward;
-    GridCell last;
+    CellAddress last;
     while ((cell = nextEditable(*cell, extent, Direction::Forward, columnsOf(columns)))) {
         forward << said(cell);
         last = *cell;

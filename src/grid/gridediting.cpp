@@ -1,0 +1,359 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "grid/gridediting.h"
+
+#include "cells/celleditors.h"
+#include "constituents/errorguard.h"
+#include "constituents/flexgrid/flexgrid.h"
+#include "constituents/keycodes.h"
+#include "constituents/multilinetextbox.h"
+#include "constituents/textbox.h"
+#include "constituents/twips.h"
+#include "grid/gridkeys.h"
+#include "grid/gridmoves.h"
+
+#include <KorDaoUC/convert.h>
+#include <KorDaoUC/korclick.h>
+#include <KorDaoUC/korcombo.h>
+#include <KorDaoUC/kordate.h>
+#include <KorDaoUC/kornumber.h>
+#include <KorDaoUC/variant.h>
+
+#include <QtGui/QInputMethodEvent>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+
+#include <utility>
+
+namespace kor {
+
+namespace {
+
+GridExtent extentOf(const FlexGrid &grid) { return {grid.Rows(), grid.Cols()}; }
+
+} // namespace
+
+GridEditing::GridEditing(FlexGrid *grid, const GridColumns &columns, GridEditingHost &host)
+    : m_grid(grid),
+      m_columns(columns),
+      m_host(host),
+      m_session(grid),
+      m_textEditor(add<TextCellEditor, TextBox>("TxtBox")),
+      m_multiLineEditor(add<MultiLineCellEditor, MultiLineTextBox>("TxtMBox")),
+      m_numberEditor(add<NumberCellEditor, KorNumber>("KorNum")),
+      m_clickEditor(add<ClickCellEditor, KorClick>("KorClick")),
+      m_comboEditor(add<ComboCellEditor, KorCombo>("KorCmb")),
+      m_dateEditor(add<DateCellEditor, KorDate>("KorDate"))
+{
+    m_combo = static_cast<KorCombo *>(m_comboEditor->control());
+    m_combo->setBlockUpDown(true); // plain arrows are the grid's
+    static_cast<KorDate *>(m_dateEditor->control())->setBlockUpDown(true);
+    static_cast<KorClick *>(m_clickEditor->control())->setBlockUpDown(true);
+    connect(&m_session, &CellSession::Edited, this, &GridEditing::copyBack);
+    connect(&m_session, &CellSession::KeyDown, this, &GridEditing::keyDown);
+    connect(&m_session, &CellSession::ChooserAsked, this, [this] { m_host.chooserAsked(); });
+    connect(grid, &CellView::cellsMoved, this, &GridEditing::follow);
+    grid->installEventFilter(this);
+}
+
+template <class Editor, class Control>
+CellEditor *GridEditing::add(const char *name)
+{
+    auto *control = new Control(m_grid->viewport());
+    control->setObjectName(QString::fromLatin1(name));
+    auto *editor = new Editor(control);
+    m_session.add(editor);
+    return editor;
+}
+
+QString GridEditing::dictionary() const { return m_session.editor() == m_comboEditor ? m_combo->Slownik() : QString(); }
+
+// --- opening
+
+CellEditor *GridEditing::editorOf(const GridColumn *column, ColumnType type) const
+{
+    switch (type) {
+    case ColumnType::Number: return m_numberEditor;
+    case ColumnType::Click: return m_clickEditor;
+    case ColumnType::Combo: return m_comboEditor;
+    case ColumnType::Date: return m_dateEditor;
+    case ColumnType::Text: break;
+    }
+    return column && column->isWrapped ? m_multiLineEditor : m_textEditor;
+}
+
+CellSetup GridEditing::setupOf(const GridColumn &column, ColumnType type)
+{
+    CellSetup setup;
+    switch (type) {
+    case ColumnType::Text: setup.maxLength = column.maxLength; break;
+    case ColumnType::Number: setup.mask = column.format; break;
+    case ColumnType::Combo: setup.list = CellList{column.source, column.dictionary, std::nullopt}; break;
+    case ColumnType::Click:
+    case ColumnType::Date: break;
+    }
+    return setup;
+}
+
+// Rows shown in part count, so the count goes one beyond them.
+int GridEditing::visibleRows() const { return m_grid->shownRowsEnd() - m_grid->TopRow() + 1; }
+
+bool GridEditing::isInSight(CellAddress cell) const
+{
+    return cell.row > 0 && cell.column > 0 && m_grid->RowIsVisible(cell.row) && m_grid->ColIsVisible(cell.column) &&
+           cell.row < m_grid->TopRow() + visibleRows() - 1;
+}
+
+std::optional<EditorBox> GridEditing::placeOf(CellAddress cell) const
+{
+    // The toolkit's own idea of a cell leaves the lines out, so that they show around the editor.
+    const QRect rect = m_grid->visualRect(m_grid->model()->index(cell.row - 1, cell.column - 1));
+    const QPoint corner = m_grid->viewport()->mapTo(m_grid, rect.topLeft());
+    const CellBox box{toTwipsX(m_grid, corner.x()).rounded(), toTwipsY(m_grid, corner.y()).rounded(),
+                      toTwipsX(m_grid, rect.width()).rounded(), toTwipsY(m_grid, rect.height()).rounded()};
+    const SurfacePlace surface{static_cast<float>(toTwipsX(m_grid, m_grid->x()).count()),
+                               static_cast<float>(toTwipsY(m_grid, m_grid->y()).count())};
+    const bool isOfDate = static_cast<ColumnType>(m_grid->ColData(cell.column)) == ColumnType::Date;
+    return placeInside(box, surface, {isOfDate, m_grid->RowHeightMin()});
+}
+
+bool GridEditing::open(CellSession::Keyboard keyboard)
+{
+    const QPointer<GridEditing> self = this;
+    if (!m_session.leave() || !self)
+        return false;
+    const CellAddress cell{m_grid->Row(), m_grid->Col()};
+    if (m_columns.isLocked(cell.column) || !isInSight(cell))
+        return false;
+    const auto place = placeOf(cell);
+    if (!place)
+        return false;
+    const auto type = static_cast<ColumnType>(m_grid->ColData(cell.column));
+    const GridColumn *column = m_columns.find(cell.column);
+    CellEditor *editor = editorOf(column, type);
+    if (column) {
+        const CellSetup setup = setupOf(*column, type);
+        editor->setUp(setup);
+        if (!self)
+            return false; // a database that waits lets anything happen
+        if (setup.list)
+            m_host.listRead(setup.list->source);
+    }
+    const QString shown = m_grid->TextMatrix(cell.row, cell.column);
+    m_before = {shown, rawText(cell)};
+    editor->box()->setAccessibleName(m_grid->TextMatrix(0, cell.column)); // a screen reader says where one types
+    m_session.open(editor, cell, *place, {shown, std::nullopt}, keyboard);
+    if (!self || !m_session.isOpen() || m_session.cell() != cell)
+        return self && m_session.isOpen();
+    if (m_session.text() != shown) {
+        // What the editor cannot show stays in the cell: looking at it destroys nothing.
+        if (!m_session.text().isEmpty())
+            write(cell, m_session.text(), editor->value());
+        m_host.cellChanged(cell);
+    }
+    if (self)
+        m_host.editorOpened();
+    return self && m_session.isOpen();
+}
+
+// --- copying back
+
+int GridEditing::valueColumnOf(int column) const
+{
+    const GridColumn *described = m_columns.find(column);
+    const int valueColumn = described ? described->valueColumn : 0;
+    return valueColumn > 0 && valueColumn < m_grid->Cols() ? valueColumn : 0;
+}
+
+QString GridEditing::rawText(CellAddress cell) const
+{
+    const int valueColumn = valueColumnOf(cell.column);
+    return valueColumn ? m_grid->TextMatrix(cell.row, valueColumn) : QString();
+}
+
+void GridEditing::write(CellAddress cell, const QString &shown, const QVariant &value)
+{
+    m_grid->setTextMatrix(cell.row, cell.column, shown);
+    const int valueColumn = valueColumnOf(cell.column);
+    // Kept: a value that becomes Null leaves the value column as it was
+    if (valueColumn && !isNull(value) && !isMissing(value))
+        m_grid->setTextMatrix(cell.row, valueColumn, CStr(normalized(value)));
+}
+
+void GridEditing::copyBack()
+{
+    const CellAddress cell = m_session.cell();
+    if (!extentOf(*m_grid).hasDataCell(cell))
+        return;
+    const Before before{m_grid->TextMatrix(cell.row, cell.column), rawText(cell)};
+    write(cell, m_session.editor()->text(), m_session.editor()->value());
+    if (before.shown != m_grid->TextMatrix(cell.row, cell.column) || before.raw != rawText(cell))
+        m_host.cellChanged(cell);
+}
+
+void GridEditing::cancel()
+{
+    if (!m_session.isOpen())
+        return;
+    const QPointer<GridEditing> self = this;
+    const CellAddress cell = m_session.cell();
+    m_session.abandon();
+    if (self)
+        restore(cell);
+}
+
+void GridEditing::restore(CellAddress cell)
+{
+    if (!extentOf(*m_grid).hasDataCell(cell))
+        return;
+    const int valueColumn = valueColumnOf(cell.column);
+    const bool isSame = m_grid->TextMatrix(cell.row, cell.column) == m_before.shown && rawText(cell) == m_before.raw;
+    if (isSame)
+        return;
+    m_grid->setTextMatrix(cell.row, cell.column, m_before.shown);
+    if (valueColumn)
+        m_grid->setTextMatrix(cell.row, valueColumn, m_before.raw);
+    m_host.cellChanged(cell);
+}
+
+void GridEditing::cellWritten(CellAddress cell)
+{
+    const CellAddress edited = m_session.cell();
+    if (!m_session.isOpen() || edited.row != cell.row)
+        return;
+    // Escape takes the user's typing back, not what the program has written meanwhile.
+    if (cell.column == valueColumnOf(edited.column))
+        m_before.raw = rawText(edited);
+    if (cell != edited)
+        return;
+    m_before = {m_grid->TextMatrix(cell.row, cell.column), rawText(cell)};
+    m_session.refill({m_before.shown, std::nullopt});
+}
+
+void GridEditing::rowsRemoved(int first, int last)
+{
+    const CellAddress cell = m_session.cell();
+    if (!m_session.isOpen() || cell.row < first)
+        return;
+    if (cell.row <= last)
+        m_session.abandon();
+    else
+        m_session.moveTo({cell.row - (last - first + 1), cell.column});
+}
+
+void GridEditing::follow()
+{
+    if (!m_session.isOpen() || !extentOf(*m_grid).hasDataCell(m_session.cell()))
+        return;
+    if (const auto place = placeOf(m_session.cell()))
+        m_session.place(*place);
+}
+
+// --- keys
+
+void GridEditing::keyDown(int &code, int &shift)
+{
+    const GridKey key = judgeGridKey(code, shift, m_session.editor()->hasUseFor(code));
+    if (key == GridKey::None)
+        return;
+    if (key == GridKey::Break) {
+        if (m_session.editor() == m_multiLineEditor)
+            shift = ShiftState::None; // plain Enter is a line break in a text box
+        return;
+    }
+    const int pressed = std::exchange(code, Key::None);
+    switch (key) {
+    case GridKey::Cancel: cancel(); return;
+    case GridKey::Close: (void)m_session.leave(); return;
+    case GridKey::Next:
+    case GridKey::Previous: (void)step(key == GridKey::Next); return;
+    case GridKey::Move:
+        if (const auto move = cellMove(pressed, shift, m_grid->isRightToLeft()); move && m_session.leave())
+            m_grid->moveBy(*move);
+        return;
+    case GridKey::None:
+    case GridKey::Break: return;
+    }
+}
+
+bool GridEditing::step(bool isForward)
+{
+    const QPointer<GridEditing> self = this;
+    const auto next = nextEditable({m_grid->Row(), m_grid->Col()}, extentOf(*m_grid),
+                                   isForward ? Direction::Forward : Direction::Backward,
+                                   [this](int column) { return !m_columns.isLocked(column); });
+    if (!m_session.leave())
+        return true; // it keeps the user
+    if (!self || !next || !extentOf(*m_grid).hasDataCell(*next))
+        return false;
+    m_grid->makeVisible(next->row, next->column);
+    m_grid->setCurrentCell(next->row, next->column);
+    return true;
+}
+
+bool GridEditing::typeInto(const QString &text)
+{
+    const QPointer<GridEditing> self = this;
+    if (!open(CellSession::Keyboard::Take) || !self)
+        return false;
+    QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, text);
+    QApplication::sendEvent(m_session.editor()->box(), &typed);
+    return true;
+}
+
+bool GridEditing::compose(QInputMethodEvent *event)
+{
+    const QPointer<GridEditing> self = this;
+    if (!open(CellSession::Keyboard::Take) || !self)
+        return false;
+    QApplication::sendEvent(m_session.editor()->box(), event);
+    return true;
+}
+
+bool GridEditing::eventFilter(QObject *watched, QEvent *event)
+{
+    bool isDone = false;
+    if (watched != m_grid || !m_host.mayEdit())
+        return false;
+    if (event->type() == QEvent::InputMethodQuery) {
+        answer(*static_cast<QInputMethodQueryEvent *>(event));
+        return true;
+    }
+    if (event->type() == QEvent::InputMethod) {
+        guarded(m_grid, [&] { isDone = compose(static_cast<QInputMethodEvent *>(event)); });
+    } else if (event->type() == QEvent::KeyPress) {
+        const QString typed = static_cast<QKeyEvent *>(event)->text();
+        if (!typed.isEmpty() && typed.front().isSurrogate())
+            guarded(m_grid, [&] { isDone = typeInto(typed); });
+    }
+    return isDone;
+}
+
+// The toolkit's view would say that its cells are not edited.
+void GridEditing::answer(QInputMethodQueryEvent &query) const
+{
+    for (unsigned bit = 0; bit < 32; ++bit) {
+        const auto one = static_cast<Qt::InputMethodQuery>(1U << bit);
+        if (query.queries() & one)
+            query.setValue(one, one == Qt::ImEnabled ? QVariant(true) : m_grid->inputMethodQuery(one));
+    }
+}
+
+bool GridEditing::beginTyping(int keyCode)
+{
+    const QPointer<GridEditing> self = this;
+    if (!open(CellSession::Keyboard::Take) || !self)
+        return false;
+    QWidget *box = m_session.editor()->box();
+    if (keyCode == Key::F2) { // goes on with what is there
+        if (auto *line = qobject_cast<QLineEdit *>(box))
+            line->end(false);
+        return true;
+    }
+    QKeyEvent typed(QEvent::KeyPress, toolkitKey(Key::Delete), Qt::NoModifier);
+    QApplication::sendEvent(box, &typed);
+    return true;
+}
+
+} // namespace kor

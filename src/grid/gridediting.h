@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "cells/cellsession.h"
+#include "grid/gridcolumns.h"
+
+#include <memory>
+
+class KorCombo;
+class QInputMethodEvent;
+class QInputMethodQueryEvent;
+
+namespace kor {
+
+class FlexGrid;
+
+//! What the editing of cells asks of the control, and has to tell it.
+class GridEditingHost
+{
+public:
+    virtual ~GridEditingHost() = default;
+    //! Not at design time.
+    [[nodiscard]] virtual bool mayEdit() const = 0;
+    virtual void cellChanged(CellAddress cell) = 0;
+    virtual void editorOpened() = 0;
+    virtual void chooserAsked() = 0;
+    //! An editor took over what a column's list holds by now.
+    virtual void listRead(const QString &source) = 0;
+};
+
+//! The editors of a grid: which one a cell has, when it opens, what goes back into the cell, and what the keys do in
+//! it.
+class GridEditing final : public QObject
+{
+    Q_OBJECT
+
+public:
+    GridEditing(FlexGrid *grid, const GridColumns &columns, GridEditingHost &host);
+
+    [[nodiscard]] CellSession &session() { return m_session; }
+    [[nodiscard]] KorCombo *combo() const { return m_combo; }
+    //! The drop-down list's dictionary while it is open over a cell, "" otherwise.
+    [[nodiscard]] QString dictionary() const;
+
+    //! Opens the editor of the current cell, where the column is free and the cell in sight; whether one is open.
+    //! An editor that is open already is left before.
+    bool open(CellSession::Keyboard keyboard);
+    //! Gives the edited cell its old text back and closes the editor.
+    void cancel();
+    //! A program has written into a cell: an editor that is open over it shows that.
+    void cellWritten(CellAddress cell);
+    //! Rows have gone: an editor over one of them closes, and one below them follows its cell.
+    void rowsRemoved(int first, int last);
+
+    //! Moves on to the next cell that can be edited. False when there is none; the editor is left all the same, or
+    //! keeps the user.
+    bool step(bool isForward);
+    //! Takes the first key that is typed on the grid itself into the editor of the current cell.
+    bool typeInto(const QString &text);
+    bool beginTyping(int keyCode);
+
+protected:
+    //! What an input method composes on the grid itself, and a character of two units, which is no KeyPress of the
+    //! host's, go into the editor of the current cell.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    //! The texts that a cell and its value column had.
+    struct Before {
+        QString shown;
+        QString raw;
+    };
+
+    template <class Editor, class Control>
+    CellEditor *add(const char *name);
+    [[nodiscard]] CellEditor *editorOf(const GridColumn *column, ColumnType type) const;
+    [[nodiscard]] static CellSetup setupOf(const GridColumn &column, ColumnType type);
+    [[nodiscard]] std::optional<EditorBox> placeOf(CellAddress cell) const;
+    [[nodiscard]] bool isInSight(CellAddress cell) const;
+    [[nodiscard]] int visibleRows() const;
+    [[nodiscard]] int valueColumnOf(int column) const;
+    [[nodiscard]] QString rawText(CellAddress cell) const;
+
+    void answer(QInputMethodQueryEvent &query) const;
+    bool compose(QInputMethodEvent *event);
+    void copyBack();
+    void write(CellAddress cell, const QString &shown, const QVariant &value);
+    void restore(CellAddress cell);
+    void keyDown(int &code, int &shift);
+    void follow();
+
+    FlexGrid *m_grid;
+    const GridColumns &m_columns;
+    GridEditingHost &m_host;
+    CellSession m_session;
+    KorCombo *m_combo = nullptr;
+    CellEditor *m_textEditor;
+    CellEditor *m_multiLineEditor;
+    CellEditor *m_numberEditor;
+    CellEditor *m_clickEditor;
+    CellEditor *m_comboEditor;
+    CellEditor *m_dateEditor;
+    Before m_before;
+};
+
+} // namespace kor

@@ -1,0 +1,595 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "constituents/errorguard.h"
+#include "constituents/flexgrid/flexgrid.h"
+#include "constituents/focustracker.h"
+#include "constituents/keycodes.h"
+#include "frame/settings.h"
+#include "grid/gridediting.h"
+#include "grid/gridkeys.h"
+#include "grid/gridlists.h"
+#include "grid/gridlook.h"
+#include "grid/gridmoves.h"
+#include "grid/gridsums.h"
+#include "grid/gridvalues.h"
+
+#include <KorDaoUC/clock.h>
+#include <KorDaoUC/convert.h>
+#include <KorDaoUC/korcombo.h>
+#include <KorDaoUC/korgrid.h>
+#include <KorDaoUC/variant.h>
+
+#include <QtCore/QPointer>
+#include <QtCore/QScopeGuard>
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QGuiApplication>
+
+#include <algorithm>
+
+using namespace kor;
+
+class KorGrid::Private final : public FocusClient, public GridEditingHost
+{
+public:
+    explicit Private(KorGrid *control) : q(control), grid(new FlexGrid(control)), editing(grid, columns, *this) {}
+
+    // --- what the editors ask and tell
+    [[nodiscard]] bool mayEdit() const override { return q->UserMode(); }
+    void cellChanged(CellAddress cell) override { Q_EMIT q->Change(cell.row, cell.column); }
+    void editorOpened() override;
+    void chooserAsked() override;
+    void listRead(const QString &source) override { lists.forget(source); }
+
+    // --- what the focus does
+    void controlEntered() override;
+    void controlLeft() override { editing.session().finish(); }
+
+    void connectGrid();
+    void leaveCell();
+    void enterCell();
+    void keyDown(int &code, int &shift);
+    void keyPress(int &ascii);
+    void mouseDown(int &button, int &shift, float &x, float &y);
+    [[nodiscard]] bool hasKeyboard() const;
+
+    bool openEditor(CellSession::Keyboard keyboard);
+    template <class Body>
+    bool unseen(Body &&body);
+    bool moveUnseen(CellAddress cell);
+    void goTo(int row, int column);
+    void addRows(int row);
+    void focusNewRow(int column, int numberColumn, float number);
+
+    [[nodiscard]] GridExtent extent() const { return {grid->Rows(), grid->Cols()}; }
+    [[nodiscard]] ColumnType typeOf(int column) const { return static_cast<ColumnType>(grid->ColData(column)); }
+    [[nodiscard]] ValueRules rules() const { return {signs, Clock::today()}; }
+    [[nodiscard]] int valueColumnOf(int column) const;
+    [[nodiscard]] CellTexts textsAt(CellAddress cell) const;
+    [[nodiscard]] QVariant valueAt(CellAddress cell) const;
+    void write(CellAddress cell, const CellTexts &texts);
+    [[nodiscard]] CellTexts textsOf(int column, const QVariant &value);
+    [[nodiscard]] CellTexts textsTyped(int column, const QString &text);
+
+    KorGrid *q;
+    FlexGrid *grid;
+    GridColumns columns;
+    GridEditing editing;
+    mutable GridLists lists;
+    NumberSigns signs = NumberSigns::of(Locale::systemDefault());
+    QVariant value = null(); //!< saved for older forms; nobody reads it
+    bool isBusy = false;     //!< rows are being added: cells that become current open no editor
+    bool isEntering = false; //!< the editor of a cell opens that the grid surface itself tells of
+    bool isUnseen = false;   //!< the control itself moves the current cell, and tells the host when it is done
+
+    static const SettingsTable<KorGrid> settings;
+};
+
+const SettingsTable<KorGrid> KorGrid::Private::settings = {
+    {"BackColor", &KorGrid::BackColor, &KorGrid::setBackColor, ButtonFace},
+    {"ForeColor", &KorGrid::ForeColor, &KorGrid::setForeColor, ButtonText},
+    {"Enabled", &KorGrid::Enabled, &KorGrid::setEnabled, true},
+    fontSetting<KorGrid>(),
+    {"BackStyle", asInteger(&KorGrid::BackStyle), &KorGrid::setBackStyle, integer(1)},
+    {"BorderStyle", &KorGrid::BorderStyle, &KorGrid::setBorderStyle, integer(0)},
+    {"Cols", &KorGrid::Cols, &KorGrid::setCols, 2},
+    {"Rows", &KorGrid::Rows, &KorGrid::setRows, 2},
+    // Kept: the name and the single cell that saved forms have
+    {"0TextMatrix", [](const KorGrid &c) { return c.d->grid->Text(); },
+     [](KorGrid &c, const QVariant &v) {
+         c.setTextControl(std::min(1, c.Rows() - 1), std::min(1, c.Cols() - 1), CStr(v));
+     },
+     QString()},
+    {"Value", [](const KorGrid &c) { return c.d->value; }, [](KorGrid &c, const QVariant &v) { c.d->value = v; },
+     QString()},
+    {"RowHeightMin", &KorGrid::RowHeightMin, &KorGrid::setRowHeightMin, 285},
+    {"WordWrap", &KorGrid::WordWrap, &KorGrid::setWordWrap, false},
+};
+
+KorGrid::KorGrid(QWidget *parent) : UserControl(parent), d(std::make_unique<Private>(this))
+{
+    d->grid->setObjectName(QStringLiteral("grid"));
+    setMainConstituent(d->grid, ButtonFace, ButtonText);
+    setFocusClient(d.get());
+    d->grid->setBorderStyle(BorderStyleType::None);
+    d->connectGrid();
+    initProperties();
+}
+
+KorGrid::~KorGrid() = default;
+
+void KorGrid::initProperties() { d->value = null(); }
+void KorGrid::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
+void KorGrid::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+
+// --- columns
+
+int KorGrid::AddColumn(const QString &col_type, const QString &col_title, int col_width, int col_align, bool col_lock,
+                       const QString &col_format, int col_color, int col_mlen, const QString &col_sql,
+                       const QString &col_slownik, int col_value, bool col_wrap)
+{
+    const short alignment = CInt(col_align);
+    const int number = GridColumns::nextNumber(d->grid->TextMatrix(0, 1), d->grid->Cols());
+    d->grid->setCols(number + 1);
+    const ColumnType type = columnType(col_type);
+    d->grid->setColData(number, static_cast<int>(type));
+    GridColumn column;
+    column.isLocked = col_lock || col_width < 1;
+    column.alignment = alignment;
+    column.format = col_format;
+    column.color = col_color;
+    column.maxLength = col_mlen;
+    column.source = col_sql;
+    column.dictionary = col_slownik;
+    column.valueColumn = col_value;
+    column.isWrapped = col_wrap;
+    // The look is the column's, so that cells have it from the moment they are written.
+    d->grid->setColAlignment(number, cellAlignmentOf(column.alignment));
+    d->grid->setColForeColor(number, col_color);
+    d->grid->setColWordWrap(number, col_wrap);
+    d->columns.store(number, std::move(column));
+    d->grid->setColWidth(number, std::max(col_width, 0));
+    d->grid->setTextMatrix(0, number, col_title);
+    return number;
+}
+
+// --- cells
+
+QString KorGrid::TextMatrix(int Row, int Col) const { return d->grid->TextMatrix(Row, Col); }
+
+void KorGrid::setTextMatrix(int Row, int Col, const QString &text)
+{
+    const CellAddress cell{Row, Col};
+    if (!d->extent().hasDataCell(cell))
+        return;
+    if (!d->valueColumnOf(Col)) {
+        d->grid->setTextMatrix(Row, Col, text);
+        d->editing.cellWritten(cell);
+        return;
+    }
+    const QPointer<KorGrid> self = this;
+    d->grid->setTextMatrix(Row, Col, text);
+    if (CellAddress{d->grid->Row(), d->grid->Col()} != cell) {
+        d->editing.session().finish();
+        if (!self || !d->moveUnseen(cell))
+            return;
+        Q_EMIT SelChange();
+    }
+    if (self && d->extent().hasDataCell(cell))
+        d->write(cell, d->textsTyped(Col, text));
+}
+
+void KorGrid::setTextControl(int Row, int Col, const QString &text)
+{
+    if (Row < 0 || Row >= d->grid->Rows() || Col < 0 || Col >= d->grid->Cols())
+        return;
+    d->grid->setTextMatrix(Row, Col, text);
+    d->editing.cellWritten({Row, Col});
+}
+
+int KorGrid::Private::valueColumnOf(int column) const
+{
+    const GridColumn *described = columns.find(column);
+    const int valueColumn = described ? described->valueColumn : 0;
+    return valueColumn > 0 && valueColumn < grid->Cols() ? valueColumn : 0;
+}
+
+CellTexts KorGrid::Private::textsAt(CellAddress cell) const
+{
+    CellTexts texts{grid->TextMatrix(cell.row, cell.column), std::nullopt};
+    if (const int valueColumn = valueColumnOf(cell.column))
+        texts.raw = grid->TextMatrix(cell.row, valueColumn);
+    return texts;
+}
+
+void KorGrid::Private::write(CellAddress cell, const CellTexts &texts)
+{
+    grid->setTextMatrix(cell.row, cell.column, texts.shown);
+    if (const int valueColumn = valueColumnOf(cell.column); valueColumn && texts.raw)
+        grid->setTextMatrix(cell.row, valueColumn, *texts.raw);
+    editing.cellWritten(cell);
+}
+
+//! What a program's text looks like in a column with a value column. What is no value there stays as it is.
+CellTexts KorGrid::Private::textsTyped(int column, const QString &text)
+{
+    switch (typeOf(column)) {
+    case ColumnType::Click: return {text, std::nullopt}; // its raw value is the host's to write
+    case ColumnType::Combo: {
+        const auto key = lists.keyOf(text, columns.find(column)->source);
+        return {text, key && !isNull(*key) ? CStr(*key, signs.locale) : QString()};
+    }
+    case ColumnType::Text:
+    case ColumnType::Number:
+    case ColumnType::Date: break;
+    }
+    const QVariant read = valueOfCell(typeOf(column), {text, std::nullopt}, rules());
+    return isNull(read) ? CellTexts{text, QString()} : textsOf(column, read);
+}
+
+// --- values
+
+QVariant KorGrid::Value(int Row, int Col) const
+{
+    const CellAddress cell{Row, Col};
+    return d->extent().hasDataCell(cell) ? d->valueAt(cell) : null();
+}
+
+QVariant KorGrid::Private::valueAt(CellAddress cell) const
+{
+    const ColumnType type = typeOf(cell.column);
+    const CellTexts texts = textsAt(cell);
+    const GridColumn *column = columns.find(cell.column);
+    if (type == ColumnType::Combo && column) {
+        const auto key =
+            texts.raw ? lists.keyWritten(*texts.raw, column->source) : lists.keyOf(texts.shown, column->source);
+        if (key)
+            return *key;
+    }
+    return valueOfCell(type, texts, rules());
+}
+
+void KorGrid::setValue(int Row, int Col, const QVariant &value)
+{
+    const CellAddress cell{Row, Col};
+    if (d->extent().hasDataCell(cell))
+        d->write(cell, d->textsOf(Col, value));
+}
+
+CellTexts KorGrid::Private::textsOf(int column, const QVariant &given)
+{
+    const GridColumn *described = columns.find(column);
+    const GridColumn plain;
+    const GridColumn &used = described ? *described : plain;
+    CellTexts texts = textsOfValue(typeOf(column), used.format, given, rules());
+    if (typeOf(column) == ColumnType::Combo) {
+        if (const auto name = lists.nameOf(normalized(given), used.source))
+            texts.shown = *name;
+    }
+    return texts;
+}
+
+float KorGrid::SumColumn(int Col) const
+{
+    return sumOfRows(
+        d->grid->Rows() - 1, [&](int row) { return Value(row, Col); }, d->signs.locale);
+}
+
+float KorGrid::MaxColumn(int Col) const
+{
+    // The fixed column has no type of its own; running numbers in it count.
+    const auto valueAt = [&](int row) {
+        return Col == 0 ? valueOfCell(ColumnType::Number, {d->grid->TextMatrix(row, 0), std::nullopt}, d->rules())
+                        : Value(row, Col);
+    };
+    return greatestOfRows(d->grid->Rows() - 1, valueAt, d->signs.locale);
+}
+
+// --- current cell
+
+int KorGrid::Row() const { return d->grid->Row(); }
+void KorGrid::setRow(int row) { d->goTo(row, d->grid->Col()); }
+int KorGrid::Col() const { return d->grid->Col(); }
+void KorGrid::setCol(int column) { d->goTo(d->grid->Row(), column); }
+
+int KorGrid::RowSel() const { return d->grid->SelectionMode() == SelectionModeType::ByRow ? d->grid->RowSel() : 0; }
+
+void KorGrid::Private::goTo(int row, int column)
+{
+    const QPointer<KorGrid> self = q;
+    if (extent().hasDataCell({row, column}) && !editing.session().leave())
+        return;
+    if (self)
+        grid->setCurrentCell(row, column);
+}
+
+//! Moves the current cell without a word, and without an editor. False when that deleted the control.
+template <class Body>
+bool KorGrid::Private::unseen(Body &&body)
+{
+    const QPointer<KorGrid> self = q;
+    isUnseen = true;
+    const auto restore = qScopeGuard([&] {
+        if (self)
+            isUnseen = false;
+    });
+    body();
+    return self;
+}
+
+bool KorGrid::Private::moveUnseen(CellAddress cell)
+{
+    return unseen([&] { grid->setCurrentCell(cell.row, cell.column); });
+}
+
+bool KorGrid::SetFocusCell(int Row, int Col)
+{
+    const QPointer<KorGrid> self = this;
+    if (!d->editing.session().leave() || !self)
+        return false;
+    CellAddress cell{d->grid->Row(), d->grid->Col()};
+    if (Row >= 1 && Row < d->grid->Rows()) {
+        cell.row = Row;
+        d->grid->setTopRow(Row);
+    }
+    cell.column = columnOfFocusRequest({Row, Col}, d->grid->Cols()).value_or(cell.column);
+    if (!self || !d->moveUnseen(cell))
+        return false;
+    const bool isOpen = d->openEditor(CellSession::Keyboard::Take);
+    if (self && !isOpen)
+        Q_EMIT SelChange();
+    return isOpen;
+}
+
+bool KorGrid::Private::openEditor(CellSession::Keyboard keyboard) { return mayEdit() && editing.open(keyboard); }
+
+void KorGrid::Private::editorOpened()
+{
+    // A cell that has just been entered is told of by the grid's own notice, which follows.
+    if (!isEntering)
+        Q_EMIT q->SelChange();
+}
+
+// --- rows
+
+void KorGrid::AddRow(int Row, int FocusCol, int LpCol)
+{
+    const QPointer<KorGrid> self = this;
+    const bool isFree = d->editing.session().leave();
+    if (!self)
+        return;
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto restore = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+    float number = 0;
+    {
+        const QScopedValueRollback busy(d->isBusy, true);
+        if (FocusCol > 0)
+            number = MaxColumn(LpCol) + 1;
+        d->addRows(Row);
+    }
+    if (!isFree)
+        return; // the user is kept where they are
+    if (FocusCol > 0) {
+        d->focusNewRow(FocusCol, LpCol, number);
+    } else {
+        d->openEditor(d->hasKeyboard() ? CellSession::Keyboard::Take : CellSession::Keyboard::Leave);
+        if (self)
+            d->grid->viewport()->update();
+    }
+}
+
+void KorGrid::Private::addRows(int row)
+{
+    const int rows = grid->Rows();
+    if (row < 1)
+        grid->setRows(rows + 1);
+    else if (row >= rows)
+        grid->setRows(row + 1);
+}
+
+void KorGrid::Private::focusNewRow(int column, int numberColumn, float number)
+{
+    const QPointer<KorGrid> self = q;
+    const int last = grid->Rows() - 1;
+    if (!moveUnseen({last, column}))
+        return;
+    if (numberColumn > 0)
+        grid->setTextMatrix(last, column, CStr(number, signs.locale));
+    q->SetFocusCell(last, column);
+}
+
+void KorGrid::DelRow(int StartRow, int EndRow)
+{
+    auto range = rowsToDelete(StartRow, EndRow, d->grid->Rows());
+    if (!range)
+        return;
+    const QPointer<KorGrid> self = this;
+    const CellAddress before{d->grid->Row(), d->grid->Col()};
+    d->editing.rowsRemoved(range->first, range->last);
+    if (!self)
+        return;
+    const bool isAll = range->first == 1 && range->last == d->grid->Rows() - 1;
+    if (isAll) { // the last one stays, empty
+        for (int column = 0; column < d->grid->Cols(); ++column)
+            d->grid->setTextMatrix(1, column, QString());
+        ++range->first;
+    }
+    if (range->first <= range->last &&
+        !d->unseen([&] { d->grid->RemoveItem(range->first, range->last - range->first + 1); }))
+        return;
+    if (d->editing.session().isOpen() && !d->moveUnseen(d->editing.session().cell()))
+        return; // an open editor stays with its row
+    if (before != CellAddress{d->grid->Row(), d->grid->Col()})
+        Q_EMIT SelChange();
+}
+
+// --- what the grid surface tells
+
+void KorGrid::Private::connectGrid()
+{
+    connect(grid, &FlexGrid::askToLeave, q, [this](bool &stays) { stays = !editing.session().leave(); });
+    connect(grid, &FlexGrid::LeaveCell, q, [this] { leaveCell(); });
+    connect(grid, &FlexGrid::EnterCell, q, [this] { enterCell(); });
+    connect(grid, &FlexGrid::SelChange, q, [this] {
+        if (!isUnseen)
+            Q_EMIT q->SelChange();
+    });
+    connect(grid, &FlexGrid::Click, q, &KorGrid::Click);
+    connect(grid, &FlexGrid::DblClick, q, &KorGrid::DblClick);
+    connect(grid, &FlexGrid::KeyDown, q, [this](int &code, int &shift) { keyDown(code, shift); });
+    connect(grid, &FlexGrid::KeyPress, q, [this](int &ascii) { keyPress(ascii); });
+    connect(grid, &FlexGrid::KeyUp, q, &KorGrid::KeyUp);
+    connect(grid, &FlexGrid::MouseDown, q,
+            [this](int &b, int &shift, float &x, float &y) { mouseDown(b, shift, x, y); });
+    connect(grid, &FlexGrid::MouseMove, q, &KorGrid::MouseMove);
+    connect(grid, &FlexGrid::MouseUp, q, &KorGrid::MouseUp);
+}
+
+void KorGrid::Private::mouseDown(int &button, int &shift, float &x, float &y)
+{
+    const QPointer<KorGrid> self = q;
+    const CellAddress pressed{grid->MouseRow(), grid->MouseCol()};
+    const bool isPlainLeft = button == Qt::LeftButton && shift == ShiftState::None;
+    int row = pressed.row < 0 ? grid->Row() : pressed.row;
+    Q_EMIT q->MouseDownRow(button, shift, row);
+    if (self)
+        Q_EMIT q->MouseDown(button, shift, x, y);
+    // A press on the current cell moves nothing that would be told of.
+    if (self && isPlainLeft && pressed == CellAddress{grid->Row(), grid->Col()} && !editing.session().isOpen())
+        openEditor(CellSession::Keyboard::Take);
+}
+
+void KorGrid::Private::leaveCell()
+{
+    // Where nobody was asked: a program has moved the current cell, or removed it.
+    if (!isUnseen)
+        editing.session().finish();
+}
+
+void KorGrid::Private::enterCell()
+{
+    const bool isOneCell = grid->RowSel() == grid->Row() && grid->ColSel() == grid->Col();
+    if (isBusy || isUnseen || !isOneCell)
+        return;
+    const QPointer<KorGrid> self = q;
+    isEntering = true;
+    const auto entered = qScopeGuard([&] {
+        if (self)
+            isEntering = false;
+    });
+    openEditor(hasKeyboard() ? CellSession::Keyboard::Take : CellSession::Keyboard::Leave);
+}
+
+void KorGrid::Private::chooserAsked()
+{
+    int row = grid->Row();
+    Q_EMIT q->ClickClick(row);
+}
+
+bool KorGrid::Private::hasKeyboard() const
+{
+    const QWidget *focused = q->window()->focusWidget();
+    return focused && q->isAncestorOf(focused);
+}
+
+// --- keyboard and focus
+
+void KorGrid::Private::keyDown(int &code, int &shift)
+{
+    const QPointer<KorGrid> self = q;
+    Q_EMIT q->KeyDown(code, shift);
+    if (!self || !q->UserMode())
+        return;
+    const bool isStep = code == Key::Enter && (shift == ShiftState::None || shift == ShiftState::Shift);
+    // In the last cell Enter goes nowhere, and least of all to the form's default button.
+    const bool isUsed = isStep ? editing.step(shift == ShiftState::None) || (self && !columns.isLocked(grid->Col()))
+                               : beginsTyping(code, shift) && editing.beginTyping(code);
+    if (isUsed)
+        code = Key::None;
+}
+
+void KorGrid::Private::keyPress(int &ascii)
+{
+    const QPointer<KorGrid> self = q;
+    Q_EMIT q->KeyPress(ascii);
+    if (!self || !q->UserMode() || !isTyped(QChar(static_cast<char16_t>(ascii))))
+        return;
+    if (editing.typeInto(QString(QChar(static_cast<char16_t>(ascii)))))
+        ascii = 0;
+}
+
+void KorGrid::Private::controlEntered()
+{
+    // A click chooses its cell itself.
+    if (QGuiApplication::mouseButtons() == Qt::NoButton && !editing.session().isOpen())
+        openEditor(CellSession::Keyboard::Take);
+}
+
+//! Tab goes from cell to cell, and leaves the grid behind the last one.
+bool KorGrid::focusNextPrevChild(bool next)
+{
+    bool isDone = false;
+    const QPointer<KorGrid> self = this;
+    guarded(this, [&] { isDone = UserMode() && d->hasKeyboard() && d->editing.step(next); });
+    return isDone || !self || UserControl::focusNextPrevChild(next);
+}
+
+// --- the list of COMBO columns
+
+void KorGrid::setdatabase(Database *database)
+{
+    d->editing.combo()->setdatabase(database);
+    d->lists.database().set(database);
+    d->lists.forget();
+}
+
+void KorGrid::setdatabase(QObject *database)
+{
+    d->editing.combo()->setdatabase(database);
+    d->lists.database().setObject(database);
+    d->lists.forget();
+}
+
+void KorGrid::setdatabase(const QString &connectionName)
+{
+    d->editing.combo()->setdatabase(connectionName);
+    d->lists.database().setConnection(connectionName);
+    d->lists.forget();
+}
+
+QString KorGrid::Slownik() const { return d->editing.dictionary(); }
+
+void KorGrid::CmbRefresh()
+{
+    d->lists.forget();
+    d->editing.combo()->Refresh();
+}
+
+// --- properties
+
+int KorGrid::BackStyle() const { return isBackTransparent() ? 0 : 1; }
+
+void KorGrid::setBackStyle(int style)
+{
+    if (style != 0 && style != 1)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    setBackTransparent(style == 0);
+    propertyChanged("BackStyle");
+}
+
+BorderStyleType KorGrid::BorderStyle() const { return d->grid->BorderStyle(); }
+void KorGrid::setBorderStyle(BorderStyleType style)
+{
+    delegate("BorderStyle", d->grid, &FlexGrid::setBorderStyle, style);
+}
+
+int KorGrid::Cols() const { return d->grid->Cols(); }
+void KorGrid::setCols(int columns) { delegate("Cols", d->grid, &FlexGrid::setCols, columns); }
+
+int KorGrid::Rows() const { return d->grid->Rows(); }
+void KorGrid::setRows(int rows) { delegate("Rows", d->grid, &FlexGrid::setRows, rows); }
+
+int KorGrid::RowHeightMin() const { return d->grid->RowHeightMin(); }
+void KorGrid::setRowHeightMin(int twips) { delegate("RowHeightMin", d->grid, &FlexGrid::setRowHeightMin, twips); }
+
+bool KorGrid::WordWrap() const { return d->grid->WordWrap(); }
+void KorGrid::setWordWrap(bool wraps) { delegate("WordWrap", d->grid, &FlexGrid::setWordWrap, wraps); }
