@@ -29,6 +29,8 @@ QList<QRect> signsOf(const QWidget &control)
             signs << QRect(button->mapTo(&control, QPoint()), button->size());
     }
     for (const QComboBox *box : control.findChildren<QComboBox *>()) {
+        if (!box->isVisible())
+            continue; // a grid's, until a cell is edited
         QStyleOptionComboBox option;
         option.initFrom(box);
         const QRect arrow = box->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, box);
