@@ -115,6 +115,7 @@ public:
     void initProperties() override;
     void readProperties(const kor::PropertyBag &bag) override;
     void writeProperties(kor::PropertyBag &bag) const override;
+    [[nodiscard]] QList<kor::SavedSetting> savedSettings() const override;
 
 Q_SIGNALS:
     //! The button of a CLICK cell asks for the host's chooser.

@@ -120,6 +120,7 @@ KorGrid::~KorGrid() = default;
 void KorGrid::initProperties() { d->value = null(); }
 void KorGrid::readProperties(const PropertyBag &bag) { Private::settings.read(*this, bag); }
 void KorGrid::writeProperties(PropertyBag &bag) const { Private::settings.write(*this, bag); }
+QList<SavedSetting> KorGrid::savedSettings() const { return Private::settings.listed(*this); }
 
 // --- columns
 
