@@ -251,6 +251,8 @@ void FocusTracker::putBack(QWidget *box)
 
 void FocusTracker::moveUnasked(QWidget *to)
 {
+    if (!canBeEntered(to))
+        return; // keys would go where nobody sees them
     const QPointer<QWidget> watched = to;
     const WindowPointer window = windowOf(to);
     const QPointer<QWidget> from = window->focus;

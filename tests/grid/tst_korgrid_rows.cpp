@@ -48,6 +48,7 @@ private Q_SLOTS:
     void moreRowsThanAnIntegerCountsHaveNoSum();
 
     void theFocusRequestComparesTheRowWithTheColumns_data();
+    void aHiddenGridTakesNoKeyboard();
     void theFocusRequestComparesTheRowWithTheColumns();
     void theFocusRequestRaisesSelChangeOnce();
     void movingByProgramRaisesSelChangeOnce();
@@ -451,6 +452,17 @@ void tst_KorGrid_Rows::anEditorAboveDeletedRowsStays()
     type(QStringLiteral("y"));
     QCOMPARE(column(1), QStringLiteral("a|xy"));
     QCOMPARE(log->take(), QStringLiteral("Change(2,1) Change(2,1)"));
+}
+
+void tst_KorGrid_Rows::aHiddenGridTakesNoKeyboard()
+{
+    orderColumns();
+    grid->hide();
+    (void)grid->SetFocusCell(2, Price);
+    settle();
+    QCOMPARE(QApplication::focusWidget(), stage->button());
+    grid->show();
+    QCOMPARE(QApplication::focusWidget(), stage->button());
 }
 
 QTEST_MAIN(tst_KorGrid_Rows)
