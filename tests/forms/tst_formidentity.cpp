@@ -182,12 +182,14 @@ private Q_SLOTS:
     {
         OpenForm form(formWith(QStringLiteral("Label")));
         form.window().show();
-        settle();
+        QVERIFY(QTest::qWaitForWindowActive(&form.window())); // by when the window manager has seen its own size
+        const QSize before = form.window().size();
         for (const Qt::WindowState state : {Qt::WindowMaximized, Qt::WindowFullScreen}) {
-            const QSize before = form.window().size();
             form.window().setWindowState(state);
             QTRY_VERIFY(form.window().size() != before);
             QCOMPARE(form.saved(), formWith(QStringLiteral("Label")));
+            form.window().setWindowState(Qt::WindowNoState);
+            QTRY_COMPARE(form.window().size(), before);
         }
     }
 
