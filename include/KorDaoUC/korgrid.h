@@ -40,7 +40,8 @@ public:
     [[nodiscard]] kor::BorderStyleType BorderStyle() const;
     void setBorderStyle(kor::BorderStyleType style);
 
-    //! Columns and rows, the fixed ones included; two of each at first. Error 380 below 1.
+    //! Columns and rows, the fixed ones included; two of each at first. Error 380 below 1, and above
+    //! 131,072 columns or 16,777,216 rows.
     [[nodiscard]] int Cols() const;
     void setCols(int columns);
     [[nodiscard]] int Rows() const;

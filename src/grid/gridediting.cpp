@@ -313,6 +313,7 @@ bool GridEditing::compose(QInputMethodEvent *event)
 
 bool GridEditing::eventFilter(QObject *watched, QEvent *event)
 {
+    const QPointer<GridEditing> self = this;
     bool isDone = false;
     if (watched != m_grid || !m_host.mayEdit())
         return false;
@@ -327,7 +328,7 @@ bool GridEditing::eventFilter(QObject *watched, QEvent *event)
         if (!typed.isEmpty() && typed.front().isSurrogate())
             guarded(m_grid, [&] { isDone = typeInto(typed); });
     }
-    return isDone;
+    return isDone || !self; // a handler may have ended the grid, which must hear of nothing more
 }
 
 // The toolkit's view would say that its cells are not edited.

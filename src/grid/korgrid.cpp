@@ -25,6 +25,7 @@
 #include <QtGui/QGuiApplication>
 
 #include <algorithm>
+#include <limits>
 
 using namespace kor;
 
@@ -384,7 +385,7 @@ void KorGrid::Private::addRows(int row)
     if (row < 1)
         grid->setRows(rows + 1);
     else if (row >= rows)
-        grid->setRows(row + 1);
+        grid->setRows(row == std::numeric_limits<int>::max() ? row : row + 1);
 }
 
 void KorGrid::Private::focusNewRow(int column, int numberColumn, float number)

@@ -30,6 +30,7 @@ private Q_SLOTS:
         setUnhandledErrorHandler({});
     }
 
+    void whatIsComposedMayEndTheGrid();
     void aHandlerMayDoAnything_data();
     void aHandlerMayDoAnything();
     void aHandlerSwallowsAndChangesKeys();
@@ -163,6 +164,18 @@ void tst_KorGrid_Handlers::changeSeesTheCellAlreadyWritten()
     click(3, Price);
     type(QStringLiteral("8"));
     QCOMPARE(seen, (QStringList{QStringLiteral("1\u00a0234,50/1234,5"), QStringLiteral("8/8")}));
+}
+
+void tst_KorGrid_Handlers::whatIsComposedMayEndTheGrid()
+{
+    click(1, 1);
+    press(Qt::Key_Escape); // the grid itself has the keyboard now
+    const DeletionOn deletion(grid, QStringLiteral("SelChange"));
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral("ą"));
+    QApplication::sendEvent(view(), &composed);
+    QVERIFY(deletion.isDone());
+    settle();
 }
 
 QTEST_MAIN(tst_KorGrid_Handlers)

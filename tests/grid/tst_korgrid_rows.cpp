@@ -5,6 +5,7 @@
 #include <KorDaoUC/RunTimeError>
 
 #include <functional>
+#include <limits>
 
 using namespace kor;
 using namespace kor::test;
@@ -49,6 +50,7 @@ private Q_SLOTS:
 
     void theFocusRequestComparesTheRowWithTheColumns_data();
     void aHiddenGridTakesNoKeyboard();
+    void moreRowsThanMemoryHoldsAreRefused();
     void theFocusRequestComparesTheRowWithTheColumns();
     void theFocusRequestRaisesSelChangeOnce();
     void movingByProgramRaisesSelChangeOnce();
@@ -463,6 +465,21 @@ void tst_KorGrid_Rows::aHiddenGridTakesNoKeyboard()
     QCOMPARE(QApplication::focusWidget(), stage->button());
     grid->show();
     QCOMPARE(QApplication::focusWidget(), stage->button());
+}
+
+void tst_KorGrid_Rows::moreRowsThanMemoryHoldsAreRefused()
+{
+    constexpr int most = std::numeric_limits<int>::max();
+    orderColumns();
+    const int rows = grid->Rows();
+    const int columns = grid->Cols();
+    QCOMPARE(errorOf([&] { grid->setRows(most); }), 380);
+    QCOMPARE(errorOf([&] { grid->setCols(most); }), 380);
+    QCOMPARE(errorOf([&] { grid->AddRow(most); }), 380);
+    QCOMPARE(grid->Rows(), rows);
+    QCOMPARE(grid->Cols(), columns);
+    grid->AddRow(); // and goes on as ever
+    QCOMPARE(grid->Rows(), rows + 1);
 }
 
 QTEST_MAIN(tst_KorGrid_Rows)

@@ -23,6 +23,9 @@ namespace kor {
 namespace {
 
 constexpr int followingStep = 50; // milliseconds
+// What the toolkit keeps of every line, and what one written row takes, must fit into memory.
+constexpr int mostRows = 1 << 24;
+constexpr int mostColumns = 1 << 17;
 
 void checkLine(int line, int count)
 {
@@ -57,7 +60,7 @@ void FlexGrid::restructure(int rows, int columns, Change &&change)
 
 void FlexGrid::setRows(int rows)
 {
-    if (rows < 1)
+    if (rows < 1 || rows > mostRows)
         throw RunTimeError(ErrorNumber::InvalidPropertyValue);
     restructure(rows, Cols(), [&] {
         if (rows > Rows())
@@ -69,7 +72,7 @@ void FlexGrid::setRows(int rows)
 
 void FlexGrid::setCols(int columns)
 {
-    if (columns < 1)
+    if (columns < 1 || columns > mostColumns)
         throw RunTimeError(ErrorNumber::InvalidPropertyValue);
     restructure(Rows(), columns, [&] { changeColumns(columns); });
 }
