@@ -24,7 +24,8 @@ class FlexGrid final : public CellView
 public:
     explicit FlexGrid(QWidget *parent);
 
-    //! Titles included; never below one, and not above 16,777,216 rows and 131,072 columns. A current cell that goes away is left for the last one that stays.
+    //! Titles included; never below one, and not above 16,777,216 rows and 131,072 columns. A current cell that goes
+    //! away is left for the last one that stays.
     void setRows(int rows);
     void setCols(int columns);
     //! Adds a row with the texts between the tabs of one text, before a row or, without an index, at the end.
