@@ -390,7 +390,6 @@ void KorGrid::Private::addRows(int row)
 
 void KorGrid::Private::focusNewRow(int column, int numberColumn, float number)
 {
-    const QPointer<KorGrid> self = q;
     const int last = grid->Rows() - 1;
     if (!moveUnseen({last, column}))
         return;
