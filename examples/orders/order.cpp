@@ -25,6 +25,12 @@ std::optional<OrderProblem> problemOf(const Order &order)
         return OrderProblem{OrderField::Advance, QStringLiteral("Zaliczka nie może być ujemna.")};
     if (dueOf(order.total, order.advance).value_or(0) < 0)
         return OrderProblem{OrderField::Advance, QStringLiteral("Zaliczka nie może przekraczać wartości zamówienia.")};
+    for (qsizetype line = 0; line < order.lines.size(); ++line) {
+        if (const auto problem = problemOf(order.lines.at(line), order.date)) {
+            const QString text = QStringLiteral("Pozycja %1: %2").arg(order.lines.at(line).number).arg(problem->text);
+            return OrderProblem{OrderField::Lines, text, line, problem->field};
+        }
+    }
     return std::nullopt;
 }
 

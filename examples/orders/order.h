@@ -2,10 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtCore/QDate>
-#include <QtCore/QString>
-
-#include <optional>
+#include "orderline.h"
 
 namespace orders {
 
@@ -23,6 +20,7 @@ struct Order {
     int priority = 3; //!< 1 to 5
     QString remarks;
     std::optional<int> labelColor; //!< &HBBGGRR; none: no label
+    QList<OrderLine> lines;
 
     bool operator==(const Order &) const = default;
 };
@@ -30,12 +28,14 @@ struct Order {
 //! What is still to be paid; nothing while the total is not known.
 [[nodiscard]] std::optional<qint64> dueOf(std::optional<qint64> total, std::optional<qint64> advance);
 
-enum class OrderField { Date, Delivery, Customer, Terms, Discount, Priority, Total, Advance, Remarks, Label };
+enum class OrderField { Date, Delivery, Customer, Terms, Discount, Priority, Total, Advance, Remarks, Label, Lines };
 
 //! What keeps an order from being saved, in the clerk's language, and the field to mend.
 struct OrderProblem {
     OrderField field;
     QString text;
+    qsizetype line = 0; //!< place in `lines` of the one to mend
+    LineField cell = LineField::Product;
 };
 
 [[nodiscard]] std::optional<OrderProblem> problemOf(const Order &order);

@@ -12,13 +12,14 @@
 
 #include <initializer_list>
 #include <optional>
+#include <utility>
 
 namespace orders {
 
 namespace {
 
 constexpr int applicationId = 0x4f726472; // as in schema.sql
-constexpr int currentVersion = 2;
+constexpr int currentVersion = 3;
 
 int numberOf(const QSqlDatabase &connection, const QString &doing, const QString &statement)
 {
@@ -109,30 +110,89 @@ void create(const QSqlDatabase &connection, const QString &doing)
     }
 }
 
-//! Version 1 took 0 for a discount, an advance or a total that was not entered. Its orders move into the table as it is
-//! now; the old table stays until all of them are there.
-void upgradeFrom1(const QSqlDatabase &connection, const QString &doing)
+//! Brings a file of an older program up to date: its tables make room for those of today, and their rows move over. The
+//! old tables stay until all rows are there.
+class Upgrade
 {
-    const int before = numberOf(connection, doing, QStringLiteral("SELECT count(*) FROM orders"));
-    run(connection, doing, QStringLiteral("ALTER TABLE orders RENAME TO orders_1"));
-    const QStringList statements = statementsOf(QStringLiteral("schema"), doing);
-    const auto runThose = [&](const QString &beginning) {
-        for (const QString &statement : statements) {
+public:
+    Upgrade(const QSqlDatabase &connection, QString doing)
+        : m_connection(connection),
+          m_doing(std::move(doing)),
+          m_statements(statementsOf(QStringLiteral("schema"), m_doing) + statementsOf(QStringLiteral("seed"), m_doing))
+    {
+    }
+
+    //! Version 1 took 0 for a discount, an advance or a total that was not entered.
+    void from1()
+    {
+        const QString columns = QStringLiteral("id, number, customer_id, order_date, delivery_date, payment_terms, "
+                                               "discount, advance, total, priority, remarks, label_color");
+        move(QStringLiteral("orders"),
+             QStringLiteral("INSERT INTO orders (%1) SELECT %1 FROM orders_old").arg(columns));
+    }
+
+    //! Up to version 2 products had no symbols, their units no table, and a line was its product with its quantity.
+    void from2()
+    {
+        own(QStringLiteral("CREATE TABLE units ("));
+        own(QStringLiteral("INSERT INTO units ("));
+        move(QStringLiteral("products"),
+             QStringLiteral("INSERT INTO products (id, name, symbol, category_id, unit_id, net_price, vat) "
+                            "SELECT p.id, p.name, printf('T%04d', p.id), p.category_id, units.id, p.net_price, p.vat "
+                            "FROM products_old p JOIN units ON units.name = p.unit"));
+        move(QStringLiteral("order_lines"),
+             QStringLiteral("INSERT INTO order_lines (order_id, line, product_id, name, quantity, unit_id, net_price, "
+                            "vat) SELECT l.order_id, l.line, l.product_id, p.name, l.quantity, p.unit_id, "
+                            "l.net_price, l.vat FROM order_lines_old l JOIN products p ON p.id = l.product_id"));
+    }
+
+    void finish()
+    {
+        own(QStringLiteral("PRAGMA "));
+        if (run(m_connection, m_doing, QStringLiteral("PRAGMA foreign_key_check")).next())
+            fail();
+    }
+
+private:
+    //! Runs those of today's statements that begin so.
+    void own(const QString &beginning)
+    {
+        for (const QString &statement : m_statements) {
             if (statement.contains(beginning))
-                run(connection, doing, statement);
+                run(m_connection, m_doing, statement);
         }
-    };
-    runThose(QStringLiteral("CREATE TABLE orders ("));
-    const QString columns =
-        QStringLiteral("id, number, customer_id, order_date, delivery_date, payment_terms, discount, "
-                       "advance, total, priority, remarks, label_color");
-    run(connection, doing, QStringLiteral("INSERT INTO orders (%1) SELECT %1 FROM orders_1").arg(columns));
-    run(connection, doing, QStringLiteral("DROP TABLE orders_1"));
-    runThose(QStringLiteral("CREATE INDEX orders_by_"));
-    runThose(QStringLiteral("PRAGMA "));
-    const bool isWhole = numberOf(connection, doing, QStringLiteral("SELECT count(*) FROM orders")) == before;
-    if (!isWhole || run(connection, doing, QStringLiteral("PRAGMA foreign_key_check")).next())
-        throw StoreError(doing, QStringLiteral("Danych nie udało się przenieść. Plik pozostał bez zmian."));
+    }
+
+    void move(const QString &table, const QString &rows)
+    {
+        const QString count = QStringLiteral("SELECT count(*) FROM ") + table;
+        const int before = numberOf(m_connection, m_doing, count);
+        run(m_connection, m_doing, QStringLiteral("ALTER TABLE %1 RENAME TO %1_old").arg(table));
+        own(QStringLiteral("CREATE TABLE %1 (").arg(table));
+        run(m_connection, m_doing, rows);
+        if (numberOf(m_connection, m_doing, count) != before)
+            fail();
+        run(m_connection, m_doing, QStringLiteral("DROP TABLE %1_old").arg(table));
+        own(QStringLiteral("CREATE INDEX %1_by_").arg(table));
+    }
+
+    [[noreturn]] void fail() const
+    {
+        throw StoreError(m_doing, QStringLiteral("Danych nie udało się przenieść. Plik pozostał bez zmian."));
+    }
+
+    const QSqlDatabase &m_connection;
+    QString m_doing;
+    QStringList m_statements;
+};
+
+void upgrade(const QSqlDatabase &connection, const QString &doing, int version)
+{
+    Upgrade upgrade(connection, doing);
+    if (version == 1)
+        upgrade.from1();
+    upgrade.from2();
+    upgrade.finish();
 }
 
 //! Brings the file up to date while no other desk can come in between.
@@ -143,8 +203,8 @@ void bringUpToDate(const QSqlDatabase &connection, const QString &doing)
     refuseForeign(identity, doing);
     if (identity.isEmpty())
         create(connection, doing);
-    else if (identity.version == 1)
-        upgradeFrom1(connection, doing);
+    else if (identity.version < currentVersion)
+        upgrade(connection, doing, identity.version);
     else
         return;
     transaction.commit();

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orderform.h"
 
+#include "catalogue.h"
+#include "linetext.h"
 #include "ordermerge.h"
 #include "orderstore.h"
 #include "searchdialog.h"
@@ -244,12 +246,15 @@ QWidget *OrderForm::widgetOf(OrderField field) const
     case OrderField::Advance: return m_advance;
     case OrderField::Remarks: return m_remarks;
     case OrderField::Label: return m_color;
+    case OrderField::Lines: return m_products;
     }
     return nullptr;
 }
 
 QString OrderForm::nameOf(OrderField field) const
 {
+    if (field == OrderField::Lines)
+        return QStringLiteral("Pozycje");
     for (const QLabel *label : findChildren<QLabel *>()) {
         if (label->buddy() && widgetOf(field)->isAncestorOf(label->buddy()))
             return label->text().remove(u'&').remove(u':');
@@ -261,9 +266,6 @@ QString OrderForm::nameOf(OrderField field) const
 
 QString OrderForm::textOf(OrderField field, const Order &order) const
 {
-    const auto amount = [](std::optional<qint64> grosze) {
-        return grosze ? kor::Format(amountOf(grosze), u"#,##0.00") + QStringLiteral(" zł") : QString();
-    };
     switch (field) {
     case OrderField::Date: return kor::Format(order.date, m_date->FormatMask());
     case OrderField::Delivery:
@@ -279,10 +281,11 @@ QString OrderForm::textOf(OrderField field, const Order &order) const
         return order.discount ? kor::Format(*order.discount, m_discount->MaskPicture()) + QStringLiteral(" %")
                               : QString();
     case OrderField::Priority: return kor::CStr(order.priority);
-    case OrderField::Total: return amount(order.total);
-    case OrderField::Advance: return amount(order.advance);
+    case OrderField::Total: return amountText(order.total);
+    case OrderField::Advance: return amountText(order.advance);
     case OrderField::Remarks: return order.remarks;
     case OrderField::Label: return shownAs(KorColor(), order.labelColor.value_or(noLabel));
+    case OrderField::Lines: return lineTexts(order.lines, Catalogue(m_store.connection()));
     }
     return {};
 }
@@ -333,8 +336,8 @@ void OrderForm::offerCustomers(const QVariant &kept)
 void OrderForm::showProducts()
 {
     // The quantity first: a long name may end in dots.
-    m_products->setSQL(QStringLiteral("SELECT line, replace(printf('%g', quantity), '.', ',') || ' ' || unit || ' ' || "
-                                      "products.name FROM order_lines JOIN products ON products.id = product_id "
+    m_products->setSQL(QStringLiteral("SELECT line, replace(printf('%g', quantity), '.', ',') || ' ' || units.name "
+                                      "|| ' ' || order_lines.name FROM order_lines JOIN units ON units.id = unit_id "
                                       "WHERE order_id = ") +
                        QString::number(m_loaded.id) + QStringLiteral(" ORDER BY line"));
     m_products->Clear();

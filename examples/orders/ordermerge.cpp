@@ -8,7 +8,7 @@ namespace {
 
 constexpr OrderField fields[] = {OrderField::Date,     OrderField::Delivery, OrderField::Customer, OrderField::Terms,
                                  OrderField::Discount, OrderField::Priority, OrderField::Total,    OrderField::Advance,
-                                 OrderField::Remarks,  OrderField::Label};
+                                 OrderField::Remarks,  OrderField::Label,    OrderField::Lines};
 
 //! Gives the member of a field to what compares or copies it.
 template <class Use>
@@ -25,6 +25,7 @@ bool with(OrderField field, const Use &use)
     case OrderField::Advance: return use(&Order::advance);
     case OrderField::Remarks: return use(&Order::remarks);
     case OrderField::Label: return use(&Order::labelColor);
+    case OrderField::Lines: return use(&Order::lines);
     }
     return false;
 }

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orderstore.h"
 
+#include "columns.h"
+#include "foldedtext.h"
+#include "linetable.h"
 #include "orderfile.h"
 
 #include <QtCore/QUuid>
@@ -14,47 +17,30 @@ namespace orders {
 
 namespace {
 
-//! Lower case without accents, as `customers.sort_name` is without its tildes.
-QString folded(const QString &text)
-{
-    const QString lower = text.toLower();
-    QString result;
-    for (const QChar character : lower.normalized(QString::NormalizationForm_D)) {
-        if (character == u'ł')
-            result += u'l';
-        else if (character.category() != QChar::Mark_NonSpacing && character != u'~')
-            result += character;
-    }
-    return result;
-}
-
-template <class Value>
-QVariant orNull(const std::optional<Value> &value)
-{
-    return value ? QVariant(*value) : QVariant();
-}
-
-QVariant orNull(const QString &text) { return text.isEmpty() ? QVariant() : QVariant(text); }
-
-template <class Value>
-std::optional<Value> optional(const QSqlQuery &query, int column)
-{
-    return query.isNull(column) ? std::nullopt : std::optional(query.value(column).value<Value>());
-}
-
 //! The columns of an order that the desk edits, in the order of the statements that write them.
 QVariantList valuesOf(const Order &order)
 {
-    return {orNull(order.customer),
-            order.paymentTerms,
-            orNull(order.discount),
-            orNull(order.advance),
-            orNull(order.total),
-            orNull(order.remarks),
-            order.delivery ? QVariant(order.delivery->toString(Qt::ISODate)) : QVariant(),
-            order.date.toString(Qt::ISODate),
-            order.priority,
-            orNull(order.labelColor)};
+    return {orNull(order.customer), order.paymentTerms,      orNull(order.discount), orNull(order.advance),
+            orNull(order.total),    orNull(order.remarks),   orNull(order.delivery), order.date.toString(Qt::ISODate),
+            order.priority,         orNull(order.labelColor)};
+}
+
+Order orderIn(const QSqlQuery &query, qint64 id)
+{
+    Order order;
+    order.id = id;
+    order.number = query.value(0).toString();
+    order.date = QDate::fromString(query.value(1).toString(), Qt::ISODate);
+    order.customer = optional<qint64>(query, 2);
+    order.paymentTerms = query.value(3).toString();
+    order.discount = optional<double>(query, 4);
+    order.advance = optional<qint64>(query, 5);
+    order.total = optional<qint64>(query, 6);
+    order.remarks = query.value(7).toString();
+    order.delivery = optionalDate(query, 8);
+    order.priority = query.value(9).toInt();
+    order.labelColor = optional<int>(query, 10);
+    return order;
 }
 
 } // namespace
@@ -90,27 +76,22 @@ QList<qint64> OrderStore::ids() const
 
 std::optional<Order> OrderStore::order(qint64 id) const
 {
+    // One statement: no other desk comes in between the order and its lines.
     QSqlQuery query =
         run(m_connection, QStringLiteral("Odczytanie zamówienia"),
-            QStringLiteral("SELECT number, order_date, customer_id, payment_terms, discount, advance, "
-                           "total, remarks, delivery_date, priority, label_color FROM orders WHERE id = ?"),
+            QStringLiteral("SELECT o.number, o.order_date, o.customer_id, o.payment_terms, o.discount, o.advance, "
+                           "o.total, o.remarks, o.delivery_date, o.priority, o.label_color, %1 FROM orders o "
+                           "LEFT JOIN order_lines l ON l.order_id = o.id WHERE o.id = ? ORDER BY l.line")
+                .arg(lineColumns()),
             {id});
-    if (!query.next())
-        return std::nullopt;
-    Order order;
-    order.id = id;
-    order.number = query.value(0).toString();
-    order.date = QDate::fromString(query.value(1).toString(), Qt::ISODate);
-    order.customer = optional<qint64>(query, 2);
-    order.paymentTerms = query.value(3).toString();
-    order.discount = optional<double>(query, 4);
-    order.advance = optional<qint64>(query, 5);
-    order.total = optional<qint64>(query, 6);
-    order.remarks = query.value(7).toString();
-    if (!query.isNull(8))
-        order.delivery = QDate::fromString(query.value(8).toString(), Qt::ISODate);
-    order.priority = query.value(9).toInt();
-    order.labelColor = optional<int>(query, 10);
+    constexpr int firstOfLine = 11;
+    std::optional<Order> order;
+    while (query.next()) {
+        if (!order)
+            order = orderIn(query, id);
+        if (!query.isNull(firstOfLine))
+            order->lines.append(lineIn(query, firstOfLine));
+    }
     return order;
 }
 
@@ -137,6 +118,7 @@ Order OrderStore::add(const Order &order)
                                          "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
                           valuesOf(order) + QVariantList{saved.number});
     saved.id = query.lastInsertId().toLongLong();
+    writeLines(m_connection, saved.id, saved.lines);
     transaction.commit();
     return saved;
 }
@@ -154,6 +136,8 @@ Outcome OrderStore::save(const Order &order, const Order &loaded)
         QStringLiteral("UPDATE orders SET customer_id = ?, payment_terms = ?, discount = ?, advance = ?, total = ?, "
                        "remarks = ?, delivery_date = ?, order_date = ?, priority = ?, label_color = ? WHERE id = ?"),
         valuesOf(order) + QVariantList{loaded.id});
+    if (order.lines != loaded.lines)
+        writeLines(m_connection, loaded.id, order.lines);
     transaction.commit();
     return {Outcome::Kind::Done, order};
 }

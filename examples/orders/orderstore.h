@@ -51,9 +51,10 @@ public:
     [[nodiscard]] QList<qint64> ids() const;
     //! The order, or nothing when it is no longer there.
     [[nodiscard]] std::optional<Order> order(qint64 id) const;
-    //! Saves a new order and gives it back with its number.
+    //! Saves a new order with its lines and gives it back with its number.
     Order add(const Order &order);
-    //! Saves a changed order if it still stands in the file as it was loaded; otherwise nothing is changed.
+    //! Saves a changed order with its lines if both still stand in the file as they were loaded; otherwise nothing is
+    //! changed.
     [[nodiscard]] Outcome save(const Order &order, const Order &loaded);
     //! Removes an order with its lines if it still stands in the file as it was loaded. One that is gone is as wished.
     [[nodiscard]] Outcome remove(const Order &loaded);

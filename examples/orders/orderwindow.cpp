@@ -215,9 +215,7 @@ bool OrderWindow::decide(const Order &loaded, const Order &theirs, Order &ours)
 bool OrderWindow::saveDeleted(Order ours)
 {
     const QString question =
-        QStringLiteral("Zamówienie %1 usunięto tymczasem na innym stanowisku.\nZapisać je jako nowe? "
-                       "Pozycje usuniętego zamówienia nie wrócą.")
-            .arg(ours.number);
+        QStringLiteral("Zamówienie %1 usunięto tymczasem na innym stanowisku.\nZapisać je jako nowe?").arg(ours.number);
     if (ask(this, QStringLiteral("Zamówienia"), question,
             {QStringLiteral("&Zapisz jako nowe"), QStringLiteral("&Anuluj")}) != 0)
         return false;

@@ -77,6 +77,35 @@ private Q_SLOTS:
         QCOMPARE(number("numDiscount")->Text(), QStringLiteral("12,50"));
     }
 
+    void linesAreOneFieldOfTheChoice_data()
+    {
+        QTest::addColumn<QList<int>>("keys");
+        QTest::addColumn<bool>("isOurs");
+        QTest::newRow("as proposed, theirs") << QList<int>{Qt::Key_Return} << false;
+        QTest::newRow("ours") << QList<int>{Qt::Key_Up, Qt::Key_Return} << true;
+    }
+    void linesAreOneFieldOfTheChoice()
+    {
+        QFETCH(const QList<int>, keys);
+        QFETCH(const bool, isOurs);
+        otherProcess("UPDATE order_lines SET quantity = NULL, delivery_date = '2026-12-01' WHERE order_id = 1 AND "
+                     "line = 1");
+        const Order theirs = m_store->order(1).value();
+        QVERIFY(theirs.lines != m_before.lines);
+        typeRemarks();
+        answer(keys);
+        press(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(m_heard.size(), 1);
+        const QStringList texts = m_heard.first().split(u'|');
+        QCOMPARE(texts.size(), 7);
+        QCOMPARE(texts.at(0), QStringLiteral("Pozycje"));
+        QCOMPARE(texts.at(2), texts.at(6)); // ours is as it was
+        QVERIFY2(texts.at(4).contains(QStringLiteral("dostawa 01.12.2026")), qPrintable(texts.at(4)));
+        QCOMPARE(texts.at(4).count(u'\n') + 1, m_before.lines.size());
+        QVERIFY(m_store->order(1)->lines == (isOurs ? m_before : theirs).lines);
+        QCOMPARE(m_store->order(1)->remarks, QStringLiteral("nowe"));
+    }
+
     void oursCanBeKept()
     {
         otherProcess("UPDATE orders SET discount = NULL WHERE id = 1");

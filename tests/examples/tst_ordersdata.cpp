@@ -99,7 +99,7 @@ void tst_OrdersData::foreignKeysHold()
 
 void tst_OrdersData::dictionariesGiveKeyAndName()
 {
-    for (const char *const table : {"customers", "customer_groups", "products", "product_categories"}) {
+    for (const char *const table : {"customers", "customer_groups", "products", "product_categories", "units"}) {
         const auto rows = m_database->OpenRecordset(QLatin1String(table));
         QCOMPARE(rows->Fields(0).Name(), QStringLiteral("id"));
         QCOMPARE(rows->Fields(1).Name(), QStringLiteral("name"));
@@ -114,8 +114,8 @@ void tst_OrdersData::polishNamesAreInOrder()
     QVERIFY(query.exec(QStringLiteral("SAVEPOINT names")));
     QVERIFY(query.exec(QStringLiteral("INSERT INTO product_categories VALUES (99, 'próba')")));
     QVERIFY(query.exec(
-        QStringLiteral("INSERT INTO products (name, category_id, unit, net_price, vat) "
-                       "SELECT value, 99, 'szt.', 1, 23 FROM json_each("
+        QStringLiteral("INSERT INTO products (name, symbol, category_id, unit_id, net_price, vat) "
+                       "SELECT value, 'X' || key, 99, 1, 1, 23 FROM json_each("
                        "'[\"Żuk\",\"Łza\",\"źle\",\"Lzy\",\"Ćma\",\"Cz\",\"zz\",\"Ma\",\"Ósmy\",\"Oz\"]')")));
     QStringList names;
     const auto rows = m_database->OpenRecordset(
@@ -180,6 +180,10 @@ void tst_OrdersData::schemaRefuses_data()
     QTest::newRow("number of another form")           << "UPDATE orders SET number = '1/2026' WHERE id = 1";
     QTest::newRow("number given twice")               << "UPDATE orders SET number = 'ZAM/2026/0001' WHERE id = 1";
     QTest::newRow("customer who still has orders")    << "DELETE FROM customers WHERE id = (SELECT customer_id FROM orders WHERE id = 1)";
+    QTest::newRow("line of nothing")                  << "UPDATE order_lines SET quantity = 0 WHERE order_id = 1";
+    QTest::newRow("line of a unit that is not there") << "UPDATE order_lines SET unit_id = 99 WHERE order_id = 1";
+    QTest::newRow("name of a line that is empty")     << "UPDATE order_lines SET name = '' WHERE order_id = 1";
+    QTest::newRow("two products of one symbol")       << "UPDATE products SET symbol = 't0002' WHERE id = 1";
     QTest::newRow("postal code without its dash")     << "UPDATE customers SET postal_code = '00950' WHERE id = 1";
     // clang-format on
 }

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "examples/orderfiles.h"
+#include "orders/catalogue.h"
 #include "orders/orderstore.h"
 
 #include <QtCore/QDir>
@@ -17,6 +19,8 @@
 
 using orders::Order;
 using orders::OrderStore;
+using orders::test::change;
+using orders::test::rows;
 using Kind = orders::Outcome::Kind;
 
 namespace {
@@ -32,6 +36,8 @@ Order newOrder()
     order.advance = 10000;
     order.total = 123456;
     order.remarks = QStringLiteral("Zażółć gęślą jaźń");
+    order.lines = {{1, 7, QStringLiteral("Śruba, dłuższa"), 12.5, 2, 199, 23, QDate(2026, 12, 1)},
+                   {4, std::nullopt, {}, std::nullopt, std::nullopt, std::nullopt, std::nullopt, std::nullopt}};
     return order;
 }
 
@@ -101,6 +107,8 @@ int dieInMidCreation(const QString &fileName)
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(std::function<void(Order &)>)
 
 class tst_OrderStore : public QObject
 {
@@ -184,6 +192,86 @@ private Q_SLOTS:
         QVERIFY(m_store->order(id) == order);
         const QVariantList after = row(id);
         QCOMPARE(after, before); // dates, priority, colour of the label, lines
+    }
+
+    void linesAreSavedWithTheirOrder_data()
+    {
+        QTest::addColumn<std::function<void(Order &)>>("edit");
+        const auto row = [](const char *name, std::function<void(Order &)> edit) {
+            QTest::newRow(name) << std::move(edit);
+        };
+        row("one more", [](Order &order) { order.lines.append({9, 3, QStringLiteral("nowa"), 2, 1, 500, 8, {}}); });
+        row("one less", [](Order &order) { order.lines.removeFirst(); });
+        row("none left", [](Order &order) { order.lines.clear(); });
+        row("another price", [](Order &order) { order.lines.last().netPrice = 1; });
+        row("a price is not known", [](Order &order) { order.lines.last().netPrice = std::nullopt; });
+        row("nothing is known",
+            [](Order &order) { order.lines.last() = {order.lines.last().number, {}, {}, {}, {}, {}, {}, {}}; });
+        row("a day of its own", [](Order &order) { order.lines.last().delivery = QDate(2027, 1, 4); });
+        row("with the head", [](Order &order) {
+            order.remarks = QStringLiteral("x");
+            order.lines.first().name = QStringLiteral("inna");
+        });
+    }
+    void linesAreSavedWithTheirOrder()
+    {
+        QFETCH(const std::function<void(Order &)>, edit);
+        const Order loaded = m_store->order(6).value();
+        QVERIFY(loaded.lines.size() > 1);
+        const QString others = QStringLiteral("SELECT * FROM order_lines WHERE order_id <> 6 ORDER BY 1, 2");
+        const auto before = rows(m_file, others);
+        Order order = loaded;
+        edit(order);
+        QVERIFY(order.lines != loaded.lines);
+        QCOMPARE(int(m_store->save(order, loaded).kind), int(Kind::Done));
+        restart();
+        QVERIFY(m_store->order(6) == order);
+        QVERIFY(rows(m_file, others) == before);
+        // Who has not seen these lines saves nothing over them.
+        QCOMPARE(int(m_store->save(loaded, loaded).kind), int(Kind::ChangedMeanwhile));
+        QCOMPARE(int(m_store->remove(loaded).kind), int(Kind::ChangedMeanwhile));
+        QVERIFY(m_store->order(6) == order);
+    }
+
+    void aRefusedLineSavesNothingOfTheOrder()
+    {
+        const Order before = m_store->order(6).value();
+        Order order = before;
+        order.remarks = QStringLiteral("nowe");
+        order.lines.last().product = 999999; // which does not exist
+        QVERIFY_THROWS_EXCEPTION(orders::StoreError, save(*m_store, order));
+        QVERIFY(m_store->order(6) == before);
+        const QList<qint64> ids = m_store->ids();
+        order.id = 0;
+        QVERIFY_THROWS_EXCEPTION(orders::StoreError, m_store->add(order));
+        QCOMPARE(m_store->ids(), ids);
+    }
+
+    void productsAreFound_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("symbol");
+        // clang-format off
+        QTest::newRow("by symbol")            << "T0335"     << "T0335";
+        QTest::newRow("by small symbol")      << "t0335"     << "T0335";
+        QTest::newRow("by name, no accents")  << "gasnica"   << "T0335";
+        QTest::newRow("by name, accents")     << "GAŚNICA"   << "T0335";
+        QTest::newRow("by neither")           << "qqq"       << "";
+        // clang-format on
+    }
+    void productsAreFound()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const QString, symbol);
+        const orders::Catalogue catalogue(m_store->connection());
+        QStringList symbols;
+        for (const orders::Product &found : catalogue.find(text, 100))
+            symbols << found.symbol;
+        QCOMPARE(symbols.contains(symbol), !symbol.isEmpty());
+        const auto exact = catalogue.productOf(text);
+        QCOMPARE(exact.has_value(), text.compare(symbol, Qt::CaseInsensitive) == 0);
+        if (exact)
+            QCOMPARE(catalogue.product(exact->id)->name, exact->name);
     }
 
     void anOrderMayBeWithoutACustomer()
@@ -290,14 +378,14 @@ private Q_SLOTS:
         QTest::newRow("another program's mark") << QStringList{QStringLiteral("PRAGMA application_id = 7")};
         QTest::newRow("a log of its own") << QStringList{QStringLiteral("PRAGMA journal_mode = WAL"), tables};
         QTest::newRow("ours, of a newer program") << QStringList{QStringLiteral("PRAGMA application_id = 1332896882"),
-                                                                 QStringLiteral("PRAGMA user_version = 3")};
+                                                                 QStringLiteral("PRAGMA user_version = 4")};
     }
     void aForeignDatabaseIsLeftAsItWas()
     {
         QFETCH(const QStringList, statements);
         const QTemporaryDir folder;
         const QString name = folder.filePath(QStringLiteral("obca baza?.sqlite")); // no address takes it as it is
-        make(name, statements);
+        change(name, statements);
         const auto state = [&] {
             QFile file(name);
             (void)file.open(QIODevice::ReadOnly);
@@ -307,37 +395,6 @@ private Q_SLOTS:
         QVERIFY(before.first.size() > 0);
         expectError([&] { const OrderStore store(name); }, "Pozostał bez zmian");
         QVERIFY(state() == before);
-    }
-
-    void aFileOfTheFirstProgramIsBroughtUpToDate()
-    {
-        m_store.reset();
-        const QTemporaryDir folder;
-        const QString name = folder.filePath(QStringLiteral("dawna.sqlite"));
-        QVERIFY(QFile::copy(m_file, name));
-        makeOld(name);
-        const QList<QVariantList> before = rows(name, QStringLiteral("SELECT * FROM orders ORDER BY id"));
-        const QList<QVariantList> lines = rows(name, QStringLiteral("SELECT * FROM order_lines ORDER BY 1, 2"));
-        QVERIFY(before.size() >= 1000 && lines.size() >= 1000);
-        {
-            OrderStore store(name);
-            Order order = store.order(1).value();
-            order.discount = std::nullopt;
-            QVERIFY(!save(store, order).discount);
-            checkIntegrity(store);
-            order.customer = 999999;
-            QVERIFY_THROWS_EXCEPTION(orders::StoreError, save(store, order)); // references are still held
-        }
-        QVERIFY(OrderStore(name).order(1)); // and once more, as it is now
-        QList<QVariantList> after = rows(name, QStringLiteral("SELECT * FROM orders ORDER BY id"));
-        QVERIFY(after.first().at(6).isNull());
-        after.first()[6] = before.first().at(6);
-        QVERIFY(after == before);
-        QVERIFY(rows(name, QStringLiteral("SELECT * FROM order_lines ORDER BY 1, 2")) == lines);
-        const QString schema = QStringLiteral("SELECT type, name, sql FROM sqlite_master ORDER BY 1, 2");
-        QVERIFY(rows(name, schema) == rows(m_file, schema));
-        for (const char *pragma : {"PRAGMA application_id", "PRAGMA user_version"})
-            QVERIFY(rows(name, QLatin1String(pragma)) == rows(m_file, QLatin1String(pragma)));
     }
 
     void whatWasNotEnteredStaysSo()
@@ -506,65 +563,6 @@ private:
             return;
         }
         QFAIL("no error");
-    }
-
-    //! A database made by someone else.
-    static void make(const QString &fileName, const QStringList &statements)
-    {
-        withDatabase(fileName, [&](const QSqlDatabase &connection) {
-            QSqlQuery query(connection);
-            for (const QString &statement : statements)
-                QVERIFY2(query.exec(statement), qPrintable(statement + query.lastError().text()));
-        });
-    }
-
-    //! The file as the first program made it: NULL was refused, and nothing told whose file it is.
-    static void makeOld(const QString &fileName)
-    {
-        QString table = rows(fileName, QStringLiteral("SELECT sql FROM sqlite_master WHERE name = 'orders'"))
-                            .first()
-                            .first()
-                            .toString();
-        table.replace(QStringLiteral("discount      REAL"), QStringLiteral("discount      REAL NOT NULL DEFAULT 0"));
-        table.replace(QStringLiteral("advance       INTEGER"),
-                      QStringLiteral("advance       INTEGER NOT NULL DEFAULT 0"));
-        table.replace(QStringLiteral("total         INTEGER"),
-                      QStringLiteral("total         INTEGER NOT NULL DEFAULT 0"));
-        QCOMPARE(table.count(QStringLiteral("NOT NULL DEFAULT 0")), 3);
-        make(fileName,
-             {QStringLiteral("PRAGMA legacy_alter_table = ON"), QStringLiteral("ALTER TABLE orders RENAME TO old"),
-              table, QStringLiteral("INSERT INTO orders SELECT * FROM old"), QStringLiteral("DROP TABLE old"),
-              QStringLiteral("CREATE INDEX orders_by_customer ON orders (customer_id)"),
-              QStringLiteral("CREATE INDEX orders_by_date ON orders (order_date)"),
-              QStringLiteral("PRAGMA application_id = 0"), QStringLiteral("PRAGMA user_version = 1")});
-    }
-
-    static QList<QVariantList> rows(const QString &fileName, const QString &statement)
-    {
-        QList<QVariantList> all;
-        withDatabase(fileName, [&](const QSqlDatabase &connection) {
-            QSqlQuery query(connection);
-            QVERIFY2(query.exec(statement), qPrintable(query.lastError().text()));
-            while (query.next()) {
-                QVariantList row;
-                for (int column = 0; column < query.record().count(); ++column)
-                    row << query.value(column);
-                all << row;
-            }
-        });
-        return all;
-    }
-
-    static void withDatabase(const QString &fileName, const std::function<void(const QSqlDatabase &)> &work)
-    {
-        const QString name = QStringLiteral("someone");
-        {
-            QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-            connection.setDatabaseName(fileName);
-            if (connection.open())
-                work(connection);
-        }
-        QSqlDatabase::removeDatabase(name);
     }
 
     void runChild(const QString &what)

@@ -9,7 +9,7 @@
 
 -- "Ordr", by which the program knows its own files.
 PRAGMA application_id = 1332896882;
-PRAGMA user_version = 2;
+PRAGMA user_version = 3;
 
 CREATE TABLE customer_groups (
     id   INTEGER PRIMARY KEY,
@@ -41,11 +41,18 @@ CREATE TABLE product_categories (
     name TEXT NOT NULL UNIQUE CHECK (name <> '')
 ) STRICT;
 
+CREATE TABLE units (
+    id   INTEGER PRIMARY KEY,
+    name TEXT NOT NULL UNIQUE CHECK (name <> '')
+) STRICT;
+
+-- symbol is what the clerk types instead of looking for the name.
 CREATE TABLE products (
     id          INTEGER PRIMARY KEY,
     name        TEXT NOT NULL UNIQUE CHECK (name <> ''),
+    symbol      TEXT NOT NULL UNIQUE COLLATE NOCASE CHECK (symbol <> ''),
     category_id INTEGER NOT NULL REFERENCES product_categories (id),
-    unit        TEXT NOT NULL CHECK (unit IN ('szt.', 'op.', 'kg', 'm', 'l', 'kpl.', 'para', 'rolka')),
+    unit_id     INTEGER NOT NULL REFERENCES units (id),
     net_price   INTEGER NOT NULL CHECK (net_price > 0),
     vat         INTEGER NOT NULL CHECK (vat IN (0, 5, 8, 23)),
     sort_name   TEXT GENERATED ALWAYS AS (
@@ -80,13 +87,18 @@ CREATE TABLE orders (
 CREATE INDEX orders_by_customer ON orders (customer_id);
 CREATE INDEX orders_by_date ON orders (order_date);
 
+-- A line holds its product's name, unit and price as they were agreed: the catalogue may change afterwards. All of it
+-- may be NULL, "not entered". line is the running number on the order.
 CREATE TABLE order_lines (
-    order_id   INTEGER NOT NULL REFERENCES orders (id) ON DELETE CASCADE,
-    line       INTEGER NOT NULL CHECK (line > 0),
-    product_id INTEGER NOT NULL REFERENCES products (id),
-    quantity   REAL NOT NULL CHECK (quantity > 0),
-    net_price  INTEGER NOT NULL CHECK (net_price >= 0),
-    vat        INTEGER NOT NULL CHECK (vat IN (0, 5, 8, 23)),
+    order_id      INTEGER NOT NULL REFERENCES orders (id) ON DELETE CASCADE,
+    line          INTEGER NOT NULL CHECK (line > 0),
+    product_id    INTEGER REFERENCES products (id),
+    name          TEXT CHECK (name <> ''),
+    quantity      REAL CHECK (quantity > 0),
+    unit_id       INTEGER REFERENCES units (id),
+    net_price     INTEGER CHECK (net_price >= 0),
+    vat           INTEGER CHECK (vat IN (0, 5, 8, 23)),
+    delivery_date TEXT CHECK (delivery_date IS date(delivery_date)),
     PRIMARY KEY (order_id, line)
 ) STRICT, WITHOUT ROWID;
 
