@@ -53,6 +53,7 @@ void CellSession::open(CellEditor *editor, CellAddress cell, const EditorBox &bo
     editor->control()->show();
     editor->control()->raise();
     m_state = State::Open;
+    setKeyboardBeside(editor->box());
     if (keyboard == Keyboard::Take)
         FocusTracker::instance().moveUnasked(editor->box());
 }
@@ -80,6 +81,14 @@ void CellSession::place(const EditorBox &box)
     const QPoint area = m_surface->viewport()->mapTo(m_surface->parentWidget(), QPoint());
     control->setGeometry(toPixelsX(m_surface, Twips(box.left)) - area.x(), top + above - area.y(),
                          toPixelsX(m_surface, Twips(box.width)), height);
+}
+
+void CellSession::setKeyboardBeside(QWidget *taker)
+{
+    for (QWidget *part : m_surface->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (part != m_surface->viewport())
+            part->setFocusProxy(taker);
+    }
 }
 
 // --- while it is open
@@ -163,6 +172,7 @@ void CellSession::close()
     const bool goesOn = hasKeyboard();
     m_state = State::Closed;
     m_editor = nullptr;
+    setKeyboardBeside(m_surface);
     if (!closed)
         return;
     if (goesOn) // before it is hidden, or the toolkit would send the keyboard to a neighbour

@@ -86,6 +86,8 @@ private:
     [[nodiscard]] Seen look() const { return {m_editor->text(), m_editor->value()}; }
     //! Whether the keyboard is in the editor, a button of it included.
     [[nodiscard]] bool hasKeyboard() const;
+    //! Titles and scroll bars of the surface leave the keyboard to it, so that one may drag a line and type on.
+    void setKeyboardBeside(QWidget *taker);
     //! Reports what the editor holds, if that is new.
     void report();
     void close();

@@ -28,15 +28,9 @@
 
 namespace kor {
 
-namespace {
-
-GridExtent extentOf(const FlexGrid &grid) { return {grid.Rows(), grid.Cols()}; }
-
-} // namespace
-
-GridEditing::GridEditing(FlexGrid *grid, const GridColumns &columns, GridEditingHost &host)
+GridEditing::GridEditing(FlexGrid *grid, GridCells &cells, GridEditingHost &host)
     : m_grid(grid),
-      m_columns(columns),
+      m_cells(cells),
       m_host(host),
       m_session(grid),
       m_textEditor(add<TextCellEditor, TextBox>("TxtBox")),
@@ -114,7 +108,7 @@ std::optional<EditorBox> GridEditing::placeOf(CellAddress cell) const
                       toTwipsX(m_grid, rect.width()).rounded(), toTwipsY(m_grid, rect.height()).rounded()};
     const SurfacePlace surface{static_cast<float>(toTwipsX(m_grid, m_grid->x()).count()),
                                static_cast<float>(toTwipsY(m_grid, m_grid->y()).count())};
-    const bool isOfDate = static_cast<ColumnType>(m_grid->ColData(cell.column)) == ColumnType::Date;
+    const bool isOfDate = m_cells.typeOf(cell.column) == ColumnType::Date;
     return placeInside(box, surface, {isOfDate, m_grid->RowHeightMin()});
 }
 
@@ -124,13 +118,13 @@ bool GridEditing::open(CellSession::Keyboard keyboard)
     if (!m_session.leave() || !self)
         return false;
     const CellAddress cell{m_grid->Row(), m_grid->Col()};
-    if (m_columns.isLocked(cell.column) || !isInSight(cell))
+    if (m_cells.columns().isLocked(cell.column) || !isInSight(cell))
         return false;
     const auto place = placeOf(cell);
     if (!place)
         return false;
-    const auto type = static_cast<ColumnType>(m_grid->ColData(cell.column));
-    const GridColumn *column = m_columns.find(cell.column);
+    const auto type = m_cells.typeOf(cell.column);
+    const GridColumn *column = m_cells.columns().find(cell.column);
     CellEditor *editor = editorOf(column, type);
     if (column) {
         const CellSetup setup = setupOf(*column, type);
@@ -141,7 +135,7 @@ bool GridEditing::open(CellSession::Keyboard keyboard)
             m_host.listRead(setup.list->source);
     }
     const QString shown = m_grid->TextMatrix(cell.row, cell.column);
-    m_before = {shown, rawText(cell)};
+    m_before = m_cells.textsAt(cell);
     editor->box()->setAccessibleName(m_grid->TextMatrix(0, cell.column)); // a screen reader says where one types
     m_session.open(editor, cell, *place, {shown, std::nullopt}, keyboard);
     if (!self || !m_session.isOpen() || m_session.cell() != cell)
@@ -159,36 +153,23 @@ bool GridEditing::open(CellSession::Keyboard keyboard)
 
 // --- copying back
 
-int GridEditing::valueColumnOf(int column) const
-{
-    const GridColumn *described = m_columns.find(column);
-    const int valueColumn = described ? described->valueColumn : 0;
-    return valueColumn > 0 && valueColumn < m_grid->Cols() ? valueColumn : 0;
-}
-
-QString GridEditing::rawText(CellAddress cell) const
-{
-    const int valueColumn = valueColumnOf(cell.column);
-    return valueColumn ? m_grid->TextMatrix(cell.row, valueColumn) : QString();
-}
-
 void GridEditing::write(CellAddress cell, const QString &shown, const QVariant &value)
 {
-    m_grid->setTextMatrix(cell.row, cell.column, shown);
-    const int valueColumn = valueColumnOf(cell.column);
+    CellTexts texts{shown, std::nullopt};
     // Kept: a value that becomes Null leaves the value column as it was
-    if (valueColumn && !isNull(value) && !isMissing(value))
-        m_grid->setTextMatrix(cell.row, valueColumn, CStr(normalized(value)));
+    if (!isNull(value) && !isMissing(value))
+        texts.raw = CStr(normalized(value));
+    m_cells.write(cell, texts);
 }
 
 void GridEditing::copyBack()
 {
     const CellAddress cell = m_session.cell();
-    if (!extentOf(*m_grid).hasDataCell(cell))
+    if (!m_cells.extent().hasDataCell(cell))
         return;
-    const Before before{m_grid->TextMatrix(cell.row, cell.column), rawText(cell)};
+    const CellTexts before = m_cells.textsAt(cell);
     write(cell, m_session.editor()->text(), m_session.editor()->value());
-    if (before.shown != m_grid->TextMatrix(cell.row, cell.column) || before.raw != rawText(cell))
+    if (before != m_cells.textsAt(cell))
         m_host.cellChanged(cell);
 }
 
@@ -205,15 +186,11 @@ void GridEditing::cancel()
 
 void GridEditing::restore(CellAddress cell)
 {
-    if (!extentOf(*m_grid).hasDataCell(cell))
+    if (!m_cells.extent().hasDataCell(cell))
         return;
-    const int valueColumn = valueColumnOf(cell.column);
-    const bool isSame = m_grid->TextMatrix(cell.row, cell.column) == m_before.shown && rawText(cell) == m_before.raw;
-    if (isSame)
+    if (m_before == m_cells.textsAt(cell))
         return;
-    m_grid->setTextMatrix(cell.row, cell.column, m_before.shown);
-    if (valueColumn)
-        m_grid->setTextMatrix(cell.row, valueColumn, m_before.raw);
+    m_cells.write(cell, m_before);
     m_host.cellChanged(cell);
 }
 
@@ -223,11 +200,11 @@ void GridEditing::cellWritten(CellAddress cell)
     if (!m_session.isOpen() || edited.row != cell.row)
         return;
     // Escape takes the user's typing back, not what the program has written meanwhile.
-    if (cell.column == valueColumnOf(edited.column))
-        m_before.raw = rawText(edited);
+    if (cell.column == m_cells.valueColumnOf(edited.column))
+        m_before.raw = m_cells.textsAt(edited).raw;
     if (cell != edited)
         return;
-    m_before = {m_grid->TextMatrix(cell.row, cell.column), rawText(cell)};
+    m_before = m_cells.textsAt(cell);
     m_session.refill({m_before.shown, std::nullopt});
 }
 
@@ -244,7 +221,7 @@ void GridEditing::rowsRemoved(int first, int last)
 
 void GridEditing::follow()
 {
-    if (!m_session.isOpen() || !extentOf(*m_grid).hasDataCell(m_session.cell()))
+    if (!m_session.isOpen() || !m_cells.extent().hasDataCell(m_session.cell()))
         return;
     if (const auto place = placeOf(m_session.cell()))
         m_session.place(*place);
@@ -280,12 +257,12 @@ void GridEditing::keyDown(int &code, int &shift)
 bool GridEditing::step(bool isForward)
 {
     const QPointer<GridEditing> self = this;
-    const auto next = nextEditable({m_grid->Row(), m_grid->Col()}, extentOf(*m_grid),
+    const auto next = nextEditable({m_grid->Row(), m_grid->Col()}, m_cells.extent(),
                                    isForward ? Direction::Forward : Direction::Backward,
-                                   [this](int column) { return !m_columns.isLocked(column); });
+                                   [this](int column) { return !m_cells.columns().isLocked(column); });
     if (!m_session.leave())
         return true; // it keeps the user
-    if (!self || !next || !extentOf(*m_grid).hasDataCell(*next))
+    if (!self || !next || !m_cells.extent().hasDataCell(*next))
         return false;
     m_grid->makeVisible(next->row, next->column);
     m_grid->setCurrentCell(next->row, next->column);

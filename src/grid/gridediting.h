@@ -3,7 +3,7 @@
 #pragma once
 
 #include "cells/cellsession.h"
-#include "grid/gridcolumns.h"
+#include "grid/gridcells.h"
 
 #include <memory>
 
@@ -36,7 +36,7 @@ class GridEditing final : public QObject
     Q_OBJECT
 
 public:
-    GridEditing(FlexGrid *grid, const GridColumns &columns, GridEditingHost &host);
+    GridEditing(FlexGrid *grid, GridCells &cells, GridEditingHost &host);
 
     [[nodiscard]] CellSession &session() { return m_session; }
     [[nodiscard]] KorCombo *combo() const { return m_combo; }
@@ -66,12 +66,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    //! The texts that a cell and its value column had.
-    struct Before {
-        QString shown;
-        QString raw;
-    };
-
     template <class Editor, class Control>
     CellEditor *add(const char *name);
     [[nodiscard]] CellEditor *editorOf(const GridColumn *column, ColumnType type) const;
@@ -79,8 +73,6 @@ private:
     [[nodiscard]] std::optional<EditorBox> placeOf(CellAddress cell) const;
     [[nodiscard]] bool isInSight(CellAddress cell) const;
     [[nodiscard]] int visibleRows() const;
-    [[nodiscard]] int valueColumnOf(int column) const;
-    [[nodiscard]] QString rawText(CellAddress cell) const;
 
     void answer(QInputMethodQueryEvent &query) const;
     bool compose(QInputMethodEvent *event);
@@ -91,7 +83,7 @@ private:
     void follow();
 
     FlexGrid *m_grid;
-    const GridColumns &m_columns;
+    GridCells &m_cells;
     GridEditingHost &m_host;
     CellSession m_session;
     KorCombo *m_combo = nullptr;
@@ -101,7 +93,7 @@ private:
     CellEditor *m_clickEditor;
     CellEditor *m_comboEditor;
     CellEditor *m_dateEditor;
-    Before m_before;
+    CellTexts m_before; //!< what the cell and its value column held
 };
 
 } // namespace kor

@@ -16,6 +16,17 @@ namespace {
 
 bool counts(const QVariant &value) { return !isNull(value) && variantType(value) != VariantType::String; }
 
+//! The greatest of a number and the values in the rows behind the first ones.
+float greatestBehind(int row, float greatest, int count, const RowValues &valueAt, const Locale &locale)
+{
+    while (++row <= count) {
+        const QVariant value = valueAt(row);
+        if (counts(value) && compare(value, greatest) == std::partial_ordering::greater)
+            greatest = CSng(value, locale);
+    }
+    return greatest;
+}
+
 } // namespace
 
 float sumOfRows(int count, const RowValues &valueAt, const Locale &locale)
@@ -33,13 +44,25 @@ float sumOfRows(int count, const RowValues &valueAt, const Locale &locale)
 
 float greatestOfRows(int count, const RowValues &valueAt, const Locale &locale)
 {
-    float greatest = 0; // Kept: running numbers start behind it, so it is the floor
-    for (int row = 1; row <= count; ++row) {
-        const QVariant value = valueAt(row);
-        if (counts(value) && compare(value, greatest) == std::partial_ordering::greater)
-            greatest = CSng(value, locale);
-    }
+    // Kept: running numbers start behind 0, so it is the floor
+    return greatestBehind(0, 0, count, valueAt, locale);
+}
+
+float GreatestInColumn::of(int column, int count, const RowValues &valueAt, const Locale &locale)
+{
+    const bool goesOn = column == m_column && count >= m_count;
+    const float greatest =
+        goesOn ? greatestBehind(m_count, m_greatest, count, valueAt, locale) : greatestOfRows(count, valueAt, locale);
+    m_column = column;
+    m_count = count;
+    m_greatest = greatest;
     return greatest;
+}
+
+void GreatestInColumn::changed(int row)
+{
+    if (row <= m_count)
+        m_column = -1;
 }
 
 } // namespace kor

@@ -20,4 +20,20 @@ using RowValues = std::function<QVariant(int row)>;
 //! The greatest of the values, in single precision, and never less than 0; what is Null or a text does not count.
 [[nodiscard]] float greatestOfRows(int count, const RowValues &valueAt, const Locale &locale);
 
+//! The greatest value of one column, remembered: rows that come behind are looked at alone, so that numbering rows one
+//! by one takes no longer the more there are.
+class GreatestInColumn
+{
+public:
+    //! As greatestOfRows().
+    [[nodiscard]] float of(int column, int count, const RowValues &valueAt, const Locale &locale);
+    //! This row, and maybe others below, may hold another value than before.
+    void changed(int row);
+
+private:
+    int m_column = -1;
+    int m_count = 0; //!< so many rows were looked at
+    float m_greatest = 0;
+};
+
 } // namespace kor

@@ -5,15 +5,12 @@
 #include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
 #include "frame/settings.h"
+#include "grid/gridcells.h"
 #include "grid/gridediting.h"
 #include "grid/gridkeys.h"
-#include "grid/gridlists.h"
 #include "grid/gridlook.h"
 #include "grid/gridmoves.h"
-#include "grid/gridsums.h"
-#include "grid/gridvalues.h"
 
-#include <KorDaoUC/clock.h>
 #include <KorDaoUC/convert.h>
 #include <KorDaoUC/korcombo.h>
 #include <KorDaoUC/korgrid.h>
@@ -32,14 +29,17 @@ using namespace kor;
 class KorGrid::Private final : public FocusClient, public GridEditingHost
 {
 public:
-    explicit Private(KorGrid *control) : q(control), grid(new FlexGrid(control)), editing(grid, columns, *this) {}
+    explicit Private(KorGrid *control)
+        : q(control), grid(new FlexGrid(control)), cells(grid), editing(grid, cells, *this)
+    {
+    }
 
     // --- what the editors ask and tell
     [[nodiscard]] bool mayEdit() const override { return q->UserMode(); }
     void cellChanged(CellAddress cell) override { Q_EMIT q->Change(cell.row, cell.column); }
     void editorOpened() override;
     void chooserAsked() override;
-    void listRead(const QString &source) override { lists.forget(source); }
+    void listRead(const QString &source) override { cells.lists().forget(source); }
 
     // --- what the focus does
     void controlEntered() override;
@@ -61,22 +61,12 @@ public:
     void addRows(int row);
     void focusNewRow(int column, int numberColumn, float number);
 
-    [[nodiscard]] GridExtent extent() const { return {grid->Rows(), grid->Cols()}; }
-    [[nodiscard]] ColumnType typeOf(int column) const { return static_cast<ColumnType>(grid->ColData(column)); }
-    [[nodiscard]] ValueRules rules() const { return {signs, Clock::today()}; }
-    [[nodiscard]] int valueColumnOf(int column) const;
-    [[nodiscard]] CellTexts textsAt(CellAddress cell) const;
-    [[nodiscard]] QVariant valueAt(CellAddress cell) const;
     void write(CellAddress cell, const CellTexts &texts);
-    [[nodiscard]] CellTexts textsOf(int column, const QVariant &value);
-    [[nodiscard]] CellTexts textsTyped(int column, const QString &text);
 
     KorGrid *q;
     FlexGrid *grid;
-    GridColumns columns;
+    GridCells cells;
     GridEditing editing;
-    mutable GridLists lists;
-    NumberSigns signs = NumberSigns::of(Locale::systemDefault());
     QVariant value = null(); //!< saved for older forms; nobody reads it
     bool isBusy = false;     //!< rows are being added: cells that become current open no editor
     bool isEntering = false; //!< the editor of a cell opens that the grid surface itself tells of
@@ -148,7 +138,7 @@ int KorGrid::AddColumn(const QString &col_type, const QString &col_title, int co
     d->grid->setColAlignment(number, cellAlignmentOf(column.alignment));
     d->grid->setColForeColor(number, col_color);
     d->grid->setColWordWrap(number, col_wrap);
-    d->columns.store(number, std::move(column));
+    d->cells.describe(number, std::move(column));
     d->grid->setColWidth(number, std::max(col_width, 0));
     d->grid->setTextMatrix(0, number, col_title);
     return number;
@@ -161,9 +151,9 @@ QString KorGrid::TextMatrix(int Row, int Col) const { return d->grid->TextMatrix
 void KorGrid::setTextMatrix(int Row, int Col, const QString &text)
 {
     const CellAddress cell{Row, Col};
-    if (!d->extent().hasDataCell(cell))
+    if (!d->cells.extent().hasDataCell(cell))
         return;
-    if (!d->valueColumnOf(Col)) {
+    if (!d->cells.valueColumnOf(Col)) {
         d->grid->setTextMatrix(Row, Col, text);
         d->editing.cellWritten(cell);
         return;
@@ -176,8 +166,8 @@ void KorGrid::setTextMatrix(int Row, int Col, const QString &text)
             return;
         Q_EMIT SelChange();
     }
-    if (self && d->extent().hasDataCell(cell))
-        d->write(cell, d->textsTyped(Col, text));
+    if (self && d->cells.extent().hasDataCell(cell))
+        d->write(cell, d->cells.textsTyped(Col, text));
 }
 
 void KorGrid::setTextControl(int Row, int Col, const QString &text)
@@ -188,44 +178,10 @@ void KorGrid::setTextControl(int Row, int Col, const QString &text)
     d->editing.cellWritten({Row, Col});
 }
 
-int KorGrid::Private::valueColumnOf(int column) const
-{
-    const GridColumn *described = columns.find(column);
-    const int valueColumn = described ? described->valueColumn : 0;
-    return valueColumn > 0 && valueColumn < grid->Cols() ? valueColumn : 0;
-}
-
-CellTexts KorGrid::Private::textsAt(CellAddress cell) const
-{
-    CellTexts texts{grid->TextMatrix(cell.row, cell.column), std::nullopt};
-    if (const int valueColumn = valueColumnOf(cell.column))
-        texts.raw = grid->TextMatrix(cell.row, valueColumn);
-    return texts;
-}
-
 void KorGrid::Private::write(CellAddress cell, const CellTexts &texts)
 {
-    grid->setTextMatrix(cell.row, cell.column, texts.shown);
-    if (const int valueColumn = valueColumnOf(cell.column); valueColumn && texts.raw)
-        grid->setTextMatrix(cell.row, valueColumn, *texts.raw);
+    cells.write(cell, texts);
     editing.cellWritten(cell);
-}
-
-//! What a program's text looks like in a column with a value column. What is no value there stays as it is.
-CellTexts KorGrid::Private::textsTyped(int column, const QString &text)
-{
-    switch (typeOf(column)) {
-    case ColumnType::Click: return {text, std::nullopt}; // its raw value is the host's to write
-    case ColumnType::Combo: {
-        const auto key = lists.keyOf(text, columns.find(column)->source);
-        return {text, key && !isNull(*key) ? CStr(*key, signs.locale) : QString()};
-    }
-    case ColumnType::Text:
-    case ColumnType::Number:
-    case ColumnType::Date: break;
-    }
-    const QVariant read = valueOfCell(typeOf(column), {text, std::nullopt}, rules());
-    return isNull(read) ? CellTexts{text, QString()} : textsOf(column, read);
 }
 
 // --- values
@@ -233,58 +189,18 @@ CellTexts KorGrid::Private::textsTyped(int column, const QString &text)
 QVariant KorGrid::Value(int Row, int Col) const
 {
     const CellAddress cell{Row, Col};
-    return d->extent().hasDataCell(cell) ? d->valueAt(cell) : null();
-}
-
-QVariant KorGrid::Private::valueAt(CellAddress cell) const
-{
-    const ColumnType type = typeOf(cell.column);
-    const CellTexts texts = textsAt(cell);
-    const GridColumn *column = columns.find(cell.column);
-    if (type == ColumnType::Combo && column) {
-        const auto key =
-            texts.raw ? lists.keyWritten(*texts.raw, column->source) : lists.keyOf(texts.shown, column->source);
-        if (key)
-            return *key;
-    }
-    return valueOfCell(type, texts, rules());
+    return d->cells.extent().hasDataCell(cell) ? d->cells.valueAt(cell) : null();
 }
 
 void KorGrid::setValue(int Row, int Col, const QVariant &value)
 {
     const CellAddress cell{Row, Col};
-    if (d->extent().hasDataCell(cell))
-        d->write(cell, d->textsOf(Col, value));
+    if (d->cells.extent().hasDataCell(cell))
+        d->write(cell, d->cells.textsOf(Col, value));
 }
 
-CellTexts KorGrid::Private::textsOf(int column, const QVariant &given)
-{
-    const GridColumn *described = columns.find(column);
-    const GridColumn plain;
-    const GridColumn &used = described ? *described : plain;
-    CellTexts texts = textsOfValue(typeOf(column), used.format, given, rules());
-    if (typeOf(column) == ColumnType::Combo) {
-        if (const auto name = lists.nameOf(normalized(given), used.source))
-            texts.shown = *name;
-    }
-    return texts;
-}
-
-float KorGrid::SumColumn(int Col) const
-{
-    return sumOfRows(
-        d->grid->Rows() - 1, [&](int row) { return Value(row, Col); }, d->signs.locale);
-}
-
-float KorGrid::MaxColumn(int Col) const
-{
-    // The fixed column has no type of its own; running numbers in it count.
-    const auto valueAt = [&](int row) {
-        return Col == 0 ? valueOfCell(ColumnType::Number, {d->grid->TextMatrix(row, 0), std::nullopt}, d->rules())
-                        : Value(row, Col);
-    };
-    return greatestOfRows(d->grid->Rows() - 1, valueAt, d->signs.locale);
-}
+float KorGrid::SumColumn(int Col) const { return d->cells.sum(Col); }
+float KorGrid::MaxColumn(int Col) const { return d->cells.greatest(Col); }
 
 // --- current cell
 
@@ -298,7 +214,7 @@ int KorGrid::RowSel() const { return d->grid->SelectionMode() == SelectionModeTy
 void KorGrid::Private::goTo(int row, int column)
 {
     const QPointer<KorGrid> self = q;
-    if (extent().hasDataCell({row, column}) && !editing.session().leave())
+    if (cells.extent().hasDataCell({row, column}) && !editing.session().leave())
         return;
     if (self)
         grid->setCurrentCell(row, column);
@@ -364,7 +280,7 @@ void KorGrid::AddRow(int Row, int FocusCol, int LpCol)
     float number = 0;
     {
         const QScopedValueRollback busy(d->isBusy, true);
-        if (FocusCol > 0)
+        if (FocusCol > 0 && LpCol > 0)
             number = MaxColumn(LpCol) + 1;
         d->addRows(Row);
     }
@@ -394,7 +310,7 @@ void KorGrid::Private::focusNewRow(int column, int numberColumn, float number)
     if (!moveUnseen({last, column}))
         return;
     if (numberColumn > 0)
-        grid->setTextMatrix(last, column, CStr(number, signs.locale));
+        grid->setTextMatrix(last, column, cells.numberText(number));
     q->SetFocusCell(last, column);
 }
 
@@ -502,8 +418,9 @@ void KorGrid::Private::keyDown(int &code, int &shift)
         return;
     const bool isStep = code == Key::Enter && (shift == ShiftState::None || shift == ShiftState::Shift);
     // In the last cell Enter goes nowhere, and least of all to the form's default button.
-    const bool isUsed = isStep ? editing.step(shift == ShiftState::None) || (self && !columns.isLocked(grid->Col()))
-                               : beginsTyping(code, shift) && editing.beginTyping(code);
+    const bool isUsed =
+        isStep ? editing.step(shift == ShiftState::None) || (self && !cells.columns().isLocked(grid->Col()))
+               : beginsTyping(code, shift) && editing.beginTyping(code);
     if (isUsed)
         code = Key::None;
 }
@@ -539,29 +456,29 @@ bool KorGrid::focusNextPrevChild(bool next)
 void KorGrid::setdatabase(Database *database)
 {
     d->editing.combo()->setdatabase(database);
-    d->lists.database().set(database);
-    d->lists.forget();
+    d->cells.lists().database().set(database);
+    d->cells.lists().forget();
 }
 
 void KorGrid::setdatabase(QObject *database)
 {
     d->editing.combo()->setdatabase(database);
-    d->lists.database().setObject(database);
-    d->lists.forget();
+    d->cells.lists().database().setObject(database);
+    d->cells.lists().forget();
 }
 
 void KorGrid::setdatabase(const QString &connectionName)
 {
     d->editing.combo()->setdatabase(connectionName);
-    d->lists.database().setConnection(connectionName);
-    d->lists.forget();
+    d->cells.lists().database().setConnection(connectionName);
+    d->cells.lists().forget();
 }
 
 QString KorGrid::Slownik() const { return d->editing.dictionary(); }
 
 void KorGrid::CmbRefresh()
 {
-    d->lists.forget();
+    d->cells.lists().forget();
     d->editing.combo()->Refresh();
 }
 

@@ -5,6 +5,7 @@
 
 #include <KorDaoUC/Variant>
 
+#include <QtCore/QRandomGenerator>
 #include <QtTest/QtTest>
 
 using namespace kor;
@@ -31,6 +32,8 @@ private Q_SLOTS:
     void moreRowsThanAnIntegerCountsOverflowBeforeReading();
     void theGreatestHasNoLimitOfRows();
     void aSumThatNoSingleHoldsOverflows();
+    void theRememberedGreatestIsTheGreatest();
+    void rowsThatComeBehindAreLookedAtAlone();
 };
 
 void tst_GridSums::sumAndGreatest_data()
@@ -93,6 +96,53 @@ void tst_GridSums::aSumThatNoSingleHoldsOverflows()
                      2, [](int) { return QVariant(3e38); }, Locale::systemDefault());
              }),
              6);
+}
+
+void tst_GridSums::theRememberedGreatestIsTheGreatest()
+{
+    QRandomGenerator random(2026);
+    QVariantList values;
+    GreatestInColumn remembered;
+    const auto valueIn = [&](int row) { return values.at(row - 1); };
+    for (int round = 0; round < 2000; ++round) {
+        const int count = static_cast<int>(values.size());
+        const QVariant value = random.bounded(4) == 0 ? null() : QVariant(double(random.bounded(1000)) - 100);
+        switch (const int row = count ? random.bounded(count) : 0; random.bounded(count ? 4 : 1)) {
+        case 0: values << value; break;
+        case 1:
+            values[row] = value;
+            remembered.changed(row + 1);
+            break;
+        case 2:
+            values.removeAt(row);
+            remembered.changed(row + 1);
+            break;
+        default: // another column was asked for meanwhile
+            (void)remembered.of(2, count, valueIn, Locale::systemDefault());
+            break;
+        }
+        const int rows = static_cast<int>(values.size());
+        QCOMPARE(remembered.of(1, rows, valueIn, Locale::systemDefault()),
+                 greatestOfRows(rows, valueIn, Locale::systemDefault()));
+    }
+}
+
+void tst_GridSums::rowsThatComeBehindAreLookedAtAlone()
+{
+    GreatestInColumn remembered;
+    QList<int> read;
+    const auto valueIn = [&](int row) {
+        read << row;
+        return QVariant(double(row));
+    };
+    QCOMPARE(remembered.of(1, 3, valueIn, Locale::systemDefault()), 3.0F);
+    read.clear();
+    QCOMPARE(remembered.of(1, 5, valueIn, Locale::systemDefault()), 5.0F);
+    QCOMPARE(read, (QList<int>{4, 5}));
+    remembered.changed(6);
+    read.clear();
+    QCOMPARE(remembered.of(1, 5, valueIn, Locale::systemDefault()), 5.0F);
+    QCOMPARE(read, QList<int>{});
 }
 
 QTEST_APPLESS_MAIN(tst_GridSums)

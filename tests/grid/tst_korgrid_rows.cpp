@@ -58,6 +58,7 @@ private Q_SLOTS:
     void addingRows_data();
     void addingRows();
     void theNextRunningNumberGoesToTheFocusColumn();
+    void theNextRunningNumberFollowsWhateverWasDone();
     void addingRowsKeepsWhatIsBeingTyped();
     void addingRowsToARefusedEditorKeepsTheUser();
     void addRowGivesTheMousePointerBack();
@@ -348,6 +349,30 @@ void tst_KorGrid_Rows::theNextRunningNumberGoesToTheFocusColumn()
     grid->AddRow(0, 3);
     QCOMPARE(row(5), QStringLiteral("||"));
     QCOMPARE(place(), QStringLiteral("5,3"));
+}
+
+void tst_KorGrid_Rows::theNextRunningNumberFollowsWhateverWasDone()
+{
+    grid->AddColumn(QStringLiteral("NUMBER"), QStringLiteral("Lp."), 600, 1, true, QStringLiteral("0"));
+    grid->AddColumn(QStringLiteral("TEXT"), QStringLiteral("Towar"), 1500, 0);
+    const auto added = [&] {
+        grid->AddRow(0, 1, 1);
+        return grid->TextMatrix(grid->Rows() - 1, 1);
+    };
+    QCOMPARE(added(), QStringLiteral("1"));
+    QCOMPARE(added(), QStringLiteral("2"));
+    grid->setTextMatrix(2, 1, QStringLiteral("40")); // by the program
+    QCOMPARE(added(), QStringLiteral("41"));
+    grid->setTextControl(2, 1, QStringLiteral("7"));
+    grid->DelRow(grid->Rows() - 1);
+    QCOMPARE(added(), QStringLiteral("8"));
+    grid->DelRow(1, grid->Rows() - 1);
+    QCOMPARE(added(), QStringLiteral("1"));
+    grid->setTextMatrix(1, 1, QStringLiteral("5")); // in a row that is there already
+    grid->setCols(1);                               // and its columns go, and come back
+    grid->setCols(3);
+    QCOMPARE(grid->MaxColumn(1), 0.0F);
+    QCOMPARE(grid->MaxColumn(1), 0.0F);
 }
 
 void tst_KorGrid_Rows::addingRowsKeepsWhatIsBeingTyped()
