@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "pages/pages.h"
+
 #include <KorDaoUC/controlregistry.h>
 #include <KorDaoUC/korclick.h>
 #include <KorDaoUC/korcolor.h>
@@ -11,6 +13,7 @@
 #include <KorDaoUC/kormultitext.h>
 #include <KorDaoUC/kornumber.h>
 #include <KorDaoUC/korupdown.h>
+#include <KorDaoUC/propertypage.h>
 
 namespace kor {
 
@@ -34,6 +37,15 @@ const bool controlsAdded = [] {
     add<KorUpDown>("KorUpDown");
     add<KorMultiText>("KorMultiText");
     add<KorGrid>("KorGrid");
+    return true;
+}();
+
+//! The pages, in the order in which a control shows them.
+const bool pagesAdded = [] {
+    ControlRegistry::addPage(QStringLiteral("pagKorNumber"), makeNumberPage, {QStringLiteral("KorNumber")});
+    ControlRegistry::addPage(QStringLiteral("pagKorCombo"), makeComboPage, {QStringLiteral("KorCombo")});
+    ControlRegistry::addPage(QStringLiteral("pagKorGrid1"), makeDatabasePage, {QStringLiteral("KorGrid")});
+    ControlRegistry::addPage(QStringLiteral("pagKorGrid2"), makeColumnPage, {QStringLiteral("KorGrid")});
     return true;
 }();
 

@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "pages/latebound.h"
+
+#include <KorDaoUC/propertypage.h>
+
+#include <QtCore/QPointer>
+#include <QtCore/QScopeGuard>
+
+#include <vector>
+
+namespace kor {
+
+class PropertyPage::Private
+{
+public:
+    std::vector<QPointer<QObject>> controls; // a hole for each that was deleted: the second never becomes the first
+    PropertyWriter *writer = nullptr;
+    bool isChanged = false;
+    int reading = 0;
+};
+
+PropertyWriter::~PropertyWriter() = default;
+
+PropertyPage::PropertyPage(QWidget *parent) : QWidget(parent), d(std::make_shared<Private>()) {}
+
+PropertyPage::~PropertyPage() = default;
+
+bool PropertyPage::Changed() const { return d->isChanged; }
+
+void PropertyPage::setChanged(bool changed)
+{
+    if (d->isChanged == changed)
+        return;
+    d->isChanged = changed;
+    Q_EMIT applyDue(changed);
+}
+
+QObjectList PropertyPage::SelectedControls() const
+{
+    QObjectList all;
+    for (const QPointer<QObject> &control : d->controls) {
+        if (control)
+            all.append(control);
+    }
+    return all;
+}
+
+void PropertyPage::setSelectedControls(const QObjectList &controls)
+{
+    d->controls.clear();
+    for (QObject *control : controls)
+        d->controls.emplace_back(control);
+    SelectionChanged();
+}
+
+void PropertyPage::SelectionChanged()
+{
+    const QPointer<PropertyPage> self = this;
+    silently([this] { readControls(); });
+    if (self)
+        setChanged(false);
+}
+
+void PropertyPage::ApplyChanges()
+{
+    const QPointer<PropertyPage> self = this;
+    {
+        PropertyWriter *writer = d->writer;
+        if (writer)
+            writer->beginApply();
+        const auto leave = qScopeGuard([writer] {
+            if (writer)
+                writer->endApply();
+        });
+        writeControls();
+    }
+    if (self)
+        setChanged(false);
+}
+
+void PropertyPage::setWriter(PropertyWriter *writer) { d->writer = writer; }
+
+QObject *PropertyPage::firstControl() const { return d->controls.empty() ? nullptr : d->controls.front().data(); }
+
+void PropertyPage::markChanged()
+{
+    if (d->reading == 0)
+        setChanged(true);
+}
+
+void PropertyPage::silently(const std::function<void()> &body)
+{
+    const std::shared_ptr<Private> kept = d;
+    ++kept->reading;
+    const auto leave = qScopeGuard([&] { --kept->reading; });
+    body();
+}
+
+void PropertyPage::writeProperty(QObject &control, const char *property, const QVariant &value)
+{
+    if (d->writer)
+        d->writer->write(control, QString::fromLatin1(property), value);
+    else
+        writeMember(control, property, value);
+}
+
+} // namespace kor
