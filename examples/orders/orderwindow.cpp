@@ -5,6 +5,7 @@
 #include "arrowicon.h"
 #include "conflictdialog.h"
 #include "focusmark.h"
+#include "messages.h"
 #include "ordermerge.h"
 #include "orderstore.h"
 #include "searchdialog.h"
@@ -27,29 +28,6 @@ namespace orders {
 namespace {
 
 constexpr int messageTime = 5000; // milliseconds
-
-//! A question with the answers in words; the last one is also that of the Escape key.
-int ask(QWidget *parent, const QString &title, const QString &text, const QStringList &answers)
-{
-    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
-    QList<QAbstractButton *> buttons;
-    for (const QString &answer : answers)
-        buttons << box.addButton(answer, QMessageBox::ActionRole);
-    box.setDefaultButton(static_cast<QPushButton *>(buttons.first()));
-    box.setEscapeButton(buttons.last());
-    box.exec();
-    parent->activateWindow(); // not every window system does so by itself
-    return static_cast<int>(buttons.indexOf(box.clickedButton()));
-}
-
-void warn(QWidget *parent, const QString &title, const QString &text, const QString &more = {})
-{
-    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(more);
-    box.exec();
-    parent->activateWindow();
-}
 
 } // namespace
 

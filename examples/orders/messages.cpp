@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The KorDaoUC authors
+// SPDX-License-Identifier: MIT
+#include "messages.h"
+
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+
+namespace orders {
+
+int ask(QWidget *parent, const QString &title, const QString &text, const QStringList &answers)
+{
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
+    QList<QAbstractButton *> buttons;
+    for (const QString &answer : answers)
+        buttons << box.addButton(answer, QMessageBox::ActionRole);
+    box.setDefaultButton(static_cast<QPushButton *>(buttons.first()));
+    box.setEscapeButton(buttons.last());
+    box.exec();
+    parent->activateWindow(); // not every window system does so by itself
+    return static_cast<int>(buttons.indexOf(box.clickedButton()));
+}
+
+void warn(QWidget *parent, const QString &title, const QString &text, const QString &more)
+{
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(more);
+    box.exec();
+    parent->activateWindow();
+}
+
+} // namespace orders
