@@ -54,7 +54,7 @@ bool CellView::ColIsVisible(int column) const
 int CellView::leftOf(int column) const
 {
     const int width = m_columns.pixels(column);
-    const int left = column == 0 ? -width : m_columns.offset(column) - m_columns.offset(LeftCol());
+    const int left = column == 0 ? -width : m_columns.distance(LeftCol(), column);
     return isRightToLeft() ? viewport()->width() - left - width : left;
 }
 
@@ -64,7 +64,7 @@ QRect CellView::cellRect(int row, int column) const
     settleLayout();
     measure(row);
     const int height = m_rows.pixels(row);
-    const int top = row == 0 ? -height : m_rows.offset(row) - m_rows.offset(TopRow());
+    const int top = row == 0 ? -height : m_rows.distance(TopRow(), row);
     return {leftOf(column), top, m_columns.pixels(column), height};
 }
 
@@ -213,7 +213,7 @@ void CellView::paintEvent(QPaintEvent *event)
     paintBehind(painter, exposed);
     const int behind = shownRowsEnd();
     for (int row = std::max(rowAtPlace(exposed.top()), TopRow()); row < behind; ++row) {
-        if (m_rows.offset(row) - m_rows.offset(TopRow()) > exposed.bottom())
+        if (m_rows.distance(TopRow(), row) > exposed.bottom())
             break;
         if (m_rows.size(row) > 0)
             paintRow(painter, row, exposed);
@@ -253,8 +253,8 @@ void CellView::paintBehind(QPainter &painter, const QRect &exposed) const
 {
     const QPalette theme = parentWidget() ? parentWidget()->palette() : QApplication::palette();
     const QRect room = viewport()->rect();
-    const int height = std::min(m_rows.offset(Rows()) - m_rows.offset(TopRow()), room.height());
-    const int width = std::min(m_columns.offset(Cols()) - m_columns.offset(LeftCol()), room.width());
+    const int height = std::min(m_rows.distance(TopRow(), Rows()), room.height());
+    const int width = std::min(m_columns.distance(LeftCol(), Cols()), room.width());
     const QRect cells(isRightToLeft() ? room.width() - width : 0, 0, width, Rows() > 1 ? height : 0);
     for (const QRect &part : QRegion(exposed) - cells)
         painter.fillRect(part, toQColor(m_backColorBkg, theme));

@@ -335,7 +335,7 @@ void CellView::measure(int row) const
         if (const QString text = width > 0 ? TextMatrix(row, column) : QString(); !text.isEmpty())
             height = std::max(height, neededHeight(fontMetrics(), text, width));
     }
-    const int twips = static_cast<int>(std::ceil(height * m_rows.twipsPerPixel()));
+    const int twips = static_cast<int>(std::ceil(std::min(height, LineSizes::mostPixels) * m_rows.twipsPerPixel()));
     m_rows.setSize(row, std::max(twips, m_rows.defaultSize()), SizeOrigin::Measured);
     passRowHeight(row);
 }
@@ -451,8 +451,8 @@ void CellView::scrollContentsBy(int, int)
     measureRows();
     const int top = std::min(std::exchange(m_shownTop, TopRow()), Rows() - 1);
     const int left = std::min(std::exchange(m_shownLeft, LeftCol()), Cols() - 1);
-    const int dx = m_columns.offset(left) - m_columns.offset(LeftCol());
-    viewport()->scroll(isRightToLeft() ? -dx : dx, m_rows.offset(top) - m_rows.offset(TopRow()));
+    const int dx = m_columns.distance(LeftCol(), left);
+    viewport()->scroll(isRightToLeft() ? -dx : dx, m_rows.distance(TopRow(), top));
     scrollTitles();
     updateScrollBars();
     Q_EMIT cellsMoved();
@@ -493,8 +493,8 @@ void CellView::scrollTo(const QModelIndex &index, ScrollHint hint)
         setTopRow(index.row() + 1);
 }
 
-int CellView::horizontalOffset() const { return m_columns.offset(LeftCol()) - m_columns.offset(1); }
-int CellView::verticalOffset() const { return m_rows.offset(TopRow()) - m_rows.offset(1); }
+int CellView::horizontalOffset() const { return m_columns.distance(1, LeftCol()); }
+int CellView::verticalOffset() const { return m_rows.distance(1, TopRow()); }
 
 // --- layout
 

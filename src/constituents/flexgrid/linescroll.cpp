@@ -13,7 +13,7 @@ namespace {
 //! The first line from which on all up to the end fit, but at most the last of them.
 int firstUpTo(const LineSizes &lines, int end, int room)
 {
-    const int place = lines.offset(end) - room;
+    const std::int64_t place = lines.offset(end) - room;
     if (end <= 1 || place <= lines.offset(1))
         return 1;
     const int line = lines.lineAt(place);

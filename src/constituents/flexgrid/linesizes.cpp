@@ -9,7 +9,11 @@
 namespace kor {
 
 namespace {
+
+constexpr std::int64_t farthest = 1 << 26; // pixels, so that their twips are no more than a Long holds
+
 int lowestBit(int number) { return number & -number; }
+
 } // namespace
 
 void LineSizes::insert(int first, int number)
@@ -96,13 +100,13 @@ void LineSizes::setTwipsPerPixel(double twips)
 // A line that is to be seen at all takes one pixel at least.
 int LineSizes::toPixels(int twips) const
 {
-    return twips == 0 ? 0 : std::max(1, static_cast<int>(std::lround(twips / m_twipsPerPixel)));
+    return twips == 0 ? 0 : static_cast<int>(std::clamp(std::lround(twips / m_twipsPerPixel), 1L, long{mostPixels}));
 }
 
-int LineSizes::offset(int line) const
+std::int64_t LineSizes::offset(int line) const
 {
     makeTree();
-    int sum = line * defaultPixels();
+    std::int64_t sum = std::int64_t{line} * defaultPixels();
     if (!m_tree.empty()) {
         for (int node = line; node > 0; node -= lowestBit(node))
             sum += m_tree[static_cast<std::size_t>(node)];
@@ -110,18 +114,23 @@ int LineSizes::offset(int line) const
     return sum;
 }
 
-int LineSizes::lineAt(int offset) const
+int LineSizes::distance(int from, int to) const
+{
+    return static_cast<int>(std::clamp(offset(to) - offset(from), -farthest, farthest));
+}
+
+int LineSizes::lineAt(std::int64_t offset) const
 {
     makeTree();
-    const int usual = defaultPixels();
+    const std::int64_t usual = defaultPixels();
     if (m_tree.empty())
-        return usual == 0 ? m_count : std::clamp(offset / usual, 0, m_count);
+        return usual == 0 ? m_count : static_cast<int>(std::clamp<std::int64_t>(offset / usual, 0, m_count));
     int line = 0;
-    int rest = offset;
+    std::int64_t rest = offset;
     for (int step = static_cast<int>(std::bit_floor(static_cast<unsigned>(m_count))); step > 0; step /= 2) {
         if (line + step > m_count)
             continue;
-        const int pixels = step * usual + m_tree[static_cast<std::size_t>(line + step)];
+        const std::int64_t pixels = step * usual + m_tree[static_cast<std::size_t>(line + step)];
         if (pixels <= rest) {
             line += step;
             rest -= pixels;
@@ -141,7 +150,7 @@ void LineSizes::update(int line, int pixels)
 void LineSizes::makeNode(int line) const
 {
     const int node = line + 1;
-    int sum = pixels(line) - defaultPixels();
+    std::int64_t sum = pixels(line) - defaultPixels();
     for (int child = node - 1; child > node - lowestBit(node); child -= lowestBit(child))
         sum += m_tree[static_cast<std::size_t>(child)];
     m_tree[static_cast<std::size_t>(node)] = sum;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace kor {
@@ -22,6 +23,10 @@ enum class SizeOrigin : unsigned char {
 class LineSizes
 {
 public:
+    //! A line is never higher or wider on the screen, whatever its size: the toolkit's styles paint a title by way of a
+    //! picture of its size.
+    static constexpr int mostPixels = 32767;
+
     LineSizes(int count, int defaultSize) : m_count(count), m_default(defaultSize) {}
 
     [[nodiscard]] int count() const { return m_count; }
@@ -43,9 +48,11 @@ public:
     void setTwipsPerPixel(double twips);
     [[nodiscard]] int pixels(int line) const { return toPixels(size(line)); }
     //! The pixels of all lines before this one; of count() those of all lines.
-    [[nodiscard]] int offset(int line) const;
+    [[nodiscard]] std::int64_t offset(int line) const;
+    //! The pixels from the beginning of one line to that of another; no more of them than anybody can scroll over.
+    [[nodiscard]] int distance(int from, int to) const;
     //! The line that a pixel falls on, count() for one behind the last line. Lines without any size are passed over.
-    [[nodiscard]] int lineAt(int offset) const;
+    [[nodiscard]] int lineAt(std::int64_t offset) const;
 
 private:
     struct Line {
@@ -66,7 +73,7 @@ private:
     double m_twipsPerPixel = 15.0;
     std::vector<Line> m_own; //!< empty while every line has the default size
     //! Sums of how many pixels lines differ from the default: a binary indexed tree, node i standing for line i - 1.
-    mutable std::vector<int> m_tree;
+    mutable std::vector<std::int64_t> m_tree;
     mutable bool m_isTreeStale = false;
 };
 

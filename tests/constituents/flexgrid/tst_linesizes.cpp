@@ -5,6 +5,7 @@
 
 #include <QtTest/QtTest>
 
+#include <limits>
 #include <numeric>
 #include <random>
 #include <vector>
@@ -25,6 +26,8 @@ private Q_SLOTS:
     void changesMoveWhatLiesBehind();
     void defaultChangesLinesWithoutASizeOfTheirOwn();
     void measuredSizesAreForgottenGivenOnesKept();
+    void addsUpTheSizesOfTheMostLines_data();
+    void addsUpTheSizesOfTheMostLines();
     void findsWhatIsShown_data();
     void findsWhatIsShown();
     void scrollsAsFarAsNeeded_data();
@@ -43,6 +46,7 @@ void tst_LineSizes::takesWholePixels_data()
     QTest::newRow("less than half a pixel is dropped") << 307 << 15.0 << 20;
     QTest::newRow("a twip is seen") << 1 << 15.0 << 1;
     QTest::newRow("nothing is not seen") << 0 << 15.0 << 0;
+    QTest::newRow("no more than can be painted") << std::numeric_limits<int>::max() << 15.0 << 32767;
 }
 
 void tst_LineSizes::takesWholePixels()
@@ -127,6 +131,30 @@ void tst_LineSizes::measuredSizesAreForgottenGivenOnesKept()
     QVERIFY(lines.origin(2) == SizeOrigin::Default);
     QCOMPARE(lines.size(1), 150);
     QCOMPARE(lines.offset(4), 70);
+}
+
+void tst_LineSizes::addsUpTheSizesOfTheMostLines_data()
+{
+    QTest::addColumn<bool>("hasOwnSize");
+    QTest::newRow("all alike") << false;
+    QTest::newRow("one of its own size") << true;
+}
+
+void tst_LineSizes::addsUpTheSizesOfTheMostLines()
+{
+    QFETCH(bool, hasOwnSize);
+    constexpr int most = 16777216;
+    LineSizes lines(most, std::numeric_limits<int>::max());
+    if (hasOwnSize)
+        lines.setSize(0, 15);
+    const std::int64_t expected = most * std::int64_t{32767} - (hasOwnSize ? 32766 : 0);
+    QCOMPARE(lines.offset(most), expected);
+    QCOMPARE(lines.lineAt(expected - 1), most - 1);
+    QCOMPARE(lines.lineAt(expected), most);
+    QCOMPARE(lines.distance(most - 2, most - 1), 32767);
+    QCOMPARE(lines.distance(most - 1, most - 2), -32767);
+    QCOMPARE(lines.distance(1, most), 1 << 26);
+    QCOMPARE(lines.distance(most, 1), -(1 << 26));
 }
 
 void tst_LineSizes::findsWhatIsShown_data()
