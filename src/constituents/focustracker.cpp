@@ -22,6 +22,18 @@ bool holds(const QWidget *control, const QWidget *widget)
 
 bool canBeEntered(const QWidget *box) { return box->isEnabled() && box->isVisible(); }
 
+//! Moves the focus on from a widget of a window, as the toolkit does when one with the focus is hidden.
+void moveOn(QWidget *left)
+{
+    for (QWidget *next = left->nextInFocusChain(); next != left; next = next->nextInFocusChain()) {
+        if (canBeEntered(next) && (next->focusPolicy() & Qt::TabFocus) && next->window() == left->window()) {
+            next->setFocus(Qt::OtherFocusReason);
+            return;
+        }
+    }
+    left->clearFocus();
+}
+
 } // namespace
 
 FocusTracker &FocusTracker::instance()
@@ -81,6 +93,11 @@ void FocusTracker::focusChanged(QWidget *now)
 {
     if (!now)
         return; // another program, or nothing
+    if (!canBeEntered(now) && now->window()->isVisible() && !clientsAround(now).empty()) {
+        // Hidden while something that had popped up held the keyboard: the toolkit gives it back without a look.
+        moveOn(now); // which is a move of its own
+        return;
+    }
     const WindowPointer window = windowOf(now);
     const QPointer<QWidget> before = window->focus;
     if (before == now)

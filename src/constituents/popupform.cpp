@@ -11,29 +11,6 @@
 
 namespace kor {
 
-namespace {
-
-//! Moves the focus of a window on from a widget that was hidden or disabled while a window that had popped up held the
-//! keyboard: the toolkit gives the focus back there without a look.
-void moveOn(const QWidget *window)
-{
-    const auto takesFocus = [window](const QWidget *widget) {
-        return widget->isEnabled() && widget->isVisibleTo(window);
-    };
-    QWidget *left = window->focusWidget();
-    if (!left || takesFocus(left))
-        return;
-    for (QWidget *next = left->nextInFocusChain(); next != left; next = next->nextInFocusChain()) {
-        if (takesFocus(next) && (next->focusPolicy() & Qt::TabFocus) && next->window() == window) {
-            next->setFocus(Qt::OtherFocusReason);
-            return;
-        }
-    }
-    left->clearFocus();
-}
-
-} // namespace
-
 PopupForm::PopupForm(QWidget *control) : QFrame(control, Qt::Popup | Qt::FramelessWindowHint)
 {
     control->installEventFilter(this);
@@ -58,7 +35,6 @@ void PopupForm::dismiss()
     if (!self)
         return;
     m_isClosing = false;
-    moveOn(parentWidget()->window());
     Q_EMIT Closed();
 }
 
@@ -116,14 +92,7 @@ void PopupForm::hideEvent(QHideEvent *event)
     if (m_isClosing || event->spontaneous())
         return;
     QMetaObject::invokeMethod(
-        this,
-        [this] {
-            guarded(this, [this] {
-                moveOn(parentWidget()->window());
-                Q_EMIT Closed();
-            });
-        },
-        Qt::QueuedConnection);
+        this, [this] { guarded(this, [this] { Q_EMIT Closed(); }); }, Qt::QueuedConnection);
 }
 
 } // namespace kor

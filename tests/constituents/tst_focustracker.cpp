@@ -8,6 +8,7 @@
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDialog>
+#include <QtWidgets/QMenu>
 
 #include <memory>
 
@@ -73,6 +74,8 @@ private Q_SLOTS:
     void aMoveIsToldAfterItHasHappened();
     void aComplaintPutsTheFocusBack();
     void anotherWindowDecidesNothing();
+    void aFieldTakenAwayUnderAMenuIsNotGivenTheKeyboard_data();
+    void aFieldTakenAwayUnderAMenuIsNotGivenTheKeyboard();
 
     void aBoxMayBeLeft();
     void aBoxWithAFaultMayNotBeLeft();
@@ -152,6 +155,49 @@ void tst_FocusTracker::anotherWindowDecidesNothing()
     QTRY_VERIFY(m_first->box()->hasFocus());
     settle();
     QCOMPARE(heard(), QString());
+}
+
+void tst_FocusTracker::aFieldTakenAwayUnderAMenuIsNotGivenTheKeyboard_data()
+{
+    QTest::addColumn<bool>("isByItsPanel");
+    QTest::addColumn<bool>("hasFault");
+    QTest::addColumn<QString>("heard");
+    const QString left = QStringLiteral("third box left, third control left");
+    const QString wrong = QStringLiteral("third box left, third after message, third control left");
+    QTest::newRow("hidden itself") << false << false << left;
+    QTest::newRow("hidden with its panel") << true << false << left;
+    QTest::newRow("nobody sends the user back to it") << true << true << wrong;
+}
+
+void tst_FocusTracker::aFieldTakenAwayUnderAMenuIsNotGivenTheKeyboard()
+{
+    QFETCH(bool, isByItsPanel);
+    QFETCH(bool, hasFault);
+    QFETCH(const QString, heard);
+    QWidget panel(m_stage.get());
+    panel.show();
+    Field *third = new Field(QStringLiteral("third"), &m_heard);
+    third->setParent(&panel);
+    third->show();
+    third->setFocus();
+    settle();
+    m_heard.clear();
+    if (hasFault)
+        third->fault = QStringLiteral("Nie tak");
+    QMenu menu(m_stage.get());
+    menu.addAction(QStringLiteral("Wytnij"));
+    menu.popup(m_stage->mapToGlobal(QPoint(5, 5)));
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    menu.setFocus(); // as its own arrow keys do
+    (isByItsPanel ? &panel : static_cast<QWidget *>(third))->hide();
+    menu.close();
+    m_stage->activateWindow();
+    QTRY_VERIFY(QApplication::focusWidget());
+    settle();
+    QVERIFY(m_stage->focusWidget() != third->box());
+    QVERIFY(m_stage->focusWidget()->isVisible());
+    QCOMPARE(this->heard().left(heard.size()), heard);
+    QCOMPARE(m_messages->take().size(), hasFault ? 1 : 0);
 }
 
 // --- asking
