@@ -48,6 +48,8 @@ public:
     std::optional<Complaint> boxLeft(QWidget *) override;
     void controlLeft() override;
 
+    //! Whether a lock holds what the program has given. A lock that comes later takes over what was typed before.
+    [[nodiscard]] bool isHeld() const { return box->Locked() && box->text() == givenText; }
     [[nodiscard]] DateRules rules() const { return {mask, locale, Clock::today()}; }
     [[nodiscard]] QString written(const QVariant &date) const { return Format(date, mask, locale); }
 
@@ -60,6 +62,7 @@ public:
     QString mask;
     QVariant value = null();
     QString enteredText; //!< what the box held when the user came into it
+    QString givenText;   //!< the same, or what the program has put there since: the text of the value as it stands
     bool currentDate = false;
     bool blockUpDown = false;
     bool dirty = false;
@@ -160,6 +163,7 @@ void KorDate::setValue(const QVariant &given)
     d->box->setProgramText(d->written(d->value));
     if (!self)
         return;
+    d->givenText = d->box->text();
     propertyChanged("Value");
     if (self)
         d->dirty = true;
@@ -178,6 +182,7 @@ void KorDate::setText(const QString &text)
     }
     if (!self)
         return;
+    d->givenText = d->box->text();
     propertyChanged("Text");
     if (self)
         d->dirty = true;
@@ -270,7 +275,7 @@ void KorDate::Private::keyPress(int &ascii)
 void KorDate::Private::boxEntered(QWidget *, FocusEntry entry)
 {
     if (entry == FocusEntry::Moved)
-        enteredText = box->text();
+        enteredText = givenText = box->text();
     box->selectAll();
 }
 
@@ -278,7 +283,7 @@ std::optional<Complaint> KorDate::Private::boxLeft(QWidget *)
 {
     const QPointer<KorDate> self = q;
     const QString text = box->text();
-    if (box->Locked() && text == enteredText) {
+    if (isHeld()) {
         // The program's text: not the user's to answer for, who could not mend it, and not to be rewritten.
     } else if (text.isEmpty()) {
         value = null();
@@ -310,7 +315,8 @@ void KorDate::Private::controlLeft()
     const QString text = box->text();
     if (text.isEmpty()) {
         const bool wasDirty = dirty;
-        value = null();
+        if (!isHeld())
+            value = null();
         changeHandling();
         if (self && text == enteredText)
             dirty = wasDirty; // an empty field that was left as it was entered is still unchanged

@@ -62,6 +62,9 @@ private Q_SLOTS:
     void pastedDatesAreCheckedLikeTypedOnes();
     void insertAndDeleteKeysActAsTheirCtrlTwins();
     void lockedFieldKeepsItsDate();
+    void aLockHoldsWhatTheProgramGives_data();
+    void aLockHoldsWhatTheProgramGives();
+    void aLockTakesOverWhatWasTypedBeforeIt();
 
     // stepping
     void upOnAnEmptyBoxGivesTomorrowWithTheCaretBehindTheFirstCharacter();
@@ -442,6 +445,50 @@ void tst_KorDate::lockedFieldKeepsItsDate()
     QCOMPARE(m_date->Value(), QVariant(QDate(2003, 2, 1)));
     m_date->setValue(QDate(2004, 1, 1)); // the program may
     QCOMPARE(m_date->Text(), QStringLiteral("01.01.2004"));
+}
+
+void tst_KorDate::aLockHoldsWhatTheProgramGives_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("mask");
+    QTest::addColumn<QString>("text");
+    // clang-format off
+    QTest::newRow("a date as a number")            << QVariant(1)                   << "dd.MM.yyyy" << "31.12.1899";
+    QTest::newRow("a date with its time")          << QVariant(QDateTime({2003, 2, 1}, {14, 30})) << "dd.MM.yyyy" << "01.02.2003";
+    QTest::newRow("another century than its text") << QVariant(QDate(1903, 2, 1))   << "dd.MM.yy"   << "01.02.03";
+    QTest::newRow("a text that is no date")        << QVariant(QStringLiteral("?")) << "dd.MM.yyyy" << "?";
+    QTest::newRow("a date that shows nothing")     << QVariant(QDate(2003, 2, 1))   << R"("")"      << "";
+    // clang-format on
+}
+
+void tst_KorDate::aLockHoldsWhatTheProgramGives()
+{
+    QFETCH(QVariant, value);
+    QFETCH(QString, mask);
+    Messages messages;
+    QVERIFY(enter(QDate(1999, 3, 15)));
+    m_date->setLocked(true);
+    m_date->setFormatMask(mask);
+    m_date->setValue(value); // while the user is inside
+    QTEST(m_date->Text(), "text");
+    for (int round = 0; round < 2; ++round) {
+        leave();
+        QTEST(m_date->Text(), "text");
+        QCOMPARE(m_date->Value(), value);
+        m_date->setFocus();
+        settle();
+    }
+    QCOMPARE(messages.take(), QStringList());
+}
+
+void tst_KorDate::aLockTakesOverWhatWasTypedBeforeIt()
+{
+    QVERIFY(enter());
+    QTest::keyClicks(m_box, QStringLiteral("010203"));
+    m_date->setLocked(true);
+    leave();
+    QCOMPARE(m_date->Text(), QStringLiteral("01.02.2003"));
+    QCOMPARE(m_date->Value(), QVariant(QDate(2003, 2, 1)));
 }
 
 // --- stepping
