@@ -108,6 +108,20 @@ QVariant valueOf(unsigned what)
     return which < count ? values.at(static_cast<qsizetype>(which)) : QVariant(textOf(what / 64));
 }
 
+//! A widget by its own name and those around it, innermost first.
+QString pathOf(const QWidget *widget)
+{
+    QStringList names;
+    for (; widget; widget = widget->parentWidget()) {
+        names << QString::fromLatin1(widget->metaObject()->className()) + u' ' + widget->objectName();
+        if (widget->isHidden())
+            names.last() += u" (hidden)"_qs;
+        if (!widget->isEnabled())
+            names.last() += u" (disabled)"_qs;
+    }
+    return names.join(u" < "_qs);
+}
+
 bool isUsers(Step::Kind kind) { return kind <= Step::Wheel || kind == Step::Wait; }
 bool isTyping(Step::Kind kind) { return kind >= Step::TypeText && kind <= Step::Drop; }
 
@@ -459,10 +473,11 @@ void RandomUser::remember()
 QString RandomUser::lookAround(const Step &step)
 {
     // A form that is not active may keep a hidden widget in mind: it enters another one when it is activated. What has
-    // popped up stays active on this platform when it is hidden, with its focus.
+    // popped up stays active on this platform when it is hidden, with its focus; and the form itself, when it is hidden
+    // while its activation waits to be told.
     const QWidget *focus = QApplication::focusWidget();
-    if (m_form.isActiveWindow() && focus && !(focus->isEnabled() && focus->isVisible()))
-        return QStringLiteral("the focus is in %1, which is hidden or disabled").arg(focus->objectName());
+    if (m_form.isActiveWindow() && m_form.isVisible() && focus && !(focus->isEnabled() && focus->isVisible()))
+        return u"the focus is hidden or disabled: "_qs + pathOf(focus);
     const bool isUsersDoingAlone = isUsers(step.kind) && !Handlers::takeDone();
     for (Place &place : m_form.places()) {
         if (!place.control)
