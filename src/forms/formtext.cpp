@@ -29,6 +29,8 @@ bool needsEscape(QStringView text, qsizetype at)
         return at + 1 == text.size() || !text.at(at + 1).isLowSurrogate();
     if (character.isLowSurrogate())
         return at == 0 || !text.at(at - 1).isHighSurrogate();
+    if (character.unicode() >= 0xfffe)
+        return true;
     switch (character.category()) {
     case QChar::Other_Control:
     case QChar::Other_Format:
