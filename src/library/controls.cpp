@@ -46,6 +46,7 @@ const bool pagesAdded = [] {
     ControlRegistry::addPage(QStringLiteral("pagKorCombo"), makeComboPage, {QStringLiteral("KorCombo")});
     ControlRegistry::addPage(QStringLiteral("pagKorGrid1"), makeDatabasePage, {QStringLiteral("KorGrid")});
     ControlRegistry::addPage(QStringLiteral("pagKorGrid2"), makeColumnPage, {QStringLiteral("KorGrid")});
+    ControlRegistry::addPage(QStringLiteral("pagAppearance"), makeAppearancePage); // of every control
     return true;
 }();
 

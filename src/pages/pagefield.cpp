@@ -6,6 +6,7 @@
 #include "constituents/heldevents.h"
 #include "constituents/textbox.h"
 #include "pages/fieldrow.h"
+#include "pages/lookfield.h"
 
 #include <KorDaoUC/convert.h>
 #include <KorDaoUC/runtimeerror.h>
@@ -125,6 +126,8 @@ std::unique_ptr<PageField> makeField(const FieldRow &row, QWidget *page, std::fu
     case FieldKind::CheckState:
     case FieldKind::CheckNumber: return std::make_unique<CheckField>(row, page, edited);
     case FieldKind::List: return std::make_unique<ListField>(row, page, edited);
+    case FieldKind::Color: return makeColorField(page, std::move(edited));
+    case FieldKind::Font: return makeFontField(page, std::move(edited));
     default: return nullptr;
     }
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/pages.h"
 
+#include "pages/appearancepage.h"
 #include "pages/columnpage.h"
 #include "pages/databasepage.h"
 #include "pages/tablepage.h"
@@ -57,5 +58,6 @@ PropertyPage *makeNumberPage(QWidget *parent) { return new TablePage(number(), p
 PropertyPage *makeComboPage(QWidget *parent) { return new TablePage(combo(), parent); }
 PropertyPage *makeDatabasePage(QWidget *parent) { return new DatabasePage(parent); }
 PropertyPage *makeColumnPage(QWidget *parent) { return new ColumnPage(parent); }
+PropertyPage *makeAppearancePage(QWidget *parent) { return new AppearancePage(parent); }
 
 } // namespace kor

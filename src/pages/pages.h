@@ -13,5 +13,6 @@ class PropertyPage;
 [[nodiscard]] PropertyPage *makeComboPage(QWidget *parent);
 [[nodiscard]] PropertyPage *makeDatabasePage(QWidget *parent);
 [[nodiscard]] PropertyPage *makeColumnPage(QWidget *parent);
+[[nodiscard]] PropertyPage *makeAppearancePage(QWidget *parent);
 
 } // namespace kor

@@ -19,13 +19,6 @@ namespace kor {
 
 namespace {
 
-//! What is written where. Noted down before anything is, for the handlers of a control may change or delete all of it.
-struct Writing {
-    QPointer<QObject> control;
-    const char *member;
-    QVariant value;
-};
-
 QFormLayout *formLayout(QWidget *parent)
 {
     auto *layout = new QFormLayout(parent);
@@ -100,11 +93,21 @@ void TablePage::makeRow(const FieldRow &row)
     }
 }
 
+PageField &TablePage::field(const FieldRow &row) const
+{
+    return *m_fields[static_cast<std::size_t>(&row - m_table.fields.data())];
+}
+
 PageField &TablePage::field(const char *name) const
 {
-    const auto row = std::find_if(m_table.fields.cbegin(), m_table.fields.cend(),
-                                  [name](const FieldRow &one) { return qstrcmp(one.name, name) == 0; });
-    return *m_fields[static_cast<std::size_t>(row - m_table.fields.cbegin())];
+    return field(*std::find_if(m_table.fields.cbegin(), m_table.fields.cend(),
+                               [name](const FieldRow &one) { return qstrcmp(one.name, name) == 0; }));
+}
+
+const FieldRow &TablePage::rowOf(const QByteArray &member) const
+{
+    return *std::find_if(m_table.fields.cbegin(), m_table.fields.cend(),
+                         [&](const FieldRow &one) { return member == one.member; });
 }
 
 QAbstractButton &TablePage::button(const char *name) const
@@ -130,38 +133,21 @@ void TablePage::edited(const FieldRow &row)
         markChanged();
 }
 
-void TablePage::readControls()
+void TablePage::showMember(QObject &control, const FieldRow &row)
 {
     const QPointer<TablePage> self = this;
-    for (const QByteArray &member : m_table.reads) {
-        QObject *control = firstControl();
-        if (!control)
-            return;
-        const QVariant value = read(*control, member);
-        if (!self)
-            return;
-        const auto row = std::find_if(m_table.fields.cbegin(), m_table.fields.cend(),
-                                      [&](const FieldRow &one) { return member == one.member; });
-        field(row->name).show(value);
-        if (!self)
-            return;
-    }
+    const QVariant value = read(control, row.member);
+    if (self)
+        field(row).show(value);
 }
 
-void TablePage::writeControls()
+TablePage::Writing TablePage::writing(QObject *control, const FieldRow &row) const
 {
-    std::vector<Writing> all;
-    const auto note = [&](QObject *control, const QByteArrayList &members) {
-        for (const QByteArray &member : members) {
-            const auto row = std::find_if(m_table.fields.cbegin(), m_table.fields.cend(),
-                                          [&](const FieldRow &one) { return member == one.member; });
-            all.push_back({control, row->member, field(row->name).value()});
-        }
-    };
-    if (QObject *first = firstControl())
-        note(first, m_table.writes);
-    for (QObject *control : SelectedControls())
-        note(control, m_table.writesToAll);
+    return {control, row.member, field(row).value()};
+}
+
+void TablePage::writeAll(const std::vector<Writing> &all)
+{
     const QPointer<TablePage> self = this;
     for (const Writing &one : all) {
         if (one.control)
@@ -169,6 +155,31 @@ void TablePage::writeControls()
         if (!self)
             return;
     }
+}
+
+void TablePage::readControls()
+{
+    const QPointer<TablePage> self = this;
+    for (const QByteArray &member : m_table.reads) {
+        QObject *control = self ? firstControl() : nullptr;
+        if (!control)
+            return;
+        showMember(*control, rowOf(member));
+    }
+}
+
+void TablePage::writeControls()
+{
+    std::vector<Writing> all;
+    const auto note = [&](QObject *control, const QByteArrayList &members) {
+        for (const QByteArray &member : members)
+            all.push_back(writing(control, rowOf(member)));
+    };
+    if (QObject *first = firstControl())
+        note(first, m_table.writes);
+    for (QObject *control : SelectedControls())
+        note(control, m_table.writesToAll);
+    writeAll(all);
 }
 
 } // namespace kor
