@@ -5,6 +5,7 @@
 #include <KorDaoUC/export.h>
 #include <KorDaoUC/formfile.h>
 
+#include <QtCore/QList>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -15,6 +16,13 @@
 class QWidget;
 
 namespace kor {
+
+//! What is wrong in a form that can be read.
+struct FormFault {
+    int line = 0; //!< 0 for a form that comes from no text
+    QString reason;
+    bool isWarning = false; //!< the form can be built all the same
+};
 
 //! How a kind of block is made, filled and saved that is no control of the library.
 struct FormItemKind {
@@ -49,6 +57,9 @@ public:
     //! Keys that nobody looks for, and two controls of one name, are warnings in the category kordaouc.forms.
     //! The widgets belong to the window; a builder that builds again forgets the window it built before.
     [[nodiscard]] std::optional<QString> build(const FormBlock &form, QWidget *window);
+
+    //! Every reason for which build() would refuse the form, and all that it would warn of, in the order of the lines.
+    [[nodiscard]] QList<FormFault> check(const FormBlock &form) const;
 
     //! The form as it is in the window now. Settings that nobody knows stand where they stood; the place of a control
     //! is written anew only if it was moved. Without those controls that the host has deleted.

@@ -66,6 +66,16 @@ inline constexpr qint64 maximumSize = 16 * 1024 * 1024;
 //! Writes a form as UTF-8 text. A value that is no Variant is first brought into one by normalized().
 [[nodiscard]] KORDAOUC_EXPORT QByteArray serialize(const FormBlock &form);
 
+//! What a text that may be spoilt holds.
+struct Check {
+    QList<FormError> faults; //!< every one, in the order of the lines
+    QList<int> comments;     //!< the lines that end with a comment
+    FormBlock form;          //!< what can be read all the same
+};
+
+//! Finds every fault of a text, where parse() ends at the first. No fault means that parse() reads it.
+[[nodiscard]] KORDAOUC_EXPORT Check check(QByteArrayView text);
+
 //! Reads a form from a file.
 [[nodiscard]] KORDAOUC_EXPORT FormResult load(const QString &fileName);
 //! Writes a form to a file, all or nothing: on an error, which is returned, the old file is as it was. A form that

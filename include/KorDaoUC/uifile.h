@@ -22,11 +22,16 @@ namespace kor {
 //! unchanged as long as nobody changed the property meanwhile. So a form that goes there and back is the same form.
 namespace UiFile {
 
+enum class Fate {
+    Kept,    //!< nothing comes of it in the other file, but the way back gives it again
+    Lost,    //!< can't be had back from the other file
+    Refused, //!< is no value of its kind, and so is left out
+};
+
 struct Remark {
     int line = 0; //!< of the file that is converted, counted from 1; 0 when the file as a whole is meant
     QString text;
-    //! Whether it can't be had back from the other file. If not, it is kept there, but nothing comes of it.
-    bool isLost = false;
+    Fate fate = Fate::Kept;
 };
 
 struct Options {
@@ -52,6 +57,9 @@ struct Form {
 
 [[nodiscard]] KORDAOUC_EXPORT Text fromForm(const FormBlock &form, const Options &options = {});
 [[nodiscard]] KORDAOUC_EXPORT Form toForm(QByteArrayView ui, const Options &options = {});
+
+//! Writes a .ui file, all or nothing: on an error, which is returned, the old file is as it was.
+[[nodiscard]] KORDAOUC_EXPORT std::optional<FormError> save(const QByteArray &ui, const QString &fileName);
 
 } // namespace UiFile
 

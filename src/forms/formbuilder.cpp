@@ -31,6 +31,8 @@ Q_LOGGING_CATEGORY(formsLog, "kordaouc.forms", QtInfoMsg)
 
 constexpr QLatin1String libraryPrefix("KorDaoUC.");
 constexpr QLatin1String formType("Form");
+const QString noForm = QStringLiteral(": a form is a block of the class Form");
+constexpr QLatin1String keptForDesigner("ui.");
 const QString tabIndexKey = QStringLiteral("TabIndex");
 
 FormItemKind controlKind(const QString &type)
@@ -84,44 +86,66 @@ FormBlock blockOf(const Item &item)
     return block;
 }
 
-QString atLine(int line) { return line > 0 ? QStringLiteral("line %1: ").arg(line) : QString(); }
-
 QString classAndName(const FormBlock &block)
 {
     return block.name.isEmpty() ? block.type : block.type + u' ' + block.name;
 }
 
-QString described(const FormBlock &block) { return atLine(block.line) + classAndName(block); }
-
-QString described(const FormBlock &block, int setting)
+QString written(const FormFault &fault)
 {
-    return atLine(block.propertyLines.value(setting, block.line)) + classAndName(block) + QStringLiteral(", ") +
-           block.properties.keyAt(setting);
+    return fault.line > 0 ? QStringLiteral("line %1: ").arg(fault.line) + fault.reason : fault.reason;
 }
 
-//! The setting that counts, when a key is repeated the last one.
-QString described(const FormBlock &block, const QString &key)
+FormFault fault(const FormBlock &block, const QString &reason) { return {block.line, classAndName(block) + reason}; }
+
+FormFault faultOfSetting(const FormBlock &block, int setting, const QString &reason)
 {
+    return {block.propertyLines.value(setting, block.line),
+            classAndName(block) + QStringLiteral(", ") + block.properties.keyAt(setting) + reason};
+}
+
+//! An error of a setting, or of the block as a whole when no key is told. Of a repeated key the last one counts.
+FormFault refusal(const FormBlock &block, const RunTimeError &error)
+{
+    const QString reason = QStringLiteral(": error ") + QString::fromUtf8(error.what());
+    const auto *refused = dynamic_cast<const RefusedSetting *>(&error);
+    if (!refused)
+        return fault(block, reason);
     for (int setting = block.properties.count() - 1; setting >= 0; --setting) {
-        if (block.properties.keyAt(setting) == key)
-            return described(block, setting);
+        if (block.properties.keyAt(setting) == refused->key())
+            return faultOfSetting(block, setting, reason);
     }
-    return described(block) + QStringLiteral(", ") + key;
+    return fault(block, QStringLiteral(", ") + refused->key() + reason);
 }
 
-//! Warns of controls that findChild() can't tell apart.
-void warnOfRepeatedNames(const FormBlock &block, QHash<QString, int> &lines)
+//! Finds controls that findChild() can't tell apart.
+void findRepeatedNames(const FormBlock &block, QHash<QString, int> &lines, QList<FormFault> &warnings)
 {
     for (const FormBlock &child : block.children) {
         const auto first = lines.constFind(child.name);
         if (first == lines.cend())
             lines.insert(child.name, child.line);
         else if (!child.name.isEmpty())
-            qCWarning(formsLog).noquote()
-                << described(child) + QStringLiteral(": there is a control of this name")
-                << (*first > 0 ? QStringLiteral("at line %1").arg(*first) : QStringLiteral("before it"));
-        warnOfRepeatedNames(child, lines);
+            warnings.append(fault(
+                child, QStringLiteral(": there is a control of this name ") +
+                           (*first > 0 ? QStringLiteral("at line %1").arg(*first) : QStringLiteral("before it"))));
+        findRepeatedNames(child, lines, warnings);
     }
+}
+
+//! The block without the settings of a key.
+FormBlock without(const FormBlock &block, const QString &key)
+{
+    FormBlock rest = block;
+    rest.properties = PropertyBag();
+    rest.propertyLines.clear();
+    for (int setting = 0; setting < block.properties.count(); ++setting) {
+        if (block.properties.keyAt(setting) == key)
+            continue;
+        rest.properties.append(block.properties.keyAt(setting), block.properties.valueAt(setting));
+        rest.propertyLines.append(block.propertyLines.value(setting, block.line));
+    }
+    return rest;
 }
 
 //! The place of a control in the order of Tab: behind all others, when the file gives it none.
@@ -213,10 +237,13 @@ class FormBuilder::Private
 {
 public:
     [[nodiscard]] std::optional<FormItemKind> kindOf(const QString &type) const;
-    [[nodiscard]] std::optional<QString> unknownClass(const FormBlock &block) const;
+    void findUnknownClasses(const FormBlock &block, QList<FormFault> &faults) const;
     //! The keys that a block of this type may have; nothing when nobody can tell.
     [[nodiscard]] std::optional<QSet<QString>> keysOfType(const QString &type) const;
-    void warnOfUnknownKeys(const FormBlock &block, QHash<QString, std::optional<QSet<QString>>> &known) const;
+    void findUnknownKeys(const FormBlock &block, QHash<QString, std::optional<QSet<QString>>> &known,
+                         QList<FormFault> &warnings) const;
+    [[nodiscard]] QList<FormFault> warnings(const FormBlock &form) const;
+    void findRefusals(const FormBlock &block, QList<FormFault> &faults) const;
     Item make(const FormBlock &block, QWidget *parent, FormMirror &mirror, Construction &construction);
     void makeChildren(Item &item, const FormBlock &block, Construction &construction);
 
@@ -239,15 +266,13 @@ std::optional<FormItemKind> FormBuilder::Private::kindOf(const QString &type) co
     return std::nullopt;
 }
 
-std::optional<QString> FormBuilder::Private::unknownClass(const FormBlock &block) const
+void FormBuilder::Private::findUnknownClasses(const FormBlock &block, QList<FormFault> &faults) const
 {
     for (const FormBlock &child : block.children) {
         if (!kindOf(child.type))
-            return QStringLiteral("%1: the class %2 is not known").arg(described(child), child.type);
-        if (const std::optional<QString> reason = unknownClass(child))
-            return reason;
+            faults.append(fault(child, QStringLiteral(": the class %1 is not known").arg(child.type)));
+        findUnknownClasses(child, faults);
     }
-    return std::nullopt;
 }
 
 std::optional<QSet<QString>> FormBuilder::Private::keysOfType(const QString &type) const
@@ -268,18 +293,61 @@ std::optional<QSet<QString>> FormBuilder::Private::keysOfType(const QString &typ
     return QSet<QString>(keys.cbegin(), keys.cend());
 }
 
-void FormBuilder::Private::warnOfUnknownKeys(const FormBlock &block,
-                                             QHash<QString, std::optional<QSet<QString>>> &known) const
+void FormBuilder::Private::findUnknownKeys(const FormBlock &block, QHash<QString, std::optional<QSet<QString>>> &known,
+                                           QList<FormFault> &warnings) const
 {
     auto keys = known.constFind(block.type);
     if (keys == known.cend())
         keys = known.insert(block.type, keysOfType(block.type));
     for (int setting = 0; *keys && setting < block.properties.count(); ++setting) {
-        if (!(*keys)->contains(block.properties.keyAt(setting)))
-            qCWarning(formsLog).noquote() << described(block, setting) + QStringLiteral(": the key is not known");
+        const QString &key = block.properties.keyAt(setting);
+        if (!(*keys)->contains(key) && !key.startsWith(keptForDesigner))
+            warnings.append(faultOfSetting(block, setting, QStringLiteral(": the key is not known")));
+    }
+    for (const FormBlock &child : block.children) {
+        if (kindOf(child.type))
+            findUnknownKeys(child, known, warnings);
+    }
+}
+
+QList<FormFault> FormBuilder::Private::warnings(const FormBlock &block) const
+{
+    QList<FormFault> all;
+    QHash<QString, int> lines;
+    findRepeatedNames(block, lines, all);
+    QHash<QString, std::optional<QSet<QString>>> keys;
+    findUnknownKeys(block, keys, all);
+    for (FormFault &warning : all)
+        warning.isWarning = true;
+    return all;
+}
+
+//! Tries the settings of a block, again without each one that was refused.
+void FormBuilder::Private::findRefusals(const FormBlock &block, QList<FormFault> &faults) const
+{
+    const bool isForm = block.type == formType;
+    const std::optional<FormItemKind> kind = isForm ? FormItemKind{{}, readForm, writeForm} : kindOf(block.type);
+    FormBlock tried = block;
+    while (kind) {
+        try {
+            (void)FormPlace(tried.properties, isForm ? FormPlace::Extent::SizeOnly : FormPlace::Extent::PlaceAndSize);
+            if (!isForm)
+                (void)tabIndexOf(tried.properties);
+            const std::unique_ptr<QWidget> widget(isForm ? new QWidget : kind->create(nullptr));
+            if (!widget)
+                throw RunTimeError(ErrorNumber::InvalidProcedureCall, QStringLiteral("the control could not be made"));
+            kind->read(*widget, tried.properties);
+            break;
+        } catch (const RunTimeError &error) {
+            faults.append(refusal(tried, error));
+            const auto *refused = dynamic_cast<const RefusedSetting *>(&error);
+            if (!refused || !tried.properties.contains(refused->key()))
+                break;
+            tried = without(tried, refused->key());
+        }
     }
     for (const FormBlock &child : block.children)
-        warnOfUnknownKeys(child, known);
+        findRefusals(child, faults);
 }
 
 Item FormBuilder::Private::make(const FormBlock &block, QWidget *parent, FormMirror &mirror, Construction &construction)
@@ -315,9 +383,11 @@ void FormBuilder::Private::makeChildren(Item &item, const FormBlock &block, Cons
 std::optional<QString> FormBuilder::build(const FormBlock &form, QWidget *window)
 {
     if (form.type != formType)
-        return QStringLiteral("%1: a form is a block of the class Form").arg(described(form));
-    if (std::optional<QString> reason = d->unknownClass(form))
-        return reason;
+        return written(fault(form, noForm));
+    QList<FormFault> unknown;
+    d->findUnknownClasses(form, unknown);
+    if (!unknown.isEmpty())
+        return written(unknown.first());
 
     Construction construction(window);
     try {
@@ -336,17 +406,26 @@ std::optional<QString> FormBuilder::build(const FormBlock &form, QWidget *window
             order.add(child);
         order.apply();
         d->form = std::move(item);
-    } catch (const RefusedSetting &error) {
-        return QStringLiteral("%1: error %2").arg(described(*d->current, error.key()), QString::fromUtf8(error.what()));
     } catch (const RunTimeError &error) {
-        return QStringLiteral("%1: error %2").arg(described(*d->current), QString::fromUtf8(error.what()));
+        return written(refusal(*d->current, error));
     }
     construction.finish();
-    QHash<QString, int> lines;
-    warnOfRepeatedNames(form, lines);
-    QHash<QString, std::optional<QSet<QString>>> keys;
-    d->warnOfUnknownKeys(form, keys);
+    for (const FormFault &warning : d->warnings(form))
+        qCWarning(formsLog).noquote() << written(warning);
     return std::nullopt;
+}
+
+QList<FormFault> FormBuilder::check(const FormBlock &form) const
+{
+    if (form.type != formType)
+        return {fault(form, noForm)};
+    QList<FormFault> all;
+    d->findUnknownClasses(form, all);
+    d->findRefusals(form, all);
+    all += d->warnings(form);
+    std::stable_sort(all.begin(), all.end(),
+                     [](const FormFault &left, const FormFault &right) { return left.line < right.line; });
+    return all;
 }
 
 FormBlock FormBuilder::toBlock() const { return d->form && d->form->widget ? blockOf(*d->form) : FormBlock(); }

@@ -19,32 +19,79 @@ constexpr QLatin1String beginWord("Begin");
 constexpr QLatin1String endWord("End");
 constexpr int indent = 3;
 
+bool isForbidden(QChar character) { return character < u' ' && character != u'\t'; }
+
+//! What to do with a line that is none: read no further, or find the other faults too.
+enum class AfterFault { Stop, GoOn };
+
 //! Builds the tree of blocks from the lines, one after the other. Blocks in progress lie on a stack of their own, so
 //! that no text can exhaust the machine's.
 class FormParser
 {
 public:
-    //! Nothing, or the reason why the line is none of a form.
-    std::optional<QString> addLine(const QString &line);
-    //! The finished form. `lineCount` lines were added.
-    FormResult finish(int lineCount);
+    explicit FormParser(AfterFault afterFault) : m_afterFault(afterFault) {}
 
-    void nextLine() { ++m_line; }
-    [[nodiscard]] FormResult failed(const QString &reason) const { return {std::nullopt, {m_line, reason}}; }
+    //! Reads lines, up to the first fault or all.
+    void read(QByteArrayView text);
+
+    [[nodiscard]] FormFile::Check take() { return std::move(m_result); }
 
 private:
+    [[nodiscard]] bool mustStop() const
+    {
+        constexpr qsizetype most = 10'000; // what has more faults is no form
+        return m_result.faults.size() >= (m_afterFault == AfterFault::Stop ? 1 : most);
+    }
+    void addBytes(QByteArrayView bytes);
+    //! Nothing, or the reason why the line is none of a form.
+    std::optional<QString> addLine(const QString &line);
     std::optional<QString> begin(LineReader &reader);
     std::optional<QString> end();
     std::optional<QString> setting(const QString &key, LineReader &reader);
+    void finish();
+    void fail(int line, const QString &reason) { m_result.faults.append({line, reason}); }
 
+    AfterFault m_afterFault;
+    FormFile::Check m_result;
     std::vector<FormBlock> m_open;
-    std::optional<FormBlock> m_form;
+    bool m_hasForm = false;
+    int m_tooDeep = 0; //!< blocks that were not opened
     int m_line = 0;
 };
+
+void FormParser::read(QByteArrayView text)
+{
+    while (!text.isEmpty() && !mustStop()) {
+        const qsizetype end = text.indexOf('\n');
+        QByteArrayView bytes = end < 0 ? text : text.first(end);
+        text = end < 0 ? QByteArrayView() : text.sliced(end + 1);
+        if (bytes.endsWith('\r'))
+            bytes.chop(1);
+        ++m_line;
+        addBytes(bytes);
+    }
+    if (!mustStop())
+        finish();
+}
+
+void FormParser::addBytes(QByteArrayView bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8,
+                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    const QString line = decoder(bytes);
+    if (decoder.hasError())
+        fail(m_line, QStringLiteral("the line is not valid UTF-8"));
+    else if (std::any_of(line.cbegin(), line.cend(), isForbidden))
+        fail(m_line, QStringLiteral("the line holds a control character; in texts write it as \\u0000"));
+    else if (const std::optional<QString> reason = addLine(line))
+        fail(m_line, *reason);
+}
 
 std::optional<QString> FormParser::addLine(const QString &line)
 {
     LineReader reader(line);
+    if (reader.atComment())
+        m_result.comments << m_line;
     if (reader.atEnd())
         return std::nullopt;
     const std::optional<LineReader::Word> word = reader.readName();
@@ -59,39 +106,50 @@ std::optional<QString> FormParser::addLine(const QString &line)
         reason = setting(word->text, reader);
     if (!reason && !reader.atEnd())
         reason = QStringLiteral("nothing more is expected on this line");
+    if (!reason && reader.atComment())
+        m_result.comments << m_line;
     return reason;
 }
 
 std::optional<QString> FormParser::begin(LineReader &reader)
 {
-    if (m_form)
-        return QStringLiteral("a file holds one form; this would be the second");
-    if (m_open.size() == FormFile::maximumDepth)
+    if (m_open.size() == FormFile::maximumDepth) {
+        ++m_tooDeep;
         return QStringLiteral("blocks lie more than %1 deep").arg(FormFile::maximumDepth);
+    }
+    // A block that is none is opened all the same, or its End would end another one.
+    m_open.push_back({{}, {}, {}, {}, m_line, {}});
+    if (m_hasForm && m_open.size() == 1)
+        return QStringLiteral("a file holds one form; this would be the second");
     const std::optional<LineReader::Word> type = reader.readName();
     if (!type)
         return QStringLiteral("Begin needs the class of the control");
-    QString name;
-    if (!reader.atEnd()) {
-        const std::optional<LineReader::Word> word = reader.readName();
-        if (!word)
-            return reader.reason();
-        name = word->text;
-    }
-    m_open.push_back({type->text, name, {}, {}, m_line, {}});
+    m_open.back().type = type->text;
+    if (reader.atEnd())
+        return std::nullopt;
+    const std::optional<LineReader::Word> name = reader.readName();
+    if (!name)
+        return reader.reason();
+    m_open.back().name = name->text;
     return std::nullopt;
 }
 
 std::optional<QString> FormParser::end()
 {
+    if (m_tooDeep > 0) {
+        --m_tooDeep;
+        return std::nullopt;
+    }
     if (m_open.empty())
         return QStringLiteral("End without Begin");
     FormBlock block = std::move(m_open.back());
     m_open.pop_back();
-    if (m_open.empty())
-        m_form = std::move(block);
-    else
+    if (m_open.empty() && !m_hasForm) {
+        m_result.form = std::move(block);
+        m_hasForm = true;
+    } else if (!m_open.empty()) {
         m_open.back().children.push_back(std::move(block));
+    }
     return std::nullopt;
 }
 
@@ -104,25 +162,26 @@ std::optional<QString> FormParser::setting(const QString &key, LineReader &reade
     const std::optional<QVariant> value = reader.readValue();
     if (!value)
         return reader.reason();
+    if (m_tooDeep > 0)
+        return std::nullopt;
     m_open.back().properties.append(key, *value);
     m_open.back().propertyLines.append(m_line);
     return std::nullopt;
 }
 
-FormResult FormParser::finish(int lineCount)
+void FormParser::finish()
 {
-    if (!m_open.empty()) {
-        m_line = m_open.back().line;
-        return failed(QStringLiteral("the block that begins here has no End"));
+    const int lineCount = std::max(m_line, 1);
+    m_tooDeep = 0;
+    while (!m_open.empty() && !mustStop()) {
+        fail(m_open.back().line, QStringLiteral("the block that begins here has no End"));
+        (void)end();
     }
-    if (!m_form) {
-        m_line = std::max(lineCount, 1);
-        return failed(QStringLiteral("there is no form in the file"));
-    }
-    return {std::move(m_form), {}};
+    if (!m_hasForm && !mustStop())
+        fail(lineCount, QStringLiteral("there is no form in the file"));
+    std::stable_sort(m_result.faults.begin(), m_result.faults.end(),
+                     [](const FormError &left, const FormError &right) { return left.line < right.line; });
 }
-
-bool isForbidden(QChar character) { return character < u' ' && character != u'\t'; }
 
 void writeBlock(const FormBlock &block, int depth, QByteArray &text)
 {
@@ -141,7 +200,14 @@ void writeBlock(const FormBlock &block, int depth, QByteArray &text)
     text += margin + "End\n";
 }
 
-QString tooLarge() { return QStringLiteral("the file has more than %1 bytes").arg(FormFile::maximumSize); }
+FormFile::Check read(QByteArrayView text, AfterFault afterFault)
+{
+    if (text.size() > FormFile::maximumSize)
+        return {{{0, QStringLiteral("the file has more than %1 bytes").arg(FormFile::maximumSize)}}, {}, {}};
+    FormParser parser(afterFault);
+    parser.read(text.startsWith("\xef\xbb\xbf") ? text.sliced(3) : text);
+    return parser.take();
+}
 
 } // namespace
 
@@ -152,34 +218,13 @@ bool FormBlock::operator==(const FormBlock &other) const
 
 FormResult FormFile::parse(QByteArrayView text)
 {
-    if (text.size() > maximumSize)
-        return {std::nullopt, {0, tooLarge()}};
-    if (text.startsWith("\xef\xbb\xbf"))
-        text = text.sliced(3);
-
-    FormParser parser;
-    int lineCount = 0;
-    while (!text.isEmpty()) {
-        const qsizetype end = text.indexOf('\n');
-        QByteArrayView bytes = end < 0 ? text : text.first(end);
-        text = end < 0 ? QByteArrayView() : text.sliced(end + 1);
-        if (bytes.endsWith('\r'))
-            bytes.chop(1);
-        ++lineCount;
-        parser.nextLine();
-
-        QStringDecoder decoder(QStringDecoder::Utf8,
-                               QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
-        const QString line = decoder(bytes);
-        if (decoder.hasError())
-            return parser.failed(QStringLiteral("the line is not valid UTF-8"));
-        if (std::any_of(line.cbegin(), line.cend(), isForbidden))
-            return parser.failed(QStringLiteral("the line holds a control character; in texts write it as \\u0000"));
-        if (const std::optional<QString> reason = parser.addLine(line))
-            return parser.failed(*reason);
-    }
-    return parser.finish(lineCount);
+    Check check = read(text, AfterFault::Stop);
+    if (!check.faults.isEmpty())
+        return {std::nullopt, check.faults.first()};
+    return {std::move(check.form), {}};
 }
+
+FormFile::Check FormFile::check(QByteArrayView text) { return read(text, AfterFault::GoOn); }
 
 QByteArray FormFile::serialize(const FormBlock &form)
 {

@@ -63,7 +63,10 @@ public:
 private:
     inline static const QString notKnown = QStringLiteral("form files make nothing of it; it is kept");
 
-    void remark(int line, const QString &text, bool isLost = false) { m_remarks.append({line, text, isLost}); }
+    void remark(int line, const QString &text, UiFile::Fate fate = UiFile::Fate::Kept)
+    {
+        m_remarks.append({line, text, fate});
+    }
 
     void keep(UiWidget &widget, const UiWidget::Kept &kept, const QString &reason)
     {
@@ -74,7 +77,7 @@ private:
         remark(kept.line,
                described(widget) + QStringLiteral(", ") + kept.key.sliced(keptPrefix.size()) + QStringLiteral(": ") +
                    (isAgain ? QStringLiteral("stands twice; this one is not kept") : reason),
-               isAgain);
+               isAgain ? UiFile::Fate::Lost : UiFile::Fate::Kept);
     }
 
     void addPart(Item &item, const UiElement &child, std::vector<UiElement> &more)
@@ -174,7 +177,7 @@ private:
                 remark(value.line,
                        described(widget) + QStringLiteral(", ") + setting.property +
                            QStringLiteral(": what is said to translators is not kept"),
-                       true);
+                       UiFile::Fate::Lost);
         }
     }
 
@@ -190,7 +193,7 @@ private:
                 remark(item.widget.line,
                        described(item.widget) + QStringLiteral(", ") + setting.property +
                            QStringLiteral(": what a new control shows can't be said in a form file, where it is empty"),
-                       true);
+                       UiFile::Fate::Lost);
         }
     }
 
@@ -272,13 +275,13 @@ void orderItems(const QList<Item *> &items, const QStringList &tabStops, QList<U
             remarks.append({widget.line,
                             described(widget) + QStringLiteral(": a label of a form file leads to the next control by "
                                                                "the letter behind \"&\" only; its buddy is kept"),
-                            false});
+                            UiFile::Fate::Kept});
         } else if (made.at(place) != stop.buddy) {
             remarks.append(
                 {widget.line,
                  described(widget) +
                      QStringLiteral(": in a form file the label leads to %1, here to nothing").arg(made.at(place)),
-                 true});
+                 UiFile::Fate::Lost});
         }
     }
 }
@@ -298,7 +301,7 @@ void keepSections(const UiElement &root, Item &form, const UiTerms &terms, QList
     const auto keep = [&](const QString &name, const UiElement &element, const char *what) {
         kept.append({sectionKey + name, writeUiFragment({element}), element.line});
         if (what)
-            remarks.append({element.line, QStringLiteral("<%1>: %2").arg(name, QLatin1String(what)), false});
+            remarks.append({element.line, QStringLiteral("<%1>: %2").arg(name, QLatin1String(what))});
     };
     for (const UiElement &section : root.children) {
         const QString name = section.name.toLower();
@@ -351,7 +354,7 @@ UiFile::Form formFromUi(QByteArrayView text, const UiKinds &kinds, const UiFile:
     const UiTerms terms{kinds, dotsOf(*window, options.dotsPerInch)};
     UiFile::Form result;
     for (const int line : xml.comments)
-        result.remarks.append({line, QStringLiteral("the comment is not kept"), true});
+        result.remarks.append({line, QStringLiteral("the comment is not kept"), UiFile::Fate::Lost});
     Item root = UiReader(terms, options, result.remarks).read(*window, true, false);
     QList<Item *> items;
     listItems(root, items);

@@ -35,6 +35,8 @@ public:
 
     //! Whether nothing is left but blanks and a comment.
     [[nodiscard]] bool atEnd();
+    //! Whether a comment is what is left.
+    [[nodiscard]] bool atComment() { return atEnd() && m_at < m_line.size(); }
     //! Passes over the character if it comes next.
     [[nodiscard]] bool take(QChar character);
 

@@ -4,6 +4,7 @@
 
 #include "forms/uiform.h"
 #include "forms/uivalue.h"
+#include "forms/wholefile.h"
 
 #include <KorDaoUC/controlregistry.h>
 #include <KorDaoUC/propertybag.h>
@@ -162,6 +163,13 @@ namespace UiFile {
 
 Text fromForm(const FormBlock &form, const Options &options) { return uiFromForm(form, uiKinds(), options); }
 Form toForm(QByteArrayView ui, const Options &options) { return formFromUi(ui, uiKinds(), options); }
+
+std::optional<FormError> save(const QByteArray &ui, const QString &fileName)
+{
+    if (const std::optional<QString> reason = writeWhole(fileName, ui))
+        return FormError{0, *reason};
+    return std::nullopt;
+}
 
 } // namespace UiFile
 

@@ -61,14 +61,19 @@ QList<std::optional<int>> tabIndexesOf(const QList<UiStop> &stops, const QString
 
 QStringList tabStopsOf(const QList<UiStop> &stops)
 {
+    QStringList names;
+    const auto takesFocus = [](const UiStop &stop) { return stop.takesFocus; };
     const bool isNumbered =
         std::any_of(stops.cbegin(), stops.cend(), [](const UiStop &stop) { return stop.takesFocus && stop.tabIndex; });
-    QStringList names;
     if (!isNumbered)
         return names;
+    // What is not in the list stays between its last and its first, in the order of the file: only a control that
+    // would be the very first must be told to follow.
+    const bool isFirstNumbered = std::find_if(stops.cbegin(), stops.cend(), takesFocus)->tabIndex.has_value();
     for (const qsizetype place : orderOf(stops)) {
-        if (stops.at(place).takesFocus && !stops.at(place).name.isEmpty())
-            names << stops.at(place).name;
+        const UiStop &stop = stops.at(place);
+        if (stop.takesFocus && !stop.name.isEmpty() && (stop.tabIndex || !isFirstNumbered))
+            names << stop.name;
     }
     return names;
 }

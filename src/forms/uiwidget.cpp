@@ -182,7 +182,7 @@ private:
             m_remarks.append({found->element.line,
                               QStringLiteral("%1 %2, %3: %4")
                                   .arg(m_widget.className, m_widget.name, setting.property, result.reason),
-                              true});
+                              UiFile::Fate::Refused});
         giveRank(setting.key, m_rank++);
     }
 
@@ -279,9 +279,8 @@ public:
         for (const Usual &one : usual.all()) {
             if (one.isDefault || told.contains(one.key))
                 continue;
-            const auto behind = std::find_if(settings.cbegin(), settings.cend(), [&one](const Usual &other) {
-                return other.rank > one.rank && other.rank != std::numeric_limits<int>::max();
-            });
+            const auto behind = std::find_if(settings.cbegin(), settings.cend(),
+                                             [&one](const Usual &other) { return other.rank > one.rank; });
             settings.insert(behind, one);
         }
         for (const Usual &one : settings) {
@@ -301,7 +300,7 @@ private:
                 m_remarks.append(
                     {m_widget.keptLine,
                      QStringLiteral("%1 %2, %3: %4").arg(m_widget.className, m_widget.name, keptLinesProperty, *reason),
-                     true});
+                     UiFile::Fate::Refused});
             else
                 lines.append(std::get<KeptLine>(line));
         }
@@ -530,7 +529,7 @@ QList<UiFile::Remark> uiRemarks(const FormBlock &block, const UiKind &kind)
 {
     QList<UiFile::Remark> remarks;
     const QString who = block.name.isEmpty() ? block.type : block.type + u' ' + block.name;
-    const auto say = [&](int line, const QString &text) { remarks.append({line, who + text, false}); };
+    const auto say = [&](int line, const QString &text) { remarks.append({line, who + text}); };
     if (!kind.isForm && kind.settings.isEmpty() && kind.className == u"QWidget" && block.type != u"ui.QWidget")
         say(block.line, QStringLiteral(": the class is not known here; the designer shows an empty widget"));
     if (!isXmlText(block.name))

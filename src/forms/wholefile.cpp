@@ -82,8 +82,12 @@ public:
 
     [[nodiscard]] std::optional<QString> write(QByteArrayView bytes)
     {
-        if (m_file.write(bytes.data(), bytes.size()) != bytes.size())
-            return m_file.errorString();
+        while (!bytes.isEmpty()) {
+            const qint64 written = m_file.write(bytes.data(), bytes.size());
+            if (written <= 0)
+                return m_file.errorString();
+            bytes = bytes.sliced(written); // a part finds room on a disk that is nearly full; the next call says so
+        }
         if (!sync(m_file.handle()))
             return reasonOf(errno);
         m_file.close();

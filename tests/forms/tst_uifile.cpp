@@ -42,14 +42,13 @@ QByteArray form(const QByteArray &ui, const UiFile::Options &options = {})
     return result.form ? FormFile::serialize(*result.form) : "(refused) " + result.error.reason.toUtf8();
 }
 
-//! "3 kept: text", "4 lost: text"
+//! "3 kept: text", "4 lost: text", "5 refused: text"
 QStringList told(const QList<UiFile::Remark> &remarks)
 {
+    const QStringList fates{QStringLiteral("kept"), QStringLiteral("lost"), QStringLiteral("refused")};
     QStringList all;
     for (const UiFile::Remark &remark : remarks)
-        all << QStringLiteral("%1 %2: %3")
-                   .arg(remark.line)
-                   .arg(remark.isLost ? QStringLiteral("lost") : QStringLiteral("kept"), remark.text);
+        all << QStringLiteral("%1 %2: %3").arg(remark.line).arg(fates.at(static_cast<int>(remark.fate)), remark.text);
     return all;
 }
 
@@ -455,11 +454,11 @@ void tst_UiFile::whatCannotBeKeptIsNamed_data()
     // clang-format off
     QTest::newRow("a comment")               << uiWith("KorNumber", "\n<!-- x -->") << QStringLiteral("2 lost: the comment is not kept");
     QTest::newRow("a word to translators")   << uiWith("QLabel", "\n\n<property name=\"text\"><string comment=\"x\">a</string></property>") << QStringLiteral("3 lost: QLabel c, text: what is said to translators is not kept");
-    QTest::newRow("a value of another kind") << uiWith("KorNumber", "<property name=\"MaxLength\"><string>5</string></property>") << QStringLiteral("1 lost: KorNumber c, MaxLength: <string> holds no whole number");
-    QTest::newRow("no member")               << uiWith("KorNumber", "<property name=\"Alignment\"><enum>kor::Middle</enum></property>") << QStringLiteral("1 lost: KorNumber c, Alignment: <enum> holds no member of the enumeration");
-    QTest::newRow("half a font")             << uiWith("KorNumber", "<property name=\"Font\"><font><bold>true</bold></font></property>") << QStringLiteral("1 lost: KorNumber c, Font: a form file holds fonts with their family and size only");
+    QTest::newRow("a value of another kind") << uiWith("KorNumber", "<property name=\"MaxLength\"><string>5</string></property>") << QStringLiteral("1 refused: KorNumber c, MaxLength: <string> holds no whole number");
+    QTest::newRow("no member")               << uiWith("KorNumber", "<property name=\"Alignment\"><enum>kor::Middle</enum></property>") << QStringLiteral("1 refused: KorNumber c, Alignment: <enum> holds no member of the enumeration");
+    QTest::newRow("half a font")             << uiWith("KorNumber", "<property name=\"Font\"><font><bold>true</bold></font></property>") << QStringLiteral("1 refused: KorNumber c, Font: a form file holds fonts with their family and size only");
     QTest::newRow("today")                   << uiWith("KorDate", {}) << QStringLiteral("1 lost: KorDate c, Text: what a new control shows can't be said in a form file, where it is empty");
-    QTest::newRow("a spoilt line")           << uiWith("KorNumber", "\n<property name=\"korSettings\" stdset=\"0\"><stringlist><string>Tag = = 1</string></stringlist></property>") << QStringLiteral("2 lost: KorNumber c, korSettings: the value is missing");
+    QTest::newRow("a spoilt line")           << uiWith("KorNumber", "\n<property name=\"korSettings\" stdset=\"0\"><stringlist><string>Tag = = 1</string></stringlist></property>") << QStringLiteral("2 refused: KorNumber c, korSettings: the value is missing");
     // clang-format on
 }
 
