@@ -16,6 +16,8 @@ install(DIRECTORY include/KorDaoUC DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT KorDaoUCTargets NAMESPACE KorDaoUC:: DESTINATION ${KOR_PACKAGE_DIR})
 if(KORDAOUC_DESIGNER)
     set_target_properties(KorDaoUCPlugin KorDaoUCDesigner PROPERTIES INSTALL_RPATH $ORIGIN/../../..)
+    set_target_properties(korform PROPERTIES INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
+    install(TARGETS korform)
     install(TARGETS KorDaoUCPlugin KorDaoUCDesigner DESTINATION ${CMAKE_INSTALL_LIBDIR}/qt6/plugins/designer)
 endif()
 
