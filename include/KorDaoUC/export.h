@@ -4,8 +4,8 @@
 
 #include <QtCore/qcompilerdetection.h>
 
-// What the two shared libraries offer: the controls (KORDAOUC_EXPORT) and, usable without widgets, the classic
-// run-time functions (KORDAOUC_RUNTIME_EXPORT).
+// What the shared libraries offer: the controls (KORDAOUC_EXPORT) and, usable without widgets, the classic run-time
+// functions (KORDAOUC_RUNTIME_EXPORT) and the reading of .mdb files (KORDAOUC_MDB_EXPORT).
 #ifdef KORDAOUC_BUILDING
 #  define KORDAOUC_EXPORT Q_DECL_EXPORT
 #else
@@ -16,4 +16,10 @@
 #  define KORDAOUC_RUNTIME_EXPORT Q_DECL_EXPORT
 #else
 #  define KORDAOUC_RUNTIME_EXPORT Q_DECL_IMPORT
+#endif
+
+#ifdef KORDAOUC_MDB_BUILDING
+#  define KORDAOUC_MDB_EXPORT Q_DECL_EXPORT
+#else
+#  define KORDAOUC_MDB_EXPORT Q_DECL_IMPORT
 #endif

@@ -27,8 +27,10 @@ enum class ErrorNumber : int {
     SetNotPermitted = 387,
     PropertyOrMethodNotFound = 438,
     NoCurrentRecord = 3021,
+    FileNotFound = 3024,
     DatabaseFailed = 3146,
     ItemNotFoundInCollection = 3265,
+    UnrecognizedDatabaseFormat = 3343,
     ObjectNoLongerSet = 3420,
 };
 

@@ -23,8 +23,10 @@ QString classicText(ErrorNumber number)
     case ErrorNumber::SetNotPermitted: return QStringLiteral("Set not permitted");
     case ErrorNumber::PropertyOrMethodNotFound: return QStringLiteral("Object doesn't support this property or method");
     case ErrorNumber::NoCurrentRecord: return QStringLiteral("No current record");
+    case ErrorNumber::FileNotFound: return QStringLiteral("Couldn't find file");
     case ErrorNumber::DatabaseFailed: return QStringLiteral("Database call failed");
     case ErrorNumber::ItemNotFoundInCollection: return QStringLiteral("Item not found in this collection");
+    case ErrorNumber::UnrecognizedDatabaseFormat: return QStringLiteral("Unrecognized database format");
     case ErrorNumber::ObjectNoLongerSet: return QStringLiteral("Object invalid or no longer set");
     }
     return QStringLiteral("Application-defined or object-defined error");
