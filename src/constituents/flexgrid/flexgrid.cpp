@@ -44,7 +44,12 @@ void FlexGrid::restructure(int rows, int columns, Change &&change)
 {
     const QPointer<FlexGrid> self = this;
     const CellCursor before = cursorCell();
-    const CellCursor after = fitted(before, rows, columns);
+    CellCursor after = fitted(before, rows, columns);
+    // Out of the titles again, where nothing but the want of data had put it.
+    if (Rows() == 1 && rows > 1)
+        after.row = after.rowSel = 1;
+    if (Cols() == 1 && columns > 1)
+        after.column = after.columnSel = 1;
     const int move = ++m_moves;
     if (!after.isAtCellOf(before)) {
         Q_EMIT LeaveCell();
@@ -52,9 +57,13 @@ void FlexGrid::restructure(int rows, int columns, Change &&change)
             return;
     }
     change();
-    if (!after.isAtCellOf(before) && m_moves == move)
+    if (m_moves != move)
+        return;
+    if (cursorCell() != after)
+        placeCursor(fitted(after, Rows(), Cols()));
+    if (!after.isAtCellOf(before))
         tellEntered(move);
-    else if (cursorCell() != before && m_moves == move)
+    else if (after != before)
         Q_EMIT SelChange();
 }
 
@@ -134,17 +143,17 @@ bool FlexGrid::tellEntered(int move)
     return true;
 }
 
-bool FlexGrid::moveByUser(const CellCursor &cursor)
+bool FlexGrid::mayMoveByUser(const CellCursor &cursor)
 {
+    if (cursor.isAtCellOf(cursorCell()))
+        return true;
     const QPointer<FlexGrid> self = this;
-    if (!cursor.isAtCellOf(cursorCell())) {
-        bool stays = false;
-        Q_EMIT askToLeave(stays);
-        if (!self || stays)
-            return false;
-    }
-    return moveTo(cursor);
+    bool stays = false;
+    Q_EMIT askToLeave(stays);
+    return self && !stays;
 }
+
+bool FlexGrid::moveByUser(const CellCursor &cursor) { return mayMoveByUser(cursor) && moveTo(cursor); }
 
 void FlexGrid::setRow(int row)
 {
@@ -249,10 +258,14 @@ void FlexGrid::actAs(QKeyEvent *event, int keyCode, int shiftState)
 
 void FlexGrid::moveBy(CellMove move, bool extends)
 {
-    const QPointer<FlexGrid> self = this;
     const MoveRoom room{rowSizes(), columnSizes(), wholeRows()};
-    if (moveByUser(moved(cursorCell(), move, extends, room)) && self)
-        makeVisible(RowSel(), ColSel());
+    const CellCursor wanted = moved(cursorCell(), move, extends, room);
+    if (!mayMoveByUser(wanted))
+        return;
+    // First: whoever hears of the cell that is entered finds it in sight.
+    const CellCursor target = fitted(wanted, Rows(), Cols());
+    makeVisible(target.rowSel, target.columnSel);
+    moveTo(target);
 }
 
 void FlexGrid::keyReleaseEvent(QKeyEvent *event)

@@ -25,7 +25,7 @@ public:
     explicit FlexGrid(QWidget *parent);
 
     //! Titles included; never below one, and not above 16,777,216 rows and 131,072 columns. A current cell that goes
-    //! away is left for the last one that stays.
+    //! away is left for the last one that stays; in a grid that had no data, the first one that comes is entered.
     void setRows(int rows);
     void setCols(int columns);
     //! Adds a row with the texts between the tabs of one text, before a row or, without an index, at the end.
@@ -98,7 +98,9 @@ private:
     enum class Drag { None, Cells, Rows, Columns };
 
     bool moveTo(const CellCursor &cursor);
-    //! A move of the user's, who may be refused it, and who sees where it leads.
+    //! Asks about a move of the user's. False as well when that ended the grid.
+    [[nodiscard]] bool mayMoveByUser(const CellCursor &cursor);
+    //! A move of the user's, who may be refused it.
     bool moveByUser(const CellCursor &cursor);
     //! Changes rows or columns so that the cursor fits into what is left.
     template <class Change>

@@ -29,6 +29,8 @@ private Q_SLOTS:
     void keysMove();
     void keysAreOfferedFirst();
     void keysScroll();
+    void aCellIsInSightWhenItIsEntered();
+    void aRefusedMoveScrollsNothing();
     void keysOfTheFormAreItsOwn();
     void mouseMoves();
     void partlyShownRowIsScrolledIn();
@@ -156,9 +158,18 @@ void tst_FlexGrid::removedRowsMoveTheCursor()
     on.grid->setRows(1);
     QCOMPARE(on.cursor(), QStringLiteral("0,2"));
     QVERIFY(!on.grid->currentIndex().isValid());
-    on.grid->setRows(3);
-    QCOMPARE(on.cursor(), QStringLiteral("0,2"));
+    (void)on.take();
+    on.grid->setRows(3); // and out of the titles again
+    QCOMPARE(on.take(), QStringLiteral("LeaveCell(0,2) EnterCell(1,2) RowColChange SelChange"));
+    QCOMPARE(on.cursor(), QStringLiteral("1,2"));
+    QCOMPARE(on.grid->currentIndex(), on.grid->model()->index(0, 1));
     QCOMPARE(on.grid->TextMatrix(2, 2), QString());
+    on.grid->setCols(1);
+    on.grid->setCols(3);
+    QCOMPARE(on.cursor(), QStringLiteral("1,1"));
+    on.grid->setRow(0); // where the program has put it, it stays
+    on.grid->setRows(5);
+    QCOMPARE(on.cursor(), QStringLiteral("0,1"));
 }
 
 void tst_FlexGrid::addsTextsBetweenTabs()
@@ -240,6 +251,35 @@ void tst_FlexGrid::keysScroll()
     on.grid->setCurrentCell(15, 1);
     QTest::keyClick(on.grid, Qt::Key_Up);
     QVERIFY(on.grid->viewport()->rect().contains(on.grid->cellRect(14, 1)));
+}
+
+void tst_FlexGrid::aCellIsInSightWhenItIsEntered()
+{
+    GridStage on;
+    QVERIFY(on.open());
+    QStringList entered;
+    const QRect room = on.grid->viewport()->rect();
+    QObject::connect(on.grid, &FlexGrid::EnterCell, on.grid, [&] {
+        const bool isInSight = room.contains(on.grid->cellRect(on.grid->Row(), on.grid->Col()));
+        entered << QStringLiteral("%1 %2").arg(on.grid->Row()).arg(isInSight ? u"in sight" : u"hidden");
+    });
+    QTest::keyClick(on.grid, Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClick(on.grid, Qt::Key_PageUp);
+    QTest::keyClick(on.grid, Qt::Key_PageUp);
+    QTest::keyClick(on.grid, Qt::Key_PageDown);
+    const QStringList inSight{QStringLiteral("19 in sight"), QStringLiteral("7 in sight"), QStringLiteral("1 in sight"),
+                              QStringLiteral("13 in sight")};
+    QCOMPARE(entered, inSight);
+}
+
+void tst_FlexGrid::aRefusedMoveScrollsNothing()
+{
+    GridStage on;
+    QVERIFY(on.open());
+    QObject::connect(on.grid, &FlexGrid::askToLeave, on.grid, [](bool &stays) { stays = true; });
+    QTest::keyClick(on.grid, Qt::Key_End, Qt::ControlModifier);
+    QCOMPARE(on.cursor(), QStringLiteral("1,1"));
+    QCOMPARE(on.grid->TopRow(), 1);
 }
 
 void tst_FlexGrid::keysOfTheFormAreItsOwn()
