@@ -138,6 +138,7 @@ int KorGrid::AddColumn(const QString &col_type, const QString &col_title, int co
     d->grid->setColAlignment(number, cellAlignmentOf(column.alignment));
     d->grid->setColForeColor(number, col_color);
     d->grid->setColWordWrap(number, col_wrap);
+    d->grid->setColFillsNarrow(number, type == ColumnType::Number);
     d->cells.describe(number, std::move(column));
     d->grid->setColWidth(number, std::max(col_width, 0));
     d->grid->setTextMatrix(0, number, col_title);

@@ -108,11 +108,11 @@ void CellView::setSelectionMode(SelectionModeType mode)
 {
     if (mode < SelectionModeType::Free || mode > SelectionModeType::ByColumn)
         throw RunTimeError(ErrorNumber::InvalidPropertyValue);
-    m_selectionMode = mode;
+    setSelectionBehavior(static_cast<SelectionBehavior>(mode));
     showSelection();
 }
 
-CellRange CellView::selectedRange() const { return selectedCells(m_cursor, m_selectionMode, Rows(), Cols()); }
+CellRange CellView::selectedRange() const { return selectedCells(m_cursor, SelectionMode(), Rows(), Cols()); }
 
 void CellView::placeCursor(const CellCursor &cursor)
 {
@@ -189,7 +189,8 @@ void CellView::setRedraw(bool redraw)
 CellLook CellView::look(int row, int column) const
 {
     const OLE_COLOR color = CellForeColor(row, column);
-    return {{TextMatrix(row, column), CellAlignment(row, column), wraps(column)},
+    const bool fillsNarrow = row > 0 && this->column(column).fillsNarrow;
+    return {{TextMatrix(row, column), CellAlignment(row, column), wraps(column), fillsNarrow},
             color != 0 ? toQColor(color, palette()) : palette().color(QPalette::Text),
             color != 0};
 }
@@ -221,15 +222,26 @@ void CellView::paintEvent(QPaintEvent *event)
     const QRect current = cellRect(m_cursor.row, m_cursor.column);
     if (m_cursor.row < 1 || m_cursor.column < 1 || !current.intersects(exposed))
         return;
-    const bool isOnSelection = m_selectionMode != SelectionModeType::Free;
+    const bool isOnSelection = SelectionMode() != SelectionModeType::Free;
     painter.setPen({palette().color(isOnSelection ? QPalette::HighlightedText : QPalette::Highlight),
                     hasFocus() ? 2.0 : 1.0, hasFocus() ? Qt::SolidLine : Qt::DotLine});
     painter.drawRect(current.adjusted(1, 1, -2, -2));
 }
 
+//! Where an editor lies, beside which the text of its cell must not show.
+QRect CellView::coveredPlace() const
+{
+    for (const QWidget *part : viewport()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (part->isVisible())
+            return part->geometry();
+    }
+    return {};
+}
+
 void CellView::paintRow(QPainter &painter, int row, const QRect &exposed) const
 {
     const CellRange selected = selectedRange();
+    const QRect covered = coveredPlace();
     const QStyleOptionViewItem option;
     const QColor line = static_cast<QRgb>(style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this));
     const int behind = shownEnd(m_columns, LeftCol(), viewport()->width());
@@ -238,12 +250,13 @@ void CellView::paintRow(QPainter &painter, int row, const QRect &exposed) const
         if (cell.isEmpty() || !cell.intersects(exposed))
             continue;
         const bool isCurrent =
-            m_selectionMode == SelectionModeType::Free && row == m_cursor.row && column == m_cursor.column;
+            SelectionMode() == SelectionModeType::Free && row == m_cursor.row && column == m_cursor.column;
         const bool isSelected = selected.contains(row, column) && !isCurrent;
         const CellLook look = this->look(row, column);
         painter.fillRect(cell, palette().color(isSelected ? QPalette::Highlight : QPalette::Base));
         painter.setPen(isSelected ? palette().color(QPalette::HighlightedText) : look.color);
-        drawCellText(painter, cell, look.content);
+        if (!covered.isValid() || !cell.contains(covered.center()))
+            drawCellText(painter, cell, look.content);
         painter.fillRect(cell.left(), cell.bottom(), cell.width(), 1, line);
         painter.fillRect(isRightToLeft() ? cell.left() : cell.right(), cell.top(), 1, cell.height(), line);
     }

@@ -61,7 +61,9 @@ void drawCellText(QPainter &painter, const QRect &cell, const CellText &content)
     QString text = content.text;
     std::replace_if(
         text.begin(), text.end(), [](QChar unit) { return unit == u'\n' || unit == u'\r'; }, QLatin1Char(' '));
-    if (text.size() * metrics.maxWidth() > room.width())
+    if (content.fillsNarrow && isNumber(text) && metrics.horizontalAdvance(text) > room.width())
+        text = QString(std::max(1, room.width() / metrics.horizontalAdvance(u'#')), u'#');
+    else if (text.size() * metrics.maxWidth() > room.width())
         text = metrics.elidedText(text, Qt::ElideRight, room.width());
     painter.drawText(room, place | Qt::TextSingleLine, text);
 }

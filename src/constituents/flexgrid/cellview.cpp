@@ -168,7 +168,7 @@ void CellView::addRows(int first, int number)
         const QScopedValueRollback placing(m_isPlacingCursor, true);
         m_model->addRows(first, number);
     }
-    if (!isAtEnd || m_selectionMode == SelectionModeType::ByColumn)
+    if (!isAtEnd || SelectionMode() == SelectionModeType::ByColumn)
         showSelection();
     scheduleLayout();
 }
@@ -236,6 +236,14 @@ void CellView::setColWordWrap(int column, bool wraps)
 {
     this->column(column).wraps = wraps;
     forgetHeights();
+}
+
+bool CellView::ColFillsNarrow(int column) const { return this->column(column).fillsNarrow; }
+
+void CellView::setColFillsNarrow(int column, bool fills)
+{
+    this->column(column).fillsNarrow = fills;
+    scheduleLayout();
 }
 
 void CellView::setWordWrap(bool wraps)

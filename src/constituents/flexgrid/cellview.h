@@ -62,6 +62,9 @@ public:
     //! were given a height.
     [[nodiscard]] bool ColWordWrap(int column) const;
     void setColWordWrap(int column, bool wraps);
+    //! Numbers that their cells are too narrow for show as a run of "#", as half a number is another one.
+    [[nodiscard]] bool ColFillsNarrow(int column) const;
+    void setColFillsNarrow(int column, bool fills);
     [[nodiscard]] bool WordWrap() const { return m_wordWrap; }
     void setWordWrap(bool wraps);
 
@@ -99,7 +102,8 @@ public:
 
     // --- look
 
-    [[nodiscard]] SelectionModeType SelectionMode() const { return m_selectionMode; }
+    //! The toolkit's selection behaviour, by which a host that knows the view alone may choose it as well.
+    [[nodiscard]] SelectionModeType SelectionMode() const { return static_cast<SelectionModeType>(selectionBehavior()); }
     void setSelectionMode(SelectionModeType mode);
     [[nodiscard]] CellRange selectedRange() const;
     //! Behind the cells.
@@ -158,6 +162,7 @@ private:
         CellAlignmentType alignment = CellAlignmentType::General;
         OLE_COLOR foreColor = 0;
         bool wraps = false;
+        bool fillsNarrow = false;
     };
 
     [[nodiscard]] const Column &column(int column) const;
@@ -182,6 +187,7 @@ private:
     void showSelection();
     void showChange(int row, int column);
     [[nodiscard]] int leftOf(int column) const;
+    [[nodiscard]] QRect coveredPlace() const;
     void paintRow(QPainter &painter, int row, const QRect &exposed) const;
     void paintBehind(QPainter &painter, const QRect &exposed) const;
 
@@ -195,7 +201,6 @@ private:
     RowTitles *m_rowTitles;
     TitleCorner *m_corner;
     CellCursor m_cursor;
-    SelectionModeType m_selectionMode = SelectionModeType::Free;
     OLE_COLOR m_backColorBkg = WindowBackground;
     int m_rowHeightMin = usualRowHeight;
     int m_shownTop = 1; //!< that the screen shows

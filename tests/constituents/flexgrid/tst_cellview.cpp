@@ -55,6 +55,8 @@ private Q_SLOTS:
     void wrappedRowsGrow();
     void mixedHeightsOfAMillionRows();
     void coloursAndAlignments();
+    void numbersThatDoNotFitShowARunOfSigns();
+    void aCellUnderAnEditorShowsNoTextBesideIt();
     void changedCellsAreRepainted();
     void selectionIsSeen();
     void blankSpaceHasItsOwnColor();
@@ -357,6 +359,59 @@ void tst_CellView::coloursAndAlignments()
     QCOMPARE(text(3, 2), QColor(255, 0, 0));
     on.grid->Clear();
     QCOMPARE(on.grid->CellAlignment(3, 3), CellAlignmentType::RightCenter);
+}
+
+void tst_CellView::numbersThatDoNotFitShowARunOfSigns()
+{
+    GridStage on;
+    on.grid->setCols(4);
+    for (const int column : {1, 2, 3}) {
+        on.grid->setColWidth(column, 600);
+        on.grid->setColAlignment(column, CellAlignmentType::RightCenter);
+    }
+    on.grid->setColFillsNarrow(1, true);
+    for (int row = 1; row < 20; ++row) {
+        for (const int column : {1, 2, 3})
+            on.grid->setTextMatrix(row, column, QString());
+    }
+    const QString wide = QStringLiteral("1234567890");
+    on.grid->setTextMatrix(3, 1, wide);
+    on.grid->setTextMatrix(3, 2, wide);
+    const int signs = (on.grid->cellRect(3, 1).width() - 7) / on.grid->fontMetrics().horizontalAdvance(u'#');
+    on.grid->setTextMatrix(3, 3, QString(signs, u'#'));
+    on.grid->setTextMatrix(4, 1, QStringLiteral("do uzgodnienia"));
+    on.grid->setTextMatrix(4, 2, QStringLiteral("do uzgodnienia"));
+    on.grid->setTextMatrix(5, 1, QStringLiteral("15"));
+    on.grid->setTextMatrix(5, 2, QStringLiteral("15"));
+    on.grid->setCurrentCell(9, 1);
+    QVERIFY(on.open());
+    const QImage image = on.grid->viewport()->grab().toImage();
+    const auto cell = [&](int row, int column) { return image.copy(on.grid->cellRect(row, column)); };
+    QVERIFY(cell(3, 1) == cell(3, 3));
+    QVERIFY(cell(3, 2) != cell(3, 3));
+    QVERIFY(cell(4, 1) == cell(4, 2)); // words end in dots
+    QVERIFY(cell(5, 1) == cell(5, 2)); // and what fits is itself
+}
+
+void tst_CellView::aCellUnderAnEditorShowsNoTextBesideIt()
+{
+    GridStage on;
+    on.grid->setRowHeightMin(900);
+    QVERIFY(on.open());
+    on.grid->setCurrentCell(9, 1);
+    QWidget editor(on.grid->viewport());
+    const QRect cell = on.grid->cellRect(2, 2);
+    editor.setGeometry(cell.left() + 2, cell.top() + 2, cell.width() - 4, 16);
+    editor.show();
+    const auto ink = [&](const QRect &place) {
+        const QImage image = on.grid->viewport()->grab().toImage();
+        return shows(image, place, on.grid->palette().color(QPalette::Text));
+    };
+    const QRect below(cell.left(), cell.top() + 20, cell.width() - 2, cell.height() - 22);
+    QVERIFY(ink(on.grid->cellRect(3, 2)));
+    QVERIFY(!ink(below));
+    editor.hide();
+    QVERIFY(ink(below));
 }
 
 void tst_CellView::changedCellsAreRepainted()
