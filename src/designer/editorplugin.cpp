@@ -3,6 +3,7 @@
 #include "designer/editorplugin.h"
 
 #include "designer/propertysheet.h"
+#include "designer/taskmenu.h"
 
 #include <KorDaoUC/usercontrol.h>
 
@@ -32,6 +33,7 @@ void EditorPlugin::initialize(QDesignerFormEditorInterface *core)
 {
     m_core = core;
     PropertySheetFactory::install(core);
+    TaskMenuFactory::install(core);
     const QDesignerFormWindowManagerInterface *windows = core->formWindowManager();
     for (int i = 0; i < windows->formWindowCount(); ++i)
         design(windows->formWindow(i));

@@ -7,8 +7,8 @@
 
 namespace kor {
 
-//! What the form designer alone needs: its forms are designed, not run, and it can't bear the errors that controls
-//! raise for values they refuse.
+//! What the form designer alone needs: its forms are designed, not run, it can't bear the errors that controls raise
+//! for values they refuse, and it opens their property pages.
 //!
 //! A module of its own, so that programs which create the controls by name need no part of the designer.
 class EditorPlugin final : public QObject, public QDesignerFormEditorPluginInterface

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "designer/plugin.h"
 
+#include "designer/descriptions.h"
 #include "designer/icons.h"
 
 #include <KorDaoUC/controlregistry.h>
@@ -26,6 +27,10 @@ void WidgetPlugin::initialize(QDesignerFormEditorInterface *core)
 
 QString WidgetPlugin::group() const { return QStringLiteral("KorDaoUC"); }
 
+QString WidgetPlugin::toolTip() const { return descriptionOf(m_name).toolTip; }
+
+QString WidgetPlugin::whatsThis() const { return descriptionOf(m_name).help; }
+
 QString WidgetPlugin::includeFile() const { return QStringLiteral("<KorDaoUC/%1>").arg(m_name); }
 
 QIcon WidgetPlugin::icon() const { return controlIcon(m_name); }
@@ -34,8 +39,12 @@ QWidget *WidgetPlugin::createWidget(QWidget *parent) { return ControlRegistry::c
 
 QString WidgetPlugin::domXml() const
 {
-    return QStringLiteral("<ui language=\"c++\"><widget class=\"%1\" name=\"%2\"/></ui>")
-        .arg(m_name, QString(m_name).replace(0, 3, QStringLiteral("kor")));
+    const QSize size = descriptionOf(m_name).size;
+    return QStringLiteral("<ui language=\"c++\"><widget class=\"%1\" name=\"%2\"><property name=\"geometry\"><rect>"
+                          "<x>0</x><y>0</y><width>%3</width><height>%4</height></rect></property></widget></ui>")
+        .arg(m_name, QString(m_name).replace(0, 3, QStringLiteral("kor")))
+        .arg(size.width())
+        .arg(size.height());
 }
 
 PluginCollection::PluginCollection(QObject *parent) : QObject(parent)

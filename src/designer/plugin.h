@@ -18,8 +18,8 @@ public:
 
     [[nodiscard]] QString name() const override { return m_name; }
     [[nodiscard]] QString group() const override;
-    [[nodiscard]] QString toolTip() const override { return m_name; }
-    [[nodiscard]] QString whatsThis() const override { return {}; }
+    [[nodiscard]] QString toolTip() const override;
+    [[nodiscard]] QString whatsThis() const override;
     [[nodiscard]] QString includeFile() const override;
     [[nodiscard]] QIcon icon() const override;
     [[nodiscard]] bool isContainer() const override { return false; }

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "designer/designerstage.h"
+
 #include <QtCore/QBuffer>
 #include <QtCore/QMetaProperty>
 #include <QtCore/QPluginLoader>
@@ -8,38 +10,33 @@
 #include <QtDesigner/QDesignerFormWindowCursorInterface>
 #include <QtDesigner/QDesignerFormWindowInterface>
 #include <QtDesigner/QDesignerFormWindowManagerInterface>
-#include <QtDesigner/QDesignerIntegration>
-#include <QtDesigner/QDesignerObjectInspectorInterface>
-#include <QtDesigner/QDesignerPropertyEditorInterface>
 #include <QtDesigner/QDesignerPropertySheetExtension>
-#include <QtDesigner/QDesignerWidgetBoxInterface>
 #include <QtDesigner/QExtensionManager>
 #include <QtDesigner/QFormBuilder>
-#include <QtDesigner/qdesigner_components.h>
 #include <QtGui/QActionGroup>
 #include <QtGui/QPainter>
 #include <QtGui/QUndoStack>
 #include <QtTest/QtTest>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
-#include <QtUiTools/QUiLoader>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QStyle>
 
 #include <cstdlib>
 #include <memory>
 #include <vector>
 
+using namespace kor::test;
+
 //! The form designer itself, with the library's plugin in its folder, as a user of it meets the controls.
-class tst_Designer : public QObject
+class tst_Designer : public QObject, private DesignerStage
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
-    void cleanupTestCase();
-    void init();
-    void cleanup();
+    void initTestCase() { startDesigner(); }
+    void cleanupTestCase() { endDesigner(); }
+    void init() { newForm(); }
+    void cleanup() { closeForm(); }
 
     void aNewControlStoresItsPlaceOnly_data() { controls(); }
     void aNewControlStoresItsPlaceOnly();
@@ -67,34 +64,15 @@ private Q_SLOTS:
 
 private:
     static void controls();
-    void open(const QString &form);
-    [[nodiscard]] QWidget *control() const;
-    [[nodiscard]] QDesignerPropertySheetExtension *sheet() const;
     //! The properties of the library's own that the property editor shows.
     [[nodiscard]] std::vector<QMetaProperty> offered() const;
     void set(const char *property, const QVariant &value);
     [[nodiscard]] QVariant shown(const char *property) const { return control()->property(property); }
-    //! The form, loaded by a program that runs.
-    [[nodiscard]] static std::unique_ptr<QWidget> run(const QString &form);
     //! The form's preview in a style.
     [[nodiscard]] QWidget *preview(const QString &style);
-    //! The text of the message that is up, which is then closed.
-    [[nodiscard]] static QString message();
-
-    std::unique_ptr<QWidget> m_window;
-    QDesignerFormEditorInterface *m_core = nullptr;
-    QDesignerFormWindowInterface *m_form = nullptr;
 };
 
 namespace {
-
-QString formOf(const QString &control, const QString &properties = {})
-{
-    return QStringLiteral("<ui version=\"4.0\"><class>Form</class><widget class=\"QWidget\" name=\"Form\">"
-                          "<widget class=\"%1\" name=\"field\">%2</widget></widget><customwidgets><customwidget>"
-                          "<class>%1</class><extends>QWidget</extends></customwidget></customwidgets></ui>")
-        .arg(control, properties);
-}
 
 QString placed(int x, int y, int width, int height)
 {
@@ -169,48 +147,6 @@ void tst_Designer::controls()
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
-void tst_Designer::initTestCase()
-{
-    QDesignerComponents::initializeResources();
-    m_window = std::make_unique<QWidget>();
-    QWidget *window = m_window.get();
-    m_core = QDesignerComponents::createFormEditor(this);
-    m_core->setTopLevel(window);
-    m_core->setWidgetBox(QDesignerComponents::createWidgetBox(m_core, window));
-    m_core->setPropertyEditor(QDesignerComponents::createPropertyEditor(m_core, window));
-    m_core->setObjectInspector(QDesignerComponents::createObjectInspector(m_core, window));
-    m_core->setActionEditor(QDesignerComponents::createActionEditor(m_core, window));
-    new QDesignerIntegration(m_core, m_core);
-    QDesignerComponents::createTaskMenu(m_core, window);
-    QDesignerComponents::initializePlugins(m_core);
-}
-
-void tst_Designer::cleanupTestCase() { m_window.reset(); }
-
-void tst_Designer::init() { m_form = m_core->formWindowManager()->createFormWindow(m_window.get()); }
-
-void tst_Designer::cleanup() { delete m_form; }
-
-void tst_Designer::open(const QString &form)
-{
-    QByteArray text = form.toUtf8();
-    QBuffer buffer(&text);
-    QVERIFY(buffer.open(QIODevice::ReadOnly));
-    QString reason;
-    QVERIFY2(m_form->setContents(&buffer, &reason), qPrintable(reason));
-    m_core->formWindowManager()->setActiveFormWindow(m_form);
-    QVERIFY(control());
-    m_form->clearSelection();
-    m_form->selectWidget(control());
-}
-
-QWidget *tst_Designer::control() const { return m_form->findChild<QWidget *>(QStringLiteral("field")); }
-
-QDesignerPropertySheetExtension *tst_Designer::sheet() const
-{
-    return qt_extension<QDesignerPropertySheetExtension *>(m_core->extensionManager(), control());
-}
-
 std::vector<QMetaProperty> tst_Designer::offered() const
 {
     std::vector<QMetaProperty> all;
@@ -228,16 +164,6 @@ void tst_Designer::set(const char *property, const QVariant &value)
     m_form->cursor()->setProperty(QString::fromLatin1(property), value);
 }
 
-std::unique_ptr<QWidget> tst_Designer::run(const QString &form)
-{
-    QUiLoader loader;
-    loader.clearPluginPaths();
-    loader.addPluginPath(QStringLiteral(KOR_PLUGIN_FOLDER "/designer"));
-    QByteArray text = form.toUtf8();
-    QBuffer buffer(&text);
-    return std::unique_ptr<QWidget>(loader.load(&buffer));
-}
-
 QWidget *tst_Designer::preview(const QString &style)
 {
     const QDesignerFormWindowManagerInterface *windows = m_core->formWindowManager();
@@ -252,19 +178,6 @@ QWidget *tst_Designer::preview(const QString &style)
             return field;
     }
     return nullptr;
-}
-
-QString tst_Designer::message()
-{
-    QString text;
-    for (QWidget *window : QApplication::topLevelWidgets()) {
-        auto *box = qobject_cast<QMessageBox *>(window);
-        if (!box || !box->isVisible())
-            continue;
-        text = box->text();
-        box->close();
-    }
-    return text;
 }
 
 void tst_Designer::aNewControlStoresItsPlaceOnly()
