@@ -43,13 +43,17 @@ PropertySheet::PropertySheet(QDesignerFormEditorInterface *core, QObject *contro
 
 void PropertySheet::setProperty(int index, const QVariant &value)
 {
+    // The designer moves a control with the size that it sees, which may be less than the control was given.
+    const bool isResized = !m_given || givenSize(m_control) != m_taken ||
+                           value.toRect().size() != static_cast<QWidget *>(m_control)->size();
     try {
         m_sheet->setProperty(index, value);
     } catch (const RunTimeError &error) {
         refused(index, error.description());
     }
     if (isPlace(propertyName(index))) {
-        m_given = value.toRect().size();
+        if (isResized)
+            m_given = value.toRect().size();
         m_taken = givenSize(m_control);
     }
 }

@@ -58,6 +58,8 @@ private Q_SLOTS:
     void loadingAndSavingLeavesThePlace();
     void aMovedControlIsSavedWithItsNewPlace_data() { controls(); }
     void aMovedControlIsSavedWithItsNewPlace();
+    void aControlMovedInTheDesignerKeepsItsSize_data() { controls(); }
+    void aControlMovedInTheDesignerKeepsItsSize();
     void aRefusedValueOfALoadedFormIsAWarning();
     void everyControlHasItsOwnIcon_data();
     void everyControlHasItsOwnIcon();
@@ -428,6 +430,23 @@ void tst_Designer::aMovedControlIsSavedWithItsNewPlace()
     QCOMPARE(moved, QRect(20, 30, 150, 61)); // not the height of a list's whole rows
     set("geometry", QRect(5, 6, 170, 83));
     QVERIFY(m_form->contents().simplified().remove(u' ').contains(placed(5, 6, 170, 83).remove(u' ')));
+}
+
+void tst_Designer::aControlMovedInTheDesignerKeepsItsSize()
+{
+    QFETCH(QString, name);
+    open(formOf(name, placed(10, 10, 150, 61)));
+    const auto isSaved = [this](const QString &place) {
+        return m_form->contents().simplified().remove(u' ').contains(QString(place).remove(u' '));
+    };
+    for (const int left : {11, 12}) { // as the arrow keys and the mouse do: with the size that is seen
+        set("geometry", QRect(QPoint(left, 10), control()->size()));
+        QVERIFY(isSaved(placed(left, 10, 150, 61)));
+    }
+    m_form->commandHistory()->undo();
+    QVERIFY(m_form->contents().contains(QStringLiteral("<height>61</height>")));
+    set("geometry", QRect(20, 30, 150, 95));
+    QVERIFY(isSaved(placed(20, 30, 150, 95)));
 }
 
 // The toolkit's other loader is in the designer's library.
