@@ -66,8 +66,9 @@ QVariant GridCells::valueAt(CellAddress cell) const
     const CellTexts texts = textsAt(cell);
     const GridColumn *column = m_columns.find(cell.column);
     if (type == ColumnType::Combo && column) {
+        const bool isRaw = texts.raw && !texts.shown.isEmpty();
         const auto key =
-            texts.raw ? m_lists.keyWritten(*texts.raw, column->source) : m_lists.keyOf(texts.shown, column->source);
+            isRaw ? m_lists.keyWritten(*texts.raw, column->source) : m_lists.keyOf(texts.shown, column->source);
         if (key)
             return *key;
     }

@@ -246,7 +246,9 @@ void GridEditing::keyDown(int &code, int &shift)
     case GridKey::Next:
     case GridKey::Previous: (void)step(key == GridKey::Next); return;
     case GridKey::Move:
-        if (const auto move = cellMove(pressed, shift, m_grid->isRightToLeft()); move && m_session.leave())
+        // What is being typed at an edge goes on being typed.
+        if (const auto move = cellMove(pressed, shift, m_grid->isRightToLeft());
+            move && m_grid->canMoveBy(*move) && m_session.leave())
             m_grid->moveBy(*move);
         return;
     case GridKey::None:
@@ -329,6 +331,8 @@ bool GridEditing::beginTyping(int keyCode)
             line->end(false);
         return true;
     }
+    if (m_session.editor() == m_multiLineEditor) // which is entered with the caret at its end
+        static_cast<MultiLineTextBox *>(box)->selectAll();
     QKeyEvent typed(QEvent::KeyPress, toolkitKey(Key::Delete), Qt::NoModifier);
     QApplication::sendEvent(box, &typed);
     return true;

@@ -46,7 +46,8 @@ CellTexts textsOfDate(const QVariant &value, const ValueRules &rules)
 QVariant valueOfCell(ColumnType type, const CellTexts &texts, const ValueRules &rules)
 {
     const QString &text = texts.raw ? *texts.raw : texts.shown;
-    if (text.isEmpty())
+    // The raw text of a cell that was emptied is what stood there before.
+    if (texts.shown.isEmpty() || text.isEmpty())
         return null();
     switch (type) {
     case ColumnType::Number: {

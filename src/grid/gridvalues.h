@@ -27,7 +27,8 @@ struct ValueRules {
 };
 
 //! The value of a cell, read from the raw text where there is one: a Double in a NUMBER column, a date in a DATE
-//! column, the text in all others. Null for an empty text, and for one that is no number or no date there.
+//! column, the text in all others. Null for a cell that shows nothing, whatever its raw text, for an empty raw text,
+//! and for one that is no number or no date there.
 [[nodiscard]] QVariant valueOfCell(ColumnType type, const CellTexts &texts, const ValueRules &rules);
 
 //! How a value is written: a number by the format, with the plain number as its raw text; a date as short date; all

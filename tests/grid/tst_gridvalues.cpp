@@ -43,6 +43,9 @@ void tst_GridValues::valueIsReadFromTheTexts_data()
     QTest::newRow("number: formatted")                << ColumnType::Number << text("1\u00a0234,50") << none         << QVariant(1234.5);
     QTest::newRow("number: raw one has all decimals") << ColumnType::Number << text("1,23")          << text("1,2345") << QVariant(1.2345);
     QTest::newRow("number: empty raw is Null")        << ColumnType::Number << text("1,23")          << empty        << null();
+    QTest::newRow("number: emptied, raw one stays")   << ColumnType::Number << empty                 << text("12,5")  << null();
+    QTest::newRow("date: emptied, raw one stays")     << ColumnType::Date   << empty                 << text("02.01.2026") << null();
+    QTest::newRow("click: emptied, raw one stays")    << ColumnType::Click  << empty                 << text("17")    << null();
     QTest::newRow("number: empty is Null")            << ColumnType::Number << empty                 << none         << null();
     QTest::newRow("number: words are Null")           << ColumnType::Number << text("abc")           << none         << null();
     QTest::newRow("number: a fill is Null")           << ColumnType::Number << text("####")          << none         << null();

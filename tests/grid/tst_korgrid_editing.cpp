@@ -168,6 +168,8 @@ void tst_KorGrid_Editing::aNullValueKeepsTheValueColumn()
         press(Qt::Key_Backspace);
     QCOMPARE(grid->TextMatrix(2, Price), QString());
     QCOMPARE(grid->TextMatrix(2, Exact), QStringLiteral("1")); // the last number there was
+    QVERIFY(isNull(grid->Value(2, Price)));                    // which is no longer what the cell says
+    QCOMPARE(grid->SumColumn(Price), 0.0F);
 }
 
 void tst_KorGrid_Editing::enteringACellThatIsRewrittenRaisesChangeBeforeSelChange()

@@ -28,6 +28,8 @@ private Q_SLOTS:
     void lettersForOneListAreNotTheBeginningOfTheNext();
     void arrowsMoveWhereTheEditorHasNoUseForThem();
     void upStopsBelowTheTitles();
+    void aMoveThatLeadsNowhereKeepsTheEditor_data();
+    void aMoveThatLeadsNowhereKeepsTheEditor();
     void controlHomeAndEndGoToTheEnds();
     void escapeGivesTheOldTextBack();
     void escapeLeavesWhatTheProgramWroteMeanwhile();
@@ -36,6 +38,7 @@ private Q_SLOTS:
     void theFirstCharacterGoesIntoTheEditor();
     void aCharacterOfTwoUnitsStaysWhole();
     void anInputMethodComposesIntoTheEditor();
+    void deleteOnTheGridEmptiesTheCell_data();
     void deleteOnTheGridEmptiesTheCell();
     void aRefusedDateKeepsTheCellWithOneMessage_data();
     void aRefusedDateKeepsTheCellWithOneMessage();
@@ -167,6 +170,35 @@ void tst_KorGrid_Keys::upStopsBelowTheTitles()
     QCOMPARE(grid->TextMatrix(0, Product), QStringLiteral("Towar"));
 }
 
+void tst_KorGrid_Keys::aMoveThatLeadsNowhereKeepsTheEditor_data()
+{
+    QTest::addColumn<QString>("cell");
+    QTest::addColumn<QKeyCombination>("keys");
+    // clang-format off
+    QTest::newRow("Up in the first row")               << "1,1" << QKeyCombination(Qt::Key_Up);
+    QTest::newRow("Page Up in the first row")          << "1,1" << QKeyCombination(Qt::Key_PageUp);
+    QTest::newRow("Ctrl+Home in the first cell")       << "1,1" << (Qt::CTRL | Qt::Key_Home);
+    QTest::newRow("Down in the last row")              << "5,1" << QKeyCombination(Qt::Key_Down);
+    QTest::newRow("Page Down in the last row")         << "5,1" << QKeyCombination(Qt::Key_PageDown);
+    // clang-format on
+}
+
+void tst_KorGrid_Keys::aMoveThatLeadsNowhereKeepsTheEditor()
+{
+    QFETCH(const QString, cell);
+    QFETCH(const QKeyCombination, keys);
+    const int row = cell.startsWith(u'1') ? 1 : 5;
+    click(row, Product);
+    type(QStringLiteral("des"));
+    (void)log->take();
+    press(keys.key(), keys.keyboardModifiers());
+    QCOMPARE(place(), cell);
+    QCOMPARE(openEditor(), QStringLiteral("TxtBox"));
+    QCOMPARE(log->take(), QString());
+    type(QStringLiteral("ka")); // goes on where it was
+    QCOMPARE(grid->TextMatrix(row, Product), QStringLiteral("deska"));
+}
+
 void tst_KorGrid_Keys::controlHomeAndEndGoToTheEnds()
 {
     grid->setRows(100);
@@ -281,15 +313,36 @@ void tst_KorGrid_Keys::anInputMethodComposesIntoTheEditor()
     QCOMPARE(grid->TextMatrix(2, Product), QStringLiteral("か"));
 }
 
+void tst_KorGrid_Keys::deleteOnTheGridEmptiesTheCell_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("editor");
+    // clang-format off
+    QTest::newRow("text")                   << int(Product)  << "deska"      << int(Qt::Key_Delete)    << "TxtBox";
+    QTest::newRow("text, Backspace")        << int(Product)  << "deska"      << int(Qt::Key_Backspace) << "TxtBox";
+    QTest::newRow("wrapped text")           << int(Remark)   << "jeden\ndwa" << int(Qt::Key_Delete)    << "TxtMBox";
+    QTest::newRow("wrapped, Backspace")     << int(Remark)   << "jeden\ndwa" << int(Qt::Key_Backspace) << "TxtMBox";
+    QTest::newRow("number")                 << int(Price)    << "7,00"       << int(Qt::Key_Delete)    << "KorNum";
+    QTest::newRow("date")                   << int(Delivery) << "24.12.2026" << int(Qt::Key_Delete)    << "KorDate";
+    QTest::newRow("click field")            << int(Store)    << "A1"         << int(Qt::Key_Delete)    << "KorClick";
+    // clang-format on
+}
+
 void tst_KorGrid_Keys::deleteOnTheGridEmptiesTheCell()
 {
-    grid->setTextControl(2, Product, QStringLiteral("deska"));
-    surfaceAt(2, Product);
-    press(Qt::Key_Delete);
-    QCOMPARE(grid->TextMatrix(2, Product), QString());
-    QCOMPARE(openEditor(), QStringLiteral("TxtBox"));
+    QFETCH(const int, column);
+    QFETCH(const QString, text);
+    QFETCH(const int, key);
+    QFETCH(const QString, editor);
+    grid->setTextControl(2, column, text);
+    surfaceAt(2, column);
+    press(static_cast<Qt::Key>(key));
+    QCOMPARE(grid->TextMatrix(2, column), QString());
+    QCOMPARE(openEditor(), editor);
     press(Qt::Key_Escape);
-    QCOMPARE(grid->TextMatrix(2, Product), QStringLiteral("deska"));
+    QCOMPARE(grid->TextMatrix(2, column), text);
 }
 
 void tst_KorGrid_Keys::aRefusedDateKeepsTheCellWithOneMessage_data()

@@ -258,14 +258,20 @@ void FlexGrid::actAs(QKeyEvent *event, int keyCode, int shiftState)
 
 void FlexGrid::moveBy(CellMove move, bool extends)
 {
-    const MoveRoom room{rowSizes(), columnSizes(), wholeRows()};
-    const CellCursor wanted = moved(cursorCell(), move, extends, room);
+    const CellCursor wanted = cursorAfter(move, extends);
     if (!mayMoveByUser(wanted))
         return;
     // First: whoever hears of the cell that is entered finds it in sight.
     const CellCursor target = fitted(wanted, Rows(), Cols());
     makeVisible(target.rowSel, target.columnSel);
     moveTo(target);
+}
+
+bool FlexGrid::canMoveBy(CellMove move) const { return !cursorAfter(move, false).isAtCellOf(cursorCell()); }
+
+CellCursor FlexGrid::cursorAfter(CellMove move, bool extends) const
+{
+    return moved(cursorCell(), move, extends, {rowSizes(), columnSizes(), wholeRows()});
 }
 
 void FlexGrid::keyReleaseEvent(QKeyEvent *event)

@@ -54,6 +54,8 @@ public:
     bool setCurrentCell(int row, int column);
     //! Moves as the user does with a key, and scrolls to where that leads.
     void moveBy(CellMove move, bool extends = false);
+    //! Whether that leads to another cell.
+    [[nodiscard]] bool canMoveBy(CellMove move) const;
 
     //! The row and column under the mouse at its last event, 0 for the titles, -1 for none.
     [[nodiscard]] int MouseRow() const { return m_mouse.row; }
@@ -102,6 +104,7 @@ private:
     [[nodiscard]] bool mayMoveByUser(const CellCursor &cursor);
     //! A move of the user's, who may be refused it.
     bool moveByUser(const CellCursor &cursor);
+    [[nodiscard]] CellCursor cursorAfter(CellMove move, bool extends) const;
     //! Changes rows or columns so that the cursor fits into what is left.
     template <class Change>
     void restructure(int rows, int columns, Change &&change);
