@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "orderform.h"
 
-#include "catalogue.h"
 #include "linetext.h"
+#include "orderlines.h"
 #include "ordermerge.h"
 #include "orderstore.h"
 #include "searchdialog.h"
@@ -19,6 +19,7 @@
 #include <KorDaoUC/KorColor>
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/KorDate>
+#include <KorDaoUC/KorGrid>
 #include <KorDaoUC/KorList>
 #include <KorDaoUC/KorListCheck>
 #include <KorDaoUC/KorMultiText>
@@ -57,7 +58,7 @@ std::optional<qint64> groszeOf(const KorNumber &field)
     return amount ? std::optional<qint64>(std::llround(std::clamp(*amount * 100, -most, most))) : std::nullopt;
 }
 
-QVariant amountOf(std::optional<qint64> grosze)
+QVariant zlotysOf(std::optional<qint64> grosze)
 {
     return grosze ? QVariant(static_cast<double>(*grosze) / 100) : kor::null();
 }
@@ -92,7 +93,7 @@ bool isBeingTyped(const KorDate &field) { return field.Text() != kor::Format(fie
 } // namespace
 
 OrderForm::OrderForm(const OrderStore &store, kor::Database &database, QWidget *parent)
-    : QWidget(parent), m_store(store)
+    : QWidget(parent), m_store(store), m_catalogue(store.connection())
 {
     const kor::FormResult loaded = kor::FormFile::load(formFile);
     if (!loaded.form)
@@ -116,19 +117,21 @@ OrderForm::OrderForm(const OrderStore &store, kor::Database &database, QWidget *
     m_remarks = part<KorMultiText>("txtRemarks");
     m_color = part<KorColor>("clrLabel");
     m_groups = part<KorListCheck>("lstGroups");
-    m_products = part<KorList>("lstProducts");
+    m_orders = part<KorList>("lstOrders");
+    m_quantity = part<KorNumber>("numLinesQuantity");
+    m_net = part<KorNumber>("numLinesNet");
     m_position = part<QLabel>("lblPosition");
 
     // The range of a spin field is the program's; it is not saved with the form.
     m_priority->setMin(1);
     m_priority->setMax(5);
-    for (kor::DictionaryControl *list :
-         std::initializer_list<kor::DictionaryControl *>{m_customer, m_groups, m_products})
+    for (kor::DictionaryControl *list : std::initializer_list<kor::DictionaryControl *>{m_customer, m_groups, m_orders})
         list->setdatabase(&database);
     m_customer->Refresh();
     m_groups->Refresh();
     m_groups->setListIndex(-1);
     m_terms->Refresh();
+    m_lines = new OrderLines(part<KorGrid>("grdLines"), m_catalogue, database, this);
     connectFields();
 }
 
@@ -148,8 +151,10 @@ QPushButton *OrderForm::button(const char *name) const { return part<QPushButton
 void OrderForm::connectFields()
 {
     // What is only shown is no stop of the Tab key.
-    m_due->setFocusPolicy(Qt::NoFocus);
-    m_due->focusProxy()->setFocusPolicy(Qt::ClickFocus);
+    for (KorNumber *shown : {m_due, m_quantity, m_net}) {
+        shown->setFocusPolicy(Qt::NoFocus);
+        shown->focusProxy()->setFocusPolicy(Qt::ClickFocus);
+    }
 
     m_address->findChild<QWidget *>(QStringLiteral("cmdClick"))->setFocusPolicy(Qt::ClickFocus);
 
@@ -176,6 +181,10 @@ void OrderForm::connectFields()
     connect(m_priority, &KorUpDown::Change, this, &OrderForm::edited);
     connect(m_remarks, &KorMultiText::Change, this, &OrderForm::edited);
     connect(m_color, &KorColor::Click, this, &OrderForm::edited);
+    connect(m_lines, &OrderLines::edited, this, [this] {
+        showSums();
+        Q_EMIT edited();
+    });
     connect(m_groups, &KorListCheck::ItemCheck, this, [this] { offerCustomers(m_customer->Value()); });
 }
 
@@ -190,14 +199,17 @@ void OrderForm::setOrder(const Order &order)
     m_customer->setValue(customer);
     m_terms->setValue(order.paymentTerms);
     m_discount->setValue(orNull(order.discount));
-    m_total->setValue(amountOf(order.total));
-    m_advance->setValue(amountOf(order.advance));
+    m_total->setValue(zlotysOf(order.total));
+    m_advance->setValue(zlotysOf(order.advance));
     m_priority->setText(kor::CStr(order.priority));
     m_remarks->setText(order.remarks);
     m_color->setValue(order.labelColor.value_or(noLabel));
+    m_lines->setLines(order.lines);
+    if (order.id == 0)
+        m_lines->goToFirst();
     showAddress();
     showDue();
-    showProducts();
+    showSums();
     // What the fields round is no change of the clerk's.
     m_unchanged = read();
     Q_EMIT edited();
@@ -219,19 +231,26 @@ Order OrderForm::read() const
     order.priority = m_priority->Value();
     order.remarks = m_remarks->Text();
     order.labelColor = m_color->Value() == noLabel ? std::nullopt : std::optional<int>(m_color->Value());
+    order.lines = m_lines->lines();
     return order;
 }
 
 bool OrderForm::isChanged() const
 {
-    return read() != m_unchanged || isBeingTyped(*m_date) || isBeingTyped(*m_delivery);
+    return read() != m_unchanged || isBeingTyped(*m_date) || isBeingTyped(*m_delivery) || m_lines->isChanged();
 }
 
 void OrderForm::setPosition(const QString &text) { m_position->setText(text); }
 
 void OrderForm::focusFirstField() { m_customer->setFocus(Qt::TabFocusReason); }
 
-void OrderForm::focusField(OrderField field) { widgetOf(field)->setFocus(Qt::TabFocusReason); }
+void OrderForm::focusField(const OrderProblem &problem)
+{
+    if (problem.field == OrderField::Lines)
+        m_lines->goTo(problem.line, problem.cell);
+    else
+        widgetOf(problem.field)->setFocus(Qt::TabFocusReason);
+}
 
 QWidget *OrderForm::widgetOf(OrderField field) const
 {
@@ -246,7 +265,7 @@ QWidget *OrderForm::widgetOf(OrderField field) const
     case OrderField::Advance: return m_advance;
     case OrderField::Remarks: return m_remarks;
     case OrderField::Label: return m_color;
-    case OrderField::Lines: return m_products;
+    case OrderField::Lines: break;
     }
     return nullptr;
 }
@@ -285,7 +304,7 @@ QString OrderForm::textOf(OrderField field, const Order &order) const
     case OrderField::Advance: return amountText(order.advance);
     case OrderField::Remarks: return order.remarks;
     case OrderField::Label: return shownAs(KorColor(), order.labelColor.value_or(noLabel));
-    case OrderField::Lines: return lineTexts(order.lines, Catalogue(m_store.connection()));
+    case OrderField::Lines: return lineTexts(order.lines, m_catalogue);
     }
     return {};
 }
@@ -302,6 +321,7 @@ void OrderForm::showAddress()
     }
     m_address->setValue(customer);
     m_address->setText(address);
+    showOrdersOfCustomer();
 }
 
 void OrderForm::chooseCustomer()
@@ -333,19 +353,30 @@ void OrderForm::offerCustomers(const QVariant &kept)
     m_customer->Refresh();
 }
 
-void OrderForm::showProducts()
+//! The newest first, to be read.
+void OrderForm::showOrdersOfCustomer()
 {
-    // The quantity first: a long name may end in dots.
-    m_products->setSQL(QStringLiteral("SELECT line, replace(printf('%g', quantity), '.', ',') || ' ' || units.name "
-                                      "|| ' ' || order_lines.name FROM order_lines JOIN units ON units.id = unit_id "
-                                      "WHERE order_id = ") +
-                       QString::number(m_loaded.id) + QStringLiteral(" ORDER BY line"));
-    m_products->Clear();
-    m_products->Refresh();
-    if (m_products->HasValues())
-        m_products->setListIndex(-1); // it is there to be read
+    const QVariant customer = m_customer->Value();
+    m_orders->setSQL(QStringLiteral("SELECT id, number || '  ' || strftime('%d.%m', order_date) FROM orders "
+                                    "WHERE customer_id = ") +
+                     (kor::isNull(customer) ? QStringLiteral("NULL") : QString::number(kor::CLng(customer))) +
+                     QStringLiteral(" ORDER BY id DESC LIMIT 100"));
+    m_orders->Clear();
+    m_orders->Refresh();
+    if (m_orders->HasValues())
+        m_orders->setListIndex(-1);
 }
 
-void OrderForm::showDue() { m_due->setValue(amountOf(dueOf(groszeOf(*m_total), groszeOf(*m_advance)))); }
+QString OrderForm::textOf(const OrderLine &line) const { return lineText(line, m_catalogue); }
+
+//! `SumColumn` is as exact as quantities are. A sum of money may have more digits than it keeps.
+void OrderForm::showSums()
+{
+    const QList<OrderLine> lines = m_lines->lines();
+    m_quantity->setValue(lines.isEmpty() ? kor::null() : QVariant(m_lines->quantity()));
+    m_net->setValue(zlotysOf(amountOf(lines)));
+}
+
+void OrderForm::showDue() { m_due->setValue(zlotysOf(dueOf(groszeOf(*m_total), groszeOf(*m_advance)))); }
 
 } // namespace orders

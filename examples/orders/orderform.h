@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "catalogue.h"
 #include "order.h"
 
 #include <KorDaoUC/FormBuilder>
@@ -28,6 +29,7 @@ class Database;
 
 namespace orders {
 
+class OrderLines;
 class OrderStore;
 
 //! The order as the clerk sees it: the controls of the form file, and the way from an order to them and back.
@@ -55,7 +57,10 @@ public:
     void setPosition(const QString &text);
     //! Puts the cursor where a new order begins, or where one must be mended.
     void focusFirstField();
-    void focusField(OrderField field);
+    void focusField(const OrderProblem &problem);
+    [[nodiscard]] OrderLines &lines() { return *m_lines; }
+    //! All that a line says, for the question whether to delete it.
+    [[nodiscard]] QString textOf(const OrderLine &line) const;
 
     [[nodiscard]] QPushButton *button(const char *name) const;
 
@@ -72,12 +77,15 @@ private:
     void chooseCustomer();
     //! Lists the customers of the checked groups, all of them while none is checked. One customer is always among them.
     void offerCustomers(const QVariant &kept);
-    void showProducts();
+    void showOrdersOfCustomer();
+    void showSums();
     //! What the fields say, with what they round and can't show.
     [[nodiscard]] Order read() const;
+    //! The field's widget; the lines have cells instead.
     [[nodiscard]] QWidget *widgetOf(OrderField field) const;
 
     const OrderStore &m_store;
+    Catalogue m_catalogue;
     kor::FormBuilder m_builder;
     Order m_loaded;
     Order m_unchanged; //!< as the fields gave it back
@@ -95,7 +103,10 @@ private:
     KorMultiText *m_remarks = nullptr;
     KorColor *m_color = nullptr;
     KorListCheck *m_groups = nullptr;
-    KorList *m_products = nullptr;
+    KorList *m_orders = nullptr;
+    KorNumber *m_quantity = nullptr;
+    KorNumber *m_net = nullptr;
+    OrderLines *m_lines = nullptr;
     QLabel *m_position = nullptr;
 };
 

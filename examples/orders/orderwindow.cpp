@@ -6,6 +6,7 @@
 #include "conflictdialog.h"
 #include "focusmark.h"
 #include "messages.h"
+#include "orderlines.h"
 #include "ordermerge.h"
 #include "orderstore.h"
 #include "searchdialog.h"
@@ -72,6 +73,9 @@ void OrderWindow::makeActions()
                  [this] { showOrder(m_cursor.current()); });
     m_remove = add(order, QStringLiteral("&Usuń..."), Qt::CTRL | Qt::Key_D, "cmdDelete", [this] { remove(); });
     order->addSeparator();
+    add(order, QStringLiteral("&Dodaj pozycję"), Qt::Key_F7, nullptr, [this] { addLine(); });
+    add(order, QStringLiteral("Usuń p&ozycję..."), Qt::Key_F8, nullptr, [this] { removeLine(); });
+    order->addSeparator();
     add(order, QStringLiteral("Za&kończ"), Qt::CTRL | Qt::Key_Q, nullptr, [this] { close(); });
 
     QMenu *move = menuBar()->addMenu(QStringLiteral("Prz&ejdź"));
@@ -126,7 +130,7 @@ bool OrderWindow::save()
     const Order order = m_form->order();
     if (const std::optional<OrderProblem> problem = problemOf(order)) {
         warn(this, QStringLiteral("Zamówienie"), problem->text);
-        m_form->focusField(problem->field);
+        m_form->focusField(*problem);
         return false;
     }
     try {
@@ -230,6 +234,28 @@ void OrderWindow::remove()
     m_cursor.removeCurrent();
     showOrder(m_cursor.current());
     statusBar()->showMessage(QStringLiteral("Usunięto zamówienie %1.").arg(order.number), messageTime);
+}
+
+void OrderWindow::addLine()
+{
+    if (kor::leaveFocusedField(this))
+        m_form->lines().addLine();
+}
+
+void OrderWindow::removeLine()
+{
+    OrderLines &lines = m_form->lines();
+    if (!lines.hasKeyboard()) {
+        statusBar()->showMessage(QStringLiteral("Przejdź najpierw do pozycji (Alt+J)."), messageTime);
+        return;
+    }
+    if (const std::optional<OrderLine> line = lines.current()) {
+        const QString question = QStringLiteral("Usunąć pozycję?\n%1").arg(m_form->textOf(*line));
+        if (ask(this, QStringLiteral("Zamówienia"), question, {QStringLiteral("&Usuń"), QStringLiteral("&Anuluj")}) !=
+            0)
+            return;
+    }
+    lines.removeCurrent();
 }
 
 void OrderWindow::go(std::optional<qint64> id)

@@ -50,6 +50,8 @@ private:
     [[nodiscard]] bool saveDeleted(Order ours);
     void showSaved(const Order &saved);
     void remove();
+    void addLine();
+    void removeLine();
     void go(std::optional<qint64> id);
     void startNew();
     void showOrder(std::optional<qint64> id);

@@ -120,6 +120,12 @@ SearchDialog::SearchDialog(SearchSubject subject, QWidget *parent)
     find();
 }
 
+void SearchDialog::search(const QString &text)
+{
+    m_text->setText(text);
+    m_text->selectAll();
+}
+
 qint64 SearchDialog::chosen() const
 {
     const QTreeWidgetItem *item = m_list->currentItem();

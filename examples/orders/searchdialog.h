@@ -46,6 +46,8 @@ class SearchDialog : public QDialog
 public:
     explicit SearchDialog(SearchSubject subject, QWidget *parent = nullptr);
 
+    //! Searches for a text, which the clerk may type over.
+    void search(const QString &text);
     //! The one that the clerk chose.
     [[nodiscard]] qint64 chosen() const;
 

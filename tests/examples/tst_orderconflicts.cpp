@@ -183,6 +183,46 @@ private Q_SLOTS:
         QCOMPARE(m_store->order(1)->remarks, QStringLiteral("nowe"));
     }
 
+    void linesTypedInTwoWindowsAreDecided_data()
+    {
+        QTest::addColumn<QList<int>>("keys"); // the first Enter is of no avail
+        QTest::addColumn<double>("quantity");
+        QTest::newRow("mine") << QList<int>{Qt::Key_Return, Qt::Key_Space, Qt::Key_Return} << 222.0;
+        QTest::newRow("theirs") << QList<int>{Qt::Key_Return, Qt::Key_Down, Qt::Key_Space, Qt::Key_Return} << 111.0;
+        QTest::newRow("back to the form") << QList<int>{Qt::Key_Escape} << 111.0;
+    }
+    void linesTypedInTwoWindowsAreDecided()
+    {
+        QFETCH(const QList<int>, keys);
+        QFETCH(const double, quantity);
+        openOther();
+        const auto typeQuantity = [](OrderWindow &window, const char *number) {
+            window.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&window));
+            press(Qt::Key_J, Qt::AltModifier);
+            press(Qt::Key_Home, Qt::ControlModifier);
+            press(Qt::Key_Tab);
+            press(Qt::Key_Tab);
+            type(QString::fromLatin1(number));
+        };
+        typeQuantity(*m_window, "111");
+        typeQuantity(*m_other, "222");
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        press(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(m_store->order(1)->lines.first().quantity, std::optional(111.0));
+        m_other->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_other.get()));
+        answer(keys);
+        press(Qt::Key_S, Qt::ControlModifier); // while the number is still being typed
+        QCOMPARE(m_heard.size(), 1);
+        QVERIFY(m_heard.first().startsWith(QStringLiteral("Pozycje|Moje:|1. ")));
+        const bool isBack = keys.size() == 1;
+        QCOMPARE(m_store->order(1)->lines.first().quantity, std::optional(quantity));
+        QCOMPARE(m_other->form().order().lines.first().quantity, std::optional(isBack ? 222.0 : quantity));
+        QCOMPARE(m_other->isWindowModified(), isBack);
+    }
+
     void theSameChangeAtBothIsNoConflict()
     {
         otherProcess("UPDATE orders SET remarks = 'nowe' WHERE id = 1");

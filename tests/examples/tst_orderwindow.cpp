@@ -19,6 +19,7 @@
 #include <QtGui/QImage>
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QGroupBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
@@ -160,22 +161,24 @@ private Q_SLOTS:
         QCOMPARE(customer->ListCount(), all);
     }
 
-    void productsAreThoseOfTheOrder()
+    void ordersAreThoseOfTheCustomer()
     {
-        auto *products = part<KorList>("lstProducts");
-        const QString before = [&] {
-            const QAbstractItemModel *names = products->findChild<QListView *>()->model();
-            return names->index(0, 0).data().value<QString>();
-        }();
-        QVERIFY(products->ListCount() > 0);
-        QVERIFY2(QRegularExpression(QStringLiteral("^[0-9,]+ (szt\\.|op\\.|kg|m|l|kpl\\.|para|rolka) .+"))
-                     .match(before)
-                     .hasMatch(),
-                 qPrintable(before));
-        press(Qt::Key_PageDown, Qt::ControlModifier);
-        QVERIFY(products->findChild<QListView *>()->model()->index(0, 0).data().value<QString>() != before);
+        auto *orders = part<KorList>("lstOrders");
+        const auto texts = [&] {
+            const QAbstractItemModel *names = orders->findChild<QListView *>()->model();
+            QStringList all;
+            for (int row = 0; row < names->rowCount(); ++row)
+                all << names->index(row, 0).data().value<QString>();
+            return all;
+        };
+        QVERIFY2(texts().last().startsWith(QStringLiteral("ZAM/2025/0001  ")), qPrintable(texts().join(u' ')));
+        const QStringList before = texts();
+        press(Qt::Key_Home); // no customer
+        QVERIFY(texts().isEmpty());
+        press(Qt::Key_R, Qt::ControlModifier);
+        QCOMPARE(texts(), before);
         press(Qt::Key_N, Qt::ControlModifier);
-        QCOMPARE(products->ListCount(), 0);
+        QCOMPARE(orders->ListCount(), 0);
     }
 
     void lettersLeadToTheFields_data()
@@ -194,6 +197,7 @@ private Q_SLOTS:
         QTest::newRow("W for Wartość")  << int(Qt::Key_W) << "numTotal";
         QTest::newRow("Z for Zaliczka") << int(Qt::Key_Z) << "numAdvance";
         QTest::newRow("G for Uwagi")    << int(Qt::Key_G) << "txtRemarks";
+        QTest::newRow("J for Pozycje")  << int(Qt::Key_J) << "KorClick"; // the editor in the first cell
         // clang-format on
     }
     void lettersLeadToTheFields()
@@ -220,6 +224,8 @@ private Q_SLOTS:
             note(button->text());
         for (const auto *action : m_window->menuBar()->actions())
             note(action->text());
+        for (const auto *frame : m_window->findChildren<QGroupBox *>())
+            note(frame->title());
         for (const QStringList &texts : users)
             QVERIFY2(texts.size() == 1, qPrintable(texts.join(u' ')));
         QVERIFY(users.size() >= 12);

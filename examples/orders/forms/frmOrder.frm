@@ -2,7 +2,7 @@
 Begin Form frmOrder
    Caption = "Zamówienia"
    Width = 14940
-   Height = 5400
+   Height = 8820
    Begin Frame fraOrder
       Caption = "Zamówienie"
       Left = 180
@@ -251,25 +251,25 @@ Begin Form frmOrder
          Top = 420
          Width = 3120
          Height = 1380
-         TabIndex = 31
+         TabIndex = 32
          HelpText = "Lista klientów podaje tylko zaznaczone grupy; bez zaznaczenia wszystkie"
          SQL = "SELECT id, name FROM customer_groups ORDER BY name"
          Slownik = "customer_groups"
          Separator = ","
       End
    End
-   Begin Frame fraProducts
-      Caption = "Towary zamówienia"
+   Begin Frame fraOrders
+      Caption = "Zamówienia klienta"
       Left = 11340
       Top = 2235
       Width = 3420
-      Height = 2985
-      Begin KorDaoUC.KorList lstProducts
+      Height = 2085
+      Begin KorDaoUC.KorList lstOrders
          Left = 150
          Top = 420
          Width = 3120
-         Height = 2370
-         TabIndex = 32
+         Height = 1470
+         TabIndex = 33
       End
    End
    Begin Label lblRemarks
@@ -307,79 +307,136 @@ Begin Form frmOrder
       TabIndex = 22
       ToolTipText = "Kolor etykiety; (domyślny): bez etykiety"
    End
+   Begin Frame fraLines
+      Caption = "Pozyc&je"
+      Left = 180
+      Top = 4440
+      Width = 14580
+      Height = 3600
+      Begin KorDaoUC.KorGrid grdLines
+         BackColor = &H80000005&
+         ForeColor = &H80000008&
+         BorderStyle = 1%
+         RowHeightMin = 315
+         Left = 150
+         Top = 360
+         Width = 14280
+         Height = 2640
+         TabIndex = 23
+      End
+      Begin Label lblLinesQuantity
+         Caption = "Ilość razem:"
+         Alignment = 1%
+         Left = 6150
+         Top = 3105
+         Width = 1650
+         Height = 360
+      End
+      Begin KorDaoUC.KorNumber numLinesQuantity
+         BackColor = &H8000000F&
+         Left = 7920
+         Top = 3105
+         Width = 1500
+         Height = 360
+         Locked = True
+      End
+      Begin Label lblLinesNet
+         Caption = "Wartość netto:"
+         Alignment = 1%
+         Left = 9900
+         Top = 3105
+         Width = 2025
+         Height = 360
+      End
+      Begin KorDaoUC.KorNumber numLinesNet
+         BackColor = &H8000000F&
+         Left = 12045
+         Top = 3105
+         Width = 1950
+         Height = 360
+         Locked = True
+      End
+      Begin Label lblLinesNetUnit
+         Caption = "zł"
+         Left = 14085
+         Top = 3105
+         Width = 345
+         Height = 360
+      End
+   End
    Begin CommandButton cmdFirst
       Left = 180
-      Top = 4740
+      Top = 8160
       Width = 600
       Height = 480
-      TabIndex = 23
+      TabIndex = 24
       ToolTipText = "Pierwsze zamówienie (Alt+Home)"
    End
    Begin CommandButton cmdPrevious
       Left = 810
-      Top = 4740
+      Top = 8160
       Width = 600
       Height = 480
-      TabIndex = 24
+      TabIndex = 25
       ToolTipText = "Poprzednie zamówienie (Ctrl+PgUp)"
    End
    Begin Label lblPosition
       Alignment = 2%
       Left = 1440
-      Top = 4740
+      Top = 8160
       Width = 1800
       Height = 480
    End
    Begin CommandButton cmdNext
       Left = 3270
-      Top = 4740
+      Top = 8160
       Width = 600
       Height = 480
-      TabIndex = 25
+      TabIndex = 26
       ToolTipText = "Następne zamówienie (Ctrl+PgDn)"
    End
    Begin CommandButton cmdLast
       Left = 3900
-      Top = 4740
+      Top = 8160
       Width = 600
       Height = 480
-      TabIndex = 26
+      TabIndex = 27
       ToolTipText = "Ostatnie zamówienie (Alt+End)"
    End
    Begin CommandButton cmdFind
       Caption = "Szuk&aj..."
       Left = 5205
-      Top = 4740
+      Top = 8160
       Width = 1410
       Height = 480
-      TabIndex = 27
+      TabIndex = 28
       ToolTipText = "Szukaj po numerze lub kliencie (Ctrl+F)"
    End
    Begin CommandButton cmdNew
       Caption = "&Nowe"
       Left = 6735
-      Top = 4740
+      Top = 8160
       Width = 1410
       Height = 480
-      TabIndex = 28
+      TabIndex = 29
       ToolTipText = "Nowe zamówienie (Ctrl+N)"
    End
    Begin CommandButton cmdSave
       Caption = "Zapi&sz"
       Left = 8265
-      Top = 4740
+      Top = 8160
       Width = 1410
       Height = 480
-      TabIndex = 29
+      TabIndex = 30
       ToolTipText = "Zapisz zamówienie (Ctrl+S)"
    End
    Begin CommandButton cmdDelete
       Caption = "&Usuń"
       Left = 9795
-      Top = 4740
+      Top = 8160
       Width = 1410
       Height = 480
-      TabIndex = 30
+      TabIndex = 31
       ToolTipText = "Usuń zamówienie (Ctrl+D)"
    End
 End
