@@ -4,15 +4,26 @@
 #include <KorDaoUC/runtimeerror.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace kor {
+
+namespace {
+
+bool isNaN(const QVariant &value)
+{
+    return (value.typeId() == QMetaType::Double && std::isnan(value.value<double>())) ||
+           (value.typeId() == QMetaType::Float && std::isnan(value.value<float>()));
+}
+
+} // namespace
 
 bool isSameSetting(const QVariant &left, const QVariant &right)
 {
     if (left.metaType() != right.metaType())
         return false;
-    // Two Nulls are one setting, though they are no equal values.
-    return left.typeId() == QMetaType::Nullptr || left == right;
+    // Two Nulls are one setting, though they are no equal values; and so are two that are no numbers.
+    return left.typeId() == QMetaType::Nullptr || left == right || (isNaN(left) && isNaN(right));
 }
 
 void PropertyBag::WriteProperty(const QString &key, const QVariant &value, const QVariant &defaultValue)

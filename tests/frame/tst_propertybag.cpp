@@ -44,6 +44,9 @@ private Q_SLOTS:
         QTest::newRow("the same number as Integer is stored over Long") << QVariant::fromValue<short>(5)   << QVariant(5)                     << true;
         QTest::newRow("a number is stored over its text")               << QVariant(5)                     << QVariant(QStringLiteral("5"))   << true;
         QTest::newRow("Null is not stored over Null")                   << kor::null()                     << kor::null()                     << false;
+        QTest::newRow("no number is not stored over no number")         << QVariant(qQNaN())               << QVariant(qQNaN())              << false;
+        QTest::newRow("neither is a Single")                            << QVariant(float(qQNaN()))        << QVariant(float(qQNaN()))       << false;
+        QTest::newRow("no number is stored over a number")              << QVariant(qQNaN())               << QVariant(1.0)                  << true;
         QTest::newRow("an empty text is stored over Null")              << QVariant(QString())             << kor::null()                     << true;
         QTest::newRow("Null is stored over an empty text")              << kor::null()                     << QVariant(QString())             << true;
         QTest::newRow("0 is stored over Null")                          << QVariant(0)                     << kor::null()                     << true;
