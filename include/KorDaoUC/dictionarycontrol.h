@@ -86,6 +86,9 @@ public:
     //! waits comes later and holds: the rows of this call are dropped when another one, or Clear(), came meanwhile.
     //! Without a database a SELECT leaves the list as it is.
     void Refresh() override;
+    //! Whether Refresh() leaves nothing selected where nothing was. It selects an entry otherwise, as it does when the
+    //! list is first filled. For lists that are laid over a value which they may not have, such as a cell's.
+    void setKeepsNothingSelected(bool keeps);
 
     //! Set by every change of the selection that may raise `Click`, blocked or not; cleared by Refresh() and the host.
     [[nodiscard]] bool DataChanged() const;

@@ -147,6 +147,7 @@ ComboCellEditor::ComboCellEditor(KorCombo *combo) : CellEditor(combo), m_combo(c
 {
     connect(combo, &KorCombo::Click, this, &ComboCellEditor::controlChanged);
     connect(combo, &KorCombo::KeyDown, this, &CellEditor::KeyDown);
+    combo->setKeepsNothingSelected(true); // a name that the list does not have stays, also when F5 reads it anew
 }
 
 QString ComboCellEditor::text() const { return m_combo->Text(); }

@@ -50,6 +50,7 @@ public:
     int clearings = 0;        //!< how often the list was emptied; rows asked for before the last time are out of date
     bool isRestoring = false; //!< Refresh() selects again what was selected
     bool blockClick = false;
+    bool keepsNothing = false;
     bool blockUpDown = false;
 };
 
@@ -193,6 +194,8 @@ void DictionaryControl::Refresh()
         raiseRefreshed();
 }
 
+void DictionaryControl::setKeepsNothingSelected(bool keeps) { d->keepsNothing = keeps; }
+
 bool DictionaryControl::canReload() const
 {
     const SourceKind kind = sourceKind(d->sql);
@@ -206,6 +209,7 @@ bool DictionaryControl::reload()
 {
     const QPointer<DictionaryControl> self = this;
     const QVariant before = ListIndex() >= 0 ? Value() : d->toRestore;
+    const bool wasNothing = ListIndex() < 0 && !before.isValid();
     Clear();
     d->toRestore = before;
     if (d->canBeNull)
@@ -214,7 +218,8 @@ bool DictionaryControl::reload()
         return false;
 
     d->toRestore.clear();
-    if (ListIndex() < 0) // nobody has selected anything while the database was waited for
+    const bool staysNothing = d->keepsNothing && wasNothing;
+    if (ListIndex() < 0 && !staysNothing) // nobody has selected anything while the database was waited for
         d->restore(before);
     if (self)
         update();

@@ -30,6 +30,8 @@ private Q_SLOTS:
     void aDatabaseThatEndsUnderAnOpenEditorLosesNothing_data();
     void aDatabaseThatEndsUnderAnOpenEditorLosesNothing();
     void refreshReadsTheOpenListAnew();
+    void refreshLeavesANameAloneThatTheListDoesNotHave_data();
+    void refreshLeavesANameAloneThatTheListDoesNotHave();
     void withoutADatabaseTheCellIsLeftAlone();
 
 private:
@@ -196,6 +198,32 @@ void tst_KorGrid_Lists::refreshReadsTheOpenListAnew()
     QCOMPARE(list()->Text(), QStringLiteral("usługi"));
     grid->setValue(3, Group, QStringLiteral("Z"));
     QCOMPARE(grid->TextMatrix(3, Group), QStringLiteral("zestawy"));
+}
+
+void tst_KorGrid_Lists::refreshLeavesANameAloneThatTheListDoesNotHave_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("no name, F5") << QString() << true;
+    QTest::newRow("a name of its own, F5") << QStringLiteral("kopa") << true;
+    QTest::newRow("a name of its own, by the program") << QStringLiteral("kopa") << false;
+}
+
+void tst_KorGrid_Lists::refreshLeavesANameAloneThatTheListDoesNotHave()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, byKey);
+    grid->setTextControl(1, Group, name);
+    click(1, Group);
+    (void)log->take();
+    if (byKey)
+        press(Qt::Key_F5);
+    else
+        grid->CmbRefresh();
+    QCOMPARE(list()->Text(), QString());
+    press(Qt::Key_Tab);
+    QCOMPARE(grid->TextMatrix(1, Group), name);
+    QVERIFY(!log->take().contains(QStringLiteral("Change(1,%1)").arg(Group)));
 }
 
 void tst_KorGrid_Lists::withoutADatabaseTheCellIsLeftAlone()
