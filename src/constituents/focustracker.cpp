@@ -22,6 +22,8 @@ bool holds(const QWidget *control, const QWidget *widget)
 
 bool canBeEntered(const QWidget *box) { return box->isEnabled() && box->isVisible(); }
 
+bool isPopup(const QWidget *widget) { return widget && widget->window()->windowType() == Qt::Popup; }
+
 //! Moves the focus on from a widget of a window, as the toolkit does when one with the focus is hidden.
 void moveOn(QWidget *left)
 {
@@ -49,7 +51,8 @@ FocusTracker &FocusTracker::instance()
 
 FocusTracker::FocusTracker()
 {
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { focusChanged(now); });
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget *before, QWidget *now) { focusChanged(before, now); });
     if (QWidget *now = QApplication::focusWidget())
         windowOf(now)->focus = now;
 }
@@ -89,28 +92,29 @@ void FocusTracker::tell(const QPointer<QWidget> &control, Call &&call)
 
 // --- moves
 
-void FocusTracker::focusChanged(QWidget *now)
+void FocusTracker::focusChanged(const QWidget *before, QWidget *now)
 {
     if (!now)
         return; // another program, or nothing
-    if (!canBeEntered(now) && now->window()->isVisible() && !clientsAround(now).empty()) {
-        // Hidden while something that had popped up held the keyboard: the toolkit gives it back without a look.
+    if (isPopup(before) && !canBeEntered(now) && now->window()->isVisible()) {
+        // Hidden while what had popped up held the keyboard: the toolkit gives it back without a look. A program that
+        // gives it to what is to be shown next means that.
         moveOn(now); // which is a move of its own
         return;
     }
     const WindowPointer window = windowOf(now);
-    const QPointer<QWidget> before = window->focus;
-    if (before == now)
+    const QPointer<QWidget> left = window->focus;
+    if (left == now)
         return; // back from another window
     window->focus = now;
     if (window->state != Window::State::PuttingBack)
-        schedule(*window, {before, now});
+        schedule(*window, {left, now});
 }
 
 void FocusTracker::schedule(Window &window, const Move &move)
 {
-    const bool waits =
-        window.state != Window::State::Idle || !window.moves.empty() || !clientsAround(move.from).empty();
+    const bool waits = window.state != Window::State::Idle || !window.moves.empty() ||
+                       !clientsAround(move.from).empty() || raisesOnEntry(move.to);
     if (!waits) {
         // Nobody is left: the field is entered at once, before the key or the click that follows.
         enter(nullptr, move.to);
@@ -118,6 +122,13 @@ void FocusTracker::schedule(Window &window, const Move &move)
     }
     window.moves.push_back(move);
     settleSoon();
+}
+
+bool FocusTracker::raisesOnEntry(QWidget *box) const
+{
+    const auto entered = clientsAround(box);
+    return std::any_of(entered.cbegin(), entered.cend(),
+                       [this](const auto &control) { return m_clients.value(control)->raisesOnEntry(); });
 }
 
 void FocusTracker::settleSoon()

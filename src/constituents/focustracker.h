@@ -36,6 +36,9 @@ public:
     //! The box lost the focus to another widget of its window. A complaint is shown, and then the focus is put back.
     virtual std::optional<Complaint> boxLeft(QWidget *) { return std::nullopt; }
     virtual void controlEntered() {}
+    //! Whether entering the control raises events. A handler may end the control then, so that it is entered only after
+    //! the toolkit is done with giving it the focus.
+    [[nodiscard]] virtual bool raisesOnEntry() const { return false; }
     virtual void controlLeft() {}
 };
 
@@ -93,8 +96,9 @@ private:
     FocusTracker();
     [[nodiscard]] WindowPointer windowOf(const QWidget *widget);
     [[nodiscard]] std::vector<QPointer<QWidget>> clientsAround(QWidget *widget) const;
-    void focusChanged(QWidget *now);
+    void focusChanged(const QWidget *before, QWidget *now);
     void schedule(Window &window, const Move &move);
+    [[nodiscard]] bool raisesOnEntry(QWidget *box) const;
     void settleSoon();
     void handleNext(const WindowPointer &window);
     [[nodiscard]] std::optional<Complaint> ask(QWidget *box);

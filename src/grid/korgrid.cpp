@@ -43,6 +43,7 @@ public:
 
     // --- what the focus does
     void controlEntered() override;
+    [[nodiscard]] bool raisesOnEntry() const override { return true; }
     void controlLeft() override { editing.session().finish(); }
 
     void connectGrid();
@@ -448,7 +449,9 @@ bool KorGrid::focusNextPrevChild(bool next)
 {
     bool isDone = false;
     const QPointer<KorGrid> self = this;
-    guarded(this, [&] { isDone = UserMode() && d->hasKeyboard() && d->editing.step(next); });
+    // The toolkit asks the same of a grid that was hidden with the keyboard in it.
+    const bool isInUse = isVisible() && UserMode() && d->hasKeyboard();
+    guarded(this, [&] { isDone = isInUse && d->editing.step(next); });
     return isDone || !self || UserControl::focusNextPrevChild(next);
 }
 

@@ -76,6 +76,8 @@ private Q_SLOTS:
     void anotherWindowDecidesNothing();
     void aFieldTakenAwayUnderAMenuIsNotGivenTheKeyboard_data();
     void aFieldTakenAwayUnderAMenuIsNotGivenTheKeyboard();
+    void norIsAnyOtherWidget();
+    void aFieldMayBeEnteredBeforeItIsShown();
 
     void aBoxMayBeLeft();
     void aBoxWithAFaultMayNotBeLeft();
@@ -198,6 +200,36 @@ void tst_FocusTracker::aFieldTakenAwayUnderAMenuIsNotGivenTheKeyboard()
     QVERIFY(m_stage->focusWidget()->isVisible());
     QCOMPARE(this->heard().left(heard.size()), heard);
     QCOMPARE(m_messages->take().size(), hasFault ? 1 : 0);
+}
+
+void tst_FocusTracker::norIsAnyOtherWidget()
+{
+    QWidget panel(m_stage.get());
+    auto *plain = new QLineEdit(&panel);
+    panel.show();
+    plain->setFocus();
+    settle();
+    QMenu menu(m_stage.get());
+    menu.addAction(QStringLiteral("Wytnij"));
+    menu.popup(m_stage->mapToGlobal(QPoint(5, 5)));
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    menu.setFocus();
+    panel.hide();
+    menu.close();
+    m_stage->activateWindow();
+    QTRY_VERIFY(QApplication::focusWidget());
+    QVERIFY(m_stage->focusWidget()->isVisible());
+}
+
+void tst_FocusTracker::aFieldMayBeEnteredBeforeItIsShown()
+{
+    m_second->hide();
+    m_second->box()->setFocus();
+    settle();
+    m_second->show();
+    settle();
+    QVERIFY(m_second->box()->hasFocus());
+    QCOMPARE(heard(), QStringLiteral("first box left, first control left, second control entered, second entered"));
 }
 
 // --- asking

@@ -31,6 +31,10 @@ private Q_SLOTS:
     }
 
     void whatIsComposedMayEndTheGrid();
+    void aPressMayEndTheGrid_data();
+    void aPressMayEndTheGrid();
+    void beingEnteredMayEndTheGrid_data();
+    void beingEnteredMayEndTheGrid();
     void aHandlerMayDoAnything_data();
     void aHandlerMayDoAnything();
     void aHandlerSwallowsAndChangesKeys();
@@ -41,6 +45,52 @@ private:
     void useEverything();
     QList<int> reported;
 };
+
+void tst_KorGrid_Handlers::aPressMayEndTheGrid_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("column");
+    QTest::newRow("right press on a cell") << 2 << int(Product);
+    QTest::newRow("right press on a title") << 0 << int(Product);
+    QTest::newRow("right press on the fixed column") << 2 << 0;
+    QTest::newRow("right press on the corner") << 0 << 0;
+}
+
+//! To the window, as the window system does it: the context menu comes right after the press.
+void tst_KorGrid_Handlers::aPressMayEndTheGrid()
+{
+    QFETCH(int, row);
+    QFETCH(int, column);
+    const DeletionOn deletion(grid, QStringLiteral("MouseDown"));
+    QPoint place = inWindow(std::max(row, 1), std::max(column, 1));
+    const QPoint corner = view()->viewport()->mapTo(stage.get(), QPoint(-4, -4));
+    place = {column == 0 ? corner.x() : place.x(), row == 0 ? corner.y() : place.y()};
+    QTest::mouseClick(stage->windowHandle(), Qt::RightButton, Qt::NoModifier, place);
+    settle();
+    QVERIFY(deletion.isDone());
+}
+
+void tst_KorGrid_Handlers::beingEnteredMayEndTheGrid_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"by the program", "by Tab", "by a click"})
+        QTest::newRow(way) << QString::fromLatin1(way);
+}
+
+void tst_KorGrid_Handlers::beingEnteredMayEndTheGrid()
+{
+    QFETCH(QString, way);
+    const DeletionOn deletion(grid, QStringLiteral("SelChange"));
+    if (way == u"by the program")
+        grid->setFocus();
+    else if (way == u"by Tab")
+        QTest::keyClick(stage->windowHandle(), Qt::Key_Tab);
+    else
+        QTest::mouseClick(stage->windowHandle(), Qt::LeftButton, Qt::NoModifier, inWindow(2, Price));
+    settle();
+    QVERIFY(deletion.isDone());
+    QVERIFY(stage->isActiveWindow());
+}
 
 void tst_KorGrid_Handlers::useEverything()
 {

@@ -50,6 +50,8 @@ private Q_SLOTS:
 
     void theFocusRequestComparesTheRowWithTheColumns_data();
     void aHiddenGridTakesNoKeyboard();
+    void aGridThatIsHiddenLetsTheKeyboardGo_data();
+    void aGridThatIsHiddenLetsTheKeyboardGo();
     void moreRowsThanMemoryHoldsAreRefused();
     void theFocusRequestComparesTheRowWithTheColumns();
     void theFocusRequestRaisesSelChangeOnce();
@@ -505,6 +507,27 @@ void tst_KorGrid_Rows::moreRowsThanMemoryHoldsAreRefused()
     QCOMPARE(grid->Cols(), columns);
     grid->AddRow(); // and goes on as ever
     QCOMPARE(grid->Rows(), rows + 1);
+}
+
+void tst_KorGrid_Rows::aGridThatIsHiddenLetsTheKeyboardGo_data()
+{
+    QTest::addColumn<bool>("isInEditor");
+    QTest::newRow("from its surface") << false;
+    QTest::newRow("from its open editor") << true;
+}
+
+void tst_KorGrid_Rows::aGridThatIsHiddenLetsTheKeyboardGo()
+{
+    QFETCH(bool, isInEditor);
+    orderColumns();
+    click(2, Product);
+    if (!isInEditor)
+        press(Qt::Key_F2);
+    QCOMPARE(openEditor(), isInEditor ? QStringLiteral("TxtBox") : QString());
+    grid->hide();
+    settle();
+    QCOMPARE(QApplication::focusWidget(), stage->button());
+    QCOMPARE(place(), QStringLiteral("2,1"));
 }
 
 QTEST_MAIN(tst_KorGrid_Rows)

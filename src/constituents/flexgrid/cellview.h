@@ -119,7 +119,7 @@ public:
     // --- for the titles
 
     //! A mouse event anywhere on the grid, in its coordinates.
-    virtual void handleMouse(const QMouseEvent &event) = 0;
+    virtual void handleMouse(QWidget *surface, const QMouseEvent &event) = 0;
     //! The mouse has let go of a border that it may have dragged.
     void endDragging();
 

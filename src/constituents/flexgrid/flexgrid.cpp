@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/flexgrid/flexgrid.h"
 
+#include "constituents/contextpress.h"
 #include "constituents/errorguard.h"
 #include "constituents/focustracker.h"
 #include "constituents/keycodes.h"
@@ -16,6 +17,7 @@
 #include <QtGui/QMouseEvent>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace kor {
@@ -286,8 +288,18 @@ void FlexGrid::handleMouseOfCells(QMouseEvent *event)
 {
     const QPointF place = event->position() + viewport()->pos();
     event->accept();
-    handleMouse({event->type(), place, event->scenePosition(), event->globalPosition(), event->button(),
-                 event->buttons(), event->modifiers(), event->pointingDevice()});
+    handleMouse(viewport(), {event->type(), place, event->scenePosition(), event->globalPosition(), event->button(),
+                             event->buttons(), event->modifiers(), event->pointingDevice()});
+}
+
+void FlexGrid::handleMouse(QWidget *surface, const QMouseEvent &event)
+{
+    if (event.type() != QEvent::MouseButtonPress || !isContextMenuDue(event)) {
+        handleMouse(event);
+        return;
+    }
+    const std::shared_ptr<QMouseEvent> press(event.clone());
+    actBeforeNextEvent(surface, [this, press] { handleMouse(*press); });
 }
 
 void FlexGrid::handleMouse(const QMouseEvent &event)

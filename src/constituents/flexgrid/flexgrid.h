@@ -60,7 +60,7 @@ public:
     //! The row and column under the mouse at its last event, 0 for the titles, -1 for none.
     [[nodiscard]] int MouseRow() const { return m_mouse.row; }
     [[nodiscard]] int MouseCol() const { return m_mouse.column; }
-    void handleMouse(const QMouseEvent &event) override;
+    void handleMouse(QWidget *surface, const QMouseEvent &event) override;
 
 Q_SIGNALS:
     //! The user is about to leave the current cell, which a handler may refuse.
@@ -112,6 +112,7 @@ private:
     void press(QKeyEvent *event);
     void actAs(QKeyEvent *event, int keyCode, int shiftState);
     void handleMouseOfCells(QMouseEvent *event);
+    void handleMouse(const QMouseEvent &event);
     void press(const QMouseEvent &event);
     void doublePress(const QMouseEvent &event);
     void follow(const QMouseEvent &event);

@@ -23,11 +23,12 @@ QMouseEvent inGrid(const QWidget *surface, const CellView *grid, const QMouseEve
             event.button(), event.buttons(), event.modifiers(),     event.pointingDevice()};
 }
 
-void pass(const QWidget *surface, CellView *grid, QMouseEvent *event)
+void pass(QWidget *surface, CellView *grid, QMouseEvent *event)
 {
-    QMouseEvent there = inGrid(surface, grid, *event);
+    const QMouseEvent there = inGrid(surface, grid, *event);
     event->accept();
-    grid->handleMouse(there); // after which the grid may be gone
+    auto *area = qobject_cast<QAbstractScrollArea *>(surface);
+    grid->handleMouse(area ? area->viewport() : surface, there); // after which the grid may be gone
 }
 
 } // namespace
