@@ -133,9 +133,19 @@ UiKind controlKind(const QString &name)
     PropertyBag ofNew;
     control->writeProperties(ofNew);
     UiKind kind{QStringLiteral("KorDaoUC.") + name, name, QStringLiteral("KorDaoUC/") + name};
-    for (const SavedSetting &saved : control->savedSettings()) {
-        if (saved.use != SettingUse::ReadOnly)
-            kind.settings.append(settingOf(*control, saved, ofNew));
+    QStringList read;
+    const QList<SavedSetting> all = control->savedSettings();
+    for (const SavedSetting &saved : all) {
+        if (saved.use != SettingUse::WriteOnly)
+            read << saved.key;
+    }
+    for (const SavedSetting &saved : all) {
+        if (saved.use == SettingUse::ReadOnly)
+            continue;
+        UiSetting setting = settingOf(*control, saved, ofNew);
+        if (!read.contains(saved.key)) // what loading passes over is not the property, whatever its name
+            setting.type = UiValueType::None;
+        kind.settings.append(setting);
     }
     kind.defaultSize = control->sizeHint();
     kind.takesFocus = (control->focusPolicy() & Qt::TabFocus) != 0;

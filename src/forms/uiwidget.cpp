@@ -96,8 +96,9 @@ bool isKeepable(const UiKind &kind, const QString &key, const QVariant &value)
         return false;
     const bool isProperty = family == QLatin1String("property") || family == QLatin1String("dynamic");
     if (isProperty && (name == keptLinesProperty || name == QLatin1String("geometry") ||
-                       std::any_of(kind.settings.cbegin(), kind.settings.cend(),
-                                   [&name](const UiSetting &setting) { return setting.property == name; })))
+                       std::any_of(kind.settings.cbegin(), kind.settings.cend(), [&name](const UiSetting &setting) {
+                           return setting.type != UiValueType::None && setting.property == name;
+                       })))
         return false;
     const auto elements = readUiFragment(text);
     if (family == QLatin1String("section") && (name == u"widget" || name == u"tabstops" || !elements ||
