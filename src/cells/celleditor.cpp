@@ -38,6 +38,8 @@ QWidget *CellEditor::box() const
     return box;
 }
 
+void CellEditor::setName(const QString &name) { box()->setAccessibleName(name); }
+
 void CellEditor::setUp(const CellSetup &setup)
 {
     const HeldFlag silent(this, m_isSilent);

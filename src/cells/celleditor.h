@@ -46,8 +46,13 @@ public:
     //! What takes the keys.
     [[nodiscard]] QWidget *box() const;
 
+    //! What a screen reader says is edited.
+    virtual void setName(const QString &name);
     void setUp(const CellSetup &setup);
     void fill(const CellContents &contents);
+    //! Takes what was typed over as leaving the control would, without a word; for an end that nobody is asked about.
+    //! What stands for nothing becomes Null and stays as text.
+    virtual void complete() {}
 
     [[nodiscard]] virtual QString text() const = 0;
     //! Null where there is none.

@@ -105,6 +105,13 @@ QString NumberCellEditor::text() const
 }
 
 QVariant NumberCellEditor::value() const { return m_number->Value(); }
+
+void NumberCellEditor::complete()
+{
+    if (!isHashFill(m_number->Text())) // which is no text to read a number from
+        m_number->setText(m_number->Text());
+}
+
 bool NumberCellEditor::hasUseFor(int arrowKey) const { return movesCaret(*this, arrowKey); }
 
 void NumberCellEditor::applySetup(const CellSetup &setup)
@@ -117,11 +124,12 @@ void NumberCellEditor::applySetup(const CellSetup &setup)
 
 void NumberCellEditor::applyContents(const CellContents &contents)
 {
-    m_number->setValue(null()); // a number of the cell before must not show through
-    if (contents.value)
-        m_number->setValue(*contents.value);
-    else
-        m_number->setText(contents.text);
+    const QPointer<KorNumber> number = m_number;
+    number->setValue(null()); // a number of the cell before must not show through
+    if (number && contents.value)
+        number->setValue(*contents.value);
+    else if (number)
+        number->setText(contents.text);
 }
 
 DateCellEditor::DateCellEditor(KorDate *date) : CellEditor(date), m_date(date)
@@ -133,14 +141,16 @@ DateCellEditor::DateCellEditor(KorDate *date) : CellEditor(date), m_date(date)
 QString DateCellEditor::text() const { return m_date->Text(); }
 QVariant DateCellEditor::value() const { return m_date->Value(); }
 bool DateCellEditor::hasUseFor(int arrowKey) const { return movesCaret(*this, arrowKey); }
+void DateCellEditor::complete() { m_date->setText(m_date->Text()); }
 
 void DateCellEditor::applyContents(const CellContents &contents)
 {
-    m_date->setText(QString()); // what is no date leaves the text as it is
-    if (contents.value)
-        m_date->setValue(*contents.value);
-    else if (!contents.text.isEmpty())
-        m_date->setText(contents.text);
+    const QPointer<KorDate> date = m_date;
+    date->setText(QString()); // what is no date leaves the text as it is
+    if (date && contents.value)
+        date->setValue(*contents.value);
+    else if (date && !contents.text.isEmpty())
+        date->setText(contents.text);
 }
 
 ComboCellEditor::ComboCellEditor(KorCombo *combo) : CellEditor(combo), m_combo(combo)
@@ -148,6 +158,13 @@ ComboCellEditor::ComboCellEditor(KorCombo *combo) : CellEditor(combo), m_combo(c
     connect(combo, &KorCombo::Click, this, &ComboCellEditor::controlChanged);
     connect(combo, &KorCombo::KeyDown, this, &CellEditor::KeyDown);
     combo->setKeepsNothingSelected(true); // a name that the list does not have stays, also when F5 reads it anew
+}
+
+// Where lists are named by their labels alone, a screen reader is told their entry for a name.
+void ComboCellEditor::setName(const QString &name)
+{
+    CellEditor::setName(name);
+    box()->setAccessibleDescription(name);
 }
 
 QString ComboCellEditor::text() const { return m_combo->Text(); }
@@ -174,8 +191,10 @@ void ComboCellEditor::applyContents(const CellContents &contents)
         combo->setValue(*contents.value);
     else
         combo->setText(contents.text);
+    if (!combo)
+        return;
     // A name that the list does not have would become that of the first entry by being looked at.
-    if (combo && !contents.value && combo->Text() != contents.text)
+    if (!contents.value && combo->Text() != contents.text)
         combo->setListIndex(-1);
     if (combo)
         combo->setBlockClick(false);
@@ -194,8 +213,10 @@ bool ClickCellEditor::hasUseFor(int arrowKey) const { return movesCaret(*this, a
 
 void ClickCellEditor::applyContents(const CellContents &contents)
 {
-    m_click->setValue(contents.value.value_or(null()));
-    m_click->setText(contents.text);
+    const QPointer<KorClick> click = m_click;
+    click->setValue(contents.value.value_or(null()));
+    if (click)
+        click->setText(contents.text);
 }
 
 } // namespace kor

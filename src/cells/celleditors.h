@@ -53,6 +53,7 @@ class NumberCellEditor final : public CellEditor
 {
 public:
     explicit NumberCellEditor(KorNumber *number);
+    void complete() override;
     //! The number as the mask writes it, where the control is too narrow and shows a run of "#".
     [[nodiscard]] QString text() const override;
     [[nodiscard]] QVariant value() const override;
@@ -70,6 +71,8 @@ class DateCellEditor final : public CellEditor
 {
 public:
     explicit DateCellEditor(KorDate *date);
+    //! A date is read when its field is left; until then only the text is new.
+    void complete() override;
     [[nodiscard]] QString text() const override;
     [[nodiscard]] QVariant value() const override;
     [[nodiscard]] bool hasUseFor(int arrowKey) const override;
@@ -87,6 +90,7 @@ class ComboCellEditor final : public CellEditor
 {
 public:
     explicit ComboCellEditor(KorCombo *combo);
+    void setName(const QString &name) override;
     [[nodiscard]] QString text() const override;
     [[nodiscard]] QVariant value() const override;
     [[nodiscard]] bool hasOwnHeight() const override { return true; }

@@ -6,13 +6,22 @@
 #include "constituents/twips.h"
 
 #include <QtCore/QScopedValueRollback>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QApplication>
 
+#include <utility>
+
 namespace kor {
 
-CellSession::CellSession(QAbstractScrollArea *surface) : QObject(surface), m_surface(surface) {}
+CellSession::CellSession(QAbstractScrollArea *surface) : QObject(surface), m_surface(surface)
+{
+    room()->installEventFilter(this);
+    surface->installEventFilter(this);
+}
+
+QWidget *CellSession::room() const { return m_surface->viewport(); }
 
 void CellSession::add(CellEditor *editor)
 {
@@ -105,11 +114,32 @@ void CellSession::report()
 
 bool CellSession::eventFilter(QObject *watched, QEvent *event)
 {
+    const bool isPress = event->type() == QEvent::KeyPress;
+    const bool isRelease = event->type() == QEvent::KeyRelease;
+    if (watched == room())
+        return (isPress || isRelease) && passOn(static_cast<QKeyEvent *>(event));
+    if (watched == m_surface) // the release of a key that closed the editor is none of the surface's
+        return isRelease && std::exchange(m_keyDown, 0) == static_cast<QKeyEvent *>(event)->key();
+    if (isPress || isRelease)
+        m_keyDown = isPress ? static_cast<QKeyEvent *>(event)->key() : 0;
     if (event->type() != QEvent::Wheel)
-        return QObject::eventFilter(watched, event);
+        return false;
     // The wheel scrolls the grid, and never changes a value under it.
     auto *wheel = static_cast<QWheelEvent *>(event);
     QApplication::sendEvent(m_surface->viewport(), wheel);
+    return true;
+}
+
+//! A key that an open editor has left over is none of the surface's around it, which would move by it or tell of it:
+//! it is the form's, as a key of any field is. But for Tab, by which the composite goes on.
+bool CellSession::passOn(QKeyEvent *event) const
+{
+    if (!isOpen() || event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab)
+        return false;
+    QWidget *form = m_surface->parentWidget()->isWindow() ? nullptr : m_surface->parentWidget()->parentWidget();
+    if (form)
+        QApplication::sendEvent(form, event);
+    event->accept(); // or the toolkit would go on with the surface
     return true;
 }
 
@@ -158,6 +188,24 @@ void CellSession::finish()
     Q_EMIT Closing();
     if (self)
         close();
+}
+
+void CellSession::complete()
+{
+    if (m_state != State::Open || !m_isTouched)
+        return;
+    const QPointer<CellSession> self = this;
+    m_editor->complete();
+    if (self && m_state == State::Open)
+        report();
+}
+
+void CellSession::finishUnasked()
+{
+    const QPointer<CellSession> self = this;
+    complete();
+    if (self)
+        finish();
 }
 
 void CellSession::abandon()

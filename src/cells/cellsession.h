@@ -10,6 +10,7 @@
 #include <QtCore/QVariant>
 
 class QAbstractScrollArea;
+class QKeyEvent;
 
 namespace kor {
 
@@ -33,6 +34,16 @@ public:
 
     //! An editor that may be opened from now on.
     void add(CellEditor *editor);
+    //! Makes one around a control of its own, which is a hidden part of the surface under its name.
+    template <class Editor, class Control>
+    Editor *make(const char *name)
+    {
+        auto *control = new Control(room());
+        control->setObjectName(QString::fromLatin1(name));
+        auto *editor = new Editor(control);
+        add(editor);
+        return editor;
+    }
 
     [[nodiscard]] State state() const { return m_state; }
     [[nodiscard]] bool isOpen() const { return m_state == State::Open || m_state == State::Leaving; }
@@ -61,6 +72,11 @@ public:
     [[nodiscard]] bool leave();
     //! Ends it when the user has left already, and the editor has been asked.
     void finish();
+    //! Ends it where nobody is asked, because the program goes on: what was typed is taken over as leaving would take
+    //! it, as far as that goes without a word.
+    void finishUnasked();
+    //! The first half of that: the editor stays open.
+    void complete();
     //! Ends it at once: nothing more is asked, nothing reported.
     void abandon();
 
@@ -82,6 +98,8 @@ private:
         bool operator==(const Seen &) const = default;
     };
 
+    [[nodiscard]] QWidget *room() const;
+    [[nodiscard]] bool passOn(QKeyEvent *event) const;
     [[nodiscard]] bool hears(const CellEditor *editor) const { return m_state == State::Open && editor == m_editor; }
     [[nodiscard]] Seen look() const { return {m_editor->text(), m_editor->value()}; }
     //! Whether the keyboard is in the editor, a button of it included.
@@ -96,6 +114,7 @@ private:
     QPointer<CellEditor> m_editor;
     CellAddress m_cell;
     Seen m_seen;
+    int m_keyDown = 0; //!< the toolkit's key that was pressed in an editor last, and not yet released
     bool m_isTouched = false;
     State m_state = State::Closed;
 };

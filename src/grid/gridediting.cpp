@@ -3,7 +3,6 @@
 #include "grid/gridediting.h"
 
 #include "cells/celleditors.h"
-#include "constituents/errorguard.h"
 #include "constituents/flexgrid/flexgrid.h"
 #include "constituents/keycodes.h"
 #include "constituents/multilinetextbox.h"
@@ -19,11 +18,6 @@
 #include <KorDaoUC/kornumber.h>
 #include <KorDaoUC/variant.h>
 
-#include <QtGui/QInputMethodEvent>
-#include <QtGui/QKeyEvent>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QLineEdit>
-
 #include <utility>
 
 namespace kor {
@@ -33,12 +27,13 @@ GridEditing::GridEditing(FlexGrid *grid, GridCells &cells, GridEditingHost &host
       m_cells(cells),
       m_host(host),
       m_session(grid),
-      m_textEditor(add<TextCellEditor, TextBox>("TxtBox")),
-      m_multiLineEditor(add<MultiLineCellEditor, MultiLineTextBox>("TxtMBox")),
-      m_numberEditor(add<NumberCellEditor, KorNumber>("KorNum")),
-      m_clickEditor(add<ClickCellEditor, KorClick>("KorClick")),
-      m_comboEditor(add<ComboCellEditor, KorCombo>("KorCmb")),
-      m_dateEditor(add<DateCellEditor, KorDate>("KorDate"))
+      m_typing(grid, m_session, [this] { return m_host.mayEdit() && open(CellSession::Keyboard::Take); }),
+      m_textEditor(m_session.make<TextCellEditor, TextBox>("TxtBox")),
+      m_multiLineEditor(m_session.make<MultiLineCellEditor, MultiLineTextBox>("TxtMBox")),
+      m_numberEditor(m_session.make<NumberCellEditor, KorNumber>("KorNum")),
+      m_clickEditor(m_session.make<ClickCellEditor, KorClick>("KorClick")),
+      m_comboEditor(m_session.make<ComboCellEditor, KorCombo>("KorCmb")),
+      m_dateEditor(m_session.make<DateCellEditor, KorDate>("KorDate"))
 {
     m_combo = static_cast<KorCombo *>(m_comboEditor->control());
     m_combo->setBlockUpDown(true); // plain arrows are the grid's
@@ -48,17 +43,6 @@ GridEditing::GridEditing(FlexGrid *grid, GridCells &cells, GridEditingHost &host
     connect(&m_session, &CellSession::KeyDown, this, &GridEditing::keyDown);
     connect(&m_session, &CellSession::ChooserAsked, this, [this] { m_host.chooserAsked(); });
     connect(grid, &CellView::cellsMoved, this, &GridEditing::follow);
-    grid->installEventFilter(this);
-}
-
-template <class Editor, class Control>
-CellEditor *GridEditing::add(const char *name)
-{
-    auto *control = new Control(m_grid->viewport());
-    control->setObjectName(QString::fromLatin1(name));
-    auto *editor = new Editor(control);
-    m_session.add(editor);
-    return editor;
 }
 
 QString GridEditing::dictionary() const { return m_session.editor() == m_comboEditor ? m_combo->Slownik() : QString(); }
@@ -136,7 +120,7 @@ bool GridEditing::open(CellSession::Keyboard keyboard)
     }
     const QString shown = m_grid->TextMatrix(cell.row, cell.column);
     m_before = m_cells.textsAt(cell);
-    editor->box()->setAccessibleName(m_grid->TextMatrix(0, cell.column)); // a screen reader says where one types
+    editor->setName(m_grid->TextMatrix(0, cell.column));
     m_session.open(editor, cell, *place, {shown, std::nullopt}, keyboard);
     if (!self || !m_session.isOpen() || m_session.cell() != cell)
         return self && m_session.isOpen();
@@ -268,73 +252,6 @@ bool GridEditing::step(bool isForward)
         return false;
     m_grid->makeVisible(next->row, next->column);
     m_grid->setCurrentCell(next->row, next->column);
-    return true;
-}
-
-bool GridEditing::typeInto(const QString &text)
-{
-    const QPointer<GridEditing> self = this;
-    if (!open(CellSession::Keyboard::Take) || !self)
-        return false;
-    QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, text);
-    QApplication::sendEvent(m_session.editor()->box(), &typed);
-    return true;
-}
-
-bool GridEditing::compose(QInputMethodEvent *event)
-{
-    const QPointer<GridEditing> self = this;
-    if (!open(CellSession::Keyboard::Take) || !self)
-        return false;
-    QApplication::sendEvent(m_session.editor()->box(), event);
-    return true;
-}
-
-bool GridEditing::eventFilter(QObject *watched, QEvent *event)
-{
-    const QPointer<GridEditing> self = this;
-    bool isDone = false;
-    if (watched != m_grid || !m_host.mayEdit())
-        return false;
-    if (event->type() == QEvent::InputMethodQuery) {
-        answer(*static_cast<QInputMethodQueryEvent *>(event));
-        return true;
-    }
-    if (event->type() == QEvent::InputMethod) {
-        guarded(m_grid, [&] { isDone = compose(static_cast<QInputMethodEvent *>(event)); });
-    } else if (event->type() == QEvent::KeyPress) {
-        const QString typed = static_cast<QKeyEvent *>(event)->text();
-        if (!typed.isEmpty() && typed.front().isSurrogate())
-            guarded(m_grid, [&] { isDone = typeInto(typed); });
-    }
-    return isDone || !self; // a handler may have ended the grid, which must hear of nothing more
-}
-
-// The toolkit's view would say that its cells are not edited.
-void GridEditing::answer(QInputMethodQueryEvent &query) const
-{
-    for (unsigned bit = 0; bit < 32; ++bit) {
-        const auto one = static_cast<Qt::InputMethodQuery>(1U << bit);
-        if (query.queries() & one)
-            query.setValue(one, one == Qt::ImEnabled ? QVariant(true) : m_grid->inputMethodQuery(one));
-    }
-}
-
-bool GridEditing::beginTyping(int keyCode)
-{
-    const QPointer<GridEditing> self = this;
-    if (!open(CellSession::Keyboard::Take) || !self)
-        return false;
-    QWidget *box = m_session.editor()->box();
-    if (keyCode == Key::F2) { // goes on with what is there
-        if (auto *line = qobject_cast<QLineEdit *>(box))
-            line->end(false);
-        return true;
-    }
-    if (m_session.editor() == m_multiLineEditor) // which is entered with the caret at its end
-        static_cast<MultiLineTextBox *>(box)->selectAll();
-    QKeyEvent typed(QEvent::KeyPress, toolkitKey(Key::Delete), Qt::NoModifier);
-    QApplication::sendEvent(box, &typed);
     return true;
 }
 

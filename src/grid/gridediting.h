@@ -3,13 +3,12 @@
 #pragma once
 
 #include "cells/cellsession.h"
+#include "cells/surfacetyping.h"
 #include "grid/gridcells.h"
 
 #include <memory>
 
 class KorCombo;
-class QInputMethodEvent;
-class QInputMethodQueryEvent;
 
 namespace kor {
 
@@ -39,6 +38,8 @@ public:
     GridEditing(FlexGrid *grid, GridCells &cells, GridEditingHost &host);
 
     [[nodiscard]] CellSession &session() { return m_session; }
+    //! What is typed on the grid itself.
+    [[nodiscard]] SurfaceTyping &typing() { return m_typing; }
     [[nodiscard]] KorCombo *combo() const { return m_combo; }
     //! The drop-down list's dictionary while it is open over a cell, "" otherwise.
     [[nodiscard]] QString dictionary() const;
@@ -56,26 +57,14 @@ public:
     //! Moves on to the next cell that can be edited. False when there is none; the editor is left all the same, or
     //! keeps the user.
     bool step(bool isForward);
-    //! Takes the first key that is typed on the grid itself into the editor of the current cell.
-    bool typeInto(const QString &text);
-    bool beginTyping(int keyCode);
-
-protected:
-    //! What an input method composes on the grid itself, and a character of two units, which is no KeyPress of the
-    //! host's, go into the editor of the current cell.
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    template <class Editor, class Control>
-    CellEditor *add(const char *name);
     [[nodiscard]] CellEditor *editorOf(const GridColumn *column, ColumnType type) const;
     [[nodiscard]] static CellSetup setupOf(const GridColumn &column, ColumnType type);
     [[nodiscard]] std::optional<EditorBox> placeOf(CellAddress cell) const;
     [[nodiscard]] bool isInSight(CellAddress cell) const;
     [[nodiscard]] int visibleRows() const;
 
-    void answer(QInputMethodQueryEvent &query) const;
-    bool compose(QInputMethodEvent *event);
     void copyBack();
     void write(CellAddress cell, const QString &shown, const QVariant &value);
     void restore(CellAddress cell);
@@ -86,6 +75,7 @@ private:
     GridCells &m_cells;
     GridEditingHost &m_host;
     CellSession m_session;
+    SurfaceTyping m_typing;
     KorCombo *m_combo = nullptr;
     CellEditor *m_textEditor;
     CellEditor *m_multiLineEditor;

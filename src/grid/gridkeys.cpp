@@ -29,9 +29,4 @@ GridKey judgeGridKey(int keyCode, int shift, bool hasUse)
     }
 }
 
-bool beginsTyping(int keyCode, int shift)
-{
-    return shift == ShiftState::None && (keyCode == Key::Delete || keyCode == Key::Backspace || keyCode == Key::F2);
-}
-
 } // namespace kor

@@ -19,7 +19,4 @@ enum class GridKey {
 //! the sum of 1 Shift, 2 Ctrl and 4 Alt.
 [[nodiscard]] GridKey judgeGridKey(int keyCode, int shift, bool hasUse);
 
-//! Whether a key pressed on the grid itself stands for the beginning of typing without being a character.
-[[nodiscard]] bool beginsTyping(int keyCode, int shift);
-
 } // namespace kor

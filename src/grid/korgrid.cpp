@@ -163,7 +163,7 @@ void KorGrid::setTextMatrix(int Row, int Col, const QString &text)
     const QPointer<KorGrid> self = this;
     d->grid->setTextMatrix(Row, Col, text);
     if (CellAddress{d->grid->Row(), d->grid->Col()} != cell) {
-        d->editing.session().finish();
+        d->editing.session().finishUnasked();
         if (!self || !d->moveUnseen(cell))
             return;
         Q_EMIT SelChange();
@@ -381,7 +381,7 @@ void KorGrid::Private::leaveCell()
 {
     // Where nobody was asked: a program has moved the current cell, or removed it.
     if (!isUnseen)
-        editing.session().finish();
+        editing.session().finishUnasked();
 }
 
 void KorGrid::Private::enterCell()
@@ -422,7 +422,7 @@ void KorGrid::Private::keyDown(int &code, int &shift)
     // In the last cell Enter goes nowhere, and least of all to the form's default button.
     const bool isUsed =
         isStep ? editing.step(shift == ShiftState::None) || (self && !cells.columns().isLocked(grid->Col()))
-               : beginsTyping(code, shift) && editing.beginTyping(code);
+               : beginsTyping(code, shift) && editing.typing().begin(code);
     if (isUsed)
         code = Key::None;
 }
@@ -433,7 +433,7 @@ void KorGrid::Private::keyPress(int &ascii)
     Q_EMIT q->KeyPress(ascii);
     if (!self || !q->UserMode() || !isTyped(QChar(static_cast<char16_t>(ascii))))
         return;
-    if (editing.typeInto(QString(QChar(static_cast<char16_t>(ascii)))))
+    if (editing.typing().type(QString(QChar(static_cast<char16_t>(ascii)))))
         ascii = 0;
 }
 

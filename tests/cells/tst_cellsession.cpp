@@ -63,6 +63,9 @@ private Q_SLOTS:
     void handlersMayEndEverything();
     void aHandlerThatThrowsLeavesTheSessionInOrder();
     void closedEditorsReportNothing();
+    void aProgramThatGoesOnTakesADateOver();
+    void keysLeftOverAreTheFormsAndNotTheSurfaces();
+    void theReleaseOfAKeyThatClosedTheEditorIsDropped();
 
 private:
     std::unique_ptr<Stage> m_stage;
@@ -375,6 +378,77 @@ void tst_CellSession::closedEditorsReportNothing()
     m_host->text->setProgramText(QStringLiteral("x"));
     QCOMPARE(m_host->taken(), QString());
     QCOMPARE(m_host->cells.at(CellHost::Price), QString());
+}
+
+void tst_CellSession::aProgramThatGoesOnTakesADateOver()
+{
+    m_host->open(CellHost::Day);
+    m_host->session.finishUnasked(); // untouched: nothing to take over
+    QCOMPARE(m_host->taken(), QString());
+    m_host->open(CellHost::Day);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("241226"));
+    (void)m_host->taken();
+    m_host->session.complete();
+    QCOMPARE(m_host->taken(), QStringLiteral("3=24.12.2026"));
+    QVERIFY(m_host->session.isOpen());
+    QCOMPARE(m_host->date->Value(), QVariant(QDate(2026, 12, 24)));
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x9"));
+    m_host->session.finishUnasked();
+    QVERIFY(!m_host->session.isOpen());
+    QVERIFY(isNull(m_host->date->Value())); // no date any more, and nobody was asked
+    QCOMPARE(m_messages->take(), QStringList());
+}
+
+namespace {
+
+//! The keys that come to a widget.
+class KeysOf : public QObject
+{
+public:
+    explicit KeysOf(QObject *widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::KeyPress)
+            seen << static_cast<QKeyEvent *>(event)->key();
+        else if (event->type() == QEvent::KeyRelease)
+            seen << -static_cast<QKeyEvent *>(event)->key();
+        return false;
+    }
+    QList<int> seen;
+};
+
+} // namespace
+
+void tst_CellSession::keysLeftOverAreTheFormsAndNotTheSurfaces()
+{
+    m_host->open(CellHost::Text);
+    const KeysOf surface(m_host->surface);
+    const KeysOf form(m_stage.get());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F9);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_A);
+    QCOMPARE(surface.seen, QList<int>());
+    QCOMPARE(form.seen, QList<int>{Qt::Key_F9});
+    QVERIFY(m_host->session.leave());
+    QTest::keyPress(m_host->surface->viewport(), Qt::Key_F9); // between two editors it is the surface's
+    QVERIFY(surface.seen.contains(Qt::Key_F9));
+}
+
+void tst_CellSession::theReleaseOfAKeyThatClosedTheEditorIsDropped()
+{
+    m_host->open(CellHost::Text);
+    connect(&m_host->session, &CellSession::KeyDown, this, [this](int &code, int &) {
+        if (code == Key::F2)
+            m_host->session.abandon();
+    });
+    KeysOf surface(m_host->surface);
+    QTest::keyPress(QApplication::focusWidget(), Qt::Key_F2);
+    settle();
+    QCOMPARE(QApplication::focusWidget(), m_host->surface);
+    surface.seen.clear();
+    QTest::keyRelease(m_host->surface, Qt::Key_F2);
+    QTest::keyClick(m_host->surface, Qt::Key_F2); // the next one is told whole
+    QCOMPARE(m_host->session.state(), CellSession::State::Closed);
+    QCOMPARE(surface.seen, (QList<int>{-Qt::Key_F2, Qt::Key_F2, -Qt::Key_F2}));
 }
 
 QTEST_MAIN(tst_CellSession)

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "constituents/errorguard.h"
 #include "constituents/flexgrid/cellview.h"
 #include "constituents/flexgrid/gridmodel.h"
 #include "constituents/flexgrid/linescroll.h"
@@ -9,11 +10,13 @@
 #include <QtCore/QItemSelectionModel>
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QAccessible>
+#include <QtGui/QHelpEvent>
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleOptionViewItem>
+#include <QtWidgets/QToolTip>
 
 #include <algorithm>
 
@@ -204,6 +207,26 @@ void CellView::showChange(int row, int column)
         const QModelIndex cell = m_model->index(row - 1, column - 1);
         dataChanged(cell, cell);
     }
+}
+
+bool CellView::viewportEvent(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QTableView::viewportEvent(event);
+    const auto *help = static_cast<QHelpEvent *>(event);
+    guarded(this, [&] { showWholeText(help->pos(), help->globalPos()); });
+    return true;
+}
+
+//! A text that ends in dots is read whole where the mouse rests on it.
+void CellView::showWholeText(const QPoint &place, const QPoint &onScreen)
+{
+    const QModelIndex index = indexAt(place);
+    const CellText content = index.isValid() ? look(index.row() + 1, index.column() + 1).content : CellText();
+    const QRect cell = visualRect(index);
+    const bool isCut = !content.wraps && neededWidth(fontMetrics(), content.text) > cell.width() + 1;
+    const QString own = viewport()->toolTip().isEmpty() ? toolTip() : viewport()->toolTip();
+    QToolTip::showText(onScreen, isCut ? content.text : own, viewport(), cell);
 }
 
 void CellView::paintEvent(QPaintEvent *event)

@@ -123,6 +123,8 @@ void CellView::setTextMatrix(int row, int column, const QString &text)
     showChange(row, column);
 }
 
+void CellView::setNameColumn(int column) { m_model->setNameColumn(column); }
+
 void CellView::Clear()
 {
     m_model->clear();

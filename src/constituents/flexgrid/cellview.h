@@ -43,6 +43,8 @@ public:
     [[nodiscard]] int Cols() const;
     [[nodiscard]] QString TextMatrix(int row, int column) const;
     void setTextMatrix(int row, int column, const QString &text);
+    //! The column whose texts are the names of their rows, 0 for none: a screen reader hears them with the other cells.
+    void setNameColumn(int column);
     //! Takes the texts, alignments and colours of all cells away, titles included.
     void Clear();
     //! What the cell has of its own, otherwise its column's.
@@ -155,6 +157,7 @@ protected:
     [[nodiscard]] QRegion visualRegionForSelection(const QItemSelection &selection) const override;
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
 
 private:
     struct Column {
@@ -186,6 +189,7 @@ private:
     void tellScrolled();
     void showSelection();
     void showChange(int row, int column);
+    void showWholeText(const QPoint &place, const QPoint &onScreen);
     [[nodiscard]] int leftOf(int column) const;
     [[nodiscard]] QRect coveredPlace() const;
     void paintRow(QPainter &painter, int row, const QRect &exposed) const;

@@ -95,7 +95,13 @@ int GridModel::columnCount(const QModelIndex &parent) const { return parent.isVa
 
 QVariant GridModel::data(const QModelIndex &index, int role) const
 {
-    return role == Qt::DisplayRole && index.isValid() ? m_cells.text(index.row() + 1, index.column() + 1) : QVariant();
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole))
+        return {};
+    const int row = index.row() + 1;
+    const int column = index.column() + 1;
+    const bool isNamed = role == Qt::AccessibleTextRole && m_nameColumn > 0 && column > m_nameColumn;
+    return isNamed ? m_cells.text(row, m_nameColumn) + QLatin1String(": ") + m_cells.text(row, column)
+                   : m_cells.text(row, column);
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -30,6 +30,9 @@ public:
     void setFormat(int row, int column, const CellFormat &format);
     void clear();
 
+    //! The column whose texts say what the others of their row are, 0 for none: a screen reader is told both.
+    void setNameColumn(int column) { m_nameColumn = column; }
+
     //! While it is quiet, changed cells are told to nobody; when it ends, all of them at once.
     [[nodiscard]] bool isQuiet() const { return m_isQuiet; }
     void setQuiet(bool quiet);
@@ -45,6 +48,7 @@ private:
     void cellsChanged(int top, int left, int bottom, int right);
 
     CellStore m_cells;
+    int m_nameColumn = 0;
     bool m_isQuiet = false;
     bool m_isChanged = false; //!< something while it was quiet
 };
