@@ -119,7 +119,7 @@ bool CellSession::eventFilter(QObject *watched, QEvent *event)
     if (watched == room())
         return (isPress || isRelease) && passOn(static_cast<QKeyEvent *>(event));
     if (watched == m_surface) // the release of a key that closed the editor is none of the surface's
-        return isRelease && std::exchange(m_keyDown, 0) == static_cast<QKeyEvent *>(event)->key();
+        return isRelease && m_keyDown != 0 && std::exchange(m_keyDown, 0) == static_cast<QKeyEvent *>(event)->key();
     if (isPress || isRelease)
         m_keyDown = isPress ? static_cast<QKeyEvent *>(event)->key() : 0;
     if (event->type() != QEvent::Wheel)

@@ -152,6 +152,18 @@ void grid(QPainter &painter)
            {{10.5, 2}, {10.5, 14}}});
 }
 
+//! Names on the left, and the one value that is being edited on the right.
+void param(QPainter &painter)
+{
+    box(painter, {0.5, 1.5, 15, 13});
+    painter.fillRect(QRectF(1, 2, 14, 3), QColor(0xdc, 0xe6, 0xf0));
+    painter.fillRect(QRectF(8, 6, 7, 3.5), accent);
+    lines(painter, edge, 1, {{{1, 5.5}, {15, 5.5}}, {{1, 10}, {15, 10}}, {{7.5, 2}, {7.5, 14}}});
+    lines(painter, ink, 1.2, {{{2.5, 7.8}, {6, 7.8}}, {{2.5, 12.2}, {5.5, 12.2}}});
+    lines(painter, paper, 1.2, {{{9.5, 7.8}, {13, 7.8}}});
+    lines(painter, faint, 1.2, {{{9.5, 12.2}, {12.5, 12.2}}});
+}
+
 struct Picture {
     const char *control;
     void (*draw)(QPainter &);
@@ -161,7 +173,7 @@ constexpr std::array pictures{
     Picture{"KorNumber", number}, Picture{"KorDate", date},     Picture{"KorCombo", combo},
     Picture{"KorClick", click},   Picture{"KorList", list},     Picture{"KorListCheck", listCheck},
     Picture{"KorColor", color},   Picture{"KorUpDown", upDown}, Picture{"KorMultiText", multiText},
-    Picture{"KorGrid", grid},
+    Picture{"KorGrid", grid},     Picture{"KorParam", param},
 };
 
 QPixmap drawn(const Picture &picture, int side)

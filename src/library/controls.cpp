@@ -12,6 +12,7 @@
 #include <KorDaoUC/korlistcheck.h>
 #include <KorDaoUC/kormultitext.h>
 #include <KorDaoUC/kornumber.h>
+#include <KorDaoUC/korparam.h>
 #include <KorDaoUC/korupdown.h>
 #include <KorDaoUC/propertypage.h>
 
@@ -35,6 +36,7 @@ const bool controlsAdded = [] {
     add<KorListCheck>("KorListCheck");
     add<KorColor>("KorColor");
     add<KorUpDown>("KorUpDown");
+    add<KorParam>("KorParam");
     add<KorMultiText>("KorMultiText");
     add<KorGrid>("KorGrid");
     return true;

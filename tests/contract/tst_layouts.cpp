@@ -33,7 +33,10 @@ private:
     void controls();
     [[nodiscard]] static QWidget *peerOf(const QString &name);
     [[nodiscard]] static bool isList(const QString &name) { return name.startsWith(QLatin1String("KorList")); }
-    [[nodiscard]] static bool isGrid(const QString &name) { return name == QLatin1String("KorGrid"); }
+    [[nodiscard]] static bool isGrid(const QString &name)
+    {
+        return name == QLatin1String("KorGrid") || name == QLatin1String("KorParam");
+    }
 };
 
 void tst_Layouts::controls()

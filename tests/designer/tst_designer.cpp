@@ -145,7 +145,7 @@ void tst_Designer::controls()
 {
     QTest::addColumn<QString>("name");
     for (const char *name : {"KorNumber", "KorDate", "KorCombo", "KorClick", "KorList", "KorListCheck", "KorColor",
-                             "KorUpDown", "KorMultiText", "KorGrid"})
+                             "KorUpDown", "KorParam", "KorMultiText", "KorGrid"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
@@ -373,7 +373,7 @@ void tst_Designer::sizesAreTheSameInDesignPreviewAndRun_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("place");
     for (const char *name : {"KorNumber", "KorDate", "KorCombo", "KorClick", "KorList", "KorListCheck", "KorColor",
-                             "KorUpDown", "KorMultiText", "KorGrid"}) {
+                             "KorUpDown", "KorParam", "KorMultiText", "KorGrid"}) {
         for (const int height : {16, 22, 61}) {
             QTest::addRow("%s, %d high", name, height) << QString::fromLatin1(name) << placed(10, 10, 150, height);
         }

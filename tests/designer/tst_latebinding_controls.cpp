@@ -1,18 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "contract/publicsurface.h"
+#include "designer/latebound.h"
 
 #include <QtCore/QMetaMethod>
 #include <QtCore/QMetaProperty>
-#include <QtCore/QPluginLoader>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
 #include <QtTest/QtTest>
-#include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 
-#include <exception>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -20,19 +18,6 @@
 using namespace kor::test;
 
 namespace {
-
-QVariant nullVariant() { return QVariant::fromValue(nullptr); }
-
-//! The number that the text of an exception begins with, 0 when none is thrown: all that a host sees of an error.
-int errorOf(const std::function<void()> &call)
-{
-    try {
-        call();
-    } catch (const std::exception &error) {
-        return QByteArray(error.what()).split(':').first().toInt();
-    }
-    return 0;
-}
 
 //! A bag of settings, reached by its name only.
 class Bag
@@ -141,8 +126,6 @@ private Q_SLOTS:
     void whatIsNoDatabaseChangesNothing_data() { lists(); }
     void whatIsNoDatabaseChangesNothing();
     void theSeparatorIsSetAtDesignTimeOnly();
-    void aGridIsFilledByName();
-    void allTwelveArgumentsOfAColumnArePassedByName();
 
     void aHandlerSwallowsAKey_data() { controls(); }
     void aHandlerSwallowsAKey();
@@ -163,6 +146,7 @@ public Q_SLOTS:
     void onCharacter(int &ascii) { ascii = m_otherCharacter; }
     void onMouse(int &, int &, float &, float &) {}
     void onRow(int &, int &, int &) {}
+    void onSymbol(const QString &) {}
     void onError(int &number, QString &description, bool &handled)
     {
         m_errors << QStringLiteral("%1 %2").arg(number).arg(description);
@@ -170,11 +154,9 @@ public Q_SLOTS:
     }
 
 private:
-    static QList<QDesignerCustomWidgetInterface *> kinds();
     static void controls();
     static void lists();
     static void fields();
-    static QWidget *create(const QString &name, QWidget *parent);
     [[nodiscard]] bool has(const char *property) const
     {
         return m_control->metaObject()->indexOfProperty(property) >= 0;
@@ -192,13 +174,6 @@ private:
     int m_otherKey = 0;
     int m_otherCharacter = 0;
 };
-
-QList<QDesignerCustomWidgetInterface *> tst_LateBindingControls::kinds()
-{
-    static QPluginLoader loader(QStringLiteral(KOR_PLUGIN_FOLDER "/libKorDaoUCPlugin.so"));
-    auto *collection = qobject_cast<QDesignerCustomWidgetCollectionInterface *>(loader.instance());
-    return collection ? collection->customWidgets() : QList<QDesignerCustomWidgetInterface *>();
-}
 
 void tst_LateBindingControls::controls()
 {
@@ -219,15 +194,6 @@ void tst_LateBindingControls::fields()
     QTest::addColumn<QString>("name");
     for (const char *name : {"KorNumber", "KorDate", "KorClick", "KorUpDown", "KorMultiText"})
         QTest::newRow(name) << QString::fromLatin1(name);
-}
-
-QWidget *tst_LateBindingControls::create(const QString &name, QWidget *parent)
-{
-    for (QDesignerCustomWidgetInterface *kind : kinds()) {
-        if (kind->name() == name)
-            return kind->createWidget(parent);
-    }
-    return nullptr;
 }
 
 std::vector<QMetaProperty> tst_LateBindingControls::properties() const
@@ -315,6 +281,7 @@ void tst_LateBindingControls::eventsConnectByTheirSignature()
                            : arguments == u"int&"           ? SLOT(onCharacter(int &))
                            : arguments == u"int&,int&"      ? SLOT(onKey(int &, int &))
                            : arguments == u"int&,int&,int&" ? SLOT(onRow(int &, int &, int &))
+                           : arguments == u"QString"        ? SLOT(onSymbol(QString))
                                                             : SLOT(onMouse(int &, int &, float &, float &));
         const QByteArray signal = QStringLiteral("2%1(%2)").arg(event, arguments).toLatin1();
         if (!connect(m_control, signal.constData(), this, slot))
@@ -347,6 +314,12 @@ void tst_LateBindingControls::constituentsAreFoundByName_data()
     QTest::newRow("KorColor cmdColor")        << QStringLiteral("cmdColor")  << QByteArray("QAbstractButton")   << false;
     QTest::newRow("KorMultiText txtText")     << QStringLiteral("txtText")   << QByteArray("QLineEdit")         << true;
     QTest::newRow("KorMultiText cmdClick")    << QStringLiteral("cmdClick")  << QByteArray("QAbstractButton")   << false;
+    QTest::newRow("KorParam grid")            << QStringLiteral("grid")      << QByteArray("QTableView")        << true;
+    QTest::newRow("KorParam TxtBox")          << QStringLiteral("TxtBox")    << QByteArray("QLineEdit")         << false;
+    QTest::newRow("KorParam KorNum")          << QStringLiteral("KorNum")    << QByteArray("KorNumber")         << false;
+    QTest::newRow("KorParam KorDat")          << QStringLiteral("KorDat")    << QByteArray("KorDate")           << false;
+    QTest::newRow("KorParam KorCmb")          << QStringLiteral("KorCmb")    << QByteArray("KorCombo")          << false;
+    QTest::newRow("KorParam KorClk")          << QStringLiteral("KorClk")    << QByteArray("KorClick")          << false;
     QTest::newRow("KorGrid grid")             << QStringLiteral("grid")      << QByteArray("QTableView")        << true;
     QTest::newRow("KorGrid TxtBox")           << QStringLiteral("TxtBox")    << QByteArray("QLineEdit")         << false;
     QTest::newRow("KorGrid TxtMBox")          << QStringLiteral("TxtMBox")   << QByteArray("QPlainTextEdit")    << false;
@@ -593,96 +566,6 @@ void tst_LateBindingControls::theSeparatorIsSetAtDesignTimeOnly()
     m_form->setProperty("UserMode", false);
     QVERIFY(m_control->setProperty("Separator", QStringLiteral(",")));
     QCOMPARE(m_control->property("Separator"), QVariant(QStringLiteral(",")));
-}
-
-// --- grid
-
-void tst_LateBindingControls::aGridIsFilledByName()
-{
-    m_control = create(QStringLiteral("KorGrid"), m_form.get());
-    QVERIFY(m_control);
-    int number = 0;
-    const auto add = [&](const char *type, const char *title) {
-        return QMetaObject::invokeMethod(m_control, "AddColumn", Q_RETURN_ARG(int, number),
-                                         Q_ARG(QString, QString::fromLatin1(type)),
-                                         Q_ARG(QString, QString::fromLatin1(title)), Q_ARG(int, 1200), Q_ARG(int, 0));
-    };
-    QVERIFY(add("TEXT", "Towar"));
-    QCOMPARE(number, 1);
-    QVERIFY(add("NUMBER", "Cena"));
-    QCOMPARE(number, 2);
-    QVERIFY(QMetaObject::invokeMethod(m_control, "AddRow"));
-    QVERIFY(QMetaObject::invokeMethod(m_control, "AddRow", Q_ARG(int, 5)));
-    QCOMPARE(m_control->property("Rows"), QVariant(6));
-    const auto write = [&](int row, int column, const QString &text) {
-        return QMetaObject::invokeMethod(m_control, "setTextMatrix", Q_ARG(int, row), Q_ARG(int, column),
-                                         Q_ARG(QString, text));
-    };
-    const auto text = [&](int row, int column) {
-        QString result;
-        QMetaObject::invokeMethod(m_control, "TextMatrix", Q_RETURN_ARG(QString, result), Q_ARG(int, row),
-                                  Q_ARG(int, column));
-        return result;
-    };
-    QVERIFY(write(1, 1, QStringLiteral("deska")));
-    QCOMPARE(text(1, 1), QStringLiteral("deska"));
-    QCOMPARE(text(0, 2), QStringLiteral("Cena"));
-    QVERIFY(QMetaObject::invokeMethod(m_control, "setTextControl", Q_ARG(int, 0), Q_ARG(int, 2),
-                                      Q_ARG(QString, QStringLiteral("Netto"))));
-    QCOMPARE(text(0, 2), QStringLiteral("Netto"));
-    QVERIFY(QMetaObject::invokeMethod(m_control, "setValue", Q_ARG(int, 1), Q_ARG(int, 2), Q_ARG(QVariant, 3)));
-    QVariant value;
-    QVERIFY(QMetaObject::invokeMethod(m_control, "Value", Q_RETURN_ARG(QVariant, value), Q_ARG(int, 1), Q_ARG(int, 2)));
-    QCOMPARE(value, QVariant(3.0));
-    float sum = 0;
-    QVERIFY(QMetaObject::invokeMethod(m_control, "SumColumn", Q_RETURN_ARG(float, sum), Q_ARG(int, 2)));
-    QCOMPARE(sum, 3.0F);
-    QVERIFY(QMetaObject::invokeMethod(m_control, "MaxColumn", Q_RETURN_ARG(float, sum), Q_ARG(int, 2)));
-    QCOMPARE(sum, 3.0F);
-    QVERIFY(focused());
-    bool isOpen = false;
-    QVERIFY(
-        QMetaObject::invokeMethod(m_control, "SetFocusCell", Q_RETURN_ARG(bool, isOpen), Q_ARG(int, 1), Q_ARG(int, 1)));
-    QVERIFY(isOpen);
-    QVERIFY(m_control->findChild<QLineEdit *>(QStringLiteral("TxtBox"))->isVisible());
-    QVERIFY(QMetaObject::invokeMethod(m_control, "DelRow", Q_ARG(int, 2)));
-    QVERIFY(QMetaObject::invokeMethod(m_control, "DelRow", Q_ARG(int, 2), Q_ARG(int, 3)));
-    QCOMPARE(m_control->property("Rows"), QVariant(3));
-    QVERIFY(QMetaObject::invokeMethod(m_control, "setdatabase", Q_ARG(QString, QStringLiteral("shop"))));
-    QVERIFY(QMetaObject::invokeMethod(m_control, "CmbRefresh"));
-    QCOMPARE(errorOf([&] { (void)text(9, 1); }), 381);
-}
-
-// The toolkit's invokeMethod() takes ten arguments; a column has twelve.
-void tst_LateBindingControls::allTwelveArgumentsOfAColumnArePassedByName()
-{
-    m_control = create(QStringLiteral("KorGrid"), m_form.get());
-    const int method = m_control->metaObject()->indexOfMethod(
-        "AddColumn(QString,QString,int,int,bool,QString,int,int,QString,QString,int,bool)");
-    QVERIFY(method >= 0);
-    int number = 0;
-    QString type = QStringLiteral("NUMBER");
-    QString title = QStringLiteral("Cena");
-    int width = 1200;
-    int align = 1;
-    bool isLocked = false;
-    QString format = QStringLiteral("0.0");
-    int color = 0;
-    int length = 0;
-    QString sql;
-    QString dictionary;
-    int valueColumn = 2;
-    bool wraps = false;
-    void *arguments[] = {&number, &type,   &title, &width,      &align,       &isLocked, &format,
-                         &color,  &length, &sql,   &dictionary, &valueColumn, &wraps};
-    QMetaObject::metacall(m_control, QMetaObject::InvokeMetaMethod, method, arguments);
-    QCOMPARE(number, 1);
-    m_control->setProperty("Cols", 3);
-    QVERIFY(QMetaObject::invokeMethod(m_control, "setValue", Q_ARG(int, 1), Q_ARG(int, 1), Q_ARG(QVariant, 2.75)));
-    QString raw;
-    QVERIFY(
-        QMetaObject::invokeMethod(m_control, "TextMatrix", Q_RETURN_ARG(QString, raw), Q_ARG(int, 1), Q_ARG(int, 2)));
-    QCOMPARE(raw.size(), 4); // two, separator, seven, five
 }
 
 // --- keys
