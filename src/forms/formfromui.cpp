@@ -3,6 +3,8 @@
 #include "forms/uiform.h"
 #include "forms/uitaborder.h"
 
+#include <QtCore/QSet>
+
 #include <algorithm>
 
 namespace kor {
@@ -220,7 +222,7 @@ QString buddyOf(const Item &item)
     return {};
 }
 
-UiStop stopOf(const Item &item, const QStringList &tabStops)
+UiStop stopOf(const Item &item)
 {
     const auto caption =
         std::find_if(item.widget.values.cbegin(), item.widget.values.cend(),
@@ -229,8 +231,7 @@ UiStop stopOf(const Item &item, const QStringList &tabStops)
     stop.name = item.widget.name;
     stop.tabIndex = tabIndexInLines(item.widget);
     const bool isForeign = item.kind.settings.isEmpty() && item.kind.className != u"QWidget";
-    stop.takesFocus = item.kind.takesFocus || (isForeign && stop.tabIndex) ||
-                      (item.kind.settings.isEmpty() && tabStops.contains(stop.name));
+    stop.takesFocus = item.kind.takesFocus || (isForeign && stop.tabIndex);
     stop.leadsToNext =
         item.kind.leadsToNext && caption != item.widget.values.cend() && caption->element.text.contains(u'&');
     if (item.kind.leadsToNext)
@@ -242,8 +243,18 @@ UiStop stopOf(const Item &item, const QStringList &tabStops)
 void orderItems(const QList<Item *> &items, const QStringList &tabStops, QList<UiFile::Remark> &remarks)
 {
     QList<UiStop> stops;
-    for (const Item *item : items)
-        stops.append(stopOf(*item, tabStops));
+    QSet<QString> takers;
+    for (const Item *item : items) {
+        stops.append(stopOf(*item));
+        if (stops.constLast().takesFocus)
+            takers.insert(stops.constLast().name);
+    }
+    // The list says it of widgets that nobody knows, unless it means another one of the same name.
+    for (qsizetype place = 0; place < stops.size(); ++place) {
+        UiStop &stop = stops[place];
+        stop.takesFocus = stop.takesFocus || (items.at(place)->kind.settings.isEmpty() &&
+                                              tabStops.contains(stop.name) && !takers.contains(stop.name));
+    }
     const auto told = [&stops](QStringList buddies) {
         clearRepeatedNames(buddies, stops);
         for (qsizetype place = 0; place < stops.size(); ++place) {

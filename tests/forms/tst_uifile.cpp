@@ -93,6 +93,7 @@ private Q_SLOTS:
     void aNewPropertyStandsInItsPlace();
     void aMovedControlGetsNewTwips();
     void theOrderOfTabIsTheListOfTabStops();
+    void aTabStopIsOneOfTheWidgetsOfItsName();
     void anotherListOfTabStopsNumbersAnew();
     void aBuddyIsTheNextControl();
     void otherScreensHaveOtherPixels();
@@ -330,6 +331,15 @@ void tst_UiFile::theOrderOfTabIsTheListOfTabStops()
     gaps.replace("TabIndex = 4", "TabIndex = 40");
     QVERIFY(ui(gaps).contains("<string>TabIndex = 40</string>"));
     QCOMPARE(form(ui(gaps)), gaps);
+}
+
+void tst_UiFile::aTabStopIsOneOfTheWidgetsOfItsName()
+{
+    // Nobody knows the kind of either, and only one of them has a number.
+    const QByteArray text =
+        FormFile::serialize(parsed("Begin Form f\nBegin KorDaoUC.KorClick a\nTabIndex = 1321\nEnd\n"
+                                   "Begin Other twice\nEnd\nBegin Other twice\nTabIndex = 127\nEnd\nEnd\n"));
+    QCOMPARE(form(ui(text)), text);
 }
 
 void tst_UiFile::anotherListOfTabStopsNumbersAnew()
