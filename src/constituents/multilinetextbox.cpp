@@ -45,6 +45,18 @@ void MultiLineTextBox::raiseChange()
         Q_EMIT Change();
 }
 
+void MultiLineTextBox::setFrameless(int left, int right)
+{
+    setFrameShape(NoFrame);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // it would break the lines earlier
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    document()->setDocumentMargin(0);
+    constexpr int keptFree = 1; // by the toolkit below the last line, which would be scrolled out for it
+    setViewportMargins(left, 0, right, -keptFree);
+    setBackgroundRole(QPalette::Base); // of the sides
+    setAutoFillBackground(true);
+}
+
 QString MultiLineTextBox::Text() const { return fromEditorText(plainTextOf(*document()), m_original); }
 
 void MultiLineTextBox::setProgramText(const QString &text)

@@ -22,6 +22,14 @@
 
 namespace kor {
 
+namespace {
+
+// What is left of a cell's margins inside the editor, which begins two pixels inside the lines.
+constexpr int wrappedLeft = 1;
+constexpr int wrappedRight = 3;
+
+} // namespace
+
 GridEditing::GridEditing(FlexGrid *grid, GridCells &cells, GridEditingHost &host)
     : m_grid(grid),
       m_cells(cells),
@@ -39,6 +47,8 @@ GridEditing::GridEditing(FlexGrid *grid, GridCells &cells, GridEditingHost &host
     m_combo->setBlockUpDown(true); // plain arrows are the grid's
     static_cast<KorDate *>(m_dateEditor->control())->setBlockUpDown(true);
     static_cast<KorClick *>(m_clickEditor->control())->setBlockUpDown(true);
+    // Its lines break where those of the cell do, and all of them fit where the cell's do.
+    static_cast<MultiLineTextBox *>(m_multiLineEditor->control())->setFrameless(wrappedLeft, wrappedRight);
     connect(&m_session, &CellSession::Edited, this, &GridEditing::copyBack);
     connect(&m_session, &CellSession::KeyDown, this, &GridEditing::keyDown);
     connect(&m_session, &CellSession::ChooserAsked, this, [this] { m_host.chooserAsked(); });

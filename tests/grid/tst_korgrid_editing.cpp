@@ -31,6 +31,8 @@ private Q_SLOTS:
     void typingCopiesEveryChangeIntoTheCell();
     void aNullValueKeepsTheValueColumn();
     void enteringACellThatIsRewrittenRaisesChangeBeforeSelChange();
+    void aWrappedTextStandsInItsEditorAsInItsCell_data();
+    void aWrappedTextStandsInItsEditorAsInItsCell();
     void aTextThatTheEditorCannotShowStays_data();
     void aTextThatTheEditorCannotShowStays();
     void looksOfAListChangeNothing_data();
@@ -180,6 +182,37 @@ void tst_KorGrid_Editing::enteringACellThatIsRewrittenRaisesChangeBeforeSelChang
                                          "Click"));
     QCOMPARE(grid->TextMatrix(2, Price), QStringLiteral("1\u00a0234,50"));
     QCOMPARE(grid->TextMatrix(2, Exact), QStringLiteral("1234,5"));
+}
+
+void tst_KorGrid_Editing::aWrappedTextStandsInItsEditorAsInItsCell_data()
+{
+    QTest::addColumn<int>("words");
+    QTest::addColumn<bool>("isTyped");
+    for (const int words : {1, 2, 3, 5}) {
+        QTest::addRow("%d words", words) << words << false;
+        QTest::addRow("%d words, typed", words) << words << true;
+    }
+}
+
+void tst_KorGrid_Editing::aWrappedTextStandsInItsEditorAsInItsCell()
+{
+    QFETCH(const int, words);
+    QFETCH(const bool, isTyped);
+    const QString text = QStringLiteral("proszę uważać ").repeated(words).trimmed();
+    if (!isTyped)
+        grid->setTextControl(1, Remark, text);
+    settle();
+    click(1, Remark);
+    if (isTyped)
+        type(text);
+    settle();
+    QCOMPARE(grid->TextMatrix(1, Remark), text);
+    auto *box = editor<QPlainTextEdit>("TxtMBox");
+    QCOMPARE(box->verticalScrollBar()->maximum(), 0); // no line is out of sight
+    QTextCursor caret = box->textCursor();
+    caret.movePosition(QTextCursor::Start);
+    const int left = box->viewport()->mapTo(view()->viewport(), box->cursorRect(caret).topLeft()).x();
+    QCOMPARE(left, cellRect(1, Remark).left() + 3); // as texts do in cells
 }
 
 void tst_KorGrid_Editing::aTextThatTheEditorCannotShowStays_data()
