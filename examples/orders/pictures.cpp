@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "pictures.h"
 
+#include "orderlines.h"
 #include "orderwindow.h"
 
 #include <KorDaoUC/KorCombo>
@@ -178,6 +179,7 @@ bool takePictures(OrderWindow &window, const QString &folder)
     for (int press = 1; press < orderShown; ++press)
         form.button("cmdNext")->click();
     photographer.take(QStringLiteral("order"));
+    const Order shown = form.order();
 
     auto *list = form.findChild<KorCombo *>(QStringLiteral("cmbCustomer"))->findChild<QComboBox *>();
     list->showPopup();
@@ -202,7 +204,20 @@ bool takePictures(OrderWindow &window, const QString &folder)
         },
         [&window](QDialog &message) { message.move(window.pos() + beside); }); // so that the number is seen
     photographer.takeOfDialog(QStringLiteral("question"), [&window] { window.close(); });
-    form.setOrder(form.order());
+    form.setOrder(shown);
+
+    // A new line is being typed, and its product chosen from a part of its name.
+    form.lines().addLine();
+    settle();
+    type(QStringLiteral("gniaz"));
+    photographer.takeOfDialog(
+        QStringLiteral("product"), [] { press(Qt::Key_F4); },
+        [&window](QDialog &chooser) { chooser.move(window.pos() + beside); });
+    form.lines().goTo(1, LineField::Name);
+    settle();
+    type(QStringLiteral(" – z uchwytem ściennym, dostarczyć razem z instrukcją w języku polskim"));
+    photographer.take(QStringLiteral("lines"));
+    form.setOrder(shown);
     photographer.takeOfDialog(
         QStringLiteral("search"), [&window] { window.search(); }, [](QDialog &) { type(QStringLiteral("ślus")); });
     return photographer.isGood();
