@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "param/paramsuite.h"
 
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QToolTip>
 
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void leavingUntouchedWritesWhatTheEditorMakesOfIt();
     void aRefusedDateKeepsTheUserWithOneMessage_data();
     void aRefusedDateKeepsTheUserWithOneMessage();
+    void enterPressesTheDefaultButtonOfTheForm();
     void escapeGivesTextAndValueBack_data();
     void escapeGivesTextAndValueBack();
     void escapeGetsOutOfARefusedDate();
@@ -277,7 +279,7 @@ void tst_KorParam_Editing::aRefusedDateKeepsTheUserWithOneMessage_data()
     QTest::newRow("Up") << int(Qt::Key_Up);
     QTest::newRow("Tab") << int(Qt::Key_Tab);
     QTest::newRow("Shift+Tab") << int(Qt::Key_Backtab);
-    QTest::newRow("Enter") << int(Qt::Key_Return);
+    QTest::newRow("Enter, which would press the default button") << int(Qt::Key_Return);
     QTest::newRow("a click on another value") << 0;
     QTest::newRow("a click on a name") << 1;
     QTest::newRow("a click beside the sheet") << 2;
@@ -286,6 +288,8 @@ void tst_KorParam_Editing::aRefusedDateKeepsTheUserWithOneMessage_data()
 void tst_KorParam_Editing::aRefusedDateKeepsTheUserWithOneMessage()
 {
     QFETCH(int, key);
+    stage->button()->setDefault(true);
+    QSignalSpy pressed(stage->button(), &QPushButton::clicked);
     click(Date);
     type(QStringLiteral("32.13"));
     if (key == 0)
@@ -303,10 +307,25 @@ void tst_KorParam_Editing::aRefusedDateKeepsTheUserWithOneMessage()
     QVERIFY(hasKeyboard("KorDat"));
     QCOMPARE(sheet->Row(), int(Date));
     QCOMPARE(editor<KorDate>("KorDat")->Text(), QStringLiteral("32.13"));
+    QCOMPARE(pressed.size(), key == 2 ? 1 : 0); // by the mouse itself
     type(QStringLiteral("021226"));
     press(Qt::Key_Down);
     QCOMPARE(shown(Date), QStringLiteral("02.12.2026"));
     QCOMPARE(messages->take(), QStringList());
+}
+
+void tst_KorParam_Editing::enterPressesTheDefaultButtonOfTheForm()
+{
+    QString found;
+    connect(stage->button(), &QPushButton::clicked, this, [&] { found = shown(Number); });
+    click(Number);
+    type(QStringLiteral("1234,5"));
+    press(Qt::Key_Return); // there is none
+    QCOMPARE(found, QString());
+    QCOMPARE(openEditor(), QStringLiteral("KorNum"));
+    stage->button()->setDefault(true);
+    press(Qt::Key_Return);
+    QCOMPARE(found, QStringLiteral("1\u00a0234,50"));
 }
 
 void tst_KorParam_Editing::escapeGivesTextAndValueBack_data()
