@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "forms/formtext.h"
-#include "forms/wholefile.h"
 
 #include <KorDaoUC/formfile.h>
+#include <KorDaoUC/wholefile.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QStringDecoder>

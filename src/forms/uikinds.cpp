@@ -4,11 +4,11 @@
 
 #include "forms/uiform.h"
 #include "forms/uivalue.h"
-#include "forms/wholefile.h"
 
 #include <KorDaoUC/controlregistry.h>
 #include <KorDaoUC/propertybag.h>
 #include <KorDaoUC/usercontrol.h>
+#include <KorDaoUC/wholefile.h>
 
 #include <QtCore/QMetaEnum>
 #include <QtCore/QMetaProperty>

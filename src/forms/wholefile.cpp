@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "forms/wholefile.h"
+#include <KorDaoUC/wholefile.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>

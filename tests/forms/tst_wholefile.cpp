@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "forms/wholefile.h"
-
 #include <KorDaoUC/FormFile>
+#include <KorDaoUC/wholefile.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QProcess>

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <KorDaoUC/export.h>
+
 #include <QtCore/QByteArrayView>
 #include <QtCore/QString>
 
@@ -11,6 +13,8 @@ namespace kor {
 
 //! Writes a file all or nothing: afterwards it holds these bytes, and they are on the disk, or it is as it was before
 //! and the reason is given. A link to a file is written through. What is no regular file is refused, never replaced.
-[[nodiscard]] std::optional<QString> writeWhole(const QString &fileName, QByteArrayView bytes);
+//! For programs that save what their users made: the toolkit's own QSaveFile replaces a device, and may take a full
+//! disk for success.
+[[nodiscard]] KORDAOUC_EXPORT std::optional<QString> writeWhole(const QString &fileName, QByteArrayView bytes);
 
 } // namespace kor
