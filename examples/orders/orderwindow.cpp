@@ -9,6 +9,7 @@
 #include "orderlines.h"
 #include "ordermerge.h"
 #include "orderstore.h"
+#include "reportwindow.h"
 #include "searchdialog.h"
 
 #include <KorDaoUC/Clock>
@@ -85,6 +86,9 @@ void OrderWindow::makeActions()
     add(move, QStringLiteral("&Ostatnie"), Qt::ALT | Qt::Key_End, "cmdLast", goTo(&OrderCursor::last));
     move->addSeparator();
     add(move, QStringLiteral("&Szukaj..."), Qt::CTRL | Qt::Key_F, "cmdFind", [this] { search(); });
+
+    QMenu *reports = menuBar()->addMenu(QStringLiteral("Zestawi&enia"));
+    add(reports, QStringLiteral("&Sprzedaż..."), Qt::CTRL | Qt::Key_E, nullptr, [this] { report(); });
 
     QMenu *help = menuBar()->addMenu(QStringLiteral("Pomo&c"));
     add(help, QStringLiteral("&O programie"), {}, nullptr, [this] { about(); });
@@ -284,6 +288,13 @@ void OrderWindow::search()
     activateWindow();
     if (isChosen)
         showOrder(dialog.chosen());
+}
+
+void OrderWindow::report()
+{
+    ReportWindow window(m_store, *m_database, this);
+    window.exec();
+    activateWindow();
 }
 
 void OrderWindow::showOrder(std::optional<qint64> id)

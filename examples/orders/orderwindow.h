@@ -32,6 +32,8 @@ public:
     [[nodiscard]] OrderForm &form() { return *m_form; }
     //! Opens the search; the order chosen there is shown.
     void search();
+    //! Opens the report on what was sold.
+    void report();
 
 protected:
     void closeEvent(QCloseEvent *event) override;

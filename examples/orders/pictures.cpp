@@ -220,6 +220,12 @@ bool takePictures(OrderWindow &window, const QString &folder)
     form.setOrder(shown);
     photographer.takeOfDialog(
         QStringLiteral("search"), [&window] { window.search(); }, [](QDialog &) { type(QStringLiteral("ślus")); });
+    photographer.takeOfDialog(
+        QStringLiteral("report"), [&window] { window.report(); },
+        [](QDialog &) {
+            type(QStringLiteral("01012025")); // the samples are of this year and the next
+            press(Qt::Key_Enter);
+        });
     return photographer.isGood();
 }
 
