@@ -121,7 +121,7 @@ class UsualSettings
 {
 public:
     UsualSettings(const UiWidget &widget, const UiKind &kind, const UiTerms &terms, QList<UiFile::Remark> &remarks)
-        : m_widget(widget), m_kind(kind), m_terms(terms), m_remarks(remarks)
+        : m_widget(widget), m_remarks(remarks)
     {
         for (const UiSetting &setting : kind.settings) {
             if (kind.keysBeforePlace.contains(setting.key))
@@ -188,8 +188,6 @@ private:
     }
 
     const UiWidget &m_widget;
-    const UiKind &m_kind;
-    const UiTerms &m_terms;
     QList<UiFile::Remark> &m_remarks;
     QList<Usual> m_all;
     QHash<QString, qsizetype> m_places;
