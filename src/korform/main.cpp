@@ -40,7 +40,7 @@ show     opens a form with living controls; its lists are filled.
                    (96; a file that was made with another number knows it)
   --class NAME     a class of blocks that the program adds to form files; shown
                    as an empty frame
-  --database FILE  the SQLite database of the lists; is only read
+  --database FILE  the database of the lists, SQLite or .mdb; is only read
   --picture FILE   leaves a picture (PNG) of the window and ends
   --help           shows this text
   --version        shows the version

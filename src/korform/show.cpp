@@ -6,6 +6,9 @@
 
 #include <KorDaoUC/DictionaryControl>
 #include <KorDaoUC/FormBuilder>
+#ifdef KORFORM_READS_MDB
+#  include <KorDaoUC/MdbFile>
+#endif
 #include <KorDaoUC/RunTimeError>
 #include <KorDaoUC/UiFile>
 #include <KorDaoUC/UserControl>
@@ -23,29 +26,52 @@ namespace {
 
 const QString connectionName = QStringLiteral("korform");
 
+//! Says why the database is not opened.
+bool refuse(const QString &fileName, const QString &reason)
+{
+    say(fileName, 0, "error", reason);
+    return false;
+}
+
+//! A copy in memory is what can be asked of an .mdb file.
+bool openMdb(const QString &fileName)
+{
+#ifdef KORFORM_READS_MDB
+    QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
+    connection.setDatabaseName(QStringLiteral(":memory:"));
+    if (!connection.open())
+        return refuse(fileName, connection.lastError().text());
+    try {
+        for (const QString &remark : kor::readMdbFile(fileName, connection).remarks)
+            say(fileName, 0, "note", remark);
+    } catch (const kor::RunTimeError &error) {
+        return refuse(fileName, QString::fromUtf8(error.what()));
+    }
+    return true;
+#else
+    return refuse(fileName,
+                  QStringLiteral("korform was built without the reading of .mdb files; SQLite files can be opened"));
+#endif
+}
+
 //! Opens the database for reading; whether it could, which is said if not.
 bool openDatabase(const QString &fileName)
 {
-    const auto refuse = [&fileName](const QString &reason) {
-        say(fileName, 0, "error", reason);
-        return false;
-    };
     const QFileInfo file(fileName);
-    const QString suffix = file.suffix().toLower();
-    if (suffix == u"mdb" || suffix == u"accdb")
-        return refuse(QStringLiteral("Access databases can't be opened; SQLite files can"));
     if (!file.exists())
-        return refuse(QStringLiteral("there is no such file"));
+        return refuse(fileName, QStringLiteral("there is no such file"));
     if (!file.isFile())
-        return refuse(QStringLiteral("this is no file"));
+        return refuse(fileName, QStringLiteral("this is no file"));
+    if (file.suffix().compare(u"mdb", Qt::CaseInsensitive) == 0)
+        return openMdb(fileName);
     QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
     connection.setDatabaseName(fileName);
     connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
     if (!connection.open())
-        return refuse(connection.lastError().text());
+        return refuse(fileName, connection.lastError().text());
     QSqlQuery query(connection);
     if (!query.exec(QStringLiteral("SELECT count(*) FROM sqlite_master")))
-        return refuse(QStringLiteral("this is no SQLite database: ") + query.lastError().driverText());
+        return refuse(fileName, QStringLiteral("this is no SQLite database: ") + query.lastError().driverText());
     return true;
 }
 

@@ -70,6 +70,7 @@ private Q_SLOTS:
     void aFormIsShown_data();
     void aFormIsShown();
     void aShownListIsFilledFromTheDatabase();
+    void aShownListIsFilledFromAnMdbFile();
     void aDatabaseThatIsNoneIsRefused_data();
     void aDatabaseThatIsNoneIsRefused();
     void aFormThatCannotBeShownIsRefused_data();
@@ -444,6 +445,21 @@ void tst_KorForm::aShownListIsFilledFromTheDatabase()
              qPrintable(failing.errors.join(u'\n')));
 }
 
+void tst_KorForm::aShownListIsFilledFromAnMdbFile()
+{
+    const QString database = QStringLiteral(KOR_MDB_FILE);
+    if (!QFile::exists(database))
+        QSKIP("there is no .mdb file to read; KORDAOUC_MDB_FILE names one");
+    const QString from =
+        file("a.korform", "Begin Form f\nWidth = 3000\nHeight = 3000\nBegin KorDaoUC.KorList l\nWidth = 2800\n"
+                          "Height = 2800\nSQL = \"SELECT CustomerID, CompanyName FROM Customers\"\nEnd\nEnd\n");
+    QCOMPARE(run({QStringLiteral("show"), QStringLiteral("--picture"), path("empty.png"), from}).exitCode, 0);
+    const Run result = run({QStringLiteral("show"), QStringLiteral("--picture"), path("full.png"),
+                            QStringLiteral("--database"), database, from});
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY(QImage(path("full.png")) != QImage(path("empty.png")));
+}
+
 void tst_KorForm::aDatabaseThatIsNoneIsRefused_data()
 {
     QTest::addColumn<QByteArray>("name");
@@ -452,7 +468,7 @@ void tst_KorForm::aDatabaseThatIsNoneIsRefused_data()
     QTest::newRow("no file")        << QByteArray("none.sqlite") << QStringLiteral(": error: there is no such file");
     QTest::newRow("a folder")       << QByteArray(".")           << QStringLiteral(": error: this is no file");
     QTest::newRow("another file")   << QByteArray("a.korform")   << QStringLiteral(": error: this is no SQLite database: ");
-    QTest::newRow("an Access file") << QByteArray("a.MDB")       << QStringLiteral(": error: Access databases can't be opened; SQLite files can");
+    QTest::newRow("another file, called so") << QByteArray("a.MDB") << QStringLiteral(KOR_MDB_REFUSAL);
     // clang-format on
 }
 
@@ -461,6 +477,7 @@ void tst_KorForm::aDatabaseThatIsNoneIsRefused()
     QFETCH(const QByteArray, name);
     QFETCH(const QString, reason);
     const QString from = file("a.korform", order + "' " + QByteArray(2000, 'x'));
+    QVERIFY(put(path("a.MDB"), "this is none"));
     const QStringList before = files();
     const Run result = run({QStringLiteral("show"), QStringLiteral("--picture"), path("a.png"),
                             QStringLiteral("--database"), path(name.constData()), from});
