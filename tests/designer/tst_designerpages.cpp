@@ -82,7 +82,7 @@ void tst_DesignerPages::controls()
 {
     QTest::addColumn<QString>("name");
     for (const char *name : {"KorNumber", "KorDate", "KorCombo", "KorClick", "KorList", "KorListCheck", "KorColor",
-                             "KorUpDown", "KorMultiText", "KorGrid"})
+                             "KorUpDown", "KorParam", "KorMultiText", "KorGrid"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
@@ -191,10 +191,10 @@ void tst_DesignerPages::theWidgetBoxOffersEveryControl()
             offered << category.widget(w).name();
     }
     offered.sort();
-    QStringList all{QStringLiteral("KorNumber"), QStringLiteral("KorDate"),   QStringLiteral("KorCombo"),
-                    QStringLiteral("KorClick"),  QStringLiteral("KorList"),   QStringLiteral("KorListCheck"),
-                    QStringLiteral("KorColor"),  QStringLiteral("KorUpDown"), QStringLiteral("KorMultiText"),
-                    QStringLiteral("KorGrid")};
+    QStringList all{QStringLiteral("KorNumber"),    QStringLiteral("KorDate"),   QStringLiteral("KorCombo"),
+                    QStringLiteral("KorClick"),     QStringLiteral("KorList"),   QStringLiteral("KorListCheck"),
+                    QStringLiteral("KorColor"),     QStringLiteral("KorUpDown"), QStringLiteral("KorParam"),
+                    QStringLiteral("KorMultiText"), QStringLiteral("KorGrid")};
     for (const QString &name : all)
         QVERIFY2(offered.contains(name), qPrintable(name));
 }
