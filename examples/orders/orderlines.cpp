@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orderlines.h"
 
+#include "messages.h"
 #include "productchooser.h"
 #include "statement.h"
 
@@ -317,7 +318,12 @@ void OrderLines::chooseProductFor(int row)
 {
     // What is no symbol yet is what the clerk is looking for.
     const bool isSought = productIn(row) == OrderLine::noProduct;
-    const auto product = chooseProduct(m_catalogue, isSought ? text(row, ProductSymbol) : QString(), m_grid);
+    std::optional<Product> product;
+    try {
+        product = chooseProduct(m_catalogue, isSought ? text(row, ProductSymbol) : QString(), m_grid);
+    } catch (const StoreError &error) {
+        warn(m_grid->window(), QStringLiteral("Baza danych"), error.text());
+    }
     m_grid->window()->activateWindow(); // not every window system does so by itself
     if (!product) {
         kor::enterFocusedField(m_grid->window());

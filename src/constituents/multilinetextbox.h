@@ -30,8 +30,8 @@ public:
     //! The most characters the user can type or paste; 0 is no limit. A program's text is never cut.
     [[nodiscard]] int MaxLength() const { return m_maxLength; }
     void setMaxLength(int length);
-    //! No frame and no scroll bars around the text, and nothing but these pixels at its sides: for lying over a text that
-    //! is shown so. The caret scrolls what is higher than the box.
+    //! No frame and no scroll bars around the text, and nothing but these pixels at its sides: for lying over a text
+    //! that is shown so. The caret scrolls what is higher than the box.
     void setFrameless(int left, int right);
 
 Q_SIGNALS:

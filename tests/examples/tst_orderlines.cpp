@@ -334,6 +334,24 @@ private Q_SLOTS:
         QVERIFY(!m_window->isWindowModified());
     }
 
+    void aLostDatabaseIsAMessageOfTheChooser()
+    {
+        goTo(1, Product);
+        const QString before = cells(1);
+        m_clerk->willPress({Qt::Key_Return});
+        choose({}, Qt::Key_Return, [this] {
+            QTimer::singleShot(0, this, [this] { // while the window of products is open
+                QSqlDatabase connection = m_store->connection();
+                connection.close();
+            });
+            press(Qt::Key_F4);
+        });
+        QVERIFY2(m_clerk->heard().contains(QStringLiteral("Odczytanie towarów")), qPrintable(m_clerk->heard()));
+        QCOMPARE(cells(1), before);
+        QCOMPARE(place(), QStringLiteral("1,1"));
+        QVERIFY(!m_window->isWindowModified());
+    }
+
     void choosingTheSameProductKeepsWhatWasAgreed()
     {
         enter(1, Name, QStringLiteral("po naszemu"));

@@ -658,7 +658,9 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         QVERIFY(orders::takePictures(*m_window, folder.path()));
         const QStringList files = QDir(folder.path()).entryList({QStringLiteral("*.png")});
-        QCOMPARE(files.join(u' '), QStringLiteral("calendar.png lines.png list.png order.png product.png question.png range.png search.png"));
+        QCOMPARE(
+            files.join(u' '),
+            QStringLiteral("calendar.png lines.png list.png order.png product.png question.png range.png search.png"));
         for (const QString &name : files) {
             const QImage picture(folder.filePath(name));
             QVERIFY2(picture.width() > 700 && picture.height() > 400, qPrintable(name));

@@ -105,7 +105,10 @@ public:
     // --- look
 
     //! The toolkit's selection behaviour, by which a host that knows the view alone may choose it as well.
-    [[nodiscard]] SelectionModeType SelectionMode() const { return static_cast<SelectionModeType>(selectionBehavior()); }
+    [[nodiscard]] SelectionModeType SelectionMode() const
+    {
+        return static_cast<SelectionModeType>(selectionBehavior());
+    }
     void setSelectionMode(SelectionModeType mode);
     [[nodiscard]] CellRange selectedRange() const;
     //! Behind the cells.
