@@ -10,6 +10,7 @@
 #include "searchdialog.h"
 
 #include <KorDaoUC/Clock>
+#include <KorDaoUC/Color>
 #include <KorDaoUC/FocusedField>
 #include <KorDaoUC/KorGrid>
 #include <KorDaoUC/KorParam>
@@ -44,7 +45,7 @@ const QString group = QStringLiteral("GRUPA");
 const QString least = QStringLiteral("KWOTA");
 const QString remarks = QStringLiteral("UWAGI");
 
-enum Column { Number = 1, Name, Orders, Amount, Share };
+enum Column { Number, Name, Orders, Amount, Share };
 
 SearchSubject groupsToSearch()
 {
@@ -150,11 +151,12 @@ void ReportWindow::addColumns()
 {
     const bool isLocked = true; // a result is read, not edited
     m_rows->setBorderStyle(kor::BorderStyleType::FixedSingle);
-    m_rows->AddColumn(QStringLiteral("NUMBER"), QStringLiteral("Lp."), 600, 1, isLocked, QStringLiteral("0"));
+    m_rows->setBackColor(kor::WindowBackground);
     m_rows->AddColumn(QStringLiteral("TEXT"), QStringLiteral("Nazwa"), 3800, 0, isLocked);
     m_rows->AddColumn(QStringLiteral("NUMBER"), QStringLiteral("Zamówień"), 1100, 1, isLocked, QStringLiteral("#,##0"));
     m_rows->AddColumn(QStringLiteral("NUMBER"), QStringLiteral("Wartość [zł]"), 1600, 1, isLocked);
     m_rows->AddColumn(QStringLiteral("TEXT"), QStringLiteral("Udział"), 900, 1, isLocked);
+    m_rows->setTextControl(0, Number, QStringLiteral("Lp."));
     m_rows->setRows(1);
 }
 
@@ -268,7 +270,7 @@ void ReportWindow::show(const Report &report, ReportGroup by)
     for (const ReportRow &row : report.rows) {
         const QString amount = amountText(row.total);
         ++at;
-        m_rows->setTextMatrix(at, Number, QString::number(at));
+        m_rows->setTextControl(at, Number, QString::number(at));
         m_rows->setTextMatrix(at, Name, row.name);
         m_rows->setTextMatrix(at, Orders, QString::number(row.orders));
         m_rows->setTextMatrix(at, Amount, amount);

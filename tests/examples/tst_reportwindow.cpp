@@ -114,7 +114,7 @@ void tst_ReportWindow::theMenuOpensIt()
 
 void tst_ReportWindow::allParametersByKeyboard()
 {
-    QCOMPARE(sheet()->Row(), int(From)); // the first value is open and has the keyboard
+    QTRY_COMPARE(sheet()->Row(), int(From)); // the first value is open and has the keyboard
     fill(From, QStringLiteral("01012025"));
     fill(To, QStringLiteral("31122025"));
     fill(Least, QStringLiteral("1000"));
@@ -139,9 +139,9 @@ void tst_ReportWindow::enterShowsTheReport()
                                     "ON c.id = o.customer_id GROUP BY c.id ORDER BY 3 DESC LIMIT 1"))
             .first();
     const auto all = rows(file(), QStringLiteral("SELECT count(*), sum(total) FROM orders")).first();
-    QCOMPARE(grid()->TextMatrix(1, 2), expected.at(0).toString());
-    QCOMPARE(grid()->Value(1, 3).toLongLong(), expected.at(1).toLongLong());
-    QCOMPARE(qRound64(grid()->Value(1, 4).toDouble() * 100), expected.at(2).toLongLong());
+    QCOMPARE(grid()->TextMatrix(1, 1), expected.at(0).toString());
+    QCOMPARE(grid()->Value(1, 2).toLongLong(), expected.at(1).toLongLong());
+    QCOMPARE(qRound64(grid()->Value(1, 3).toDouble() * 100), expected.at(2).toLongLong());
     QVERIFY2(total().contains(amountText(all.at(1).toLongLong())), qPrintable(total()));
     QCOMPARE(report->findChild<BarChart *>()->bars().size(), grid()->Rows() - 1);
     QCOMPARE(sheet()->Row(), int(From)); // and the clerk is where they were
@@ -166,8 +166,8 @@ void tst_ReportWindow::theGroupIsChosenInItsOwnWindow()
     press(Qt::Key_F4);
     QTRY_VERIFY(report->isActiveWindow());
     press(Qt::Key_Enter);
-    QCOMPARE(grid()->TextMatrix(0, 2), QStringLiteral("Miesiąc"));
-    QCOMPARE(grid()->TextMatrix(1, 2), QStringLiteral("styczeń 2026"));
+    QCOMPARE(grid()->TextMatrix(0, 1), QStringLiteral("Miesiąc"));
+    QCOMPARE(grid()->TextMatrix(1, 1), QStringLiteral("styczeń 2026"));
     QCOMPARE(report->question().group, ReportGroup::Month);
 }
 
