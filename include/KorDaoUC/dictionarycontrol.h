@@ -8,6 +8,7 @@
 #include <QtCore/QVariant>
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 
 namespace kor {
@@ -86,9 +87,8 @@ public:
     //! waits comes later and holds: the rows of this call are dropped when another one, or Clear(), came meanwhile.
     //! Without a database a SELECT leaves the list as it is.
     void Refresh() override;
-    //! Whether Refresh() leaves nothing selected where nothing was. It selects an entry otherwise, as it does when the
-    //! list is first filled. For lists that are laid over a value which they may not have, such as a cell's.
-    void setKeepsNothingSelected(bool keeps);
+    //! For a control that lays this one over its cells: F5 asks it to refresh the list, in place of doing so at once.
+    void setRefreshedBy(std::function<void()> refresh);
 
     //! Set by every change of the selection that may raise `Click`, blocked or not; cleared by Refresh() and the host.
     [[nodiscard]] bool DataChanged() const;

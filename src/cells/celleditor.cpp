@@ -40,16 +40,20 @@ QWidget *CellEditor::box() const
 
 void CellEditor::setName(const QString &name) { box()->setAccessibleName(name); }
 
-void CellEditor::setUp(const CellSetup &setup)
+void CellEditor::silently(const std::function<void()> &act)
 {
     const HeldFlag silent(this, m_isSilent);
-    applySetup(setup);
+    act();
+}
+
+void CellEditor::setUp(const CellSetup &setup)
+{
+    silently([&] { applySetup(setup); });
 }
 
 void CellEditor::fill(const CellContents &contents)
 {
-    const HeldFlag silent(this, m_isSilent);
-    applyContents(contents);
+    silently([&] { applyContents(contents); });
 }
 
 void CellEditor::controlChanged()

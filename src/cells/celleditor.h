@@ -9,6 +9,7 @@
 #include <QtCore/QVariant>
 #include <QtWidgets/QWidget>
 
+#include <functional>
 #include <optional>
 
 namespace kor {
@@ -53,6 +54,9 @@ public:
     //! Takes what was typed over as leaving the control would, without a word; for an end that nobody is asked about.
     //! What stands for nothing becomes Null and stays as text.
     virtual void complete() {}
+    //! Reads anew what the editor draws on, without a word. What it shows stays where that is still to be had; else it
+    //! shows nothing, and nobody has changed anything.
+    virtual void reread() {}
 
     [[nodiscard]] virtual QString text() const = 0;
     //! Null where there is none.
@@ -67,6 +71,8 @@ Q_SIGNALS:
     void Changed();
     //! A key was pressed; 0 for the code swallows it.
     void KeyDown(int &KeyCode, int &Shift);
+    //! What it draws on was read anew, by the host or by the key for that.
+    void Reread();
     //! The host is to offer its chooser.
     void ChooserAsked();
 
@@ -75,6 +81,8 @@ protected:
 
     virtual void applySetup(const CellSetup &setup) = 0;
     virtual void applyContents(const CellContents &contents) = 0;
+    //! Does something to the control that its host is not to hear of.
+    void silently(const std::function<void()> &act);
     //! What an adapter connects to its control's own Change.
     void controlChanged();
 

@@ -60,6 +60,11 @@ void TextCellEditor::applyContents(const CellContents &contents) { m_box->setPro
 
 MultiLineCellEditor::MultiLineCellEditor(MultiLineTextBox *box) : CellEditor(box), m_box(box)
 {
+    // The lines of a cell end where they do under the editor, and its row grows with them.
+    box->setFrameShape(QFrame::NoFrame);
+    box->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    box->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    box->document()->setDocumentMargin(0);
     connect(box, &MultiLineTextBox::Change, this, &MultiLineCellEditor::controlChanged);
     connect(box, &MultiLineTextBox::KeyDown, this, &CellEditor::KeyDown);
 }
@@ -96,6 +101,16 @@ NumberCellEditor::NumberCellEditor(KorNumber *number) : CellEditor(number), m_nu
 {
     connect(number, &KorNumber::Change, this, &NumberCellEditor::controlChanged);
     connect(number, &KorNumber::KeyDown, this, &CellEditor::KeyDown);
+    box()->installEventFilter(this);
+}
+
+bool NumberCellEditor::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn && isHashFill(m_number->Text()) && !isNull(value())) {
+        m_number->setBlockChange(true); // until the field is entered, which is next
+        silently([this] { static_cast<TextBox *>(box())->setProgramText(text()); });
+    }
+    return CellEditor::eventFilter(watched, event);
 }
 
 QString NumberCellEditor::text() const
@@ -157,7 +172,25 @@ ComboCellEditor::ComboCellEditor(KorCombo *combo) : CellEditor(combo), m_combo(c
 {
     connect(combo, &KorCombo::Click, this, &ComboCellEditor::controlChanged);
     connect(combo, &KorCombo::KeyDown, this, &CellEditor::KeyDown);
-    combo->setKeepsNothingSelected(true); // a name that the list does not have stays, also when F5 reads it anew
+    combo->setRefreshedBy([this] { reread(); }); // which would choose the first entry in place of one that is gone
+}
+
+void ComboCellEditor::reread()
+{
+    const QPointer<ComboCellEditor> self = this;
+    const QPointer<KorCombo> combo = m_combo;
+    const bool hadEntry = combo->ListIndex() >= 0;
+    const QString name = combo->Text();
+    silently([&] {
+        combo->setBlockClick(true);
+        combo->Refresh();
+        if (combo && (!hadEntry || combo->Text() != name))
+            combo->setListIndex(-1);
+        if (combo)
+            combo->setBlockClick(false);
+    });
+    if (self)
+        Q_EMIT Reread();
 }
 
 // Where lists are named by their labels alone, a screen reader is told their entry for a name.

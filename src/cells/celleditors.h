@@ -52,7 +52,9 @@ private:
 class NumberCellEditor final : public CellEditor
 {
 public:
+    //! In too narrow a cell the control shows a run of "#", but offers the number itself to whoever comes to edit it.
     explicit NumberCellEditor(KorNumber *number);
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void complete() override;
     //! The number as the mask writes it, where the control is too narrow and shows a run of "#".
     [[nodiscard]] QString text() const override;
@@ -90,6 +92,7 @@ class ComboCellEditor final : public CellEditor
 {
 public:
     explicit ComboCellEditor(KorCombo *combo);
+    void reread() override;
     void setName(const QString &name) override;
     [[nodiscard]] QString text() const override;
     [[nodiscard]] QVariant value() const override;

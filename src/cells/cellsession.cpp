@@ -3,6 +3,7 @@
 #include "cells/cellsession.h"
 
 #include "constituents/focustracker.h"
+#include "constituents/multilinetextbox.h"
 #include "constituents/twips.h"
 
 #include <QtCore/QScopedValueRollback>
@@ -10,10 +11,54 @@
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
 
 #include <utility>
 
 namespace kor {
+
+namespace {
+
+//! Where the user is typing in a field, to be kept over a program's text: at the end, or behind so many characters, or
+//! over all of it.
+class TypingPlace
+{
+public:
+    TypingPlace(QWidget *box, bool isFresh) : m_box(box)
+    {
+        if (const auto *line = qobject_cast<const QLineEdit *>(box)) {
+            m_isOverAll =
+                line->hasSelectedText() ? line->selectedText() == line->text() : isFresh && line->text().isEmpty();
+            m_isAtEnd = line->cursorPosition() == line->text().size();
+            m_place = line->cursorPosition();
+        } else if (const auto *lines = qobject_cast<const MultiLineTextBox *>(box)) {
+            m_isAtEnd = lines->textCursor().atEnd();
+            m_place = lines->SelStart();
+        }
+    }
+    void restore() const
+    {
+        if (auto *line = qobject_cast<QLineEdit *>(m_box.data())) {
+            if (m_isOverAll)
+                line->selectAll();
+            else
+                line->setCursorPosition(m_isAtEnd ? static_cast<int>(line->text().size()) : m_place);
+        } else if (auto *lines = qobject_cast<MultiLineTextBox *>(m_box.data())) {
+            if (m_isAtEnd)
+                lines->moveCursor(QTextCursor::End);
+            else
+                lines->setSelStart(m_place);
+        }
+    }
+
+private:
+    QPointer<QWidget> m_box;
+    int m_place = 0;
+    bool m_isAtEnd = false;
+    bool m_isOverAll = false;
+};
+
+} // namespace
 
 CellSession::CellSession(QAbstractScrollArea *surface) : QObject(surface), m_surface(surface)
 {
@@ -32,6 +77,10 @@ void CellSession::add(CellEditor *editor)
     connect(editor, &CellEditor::KeyDown, this, [this, editor](int &code, int &shift) {
         if (hears(editor))
             Q_EMIT KeyDown(code, shift);
+    });
+    connect(editor, &CellEditor::Reread, this, [this, editor] {
+        if (hears(editor))
+            m_seen = look();
     });
     connect(editor, &CellEditor::ChooserAsked, this, [this, editor] {
         if (hears(editor))
@@ -61,6 +110,7 @@ void CellSession::open(CellEditor *editor, CellAddress cell, const EditorBox &bo
     m_seen = look();
     editor->control()->show();
     editor->control()->raise();
+    showCell(editor->control());
     m_state = State::Open;
     setKeyboardBeside(editor->box());
     if (keyboard == Keyboard::Take)
@@ -72,9 +122,12 @@ void CellSession::refill(const CellContents &contents)
     if (m_state != State::Open)
         return;
     const QPointer<CellSession> self = this;
+    const TypingPlace typing(m_editor->box(), !m_isTouched);
     m_editor->fill(contents);
-    if (self && m_state == State::Open)
-        m_seen = look();
+    if (!self || m_state != State::Open)
+        return;
+    typing.restore();
+    m_seen = look();
 }
 
 void CellSession::place(const EditorBox &box)
@@ -92,6 +145,14 @@ void CellSession::place(const EditorBox &box)
                          toPixelsX(m_surface, Twips(box.width)), height);
 }
 
+//! Repaints around an editor, where the text of its cell is seen only while none lies over it.
+void CellSession::showCell(const QWidget *control)
+{
+    constexpr int around = 4;
+    QWidget *area = m_surface->viewport();
+    area->update(control->x() - around, 0, control->width() + 2 * around, area->height());
+}
+
 void CellSession::setKeyboardBeside(QWidget *taker)
 {
     for (QWidget *part : m_surface->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
@@ -106,6 +167,9 @@ void CellSession::report()
 {
     Seen now = look();
     if (now == m_seen)
+        return;
+    // What a field refuses when it is left it erases where it cannot keep the user. The cell keeps it, to be found.
+    if (now.text.isEmpty() && !canBeCorrected())
         return;
     m_seen = std::move(now);
     m_isTouched = true;
@@ -143,11 +207,19 @@ bool CellSession::passOn(QKeyEvent *event) const
     return true;
 }
 
+bool CellSession::canBeCorrected() const { return m_editor->box()->isVisible() && m_editor->box()->isEnabled(); }
+
 bool CellSession::hasKeyboard() const
 {
     const QWidget *focused = m_surface->window()->focusWidget();
     const QWidget *control = m_editor ? m_editor->control() : nullptr;
     return focused && control && (control == focused || control->isAncestorOf(focused));
+}
+
+void CellSession::takeKeyboard()
+{
+    if (m_state == State::Open && !hasKeyboard())
+        FocusTracker::instance().moveUnasked(m_editor->box());
 }
 
 // --- its end
@@ -160,7 +232,8 @@ bool CellSession::leave()
         return false; // whoever asks is called by what is being done just now
     const QPointer<CellSession> self = this;
     const QPointer<CellEditor> left = m_editor;
-    if (hasKeyboard()) {
+    // Without the keyboard, it was taken from an editor by disabling it for a while.
+    if (hasKeyboard() || (m_isTouched && canBeCorrected())) {
         m_state = State::Leaving;
         const bool mayGo = FocusTracker::instance().askToLeave(m_editor->box());
         if (!self || m_state != State::Leaving || m_editor != left)
@@ -225,8 +298,10 @@ void CellSession::close()
         return;
     if (goesOn) // before it is hidden, or the toolkit would send the keyboard to a neighbour
         FocusTracker::instance().moveUnasked(m_surface);
-    if (closed && closed->control())
-        closed->control()->hide();
+    if (!closed || !closed->control())
+        return;
+    closed->control()->hide();
+    showCell(closed->control());
 }
 
 } // namespace kor

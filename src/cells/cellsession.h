@@ -60,12 +60,15 @@ public:
               Keyboard keyboard);
     //! What the editor made of the contents it was filled with, or held when it last reported.
     [[nodiscard]] const QString &text() const { return m_seen.text; }
-    //! Fills the open editor anew, for a program that has written into its cell.
+    //! Fills the open editor anew, for a program that has written into its cell. The caret stays where the user types.
     void refill(const CellContents &contents);
     //! Follows the cell when the surface scrolls or is laid out anew.
     void place(const EditorBox &place);
     //! Follows the cell when rows above it come or go.
     void moveTo(CellAddress cell) { m_cell = cell; }
+
+    //! Gives the keyboard to an editor that was opened while the user was elsewhere.
+    void takeKeyboard();
 
     //! Ends the editing as the user does by moving on: the editor checks and formats what it holds, with its message;
     //! what is new is reported, and the editor closes. False when it keeps the user; true when none is open.
@@ -102,10 +105,13 @@ private:
     [[nodiscard]] bool passOn(QKeyEvent *event) const;
     [[nodiscard]] bool hears(const CellEditor *editor) const { return m_state == State::Open && editor == m_editor; }
     [[nodiscard]] Seen look() const { return {m_editor->text(), m_editor->value()}; }
+    void showCell(const QWidget *control);
     //! Whether the keyboard is in the editor, a button of it included.
     [[nodiscard]] bool hasKeyboard() const;
     //! Titles and scroll bars of the surface leave the keyboard to it, so that one may drag a line and type on.
     void setKeyboardBeside(QWidget *taker);
+    //! Whether somebody could correct in the editor what it refuses.
+    [[nodiscard]] bool canBeCorrected() const;
     //! Reports what the editor holds, if that is new.
     void report();
     void close();

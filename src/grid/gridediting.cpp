@@ -35,7 +35,7 @@ GridEditing::GridEditing(FlexGrid *grid, GridCells &cells, GridEditingHost &host
       m_cells(cells),
       m_host(host),
       m_session(grid),
-      m_typing(grid, m_session, [this] { return m_host.mayEdit() && open(CellSession::Keyboard::Take); }),
+      m_typing(grid, m_session, [this] { return openToType(); }),
       m_textEditor(m_session.make<TextCellEditor, TextBox>("TxtBox")),
       m_multiLineEditor(m_session.make<MultiLineCellEditor, MultiLineTextBox>("TxtMBox")),
       m_numberEditor(m_session.make<NumberCellEditor, KorNumber>("KorNum")),
@@ -145,6 +145,16 @@ bool GridEditing::open(CellSession::Keyboard keyboard)
     return self && m_session.isOpen();
 }
 
+//! The user sees what is typed, though the cell was scrolled away meanwhile.
+bool GridEditing::openToType()
+{
+    if (!m_host.mayEdit())
+        return false;
+    if (!m_cells.columns().isLocked(m_grid->Col()))
+        m_grid->makeVisible(m_grid->Row(), m_grid->Col());
+    return open(CellSession::Keyboard::Take);
+}
+
 // --- copying back
 
 void GridEditing::write(CellAddress cell, const QString &shown, const QVariant &value)
@@ -196,10 +206,17 @@ void GridEditing::cellWritten(CellAddress cell)
     // Escape takes the user's typing back, not what the program has written meanwhile.
     if (cell.column == m_cells.valueColumnOf(edited.column))
         m_before.raw = m_cells.textsAt(edited).raw;
-    if (cell != edited)
+    // What the editor holds already leaves the user typing, and what Escape gives back as it was.
+    if (cell != edited || m_grid->TextMatrix(cell.row, cell.column) == m_session.text())
         return;
     m_before = m_cells.textsAt(cell);
     m_session.refill({m_before.shown, std::nullopt});
+}
+
+void GridEditing::columnsDescribed(int first)
+{
+    if (m_session.isOpen() && m_session.cell().column >= first)
+        m_session.abandon();
 }
 
 void GridEditing::rowsRemoved(int first, int last)

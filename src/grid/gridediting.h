@@ -51,6 +51,10 @@ public:
     void cancel();
     //! A program has written into a cell: an editor that is open over it shows that.
     void cellWritten(CellAddress cell);
+    //! Reads the drop-down list anew, for a host.
+    void rereadList() { m_comboEditor->reread(); }
+    //! Columns from one on become others, or go: an editor over one of them closes, without a word.
+    void columnsDescribed(int first);
     //! Rows have gone: an editor over one of them closes, and one below them follows its cell.
     void rowsRemoved(int first, int last);
 
@@ -65,6 +69,7 @@ private:
     [[nodiscard]] bool isInSight(CellAddress cell) const;
     [[nodiscard]] int visibleRows() const;
 
+    bool openToType();
     void copyBack();
     void write(CellAddress cell, const QString &shown, const QVariant &value);
     void restore(CellAddress cell);

@@ -35,7 +35,7 @@ public:
     }
 
     // --- what the editors ask and tell
-    [[nodiscard]] bool mayEdit() const override { return q->UserMode(); }
+    [[nodiscard]] bool mayEdit() const override { return q->UserMode() && q->isEnabled(); }
     void cellChanged(CellAddress cell) override { Q_EMIT q->Change(cell.row, cell.column); }
     void editorOpened() override;
     void chooserAsked() override;
@@ -60,6 +60,7 @@ public:
     bool moveUnseen(CellAddress cell);
     void goTo(int row, int column);
     void addRows(int row);
+    void showEditor(CellAddress before);
     void focusNewRow(int column, int numberColumn, float number);
 
     void write(CellAddress cell, const CellTexts &texts);
@@ -122,7 +123,9 @@ int KorGrid::AddColumn(const QString &col_type, const QString &col_title, int co
 {
     const short alignment = CInt(col_align);
     const int number = GridColumns::nextNumber(d->grid->TextMatrix(0, 1), d->grid->Cols());
-    d->grid->setCols(number + 1);
+    d->editing.columnsDescribed(number);
+    if (!d->unseen([&] { d->grid->setCols(number + 1); }))
+        return number;
     const ColumnType type = columnType(col_type);
     d->grid->setColData(number, static_cast<int>(type));
     GridColumn column;
@@ -260,7 +263,10 @@ bool KorGrid::SetFocusCell(int Row, int Col)
     return isOpen;
 }
 
-bool KorGrid::Private::openEditor(CellSession::Keyboard keyboard) { return mayEdit() && editing.open(keyboard); }
+bool KorGrid::Private::openEditor(CellSession::Keyboard keyboard)
+{
+    return !isBusy && mayEdit() && editing.open(keyboard);
+}
 
 void KorGrid::Private::editorOpened()
 {
@@ -274,9 +280,11 @@ void KorGrid::Private::editorOpened()
 void KorGrid::AddRow(int Row, int FocusCol, int LpCol)
 {
     const QPointer<KorGrid> self = this;
-    const bool isFree = d->editing.session().leave();
+    // Without a focus column, whoever types goes on typing.
+    const bool isFree = FocusCol < 1 || d->editing.session().leave();
     if (!self)
         return;
+    const CellAddress before{d->grid->Row(), d->grid->Col()};
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto restore = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
     float number = 0;
@@ -291,7 +299,7 @@ void KorGrid::AddRow(int Row, int FocusCol, int LpCol)
     if (FocusCol > 0) {
         d->focusNewRow(FocusCol, LpCol, number);
     } else {
-        d->openEditor(d->hasKeyboard() ? CellSession::Keyboard::Take : CellSession::Keyboard::Leave);
+        d->showEditor(before);
         if (self)
             d->grid->viewport()->update();
     }
@@ -301,9 +309,22 @@ void KorGrid::Private::addRows(int row)
 {
     const int rows = grid->Rows();
     if (row < 1)
-        grid->setRows(rows + 1);
+        unseen([&] { grid->setRows(rows + 1); });
     else if (row >= rows)
-        grid->setRows(row == std::numeric_limits<int>::max() ? row : row + 1);
+        unseen([&] { grid->setRows(row == std::numeric_limits<int>::max() ? row : row + 1); });
+}
+
+//! Shows the current cell's editor, where another one may have been before.
+void KorGrid::Private::showEditor(CellAddress before)
+{
+    if (editing.session().isOpen()) {
+        editorOpened();
+        return;
+    }
+    const QPointer<KorGrid> self = q;
+    const bool isOpen = openEditor(hasKeyboard() ? CellSession::Keyboard::Take : CellSession::Keyboard::Leave);
+    if (self && !isOpen && before != CellAddress{grid->Row(), grid->Col()})
+        Q_EMIT q->SelChange();
 }
 
 void KorGrid::Private::focusNewRow(int column, int numberColumn, float number)
@@ -440,7 +461,11 @@ void KorGrid::Private::keyPress(int &ascii)
 void KorGrid::Private::controlEntered()
 {
     // A click chooses its cell itself.
-    if (QGuiApplication::mouseButtons() == Qt::NoButton && !editing.session().isOpen())
+    if (QGuiApplication::mouseButtons() != Qt::NoButton)
+        return;
+    if (editing.session().isOpen())
+        editing.session().takeKeyboard();
+    else
         openEditor(CellSession::Keyboard::Take);
 }
 
@@ -483,7 +508,7 @@ QString KorGrid::Slownik() const { return d->editing.dictionary(); }
 void KorGrid::CmbRefresh()
 {
     d->cells.lists().forget();
-    d->editing.combo()->Refresh();
+    d->editing.rereadList();
 }
 
 // --- properties

@@ -50,8 +50,8 @@ public:
     int clearings = 0;        //!< how often the list was emptied; rows asked for before the last time are out of date
     bool isRestoring = false; //!< Refresh() selects again what was selected
     bool blockClick = false;
-    bool keepsNothing = false;
     bool blockUpDown = false;
+    std::function<void()> refreshedBy;
 };
 
 DictionaryControl::DictionaryControl(QWidget *parent, const DictionaryRules &rules)
@@ -144,7 +144,10 @@ void DictionaryControl::boxKeyDown(int &code, int &shift)
 {
     if (code == Key::F5) {
         code = Key::None;
-        Refresh();
+        if (const auto refresh = d->refreshedBy)
+            refresh();
+        else
+            Refresh();
         return;
     }
     if (d->rules.blockedArrows == BlockedArrows::WithholdTheEvent) {
@@ -194,7 +197,7 @@ void DictionaryControl::Refresh()
         raiseRefreshed();
 }
 
-void DictionaryControl::setKeepsNothingSelected(bool keeps) { d->keepsNothing = keeps; }
+void DictionaryControl::setRefreshedBy(std::function<void()> refresh) { d->refreshedBy = std::move(refresh); }
 
 bool DictionaryControl::canReload() const
 {
@@ -209,7 +212,6 @@ bool DictionaryControl::reload()
 {
     const QPointer<DictionaryControl> self = this;
     const QVariant before = ListIndex() >= 0 ? Value() : d->toRestore;
-    const bool wasNothing = ListIndex() < 0 && !before.isValid();
     Clear();
     d->toRestore = before;
     if (d->canBeNull)
@@ -218,8 +220,7 @@ bool DictionaryControl::reload()
         return false;
 
     d->toRestore.clear();
-    const bool staysNothing = d->keepsNothing && wasNothing;
-    if (ListIndex() < 0 && !staysNothing) // nobody has selected anything while the database was waited for
+    if (ListIndex() < 0) // nobody has selected anything while the database was waited for
         d->restore(before);
     if (self)
         update();
