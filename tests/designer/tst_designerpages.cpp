@@ -18,6 +18,7 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
+#include <QtWidgets/QFontDialog>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMessageBox>
@@ -43,6 +44,7 @@ private Q_SLOTS:
     void aMenuOpensThePages();
     void everyFieldOfAPageIsOneStep_data();
     void everyFieldOfAPageIsOneStep();
+    void aFontIsOneStepAndTheFormsOwnIsNotSaved();
     void severalSelectedControlsAreOneStep();
     void severalPagesAreOneStep();
     void aDefaultIsNoLongerSaved();
@@ -310,6 +312,29 @@ void tst_DesignerPages::everyFieldOfAPageIsOneStep()
     const std::unique_ptr<QWidget> running = run(m_form->contents());
     const QVariant shown = running->findChild<QWidget *>(QStringLiteral("field"))->property(property);
     QCOMPARE(value.typeId() == QMetaType::Int ? QVariant(shown.toInt()) : shown, value);
+}
+
+void tst_DesignerPages::aFontIsOneStepAndTheFormsOwnIsNotSaved()
+{
+    openForm({QStringLiteral("KorNumber")});
+    const QString before = m_form->contents();
+    const QFont own = control("field")->property("Font").value<QFont>();
+    const auto choose = [this](const QFont &font) {
+        openPages(control("field"));
+        field<QTabWidget>("tabPages")->setCurrentIndex(1);
+        QTimer::singleShot(0, this, [font] {
+            auto *chooser = qobject_cast<QFontDialog *>(QApplication::activeModalWidget());
+            chooser->setCurrentFont(font);
+            chooser->accept();
+        });
+        press("cmdFont");
+        press("cmdOK");
+    };
+    choose(QFont(QStringLiteral("DejaVu Sans"), 17));
+    QCOMPARE(control("field")->property("Font").value<QFont>().pointSize(), 17);
+    checkHistory(before, 0);
+    choose(own);
+    QCOMPARE(m_form->contents(), before);
 }
 
 void tst_DesignerPages::severalSelectedControlsAreOneStep()

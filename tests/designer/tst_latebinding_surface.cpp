@@ -7,6 +7,7 @@
 #include <QtCore/QMetaMethod>
 #include <QtCore/QMetaProperty>
 #include <QtCore/QPluginLoader>
+#include <QtGui/QIcon>
 #include <QtTest/QtTest>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
@@ -25,6 +26,8 @@ private Q_SLOTS:
     void init();
     void cleanup() { m_form.reset(); }
 
+    void everyControlIsDescribed_data() { controls(); }
+    void everyControlIsDescribed();
     void everyMemberIsReached_data() { controls(); }
     void everyMemberIsReached();
     void everyPropertyIsSetAndRead_data() { controls(); }
@@ -102,6 +105,24 @@ void tst_LateBindingSurface::init()
             m_control = kind->createWidget(m_form.get());
     }
     m_control->setGeometry(10, 10, 200, 80);
+}
+
+void tst_LateBindingSurface::everyControlIsDescribed()
+{
+    QFETCH(QString, name);
+    QStringList toolTips;
+    for (const QDesignerCustomWidgetInterface *kind : kinds()) {
+        toolTips << kind->toolTip();
+        if (kind->name() != name)
+            continue;
+        QCOMPARE(kind->group(), QStringLiteral("KorDaoUC"));
+        QCOMPARE(kind->includeFile(), QStringLiteral("<KorDaoUC/%1>").arg(name));
+        QVERIFY(!kind->toolTip().isEmpty() && kind->toolTip() != name);
+        QVERIFY(kind->whatsThis().size() > kind->toolTip().size());
+        QVERIFY(!kind->icon().isNull());
+        QVERIFY(kind->domXml().contains(QStringLiteral("<width>")));
+    }
+    QCOMPARE(toolTips.removeDuplicates(), 0);
 }
 
 bool tst_LateBindingSurface::hasMethod(const QByteArray &name) const
