@@ -335,10 +335,11 @@ void tst_UiFile::theOrderOfTabIsTheListOfTabStops()
 
 void tst_UiFile::aTabStopIsOneOfTheWidgetsOfItsName()
 {
-    // Nobody knows the kind of either, and only one of them has a number.
-    const QByteArray text =
-        FormFile::serialize(parsed("Begin Form f\nBegin KorDaoUC.KorClick a\nTabIndex = 1321\nEnd\n"
-                                   "Begin Other twice\nEnd\nBegin Other twice\nTabIndex = 127\nEnd\nEnd\n"));
+    // Nobody knows the kind of the first of the two, which has no number. Nor has the first control, so that the list
+    // names all that take the focus.
+    const QByteArray text = FormFile::serialize(
+        parsed("Begin Form f\nBegin KorDaoUC.KorColor a\nEnd\nBegin KorDaoUC.KorClick b\nTabIndex = 1321\nEnd\n"
+               "Begin TextBox twice\nEnd\nBegin CommandButton twice\nTabIndex = 127\nEnd\nEnd\n"));
     QCOMPARE(form(ui(text)), text);
 }
 
