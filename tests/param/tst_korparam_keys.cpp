@@ -40,7 +40,7 @@ private Q_SLOTS:
     void aListOpensByItsKeys();
     void theCalendarOpensByItsKey();
 
-    void enterTakesTheValueAndTheNextOnePressesTheButton();
+    void enterTakesTheValueAndPressesTheDefaultButton();
     void escapeClosesTheEditorAndTheNextOneTheDialog();
     void typingOnAClosedValueOpensItsEditor_data();
     void typingOnAClosedValueOpensItsEditor();
@@ -349,7 +349,7 @@ void tst_KorParam_Keys::theCalendarOpensByItsKey()
 
 // --- between editor, sheet and form
 
-void tst_KorParam_Keys::enterTakesTheValueAndTheNextOnePressesTheButton()
+void tst_KorParam_Keys::enterTakesTheValueAndPressesTheDefaultButton()
 {
     QDialog dialog;
     dialog.resize(440, 300);
@@ -364,13 +364,18 @@ void tst_KorParam_Keys::enterTakesTheValueAndTheNextOnePressesTheButton()
     enter();
     press(Qt::Key_Down);
     type(QStringLiteral("7"));
-    press(Qt::Key_Return);
+    press(Qt::Key_F2); // takes it, and stays
     QCOMPARE(okays, 0);
     QCOMPARE(openEditor(), QString());
     QCOMPARE(shown(Number), QStringLiteral("7,00"));
     QCOMPARE(sheet->Row(), int(Number));
-    press(Qt::Key_Return);
+    press(Qt::Key_Return); // on the sheet itself
     QCOMPARE(okays, 1);
+    type(QStringLiteral("8"));
+    press(Qt::Key_Return); // in an editor
+    QCOMPARE(okays, 2);
+    QCOMPARE(shown(Number), QStringLiteral("8,00"));
+    QCOMPARE(sheet->Row(), int(Number));
     sheet->setParent(nullptr);
 }
 
