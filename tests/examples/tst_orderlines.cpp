@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "examples/orderdesk.h"
 #include "examples/orderfiles.h"
+#include "orders/searchdialog.h"
 
 #include <KorDaoUC/KorGrid>
 #include <KorDaoUC/Variant>
 
-#include <QtWidgets/QDialog>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTableView>
 #include <QtWidgets/QTreeWidget>
@@ -50,7 +50,7 @@ private Q_SLOTS:
         press(Qt::Key_F7);
         QCOMPARE(place(), QStringLiteral("2,1"));
         type(QStringLiteral("szpadel"));
-        const QStringList found = choose({}, Qt::Key_Return, [] { press(Qt::Key_F4); });
+        const QStringList found = choose({}, Qt::Key_Return);
         QCOMPARE(place(), QStringLiteral("2,3"));
         QVERIFY2(found.value(1).contains(QStringLiteral("Szpadel")), qPrintable(found.join(u' ')));
         type(QStringLiteral("2,5"));
@@ -328,7 +328,7 @@ private Q_SLOTS:
     {
         goTo(1, Product);
         const QString before = cells(1);
-        choose(QStringLiteral("szpa"), Qt::Key_Escape, [] { press(Qt::Key_F4); });
+        choose(QStringLiteral("szpa"), Qt::Key_Escape);
         QCOMPARE(cells(1), before);
         QCOMPARE(place(), QStringLiteral("1,1"));
         QVERIFY(!m_window->isWindowModified());
@@ -340,11 +340,8 @@ private Q_SLOTS:
         const QString before = cells(1);
         m_clerk->willPress({Qt::Key_Return});
         choose({}, Qt::Key_Return, [this] {
-            QTimer::singleShot(0, this, [this] { // while the window of products is open
-                QSqlDatabase connection = m_store->connection();
-                connection.close();
-            });
-            press(Qt::Key_F4);
+            QSqlDatabase connection = m_store->connection();
+            connection.close();
         });
         QVERIFY2(m_clerk->heard().contains(QStringLiteral("Odczytanie towarów")), qPrintable(m_clerk->heard()));
         QCOMPARE(cells(1), before);
@@ -357,7 +354,7 @@ private Q_SLOTS:
         enter(1, Name, QStringLiteral("po naszemu"));
         goTo(1, Product);
         const QString symbol = text(1, Product);
-        const QStringList chosen = choose(symbol, Qt::Key_Return, [] { press(Qt::Key_F4); });
+        const QStringList chosen = choose(symbol, Qt::Key_Return);
         QCOMPARE(chosen.value(0), symbol);
         QCOMPARE(text(1, Name), QStringLiteral("po naszemu"));
     }
@@ -536,22 +533,28 @@ private:
         press(Qt::Key_F2);
     }
 
-    //! Types into the window of products that comes up, leaves it by a key, and gives the texts of the product there.
-    QStringList choose(const QString &typed, Qt::Key key, const std::function<void()> &open)
+    //! Opens the window of products, types there, leaves it by a key, and gives the texts of the product it stood on.
+    QStringList choose(const QString &typed, Qt::Key key, const std::function<void()> &meanwhile = {})
     {
         QStringList texts;
-        QTimer::singleShot(100, this, [&] {
-            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-            QVERIFY(dialog && QTest::qWaitForWindowActive(dialog));
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, this, [&] {
+            auto *dialog = qobject_cast<orders::SearchDialog *>(QApplication::activeModalWidget());
+            if (!dialog || !dialog->isActiveWindow())
+                return;
+            watch.stop();
             QTest::keyClicks(dialog->focusWidget(), typed);
             const auto *list = dialog->findChild<QTreeWidget *>();
             for (int column = 0; list->currentItem() && column < list->columnCount(); ++column)
                 texts << plain(list->currentItem()->text(column));
+            if (meanwhile)
+                meanwhile();
             QTest::keyClick(dialog->focusWidget(), key);
             if (dialog->isVisible())
                 dialog->reject(); // nothing was there to be chosen
         });
-        open();
+        watch.start(5);
+        press(Qt::Key_F4);
         [&] { QTRY_VERIFY(m_window->isActiveWindow()); }();
         kor::test::settle();
         return texts;
