@@ -249,7 +249,8 @@ public:
 
     QHash<QString, FormItemKind> kinds = readyMadeItems();
     std::optional<Item> form;
-    const FormBlock *current = nullptr; //!< the block that is being made, for messages
+    const FormBlock *current = nullptr;   //!< the block that is being made, for messages
+    QHash<QString, QStringList> madeKeys; //!< of the controls made so far, by their type
 };
 
 FormBuilder::FormBuilder() : d(std::make_unique<Private>()) {}
@@ -283,6 +284,8 @@ std::optional<QSet<QString>> FormBuilder::Private::keysOfType(const QString &typ
         keys = formKeys();
     else if (const auto kind = kinds.constFind(type); kind != kinds.cend())
         keys = kind->keys;
+    else if (const auto made = madeKeys.constFind(type); made != madeKeys.cend())
+        keys = *made;
     else
         keys = keysOf(*std::unique_ptr<UserControl>(ControlRegistry::create(type, nullptr)));
     if (keys.isEmpty())
@@ -362,10 +365,13 @@ Item FormBuilder::Private::make(const FormBlock &block, QWidget *parent, FormMir
     widget->setObjectName(block.name);
     Item item{widget, std::move(kind), {block.type, block.name, block.properties, {}}, place, {}, {}};
     item.tabIndex = tabIndexOf(block.properties);
+    if (const auto *control = qobject_cast<const UserControl *>(widget); control && !madeKeys.contains(block.type))
+        madeKeys.insert(block.type, keysOf(*control));
     item.kind.read(*widget, block.properties);
     item.place.apply(*widget, mirror);
     makeChildren(item, block, construction);
-    widget->show();
+    if (parent->isVisible() || widget->testAttribute(Qt::WA_WState_ExplicitShowHide))
+        widget->show(); // else it comes with its window
     return item;
 }
 
