@@ -239,7 +239,39 @@ UiStop stopOf(const Item &item)
     return stop;
 }
 
-//! Numbers the controls by the list of tab stops and by the buddies, unless their own lines say the same.
+//! The order of Tab that a form file's numbers give.
+struct TabOrder {
+    bool isTold = false; //!< by the list and the buddies; else the widgets' own lines hold
+    QList<std::optional<int>> indexes{};
+    QStringList buddies{}; //!< to which the numbers lead
+};
+
+TabOrder tabOrderOf(QList<UiStop> stops, const QStringList &tabStops)
+{
+    const auto buddies = [&stops] {
+        QStringList all = buddiesOf(stops);
+        clearRepeatedNames(all, stops);
+        return all;
+    };
+    QStringList wanted;
+    for (const UiStop &stop : stops)
+        wanted << stop.buddy;
+    const bool isNumbered = std::any_of(stops.cbegin(), stops.cend(), [](const UiStop &stop) { return stop.tabIndex; });
+    TabOrder order;
+    if (isNumbered && tabStopsOf(stops) == tabStops && buddies() == wanted) {
+        order.buddies = wanted;
+        return order;
+    }
+    order.indexes = toldTabIndexes(stops, tabStops);
+    order.isTold = isNumbered || order.indexes.count(std::nullopt) < order.indexes.size();
+    for (qsizetype place = 0; place < stops.size(); ++place)
+        stops[place].tabIndex = order.indexes.at(place);
+    order.buddies = buddies();
+    return order;
+}
+
+//! Numbers the controls by the list of tab stops and by the buddies, unless their own lines say the same. A buddy that
+//! no number can tell is kept, and then its label is one without a letter.
 void orderItems(const QList<Item *> &items, const QStringList &tabStops, QList<UiFile::Remark> &remarks)
 {
     QList<UiStop> stops;
@@ -255,45 +287,48 @@ void orderItems(const QList<Item *> &items, const QStringList &tabStops, QList<U
         stop.takesFocus = stop.takesFocus || (items.at(place)->kind.settings.isEmpty() &&
                                               tabStops.contains(stop.name) && !takers.contains(stop.name));
     }
-    const auto told = [&stops](QStringList buddies) {
-        clearRepeatedNames(buddies, stops);
-        for (qsizetype place = 0; place < stops.size(); ++place) {
-            if (!stops.at(place).leadsToNext)
-                buddies[place] = stops.at(place).buddy; // nothing that an order could say
-        }
-        return buddies;
+    const auto keep = [&](qsizetype place) {
+        UiWidget &widget = items.at(place)->widget;
+        UiStop &stop = stops[place];
+        widget.kept.append(
+            {buddyKey, writeUiFragment({textElement(QLatin1String("cstring"), stop.buddy)}), widget.line});
+        remarks.append({widget.line,
+                        described(widget) + QStringLiteral(": a label of a form file leads to the next control by the "
+                                                           "letter behind \"&\" only; its buddy is kept"),
+                        UiFile::Fate::Kept});
+        stop.leadsToNext = false;
+        stop.buddy.clear();
     };
-    QStringList wanted;
-    for (const UiStop &stop : stops)
-        wanted << stop.buddy;
-    const bool isNumbered = std::any_of(stops.cbegin(), stops.cend(), [](const UiStop &stop) { return stop.tabIndex; });
-    if (!isNumbered || tabStopsOf(stops) != tabStops || told(buddiesOf(stops)) != wanted) {
-        const QList<std::optional<int>> indexes = toldTabIndexes(stops, tabStops);
-        const bool isTold = isNumbered || indexes.count(std::nullopt) < indexes.size();
-        for (qsizetype place = 0; isTold && place < stops.size(); ++place) {
-            items.at(place)->widget.isInTabOrder = true;
-            items.at(place)->widget.tabIndex = indexes.at(place);
-            stops[place].tabIndex = indexes.at(place);
+    for (qsizetype place = 0; place < stops.size(); ++place) {
+        const UiStop &label = stops.at(place);
+        const bool canLead =
+            label.leadsToNext && std::any_of(stops.cbegin(), stops.cend(), [&label](const UiStop &stop) {
+                return stop.takesFocus && stop.name == label.buddy;
+            });
+        if (!label.buddy.isEmpty() && !canLead)
+            keep(place);
+    }
+    TabOrder order = tabOrderOf(stops, tabStops);
+    for (bool isSettled = false; !isSettled; order = tabOrderOf(stops, tabStops)) {
+        isSettled = true;
+        for (qsizetype place = 0; place < stops.size(); ++place) {
+            if (stops.at(place).buddy.isEmpty() || order.buddies.at(place) == stops.at(place).buddy)
+                continue;
+            keep(place);
+            isSettled = false;
         }
     }
-    const QStringList made = told(buddiesOf(stops));
     for (qsizetype place = 0; place < stops.size(); ++place) {
         UiWidget &widget = items.at(place)->widget;
-        const UiStop &stop = stops.at(place);
-        if (!stop.buddy.isEmpty() && (!stop.leadsToNext || made.at(place) != stop.buddy)) {
-            widget.kept.append(
-                {buddyKey, writeUiFragment({textElement(QLatin1String("cstring"), stop.buddy)}), widget.line});
-            remarks.append({widget.line,
-                            described(widget) + QStringLiteral(": a label of a form file leads to the next control by "
-                                                               "the letter behind \"&\" only; its buddy is kept"),
-                            UiFile::Fate::Kept});
-        } else if (made.at(place) != stop.buddy) {
+        widget.isInTabOrder = order.isTold;
+        if (order.isTold)
+            widget.tabIndex = order.indexes.at(place);
+        if (order.buddies.at(place) != stops.at(place).buddy)
             remarks.append(
                 {widget.line,
-                 described(widget) +
-                     QStringLiteral(": in a form file the label leads to %1, here to nothing").arg(made.at(place)),
+                 described(widget) + QStringLiteral(": in a form file the label leads to %1, here to nothing")
+                                         .arg(order.buddies.at(place)),
                  UiFile::Fate::Lost});
-        }
     }
 }
 

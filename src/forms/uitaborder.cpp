@@ -37,7 +37,7 @@ QList<std::optional<int>> tabIndexesOf(const QList<UiStop> &stops, const QString
             leading[stop.buddy].append(place);
         else if (!places.contains(stop.name))
             places.insert(stop.name, place);
-        if (tabStops.isEmpty() && stop.takesFocus)
+        if (tabStops.isEmpty() && stop.takesFocus && !stop.name.isEmpty())
             order.append(stop.name);
     }
     QList<std::optional<int>> indexes(stops.size());
@@ -48,7 +48,7 @@ QList<std::optional<int>> tabIndexesOf(const QList<UiStop> &stops, const QString
     };
     for (const QString &name : std::as_const(order)) {
         const qsizetype place = places.value(name, -1);
-        if (place < 0)
+        if (place < 0 || name.isEmpty())
             continue;
         for (const qsizetype label : leading.value(name))
             give(label);

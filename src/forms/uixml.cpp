@@ -11,6 +11,15 @@ namespace kor {
 
 namespace {
 
+//! The toolkit's reader lets names pass that no other one takes.
+bool isName(QStringView name)
+{
+    const auto isPart = [](QChar character) {
+        return character.isLetterOrNumber() || QStringView(u"_-.:").contains(character);
+    };
+    return !name.isEmpty() && !name.front().isDigit() && std::all_of(name.begin(), name.end(), isPart);
+}
+
 //! Builds the tree from the tokens of the file; elements in progress lie on a stack of their own.
 class UiParser
 {
@@ -41,6 +50,8 @@ private:
         case QXmlStreamReader::StartElement: return begin();
         case QXmlStreamReader::EndElement: return end();
         case QXmlStreamReader::Characters:
+            if (!isXmlText(m_reader.text()))
+                return QStringLiteral("a character is none of XML");
             if (!m_open.empty())
                 m_open.back().text += m_reader.text();
             return {};
@@ -55,8 +66,13 @@ private:
         if (m_open.size() == maximumUiDepth)
             return QStringLiteral("elements lie more than %1 deep").arg(maximumUiDepth);
         UiElement element{m_reader.qualifiedName().toString(), {}, {}, {}, line()};
-        for (const QXmlStreamAttribute &attribute : m_reader.attributes())
+        if (!isName(element.name))
+            return QStringLiteral("an element has a name that is none");
+        for (const QXmlStreamAttribute &attribute : m_reader.attributes()) {
+            if (!isName(attribute.qualifiedName()) || !isXmlText(attribute.value()))
+                return QStringLiteral("an attribute of <%1> is none").arg(element.name);
             element.attributes.emplaceBack(attribute.qualifiedName().toString(), attribute.value().toString());
+        }
         m_open.push_back(std::move(element));
         return {};
     }

@@ -377,6 +377,10 @@ void tst_UiFile::aBuddyIsTheNextControl()
     QVERIFY(mute.contains("ui.property.buddy = \"<cstring>n</cstring>\""));
     QVERIFY(ui(mute).contains("<property name=\"buddy\">"));
     QCOMPARE(form(ui(mute)), mute);
+    // One that is not there: kept, and nothing is numbered for it.
+    const QByteArray lost = form(whole(label("gone") + field));
+    QVERIFY(lost.contains("ui.property.buddy") && !lost.contains("TabIndex"));
+    QCOMPARE(form(ui(lost)), lost);
     // A letter that leads nowhere goes on leading nowhere.
     QByteArray alone = whole(label("n") + field);
     alone.replace("<property name=\"buddy\"><cstring>n</cstring></property>", "");
@@ -515,6 +519,7 @@ void tst_UiFile::whatIsNoFormIsRefused_data()
     QTest::newRow("an unknown entity")   << QByteArray("<ui>\n<class>&x;</class></ui>")         << 2;
     QTest::newRow("a text among others") << QByteArray("<ui>\n<widget>x<y/></widget></ui>")     << 2;
     QTest::newRow("bad characters")      << QByteArray("<ui><class>\xff</class></ui>")          << 1;
+    QTest::newRow("a spoilt name")       << QByteArray("<ui><a\\b/></ui>")                      << 1;
     QTest::newRow("too deep")            << QByteArray("<a>").repeated(600)                     << 1;
     // clang-format on
 }
