@@ -60,11 +60,6 @@ void TextCellEditor::applyContents(const CellContents &contents) { m_box->setPro
 
 MultiLineCellEditor::MultiLineCellEditor(MultiLineTextBox *box) : CellEditor(box), m_box(box)
 {
-    // The lines of a cell end where they do under the editor, and its row grows with them.
-    box->setFrameShape(QFrame::NoFrame);
-    box->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    box->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    box->document()->setDocumentMargin(0);
     connect(box, &MultiLineTextBox::Change, this, &MultiLineCellEditor::controlChanged);
     connect(box, &MultiLineTextBox::KeyDown, this, &CellEditor::KeyDown);
 }
