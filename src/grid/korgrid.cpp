@@ -401,7 +401,13 @@ void KorGrid::Private::mouseDown(int &button, int &shift, float &x, float &y)
 void KorGrid::Private::leaveCell()
 {
     // Where nobody was asked: a program has moved the current cell, or removed it.
-    if (!isUnseen)
+    if (isUnseen)
+        return;
+    // Under a message about its value, an editor cannot be finished; what was typed is in the cell as far as that
+    // stays.
+    if (editing.session().state() == CellSession::State::Leaving)
+        editing.session().abandon();
+    else
         editing.session().finishUnasked();
 }
 

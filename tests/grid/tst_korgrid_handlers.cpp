@@ -31,6 +31,8 @@ private Q_SLOTS:
     }
 
     void whatIsComposedMayEndTheGrid();
+    void anythingMayHappenUnderTheMessage_data();
+    void anythingMayHappenUnderTheMessage();
     void aPressMayEndTheGrid_data();
     void aPressMayEndTheGrid();
     void beingEnteredMayEndTheGrid_data();
@@ -108,6 +110,7 @@ void tst_KorGrid_Handlers::useEverything()
         [this] { click(2, Number); },
         [this] { press(Qt::Key_X); },
         [this] { QTest::mouseDClick(stage->windowHandle(), Qt::LeftButton, Qt::NoModifier, inWindow(2, Number)); },
+        [this] { QTest::mouseMove(stage->windowHandle(), inWindow(2, Number)); },
         [this] { grid->setTextMatrix(1, Price, QStringLiteral("7")); },
         [this] { grid->setRow(1); },
         [this] { (void)grid->SetFocusCell(2, 1); },
@@ -137,7 +140,7 @@ void tst_KorGrid_Handlers::aHandlerMayDoAnything_data()
     QTest::addColumn<QString>("event");
     QTest::addColumn<QString>("deed");
     for (const char *event : {"ClickClick", "Change", "SelChange", "Click", "DblClick", "KeyDown", "KeyPress", "KeyUp",
-                              "MouseDown", "MouseUp", "MouseDownRow"}) {
+                              "MouseDown", "MouseMove", "MouseUp", "MouseDownRow"}) {
         for (const char *deed : {"deletes the grid", "deletes a row", "deletes all rows", "cuts the columns", "moves",
                                  "writes the cell", "hides the grid", "disables the grid", "throws"})
             QTest::addRow("%s %s", event, deed) << QString::fromLatin1(event) << QString::fromLatin1(deed);
@@ -226,6 +229,68 @@ void tst_KorGrid_Handlers::whatIsComposedMayEndTheGrid()
     QApplication::sendEvent(view(), &composed);
     QVERIFY(deletion.isDone());
     settle();
+}
+
+void tst_KorGrid_Handlers::anythingMayHappenUnderTheMessage_data()
+{
+    QTest::addColumn<QString>("deed");
+    QTest::addColumn<bool>("stays"); // the user, in the cell
+    for (const char *deed : {"deletes the grid", "deletes the row", "deletes a row above", "empties the grid",
+                             "cuts the columns", "describes the column", "moves", "hides the grid"}) {
+        const QString text = QString::fromLatin1(deed);
+        QTest::newRow(deed) << text << (text == u"deletes a row above" || text == u"moves");
+    }
+}
+
+//! A timer of the program goes off while the message about a refused date is up.
+void tst_KorGrid_Handlers::anythingMayHappenUnderTheMessage()
+{
+    QFETCH(QString, deed);
+    QFETCH(bool, stays);
+    click(3, Delivery);
+    type(QStringLiteral("99"));
+    bool isDone = false;
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [&] {
+        if (!QApplication::activeModalWidget() || std::exchange(isDone, true))
+            return;
+        if (deed == u"deletes the grid") {
+            log.reset();
+            delete grid.data();
+        } else if (deed == u"deletes the row") {
+            grid->DelRow(3);
+        } else if (deed == u"deletes a row above") {
+            grid->DelRow(1);
+        } else if (deed == u"empties the grid") {
+            grid->setRows(1);
+        } else if (deed == u"cuts the columns") {
+            grid->setCols(2);
+        } else if (deed == u"describes the column") {
+            grid->setTextControl(0, 1, QString());
+            grid->AddColumn(QStringLiteral("NUMBER"), QStringLiteral("Lp."), 600, 1, true);
+        } else if (deed == u"moves") {
+            grid->setRow(1);
+        } else {
+            grid->hide();
+        }
+    });
+    timer.start(0);
+    press(Qt::Key_Return);
+    settle();
+    QVERIFY(isDone);
+    QCOMPARE(messages->take().size(), 1);
+    if (!grid)
+        return;
+    QCOMPARE(openEditor(), stays ? QStringLiteral("KorDate") : QString());
+    if (stays) {
+        QVERIFY(hasKeyboard("KorDate"));
+        QCOMPARE(grid->TextMatrix(grid->Row(), Delivery), QStringLiteral("99"));
+        press(Qt::Key_Escape);
+        QCOMPARE(grid->TextMatrix(grid->Row(), Delivery), QString());
+    }
+    grid->show();
+    QVERIFY(grid->Rows() >= 1 && grid->Cols() >= 1);
+    QCOMPARE(reported, QList<int>());
 }
 
 QTEST_MAIN(tst_KorGrid_Handlers)

@@ -45,7 +45,6 @@ private Q_SLOTS:
     void aDisabledGridOpensNothing();
     void typingOnACellThatWasScrolledAway();
     void aNumberInACellThatIsTooNarrow();
-    void aWrappedTextIsEditedAsItStands();
     void twoGridsInAWindow();
     void leavingTheGridWithARefusedValue();
     void fromRightToLeft();
@@ -56,6 +55,9 @@ private Q_SLOTS:
     void rowSelOfWholeRows();
     void theMousePointerWhileRowsAreAdded();
     void noEditorWhileRowsAreAdded();
+    void aColumnThatIsScrolledOutHasNoEditor();
+    void anEntryIsLookedAtWithoutAWord();
+    void theMouseMovesInTwips();
 };
 
 void tst_KorGrid_Odd::anEmptiedGridIsTypedIntoAgain_data()
@@ -508,26 +510,6 @@ void tst_KorGrid_Odd::aNumberInACellThatIsTooNarrow()
     QVERIFY(!log->take().contains(QLatin1String("Change(")));
 }
 
-void tst_KorGrid_Odd::aWrappedTextIsEditedAsItStands()
-{
-    orderColumns();
-    grid->setTextMatrix(3, Remark, QStringLiteral("pilne, proszę dzwonić przed dostawą do magazynu"));
-    settle();
-    click(3, Remark);
-    auto *box = editor<QPlainTextEdit>("TxtMBox");
-    // Neither a scroll bar nor a wider margin breaks a word, or puts a line out of sight.
-    QTextCursor caret(box->document());
-    const int lines = 1 + [&] {
-        int below = 0;
-        while (caret.movePosition(QTextCursor::Down))
-            ++below;
-        return below;
-    }();
-    QVERIFY(lines * box->fontMetrics().lineSpacing() <= box->viewport()->height());
-    QVERIFY(box->viewport()->rect().contains(box->cursorRect()));
-    QCOMPARE(box->cursorForPosition(QPoint(0, 0)).position(), 0);
-}
-
 void tst_KorGrid_Odd::aDisabledGridOpensNothing()
 {
     orderColumns();
@@ -709,6 +691,47 @@ void tst_KorGrid_Odd::noEditorWhileRowsAreAdded()
     QCOMPARE(open, QString());
     QCOMPARE(openEditor(), QStringLiteral("TxtBox"));
     QCOMPARE(place(), QStringLiteral("6,1"));
+}
+
+void tst_KorGrid_Odd::aColumnThatIsScrolledOutHasNoEditor()
+{
+    orderColumns();
+    grid->resize(260, 220);
+    settle();
+    click(1, Product);
+    (void)log->take();
+    grid->setCol(Remark); // a program does not scroll
+    QCOMPARE(openEditor(), QString());
+    QCOMPARE(log->take(), QStringLiteral("SelChange"));
+    press(Qt::Key_F2); // the user does
+    QCOMPARE(openEditor(), QStringLiteral("TxtMBox"));
+    QVERIFY(view()->viewport()->rect().contains(editor("TxtMBox")->geometry()));
+}
+
+void tst_KorGrid_Odd::anEntryIsLookedAtWithoutAWord()
+{
+    orderColumns();
+    grid->setTextMatrix(2, Unit, QStringLiteral("karton"));
+    click(1, Unit);
+    (void)log->take();
+    press(Qt::Key_Down);
+    QCOMPARE(editor<KorCombo>("KorCmb")->Text(), QStringLiteral("karton"));
+    QCOMPARE(log->take(), QStringLiteral("SelChange"));
+}
+
+void tst_KorGrid_Odd::theMouseMovesInTwips()
+{
+    orderColumns();
+    QStringList moved;
+    connect(grid, &KorGrid::MouseMove, this, [&](int &button, int &shift, float &x, float &y) {
+        moved << QStringLiteral("%1,%2,%3,%4").arg(button).arg(shift).arg(x).arg(y);
+    });
+    const QPoint place = cellRect(2, Price).center();
+    QMouseEvent move(QEvent::MouseMove, place, view()->viewport()->mapToGlobal(place), Qt::NoButton, Qt::NoButton,
+                     Qt::ShiftModifier);
+    QApplication::sendEvent(view()->viewport(), &move);
+    const QPoint inGrid = view()->viewport()->mapTo(grid.data(), place) * 15;
+    QCOMPARE(moved, QStringList{QStringLiteral("0,1,%1,%2").arg(inGrid.x()).arg(inGrid.y())});
 }
 
 QTEST_MAIN(tst_KorGrid_Odd)
