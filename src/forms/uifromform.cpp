@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
 
 namespace kor {
 
@@ -123,33 +122,43 @@ std::optional<UiElement> layoutOf(const FormBlock &block)
     return elements && elements->size() == 1 ? std::optional(std::move(elements->front())) : std::nullopt;
 }
 
-void listNames(const UiElement &layout, QSet<QString> &names)
+void listNames(const UiElement &layout, QStringList &names)
 {
     for (const UiElement &child : layout.children) {
         if (child.is(QLatin1String("widget")))
-            names.insert(child.attribute(QLatin1String("name")));
+            names << child.attribute(QLatin1String("name"));
         else
             listNames(child, names);
     }
 }
 
-//! Puts the widgets into their layout again; those that are no longer there leave no gap.
-void fillLayout(UiElement &layout, std::map<QString, UiElement> &widgets)
+//! Where the controls of the layout begin among the children; nothing, when they are others than they were, or stand in
+//! another order: then each is placed by itself.
+std::optional<std::size_t> placeOfLayout(const QStringList &names, const std::vector<Part> &children)
 {
-    std::vector<UiElement> filled;
+    if (names.isEmpty())
+        return children.size();
+    QStringList there;
+    for (const Part &child : children)
+        there << child.block->name;
+    const qsizetype first = there.indexOf(names.first());
+    const bool isClear = std::all_of(names.cbegin(), names.cend(), [&there](const QString &name) {
+        return !name.isEmpty() && isXmlText(name) && there.count(name) == 1;
+    });
+    if (first < 0 || !isClear || there.mid(first, names.size()) != names)
+        return std::nullopt;
+    return static_cast<std::size_t>(first);
+}
+
+//! Puts the widgets into their layout again, in its order.
+void fillLayout(UiElement &layout, std::vector<UiElement> &widgets, std::size_t &next)
+{
     for (UiElement &child : layout.children) {
-        if (child.is(QLatin1String("widget"))) {
-            auto found = widgets.extract(child.attribute(QLatin1String("name")));
-            if (found)
-                filled.push_back(std::move(found.mapped()));
-            continue;
-        }
-        const bool wasFull = !child.children.empty();
-        fillLayout(child, widgets);
-        if (!child.is(QLatin1String("item")) || !wasFull || !child.children.empty())
-            filled.push_back(std::move(child));
+        if (child.is(QLatin1String("widget")))
+            child = std::move(widgets.at(next++));
+        else
+            fillLayout(child, widgets, next);
     }
-    layout.children = std::move(filled);
 }
 
 //! Makes the elements of a .ui file from the parts of a form.
@@ -163,17 +172,39 @@ public:
         m_remarks += uiRemarks(*part.block, part.kind);
         if (!part.kind.header.isEmpty())
             m_used.insert(part.kind.className);
+        std::optional<UiElement> layout = layoutOf(*part.block);
+        QStringList names;
+        if (layout)
+            listNames(*layout, names);
+        const std::optional<std::size_t> first = layout ? placeOfLayout(names, part.children) : std::nullopt;
+        part.around.hasLayout = first.has_value();
+        if (layout && !first) {
+            m_remarks.append({part.block->line,
+                              part.block->type + u' ' + part.block->name +
+                                  QStringLiteral(": the layout holds other controls than the block by now; each is "
+                                                 "placed by itself"),
+                              UiFile::Fate::Kept});
+            layout.reset();
+        }
         const UiWidget widget = toUiWidget(*part.block, part.kind, m_terms, part.around);
         UiElement made{QStringLiteral("widget"),
                        {{QStringLiteral("class"), classOf(widget)}, {QStringLiteral("name"), widget.name}}};
         addProperties(made, part, widget);
-        addChildren(made, part);
+        if (!isKept(widget, layoutKey))
+            layout.reset();
+        addChildren(made, part, std::move(layout), first.value_or(0), static_cast<std::size_t>(names.size()));
         return made;
     }
 
     [[nodiscard]] bool isUsed(const QString &className) const { return m_used.contains(className); }
 
 private:
+    static bool isKept(const UiWidget &widget, QLatin1String key)
+    {
+        return std::any_of(widget.kept.cbegin(), widget.kept.cend(),
+                           [key](const UiWidget::Kept &kept) { return kept.key == key; });
+    }
+
     static QString classOf(const UiWidget &widget)
     {
         const auto found = std::find_if(widget.kept.cbegin(), widget.kept.cend(),
@@ -216,30 +247,31 @@ private:
             made.children.push_back(dynamicProperty(keptLinesProperty, std::move(list)));
         }
         addKept(attributeKey, "attribute", false);
+        for (const UiWidget::Kept &kept : widget.kept) {
+            if (kept.key != moreKey)
+                continue;
+            const auto more = readUiFragment(kept.text);
+            made.children.insert(made.children.end(), more->cbegin(), more->cend());
+        }
     }
 
-    void addChildren(UiElement &made, Part &part)
+    //! Adds the widgets inside, `count` of them from the first one on in the layout.
+    void addChildren(UiElement &made, Part &part, std::optional<UiElement> layout, std::size_t first, std::size_t count)
     {
-        std::optional<UiElement> layout = layoutOf(*part.block);
-        QSet<QString> names;
-        if (layout)
-            listNames(*layout, names);
-        if (const QVariant more = part.block->properties.ReadProperty(moreKey); more.typeId() == QMetaType::QString) {
-            for (UiElement &one : readUiFragment(more.toString()).value_or(std::vector<UiElement>()))
-                made.children.push_back(std::move(one));
-        }
-        std::map<QString, UiElement> inLayout;
-        for (Part &child : part.children) {
-            child.around.isInLayout = names.remove(child.block->name); // the first of that name
-            UiElement widget = this->make(child);
-            if (child.around.isInLayout)
-                inLayout.emplace(child.block->name, std::move(widget));
-            else
-                made.children.push_back(std::move(widget));
-        }
-        if (layout) {
-            fillLayout(*layout, inLayout);
-            made.children.push_back(std::move(*layout));
+        std::vector<UiElement> inLayout;
+        for (std::size_t place = 0; place <= part.children.size(); ++place) {
+            const bool isInLayout = layout && place >= first && place < first + count;
+            if (layout && place == first + count) {
+                std::size_t next = 0;
+                fillLayout(*layout, inLayout, next);
+                made.children.push_back(std::move(*layout));
+                layout.reset();
+            }
+            if (place == part.children.size())
+                break;
+            part.children[place].around.isInLayout = isInLayout;
+            UiElement widget = this->make(part.children[place]);
+            (isInLayout ? inLayout : made.children).push_back(std::move(widget));
         }
     }
 

@@ -101,6 +101,16 @@ bool isKeepable(const UiKind &kind, const QString &key, const QVariant &value)
                        })))
         return false;
     const auto elements = readUiFragment(text);
+    const auto isWidget = [](const UiElement &one) {
+        const bool isValue = one.children.size() == 1 && !one.attribute(QLatin1String("name")).isEmpty() &&
+                             (one.is(QLatin1String("property")) || one.is(QLatin1String("attribute")));
+        return isValue || one.is(QLatin1String("widget")) || one.is(QLatin1String("layout"));
+    };
+    if (family == QLatin1String("more") && elements && std::any_of(elements->cbegin(), elements->cend(), isWidget))
+        return false;
+    if (family == QLatin1String("layout") &&
+        (!elements || elements->size() != 1 || !elements->front().is(QLatin1String("layout"))))
+        return false;
     if (family == QLatin1String("section") && (name == u"widget" || name == u"tabstops" || !elements ||
                                                elements->size() != 1 || elements->front().name.toLower() != name))
         return false;
@@ -364,7 +374,7 @@ private:
             if (const auto element = uiValue(*setting, value))
                 given = settingValue(*setting, *element).value;
         } else if (isKeepable(kind, key, value)) {
-            given = value;
+            return !found || isSameUiValue(value, found->value); // a line holds what the widget could not be given
         }
         return given && found ? isSameUiValue(*given, found->value) : given.has_value() == (found != nullptr);
     }
@@ -404,13 +414,14 @@ std::vector<UiWidget::Value> valuesOf(const FormBlock &block, const UiKind &kind
     return values;
 }
 
-QList<UiWidget::Kept> keptOf(const FormBlock &block, const UiKind &kind)
+QList<UiWidget::Kept> keptOf(const FormBlock &block, const UiKind &kind, bool hasLayout)
 {
     QList<UiWidget::Kept> kept;
     for (const auto &[key, value] : block.properties.entries()) {
         const bool isAgain = std::any_of(kept.cbegin(), kept.cend(),
                                          [&name = key](const UiWidget::Kept &one) { return one.key == name; });
-        if (!isAgain && isKeepable(kind, key, block.properties.ReadProperty(key)))
+        const bool isUsed = hasLayout || key != QLatin1String("ui.layout");
+        if (!isAgain && isUsed && isKeepable(kind, key, block.properties.ReadProperty(key)))
             kept.append({key, block.properties.ReadProperty(key).toString()});
     }
     return kept;
@@ -502,7 +513,7 @@ UiWidget toUiWidget(const FormBlock &block, const UiKind &kind, const UiTerms &t
     if (!around.isInLayout)
         widget.place = placeOf(block, kind, terms.dotsPerInch);
     widget.values = valuesOf(block, kind);
-    widget.kept = keptOf(block, kind);
+    widget.kept = keptOf(block, kind, around.hasLayout);
     widget.isInTabOrder = around.isInTabOrder;
     widget.tabIndex = around.tabIndex;
     QList<UiFile::Remark> remarks;

@@ -61,6 +61,7 @@ struct UiTerms {
 //! What the form around a widget tells of it.
 struct UiSurroundings {
     bool isInLayout = false;   //!< which places it
+    bool hasLayout = true;     //!< a layout that the block keeps holds its controls, in their order
     bool isInTabOrder = false; //!< which numbers it
     std::optional<int> tabIndex{};
 };

@@ -458,9 +458,20 @@ void tst_UiFile::aLayoutIsKeptAndItsPlacesAreTaken()
     QVERIFY(back.indexOf("<layout") < back.indexOf("name=\"n\"") &&
             back.indexOf("</layout>") > back.indexOf("name=\"m\""));
     QCOMPARE(form(back), there);
-    // A control that is gone leaves no gap.
-    there.replace("      Begin KorDaoUC.KorList m\n      End\n", "");
-    QCOMPARE(ui(there).count("<item>"), 1);
+    // When a control is gone, or stands elsewhere, each is placed by itself; the form is the same all the same.
+    for (const char *change : {"gone", "moved"}) {
+        QByteArray changed = there;
+        const QByteArray last = "      Begin KorDaoUC.KorList m\n      End\n";
+        QVERIFY(changed.contains(last));
+        changed.replace(last, "");
+        if (QByteArrayView(change) == "moved")
+            changed.replace("      Begin KorDaoUC.KorNumber n", last + "      Begin KorDaoUC.KorNumber n");
+        QVERIFY(!ui(changed).contains("<layout "));
+        QCOMPARE(form(ui(changed)), changed);
+        QVERIFY(told(UiFile::fromForm(parsed(changed)).remarks)
+                    .join(u'\n')
+                    .contains(QLatin1String("the layout holds other")));
+    }
 }
 
 void tst_UiFile::whatCannotBeKeptIsNamed_data()
