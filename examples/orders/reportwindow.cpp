@@ -119,7 +119,7 @@ ReportWindow::ReportWindow(const OrderStore &store, kor::Database &database, QWi
     setTabOrder(go, m_pdf);
     setTabOrder(m_pdf, m_rows);
     resize(1000, 640);
-    below->setSizes({560, 420});
+    below->setSizes({590, 390});
     new FocusMark(this);
 
     connect(go, &QPushButton::clicked, this, &ReportWindow::showReport);
@@ -152,7 +152,7 @@ void ReportWindow::addColumns()
     const bool isLocked = true; // a result is read, not edited
     m_rows->setBorderStyle(kor::BorderStyleType::FixedSingle);
     m_rows->setBackColor(kor::WindowBackground);
-    m_rows->AddColumn(QStringLiteral("TEXT"), QStringLiteral("Nazwa"), 3800, 0, isLocked);
+    m_rows->AddColumn(QStringLiteral("TEXT"), QStringLiteral("Nazwa"), 3400, 0, isLocked);
     m_rows->AddColumn(QStringLiteral("NUMBER"), QStringLiteral("Zamówień"), 1100, 1, isLocked, QStringLiteral("#,##0"));
     m_rows->AddColumn(QStringLiteral("NUMBER"), QStringLiteral("Wartość [zł]"), 1600, 1, isLocked);
     m_rows->AddColumn(QStringLiteral("TEXT"), QStringLiteral("Udział"), 900, 1, isLocked);
