@@ -10,6 +10,8 @@
 
 #include <QtCore/QMimeData>
 #include <QtCore/QPointer>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QInputMethod>
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QTextCursor>
@@ -112,7 +114,12 @@ QString MultiLineTextBox::fitting(const QString &text) const
 
 void MultiLineTextBox::keyPressEvent(QKeyEvent *event)
 {
-    onInput(this, event, [&] { press(event); });
+    onInput(this, event, [&] {
+        const QPointer<MultiLineTextBox> self = this;
+        endComposing();
+        if (self)
+            press(event);
+    });
 }
 
 void MultiLineTextBox::press(QKeyEvent *event)
@@ -176,12 +183,12 @@ void MultiLineTextBox::inputMethodEvent(QInputMethodEvent *event)
     if (isReadOnly()) {
         // The toolkit would take the text, and leave standing what was being composed when the lock came.
         QInputMethodEvent nothing;
-        editing([&] { QPlainTextEdit::inputMethodEvent(&nothing); });
+        compose(&nothing);
         event->ignore();
         return;
     }
     if (committed.isEmpty()) {
-        editing([&] { QPlainTextEdit::inputMethodEvent(event); });
+        compose(event);
         return;
     }
     // Dead keys and input methods deliver finished characters; each goes through KeyPress like a typed one.
@@ -191,7 +198,7 @@ void MultiLineTextBox::inputMethodEvent(QInputMethodEvent *event)
             return;
         QInputMethodEvent composed{QString(), {}};
         composed.setCommitString(QString(), event->replacementStart(), event->replacementLength());
-        editing([&] { QPlainTextEdit::inputMethodEvent(&composed); });
+        compose(&composed);
         const QString finished = fitting(committed);
         for (qsizetype at = 0; self && at < finished.size();) {
             const QString character = characterAt(finished, at);
@@ -201,10 +208,27 @@ void MultiLineTextBox::inputMethodEvent(QInputMethodEvent *event)
         }
         if (self && !event->preeditString().isEmpty()) {
             QInputMethodEvent composing(event->preeditString(), event->attributes());
-            QPlainTextEdit::inputMethodEvent(&composing);
+            compose(&composing);
         }
     });
     event->accept();
+}
+
+void MultiLineTextBox::compose(QInputMethodEvent *event)
+{
+    m_isComposing = !event->preeditString().isEmpty();
+    editing([&] { QPlainTextEdit::inputMethodEvent(event); });
+}
+
+void MultiLineTextBox::endComposing()
+{
+    const QPointer<MultiLineTextBox> self = this;
+    if (!m_isComposing)
+        return;
+    QGuiApplication::inputMethod()->commit();
+    QInputMethodEvent nothing;
+    if (self && m_isComposing)
+        compose(&nothing);
 }
 
 void MultiLineTextBox::keyReleaseEvent(QKeyEvent *event)

@@ -55,6 +55,10 @@ private:
     }
     void raiseChange();
     void press(QKeyEvent *event);
+    void compose(QInputMethodEvent *event);
+    //! A key that comes past the input method ends what is being composed: the toolkit would count the unfinished
+    //! characters as text, and put the caret behind the end of it.
+    void endComposing();
     void actAs(int keyCode, int shift, QKeyEvent *event);
     //! Raises KeyPress for the character and types what the handlers make of it.
     void offerCharacter(int keyAscii, QKeyEvent *event);
@@ -67,6 +71,7 @@ private:
     int m_maxLength = 0;
     HeldEvents m_change{this, [this] { raiseChange(); }};
     bool m_isChangePending = false;
+    bool m_isComposing = false;
 };
 
 } // namespace kor

@@ -7,6 +7,8 @@
 
 #include <QtGui/QClipboard>
 #include <QtGui/QScreen>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextLayout>
 #include <QtTest/QtTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
@@ -51,6 +53,8 @@ private Q_SLOTS:
     void placementAtTheScreensEdges();
     void maxLengthLimitsTheEditorToo();
     void maxLengthLimitsInputMethodsToo();
+    void aKeyEndsWhatIsBeingComposed_data();
+    void aKeyEndsWhatIsBeingComposed();
     void aHugeTextIsPastedAtOnce();
     void enabledClickSwitchesTheButton();
     void nothingOpensAtDesignTime();
@@ -484,6 +488,30 @@ void tst_KorMultiText::maxLengthLimitsInputMethodsToo()
     QTest::keyClick(editor(), Qt::Key_Escape);
     settle();
     QCOMPARE(field(m_box), QStringLiteral("żół|"));
+}
+
+void tst_KorMultiText::aKeyEndsWhatIsBeingComposed_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::newRow("selecting a page") << int(Qt::Key_PageDown) << int(Qt::ShiftModifier);
+    QTest::newRow("to the end") << int(Qt::Key_End) << int(Qt::ControlModifier);
+    QTest::newRow("down") << int(Qt::Key_Down) << int(Qt::NoModifier);
+}
+
+void tst_KorMultiText::aKeyEndsWhatIsBeingComposed()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    m_text->setText(QStringLiteral("ab"));
+    QVERIFY(open());
+    QInputMethodEvent composing(QStringLiteral("123456789"), {});
+    QApplication::sendEvent(editor(), &composing);
+    QTest::keyClick(editor(), static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers));
+    QVERIFY(editor()->textCursor().position() <= 2);
+    QVERIFY(editor()->document()->firstBlock().layout()->preeditAreaText().isEmpty());
+    QApplication::sendEvent(editor(), &composing);
+    QCOMPARE(editor()->toPlainText(), modifiers == Qt::ShiftModifier ? QString() : QStringLiteral("ab"));
 }
 
 void tst_KorMultiText::aHugeTextIsPastedAtOnce()
