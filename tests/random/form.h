@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "random/cellwatch.h"
 #include "random/handlers.h"
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace kor::test {
@@ -17,7 +19,9 @@ struct Place {
     QString name;
     QPointer<UserControl> control;
     std::unique_ptr<Handlers> handlers;
-    //! Text and value were set apart from each other, as settings and BlockChange allow: no rule ties them any more.
+    std::optional<CellWatch> cells;
+    //! Text and value were set apart from each other, as settings and BlockChange allow: no rule ties them any more. Of
+    //! a grid: its columns are no longer the ones that it was given.
     bool isLoose = false;
     QString text;
     QVariant value;
@@ -40,7 +44,9 @@ public:
     //! Has the keyboard again when what had popped up is gone. This platform leaves a hidden window active.
     void takeActivity();
     [[nodiscard]] std::vector<Place> &places() { return m_places; }
-    [[nodiscard]] Place &at(int control) { return m_places.at(static_cast<std::size_t>(control) % m_places.size()); }
+    [[nodiscard]] Place &at(int control);
+    //! From now on only controls of this name are at().
+    void confineTo(const QString &name) { m_only = name; }
     [[nodiscard]] QWidget *panel() const { return m_panel; }
     [[nodiscard]] MoodyDatabase &database() { return m_database; }
 
@@ -50,6 +56,8 @@ private:
     QWidget *m_panel;
     MoodyDatabase m_database;
     std::vector<Place> m_places;
+    QList<QRect> m_rects; //!< where the controls of one half are
+    QString m_only;
 };
 
 } // namespace kor::test

@@ -52,7 +52,7 @@ void limitProcessorTime(int seconds)
 
 [[nodiscard]] double processorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
-int replay(int &argc, char **argv, const QList<Step> &steps, bool isTold)
+int replay(int &argc, char **argv, const QList<Step> &steps, const QCommandLineParser &options)
 {
     QApplication application(argc, argv);
     Locale::setSystemDefault(Locale::polish());
@@ -60,7 +60,8 @@ int replay(int &argc, char **argv, const QList<Step> &steps, bool isTold)
     setBeepHandler([] {});
     setUnhandledErrorHandler([](QObject *, const RunTimeError &) {});
     std::signal(SIGPROF, stepHangs);
-    RandomUser user;
+    RandomUser user(options.value(u"only"_qs));
+    const bool isTold = options.isSet(u"tell"_qs);
     for (const Step &step : steps) {
         if (isTold)
             say(written({step}));
@@ -79,11 +80,11 @@ int replay(int &argc, char **argv, const QList<Step> &steps, bool isTold)
 }
 
 //! What a day came to: empty when nothing was found, else what tells one finding from another.
-QString outcomeOf(const QList<Step> &steps)
+QString outcomeOf(const QList<Step> &steps, const QString &only)
 {
     QProcess day;
     day.setProcessChannelMode(QProcess::MergedChannels);
-    day.start(QCoreApplication::applicationFilePath(), {u"--replay"_qs, written(steps)});
+    day.start(QCoreApplication::applicationFilePath(), {u"--only"_qs, only, u"--replay"_qs, written(steps)});
     if (!day.waitForFinished(mostSecondsOfADay * 1000)) {
         day.kill();
         day.waitForFinished();
@@ -103,7 +104,7 @@ QString outcomeOf(const QList<Step> &steps)
 bool isSame(const QString &one, const QString &other) { return one.section(u':', 0, 2) == other.section(u':', 0, 2); }
 
 //! Leaves out what the finding does not need: halves first, then ever smaller parts, at last single steps.
-QList<Step> shortened(QList<Step> steps, const QString &outcome)
+QList<Step> shortened(QList<Step> steps, const QString &outcome, const QString &only)
 {
     int tries = 0;
     for (qsizetype part = std::max<qsizetype>(1, steps.size() / 2); part > 0;) {
@@ -112,7 +113,7 @@ QList<Step> shortened(QList<Step> steps, const QString &outcome)
             QList<Step> fewer = steps;
             fewer.remove(at, std::min(part, steps.size() - at));
             ++tries;
-            if (isSame(outcomeOf(fewer), outcome)) {
+            if (isSame(outcomeOf(fewer, only), outcome)) {
                 steps = fewer;
                 isShorter = true;
             } else {
@@ -132,20 +133,21 @@ int days(const QCommandLineParser &options)
     const int seconds = options.value(u"seconds"_qs).toInt();
     const int count = options.value(u"days"_qs).toInt();
     const int length = options.value(u"steps"_qs).toInt();
+    const QString only = options.value(u"only"_qs);
     QElapsedTimer elapsed;
     elapsed.start();
     QStringList found;
     unsigned done = 0;
     for (; seconds > 0 ? elapsed.elapsed() < seconds * 1000LL : done < static_cast<unsigned>(count); ++done) {
         const QList<Step> steps = stepsOfDay(seed + done, length);
-        const QString outcome = outcomeOf(steps);
+        const QString outcome = outcomeOf(steps, only);
         const bool isKnown =
             std::any_of(found.cbegin(), found.cend(), [&](const auto &one) { return isSame(one, outcome); });
         if (outcome.isEmpty() || isKnown)
             continue;
         found << outcome;
         say(QStringLiteral("seed %1: %2").arg(seed + done).arg(outcome));
-        say(u"  --replay \""_qs + written(shortened(steps, outcome)) + u'"');
+        say(u"  --replay \""_qs + written(shortened(steps, outcome, only)) + u'"');
     }
     say(QStringLiteral("%1 days of %2 steps in %3 s, %4 findings")
             .arg(done)
@@ -168,6 +170,7 @@ int main(int argc, char **argv)
                         {u"days"_qs, u"How many days."_qs, u"number"_qs, u"10"_qs},
                         {u"seconds"_qs, u"How long, in place of how many days."_qs, u"number"_qs, u"0"_qs},
                         {u"steps"_qs, u"How many steps a day has."_qs, u"number"_qs, u"200"_qs},
+                        {u"only"_qs, u"Keeps to the controls of this name."_qs, u"control"_qs},
                         {u"replay"_qs, u"Does these steps, as a finding printed them."_qs, u"steps"_qs},
                         {u"tell"_qs, u"Tells every step of a replay, else of the first day."_qs}});
     const auto help = options.addHelpOption();
@@ -179,18 +182,17 @@ int main(int argc, char **argv)
         say(options.helpText());
         return 0;
     }
-    const bool isTold = options.isSet(u"tell"_qs);
     if (options.isSet(u"replay"_qs)) {
         const auto steps = readSteps(options.value(u"replay"_qs));
         if (!steps) {
             say(u"These are no steps."_qs);
             return 2;
         }
-        return replay(argc, argv, *steps, isTold);
+        return replay(argc, argv, *steps, options);
     }
-    if (isTold)
+    if (options.isSet(u"tell"_qs))
         return replay(argc, argv, stepsOfDay(options.value(u"seed"_qs).toUInt(), options.value(u"steps"_qs).toInt()),
-                      isTold);
+                      options);
     const QCoreApplication application(argc, argv);
     return days(options);
 }

@@ -131,6 +131,13 @@ QPoint pointIn(const QRect &rect, unsigned how)
                                    static_cast<int>(how / 7 % static_cast<unsigned>(std::max(1, rect.height()))));
 }
 
+//! Where the user is in a control, or comes to when he enters it.
+QWidget *boxIn(const Place &place)
+{
+    QWidget *focus = QApplication::focusWidget();
+    return focus && place.control->isAncestorOf(focus) ? focus : place.control->focusProxy();
+}
+
 QLineEdit *boxOf(const Place &place)
 {
     return place.control ? qobject_cast<QLineEdit *>(place.control->focusProxy()) : nullptr;
@@ -155,8 +162,9 @@ bool saysNumber(const Place &place)
 
 } // namespace
 
-RandomUser::RandomUser()
+RandomUser::RandomUser(const QString &only)
 {
+    m_form.confineTo(only);
     QObject::connect(&m_dialogs, &QTimer::timeout, &m_form, [this] { answerDialogs(); });
     m_dialogs.start(3);
     m_form.mend();
@@ -169,10 +177,12 @@ RandomUser::~RandomUser() = default;
 void RandomUser::answerDialogs()
 {
     QWidget *modal = QApplication::activeModalWidget();
-    if (qobject_cast<QMessageBox *>(modal) && modal->windowHandle())
+    if (qobject_cast<QMessageBox *>(modal) && modal->windowHandle()) {
+        ++m_messages;
         QTest::keyClick(modal->windowHandle(), Qt::Key_Return);
-    else if (auto *colors = qobject_cast<QColorDialog *>(modal))
+    } else if (auto *colors = qobject_cast<QColorDialog *>(modal)) {
         colors->reject();
+    }
     // The toolkit's own menus, of a scroll bar say, wait for an answer where they stand.
     constexpr int patience = 10;
     auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
@@ -186,6 +196,7 @@ QString RandomUser::work(const Step &step)
     m_form.mend();
     m_found.clear();
     m_description.clear();
+    m_messages = m_hasTypedAhead ? m_messages : 0;
     const bool isOwnCall = step.kind == Step::Set || step.kind == Step::Call || step.kind == Step::Save;
     const QString escaped = u"something was thrown through the event loop"_qs;
     try {
@@ -297,7 +308,7 @@ void RandomUser::paste(const Step &step)
 
 void RandomUser::drop(const Step &step)
 {
-    QWidget *box = m_form.at(step.control).control->focusProxy();
+    QWidget *box = boxIn(m_form.at(step.control));
     if (!box || !box->isEnabled() || !box->isVisible())
         return;
     QMimeData mime;
@@ -344,7 +355,7 @@ void RandomUser::drag(const Step &step)
 
 void RandomUser::wheel(const Step &step)
 {
-    QWidget *box = m_form.at(step.control).control->focusProxy();
+    QWidget *box = boxIn(m_form.at(step.control));
     if (!box)
         return;
     const QPoint turned(0, step.what % 2 ? 120 : -120);
@@ -390,7 +401,7 @@ void RandomUser::set(const Step &step)
     const QString name = QString::fromLatin1(type->property(index).name());
     const QVariant value = valueOf(step.how);
     m_description += QStringLiteral(" %1 := %2").arg(name, QDebug::toString(value));
-    place.isLoose = place.isLoose || name == u"BlockChange"_qs;
+    place.isLoose = place.isLoose || name == u"BlockChange"_qs || name == u"Cols"_qs;
     place.control->setProperty(qPrintable(name), value);
 }
 
@@ -440,11 +451,13 @@ QString RandomUser::save(const Step &step)
     const auto comparable = [&](const PropertyBag &bag) {
         PropertyBag kept;
         for (const auto &[key, value] : bag.entries()) {
-            // What is saved and not read back: a colour; a day that becomes today's; a number whose range is not saved.
-            const bool isLost = (place.name == u"KorColor"_qs && key == u"Value"_qs) ||
-                                (place.name == u"KorDate"_qs && saved.contains(u"CurrentDate"_qs) &&
-                                 (key == u"Value"_qs || key == u"Text"_qs)) ||
-                                (place.name == u"KorUpDown"_qs && (key == u"Value"_qs || key == u"Text"_qs));
+            // What is saved and not read back: a colour; a day that becomes today's; a number whose range is not saved;
+            // a text that is set apart from its value.
+            const bool isLost =
+                (place.name == u"KorColor"_qs && key == u"Value"_qs) ||
+                (place.name == u"KorDate"_qs && saved.contains(u"CurrentDate"_qs) &&
+                 (key == u"Value"_qs || key == u"Text"_qs)) ||
+                ((place.name == u"KorUpDown"_qs || place.isLoose) && (key == u"Value"_qs || key == u"Text"_qs));
             if (!isLost)
                 kept.append(key, value);
         }
@@ -472,11 +485,13 @@ void RandomUser::remember()
 
 QString RandomUser::lookAround(const Step &step)
 {
-    // A form that is not active may keep a hidden widget in mind: it enters another one when it is activated. What has
-    // popped up stays active on this platform when it is hidden, with its focus; and the form itself, when it is hidden
-    // while its activation waits to be told.
-    const QWidget *focus = QApplication::focusWidget();
-    if (m_form.isActiveWindow() && m_form.isVisible() && focus && !(focus->isEnabled() && focus->isVisible()))
+    // Where keys go. A form that is not active, or under what has popped up, may keep a hidden widget in mind: it
+    // enters another one when the keyboard comes back. This platform leaves a form active that is hidden while its
+    // activation waits to be told.
+    const bool hasKeyboard = m_form.isActiveWindow() && m_form.isVisible() && !QApplication::activePopupWidget() &&
+                             !QApplication::activeModalWidget();
+    const QWidget *focus = m_form.focusWidget();
+    if (hasKeyboard && focus && !(focus->isEnabled() && focus->isVisible()))
         return u"the focus is hidden or disabled: "_qs + pathOf(focus);
     const bool isUsersDoingAlone = isUsers(step.kind) && !Handlers::takeDone();
     for (Place &place : m_form.places()) {
@@ -492,6 +507,18 @@ QString RandomUser::lookAround(const Step &step)
 bool RandomUser::mayDelete(const Step &step) const
 {
     return m_hasTypedAhead || isTyping(step.kind) || step.kind == Step::ClickPopup;
+}
+
+StepTaken RandomUser::taken(const Step &step, bool isUsersDoingAlone) const
+{
+    StepTaken taken;
+    taken.isUsersAlone = isUsersDoingAlone;
+    taken.isOne = !m_hasTypedAhead;
+    taken.mayLeave = step.kind == Step::PressKey || step.kind == Step::Click || step.kind == Step::ClickOutside ||
+                     step.kind == Step::Focus || step.kind == Step::Enter || step.kind == Step::Wheel;
+    taken.givesBack = step.kind == Step::PressKey && keys[step.what % keys.size()] == Qt::Key_Escape;
+    taken.hasMessage = m_messages > 0;
+    return taken;
 }
 
 QString RandomUser::lookAt(Place &place, const Step &step, bool isUsersDoingAlone)
@@ -517,7 +544,9 @@ QString RandomUser::lookAt(Place &place, const Step &step, bool isUsersDoingAlon
     if (isFreeText && isUsersDoingAlone && isTyping(step.kind) && limit > 0 && boxOf(place)->hasFocus() &&
         text.size() > std::max<qsizetype>(limit, place.text.size()))
         return u"more than MaxLength was typed: "_qs + text;
-    if (place.isLocked && isUsersDoingAlone && place.name != u"KorNumber"_qs && text != place.text && !text.isEmpty())
+    // What was typed into a date before it was locked is completed when it is left.
+    const bool isLocked = place.name == u"KorDate"_qs ? place.isEnteredLocked : place.isLocked;
+    if (isLocked && isUsersDoingAlone && place.name != u"KorNumber"_qs && text != place.text && !text.isEmpty())
         return u"a locked text was changed: "_qs + place.text + u" -> "_qs + text;
     if (place.isEnteredLocked && isUsersDoingAlone && !isSameSetting(value, place.value) &&
         place.name != u"KorClick"_qs)
@@ -526,10 +555,11 @@ QString RandomUser::lookAt(Place &place, const Step &step, bool isUsersDoingAlon
     if (place.name == u"KorNumber"_qs && !place.isLoose && text.isEmpty() && !isNull(value))
         return u"shows nothing and holds "_qs + QDebug::toString(value);
     const bool isInside = boxOf(place) && boxOf(place)->hasFocus();
-    if (place.name == u"KorNumber"_qs && isUsersDoingAlone && !isInside && text.isEmpty() && !mayDelete(step) &&
-        !isNull(place.value) && !place.control->property("CheckRange").value<bool>() && saysNumber(place))
+    if (place.name == u"KorNumber"_qs && isUsersDoingAlone && !place.isLoose && !isInside && text.isEmpty() &&
+        !mayDelete(step) && !isNull(place.value) && !place.control->property("CheckRange").value<bool>() &&
+        saysNumber(place))
         return u"a number without a range is gone on leaving: "_qs + place.text;
-    return {};
+    return place.cells ? place.cells->lookAt(taken(step, isUsersDoingAlone), !place.isLoose) : QString();
 }
 
 } // namespace kor::test

@@ -13,7 +13,8 @@ namespace kor::test {
 class RandomUser
 {
 public:
-    RandomUser();
+    //! Keeps to the controls of one name, unless that is empty; the others stand beside them.
+    explicit RandomUser(const QString &only = QString());
     ~RandomUser();
 
     //! What is wrong after the step; empty when nothing is.
@@ -41,12 +42,14 @@ private:
     [[nodiscard]] QString lookAround(const Step &step);
     [[nodiscard]] QString lookAt(Place &place, const Step &step, bool isUsersDoingAlone);
     [[nodiscard]] bool mayDelete(const Step &step) const;
+    [[nodiscard]] StepTaken taken(const Step &step, bool isUsersDoingAlone) const;
     [[nodiscard]] QWindow *target() const;
     void answerDialogs();
 
     Form m_form;
     QTimer m_dialogs;
     int m_menuTicks = 0;
+    int m_messages = 0; //!< that came during the step
     bool m_hasTypedAhead = false;
     QString m_description;
     QString m_found;
