@@ -369,7 +369,8 @@ UiFile::Text uiFromForm(const FormBlock &form, const UiKinds &kinds, const UiFil
     UiElement window = maker.make(root);
 
     UiElement file = keptSection(form, "ui").value_or(element(QLatin1String("ui"), {}));
-    file.attributes.prepend({QStringLiteral("version"), QStringLiteral("4.0")});
+    if (file.attribute(QLatin1String("version")).isEmpty())
+        file.attributes.prepend({QStringLiteral("version"), QStringLiteral("4.0")});
     const auto add = [&](const char *name) {
         if (auto section = sectionOf(form, name, maker, kinds, tabStops))
             file.children.push_back(std::move(*section));

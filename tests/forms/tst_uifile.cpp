@@ -423,6 +423,9 @@ void tst_UiFile::whatOnlyTheDesignerKnowsIsKept_data()
     QTest::newRow("another class name")  << other << QByteArray("ui.section.class = \"<class>Order</class>\"");
     QByteArray language = uiWith(number, {});
     language.replace("4.0\"", "4.0\" language=\"c++\"");
+    QByteArray version = uiWith(number, {});
+    version.replace("4.0\"", "4.1\"");
+    QTest::newRow("another version")     << version << QByteArray("ui.section.ui = \"<ui version=\"\"4.1\"\"/>\"");
     QTest::newRow("the language")        << language << QByteArray("ui.section.ui = \"<ui language=\"\"c++\"\"/>\"");
     // clang-format on
 }
