@@ -224,6 +224,7 @@ bool takePictures(OrderWindow &window, const QString &folder)
         QStringLiteral("report"), [&window] { window.report(); },
         [](QDialog &) {
             type(QStringLiteral("01012025")); // the samples are of this year and the next
+            press(Qt::Key_Enter);             // takes the value
             press(Qt::Key_Enter);
         });
     return photographer.isGood();

@@ -91,7 +91,7 @@ ReportWindow::ReportWindow(const OrderStore &store, kor::Database &database, QWi
     m_parameters->setObjectName(QStringLiteral("parReport"));
     m_rows->setObjectName(QStringLiteral("grdReport"));
     m_total->setObjectName(QStringLiteral("lblTotal"));
-    m_total->setText(QStringLiteral("Podaj parametry i naciśnij Enter."));
+    m_total->setText(QStringLiteral("Podaj parametry i wybierz Pokaż."));
 
     auto *buttons = new QDialogButtonBox(Qt::Vertical);
     auto *go = buttons->addButton(QStringLiteral("&Pokaż"), QDialogButtonBox::ActionRole);

@@ -43,7 +43,7 @@ ParamEnd endOfKey(int keyCode, int shift)
         return ParamEnd::None;
     if (keyCode == Key::Escape)
         return ParamEnd::GiveUp;
-    return keyCode == Key::F2 ? ParamEnd::Take : ParamEnd::None; // Enter is the form's, as in every field
+    return keyCode == Key::Enter || keyCode == Key::F2 ? ParamEnd::Take : ParamEnd::None;
 }
 
 bool clearsChoice(int keyCode) { return keyCode == Key::Backspace || keyCode == Key::Delete; }

@@ -40,7 +40,7 @@ private Q_SLOTS:
     void aListOpensByItsKeys();
     void theCalendarOpensByItsKey();
 
-    void enterTakesTheValueAndPressesTheDefaultButton();
+    void enterTakesTheValueAndTheNextOnePressesTheButton();
     void escapeClosesTheEditorAndTheNextOneTheDialog();
     void typingOnAClosedValueOpensItsEditor_data();
     void typingOnAClosedValueOpensItsEditor();
@@ -349,7 +349,7 @@ void tst_KorParam_Keys::theCalendarOpensByItsKey()
 
 // --- between editor, sheet and form
 
-void tst_KorParam_Keys::enterTakesTheValueAndPressesTheDefaultButton()
+void tst_KorParam_Keys::enterTakesTheValueAndTheNextOnePressesTheButton()
 {
     QDialog dialog;
     dialog.resize(440, 300);
@@ -364,18 +364,13 @@ void tst_KorParam_Keys::enterTakesTheValueAndPressesTheDefaultButton()
     enter();
     press(Qt::Key_Down);
     type(QStringLiteral("7"));
-    press(Qt::Key_F2); // takes it, and stays
+    press(Qt::Key_Return);
     QCOMPARE(okays, 0);
     QCOMPARE(openEditor(), QString());
     QCOMPARE(shown(Number), QStringLiteral("7,00"));
     QCOMPARE(sheet->Row(), int(Number));
-    press(Qt::Key_Return); // on the sheet itself
+    press(Qt::Key_Return);
     QCOMPARE(okays, 1);
-    type(QStringLiteral("8"));
-    press(Qt::Key_Return); // in an editor
-    QCOMPARE(okays, 2);
-    QCOMPARE(shown(Number), QStringLiteral("8,00"));
-    QCOMPARE(sheet->Row(), int(Number));
     sheet->setParent(nullptr);
 }
 

@@ -200,7 +200,7 @@ void tst_KorParam_Random::edit()
     steps << QStringLiteral("edit %1").arg(edited);
     at(edited) = after;
     if (after.kind == Kind::Date) {
-        press(Qt::Key_F2);
+        press(Qt::Key_Return);
         edited = 0;
     }
 }
@@ -209,7 +209,7 @@ void tst_KorParam_Random::move()
 {
     static const std::vector<std::pair<Qt::Key, Qt::KeyboardModifiers>> keys{
         {Qt::Key_Down, Qt::NoModifier},      {Qt::Key_Down, Qt::NoModifier},       {Qt::Key_Up, Qt::NoModifier},
-        {Qt::Key_F2, Qt::NoModifier},        {Qt::Key_F2, Qt::NoModifier},         {Qt::Key_Tab, Qt::NoModifier},
+        {Qt::Key_Return, Qt::NoModifier},    {Qt::Key_F2, Qt::NoModifier},         {Qt::Key_Tab, Qt::NoModifier},
         {Qt::Key_Home, Qt::ControlModifier}, {Qt::Key_End, Qt::ControlModifier},   {Qt::Key_Backtab, Qt::NoModifier},
         {Qt::Key_Down, Qt::ShiftModifier},   {Qt::Key_PageUp, Qt::ControlModifier}};
     const auto &[key, modifiers] = keys[static_cast<std::size_t>(below(static_cast<int>(keys.size())))];
@@ -258,7 +258,7 @@ void tst_KorParam_Random::program()
         changed.shown = Format(changed.value, QStringLiteral("Short Date"));
     else
         changed.shown = cities.at(changed.value.toInt());
-    press(Qt::Key_F2);
+    press(Qt::Key_Return);
 }
 
 void tst_KorParam_Random::compare()

@@ -69,9 +69,9 @@ void tst_ParamKeys::keysEndTheEditing_data()
     QTest::addColumn<int>("shift");
     QTest::addColumn<int>("end");
     QTest::newRow("Escape gives up") << int(Key::Escape) << 0 << int(ParamEnd::GiveUp);
-    QTest::newRow("Enter is the form's") << int(Key::Enter) << 0 << int(ParamEnd::None);
+    QTest::newRow("Enter takes") << int(Key::Enter) << 0 << int(ParamEnd::Take);
     QTest::newRow("F2 takes") << int(Key::F2) << 0 << int(ParamEnd::Take);
-    QTest::newRow("Ctrl+F2 is the editor's") << int(Key::F2) << int(ShiftState::Ctrl) << int(ParamEnd::None);
+    QTest::newRow("Ctrl+Enter is the editor's") << int(Key::Enter) << int(ShiftState::Ctrl) << int(ParamEnd::None);
     QTest::newRow("Shift+Escape is the editor's") << int(Key::Escape) << int(ShiftState::Shift) << int(ParamEnd::None);
     QTest::newRow("Down only moves") << int(Key::Down) << 0 << int(ParamEnd::None);
 }
