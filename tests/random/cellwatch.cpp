@@ -185,8 +185,10 @@ QString CellWatch::lookAtEditor(const Look &now, const StepTaken &) const
         cell == editor.text || editor.text.contains(u'#') ||
         (isOfNumbers(editor.widget) && (isSameNumber(cell, editor.text) || (cell.isEmpty() && !number(editor.text))));
     const bool isOpenedNow = m_before.editor.widget != editor.widget || m_before.editor.cell != editor.cell;
-    const bool isUnread = isSheet(m_control) && isOfLists(editor.widget); // a list that failed shows its null entry
-    const bool isAsOpened = editor.text.isEmpty() || (isOpenedNow ? isUnread : m_before.editor.text == editor.text);
+    // A sheet's editor is filled by the value: a program may have set another one than the shown text says, and a list
+    // that failed shows its null entry.
+    const bool mayDiffer = isSheet(m_control);
+    const bool isAsOpened = editor.text.isEmpty() || (isOpenedNow ? mayDiffer : m_before.editor.text == editor.text);
     if (!isSame && !isAsOpened)
         return QStringLiteral("the editor shows \"%1\" over a cell that holds \"%2\"").arg(editor.text, cell);
     return isAsOpened || !isSheet(m_control) ? QString() : lookAtParameter(editor);
