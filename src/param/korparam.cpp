@@ -56,6 +56,7 @@ public:
     bool updating(Body &&body);
     bool showValue(int row, const QString &clickText);
     void fit();
+    void fitRows();
 
     [[nodiscard]] QString cell(ParamColumn::Code column) const { return grid->TextMatrix(grid->Row(), column); }
 
@@ -103,6 +104,7 @@ void KorParam::Private::prepareGrid()
     grid->setBorderStyle(BorderStyleType::None);
     grid->setCols(ParamColumn::Count);
     grid->setNameColumn(ParamColumn::Name);
+    fitRows();
     grid->setColFillsNarrow(ParamColumn::Shown, true);
     grid->setColWidth(ParamColumn::Marker, ParamWidth::Marker);
     grid->setColWidth(ParamColumn::Shown, ParamWidth::Value);
@@ -403,8 +405,16 @@ void KorParam::CmbRefresh() { d->editing.combo()->Refresh(); }
 
 // --- layout
 
+//! Rows are as high as the highest editor, which would lie over the next parameter otherwise.
+void KorParam::Private::fitRows()
+{
+    if (const int height = toTwipsY(grid, editing.editorHeight()).rounded(); height != grid->RowHeightMin())
+        grid->setRowHeightMin(height);
+}
+
 void KorParam::Private::fit()
 {
+    fitRows();
     const int room = toTwipsX(grid, grid->viewport()->width()).rounded();
     const int names = toTwipsX(grid, toPixelsX(grid, Twips(grid->ColWidth(ParamColumn::Name)))).rounded();
     if (const int width = valueWidth(room, names); width != grid->ColWidth(ParamColumn::Shown))

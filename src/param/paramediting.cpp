@@ -16,6 +16,7 @@
 #include <KorDaoUC/kornumber.h>
 #include <KorDaoUC/variant.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace kor {
@@ -70,6 +71,14 @@ CellEditor *ParamEditing::editorOf(ParamKind kind) const
     case ParamKind::None: break;
     }
     return nullptr;
+}
+
+int ParamEditing::editorHeight() const
+{
+    int height = 0;
+    for (const CellEditor *editor : {m_textEditor, m_numberEditor, m_dateEditor, m_comboEditor, m_clickEditor})
+        height = std::max(height, editor->control()->sizeHint().height());
+    return height;
 }
 
 CellSetup ParamEditing::setupOf(int row) const

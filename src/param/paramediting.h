@@ -46,6 +46,8 @@ public:
     [[nodiscard]] QString dictionary() const;
 
     [[nodiscard]] ParamKind kindOf(int row) const;
+    //! The height in pixels of the highest editor, which the font decides.
+    [[nodiscard]] int editorHeight() const;
     //! How the editor of a row's kind writes its value; a click field has its text from the program. May end the
     //! control, where a list is read from a database that waits.
     [[nodiscard]] QString written(int row, const QString &clickText);

@@ -88,8 +88,8 @@ void tst_KorParam_Editing::clickingAValueOpensTheEditorOfItsKind()
     const QRect cell = view()->visualRect(view()->model()->index(row - 1, 1)).adjusted(0, 0, 1, 1);
     QCOMPARE(open->geometry().topLeft(), cell.topLeft());
     QCOMPARE(open->width(), cell.width());
-    QCOMPARE(open->height(), open->sizeHint().height()); // its own, while the row keeps its
-    QCOMPARE(cell.height(), 19);
+    QCOMPARE(open->height(), open->sizeHint().height()); // its own, which the row has room for
+    QVERIFY(cell.contains(open->geometry()));
 }
 
 void tst_KorParam_Editing::namesAndEmptyRowsHaveNoEditor()

@@ -76,7 +76,7 @@ void tst_KorParam_Events::theRightButton()
 
 void tst_KorParam_Events::aTitleIsClickedToo()
 {
-    const QPoint title = inWindow(Text) - QPoint(0, 19);
+    const QPoint title = inWindow(Text) - QPoint(0, cellRect(Text, 2).height());
     QTest::mouseClick(stage->windowHandle(), Qt::LeftButton, {}, title);
     settle();
     QCOMPARE(log->take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0) Click"));
