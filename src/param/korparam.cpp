@@ -345,8 +345,14 @@ void KorParam::Private::keyDown(int &code, int &shift)
 {
     const QPointer<KorParam> self = q;
     Q_EMIT q->KeyDown(code, shift);
-    if (self && beginsTyping(code, shift) && editing.typing().begin(code))
+    if (!self)
+        return;
+    if (code == Key::Home && shift == ShiftState::Ctrl && grid->Col() == ParamColumn::Shown) {
+        code = Key::None; // the first value, as from an editor, and not its name
+        editing.goTo(std::min(1, grid->Rows() - 1));
+    } else if (beginsTyping(code, shift) && editing.typing().begin(code)) {
         code = Key::None;
+    }
 }
 
 void KorParam::Private::keyPress(int &ascii)
@@ -367,7 +373,7 @@ void KorParam::Private::controlEntered()
         return;
     const QPointer<KorParam> self = q;
     const int first = std::min(1, grid->Rows() - 1);
-    grid->setCurrentCell(std::max(first, grid->Row()), ParamColumn::Shown);
+    editing.goTo(std::max(first, grid->Row()));
     if (self && editing.session().state() == CellSession::State::Closed)
         openEditor();
 }

@@ -174,6 +174,12 @@ bool ParamEditing::open(CellSession::Keyboard keyboard)
     return self && m_session.isOpen();
 }
 
+void ParamEditing::goTo(int row)
+{
+    if (m_grid->setCurrentCell(row, ParamColumn::Shown))
+        m_grid->makeVisible(row, ParamColumn::Shown);
+}
+
 void ParamEditing::cancel()
 {
     if (!m_session.isOpen())
@@ -254,7 +260,7 @@ void ParamEditing::keyDown(int &code, int &shift)
         (void)m_session.leave();
     } else if (*row != place.row && m_session.leave() && self) {
         if (*row < m_grid->Rows())
-            m_grid->setCurrentCell(*row, ParamColumn::Shown);
+            goTo(*row);
     }
 }
 

@@ -55,6 +55,8 @@ public:
     //! Opens the editor of the current row, if its value is the current cell; whether one is open. An editor that is
     //! open already is left before.
     bool open(CellSession::Keyboard keyboard);
+    //! Makes the value of a row the current cell, in sight whether or not it has an editor.
+    void goTo(int row);
     //! Gives the parameter its old text and value back and closes the editor.
     void cancel();
     //! Closes the editor of a row that the program leaves; what was typed stands.

@@ -40,6 +40,9 @@ private Q_SLOTS:
     void fromRightToLeftTheEditorLiesOverItsCell();
     void aProgramThatKnowsOnlyNamesFillsTheSheet();
     void lowerCaseKindsAreWalkedOver();
+    void whateverRowIsCurrentIsInSight();
+    void keysOnAClosedValueLeadToValues_data();
+    void keysOnAClosedValueLeadToValues();
     void rowsAndClearInMidEdit();
     void theFormIsTheSameAfterSavingAndLoading();
 };
@@ -419,6 +422,61 @@ void tst_KorParam_Day::lowerCaseKindsAreWalkedOver()
     for (int row = before; row < before + 6; ++row)
         QCOMPARE(shown(row), QString());
     QCOMPARE(valueOf(before + 1), QVariant(QStringLiteral("wartość")));
+}
+
+void tst_KorParam_Day::whateverRowIsCurrentIsInSight()
+{
+    for (int i = 0; i < 20; ++i) {
+        add("INNY", "Bez edytora");
+        add("TEXT", "Tekst");
+    }
+    settle();
+    enter();
+    const auto isInSight = [this] { return view()->viewport()->rect().contains(cellRect(sheet->Row(), 2)); };
+    while (sheet->Row() < sheet->Rows() - 1) {
+        const int before = sheet->Row();
+        press(Qt::Key_Down);
+        QCOMPARE(sheet->Row(), before + 1);
+        QVERIFY2(isInSight(), qPrintable(QString::number(before + 1)));
+    }
+    while (sheet->Row() > Other) {
+        press(Qt::Key_Up);
+        QVERIFY(isInSight());
+    }
+    leave();
+    sheet->setRow(sheet->Rows() - 2);
+    QVERIFY(!isInSight());
+    enter();
+    QCOMPARE(openEditor(), QString());
+    QVERIFY(isInSight());
+}
+
+void tst_KorParam_Day::keysOnAClosedValueLeadToValues_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("reached");
+    const int ctrl = Qt::ControlModifier;
+    QTest::newRow("Down") << int(Qt::Key_Down) << 0 << "KorCmb";
+    QTest::newRow("Up") << int(Qt::Key_Up) << 0 << "KorNum";
+    QTest::newRow("Ctrl+Home") << int(Qt::Key_Home) << ctrl << "TxtBox";
+    QTest::newRow("Ctrl+Page Up") << int(Qt::Key_PageUp) << ctrl << "TxtBox";
+    QTest::newRow("Ctrl+End") << int(Qt::Key_End) << ctrl << "KorClk";
+    QTest::newRow("Ctrl+Page Down") << int(Qt::Key_PageDown) << ctrl << "KorClk";
+    QTest::newRow("Page Up") << int(Qt::Key_PageUp) << 0 << "TxtBox";
+    QTest::newRow("Page Down") << int(Qt::Key_PageDown) << 0 << "KorClk";
+}
+
+void tst_KorParam_Day::keysOnAClosedValueLeadToValues()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    sheet->setRows(6); // all of them have editors
+    settle();
+    click(Date);
+    press(Qt::Key_Escape);
+    press(Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QTEST(openEditor(), "reached");
 }
 
 void tst_KorParam_Day::rowsAndClearInMidEdit()
