@@ -207,6 +207,11 @@ bool CellSession::passOn(QKeyEvent *event) const
     return true;
 }
 
+bool CellSession::hasErased() const
+{
+    return isOpen() && m_isTouched && m_editor->text().isEmpty() && !m_seen.text.isEmpty() && !canBeCorrected();
+}
+
 bool CellSession::canBeCorrected() const { return m_editor->box()->isVisible() && m_editor->box()->isEnabled(); }
 
 bool CellSession::hasKeyboard() const

@@ -53,6 +53,8 @@ public:
     [[nodiscard]] CellAddress cell() const { return m_cell; }
     //! Whether the user, or the program through the editor, has changed anything since it was opened.
     [[nodiscard]] bool isTouched() const { return m_isTouched; }
+    //! Whether the editor has erased what it refused, since nobody can correct it any more. The cell still holds it.
+    [[nodiscard]] bool hasErased() const;
 
     //! Places, fills and shows an editor that has been set up; no other may be open. Whoever opens it must look whether
     //! it is still open afterwards, since a host hears that its control was entered.

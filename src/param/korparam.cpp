@@ -142,7 +142,7 @@ bool KorParam::AddParam(const QString &nazwa, const QString &Symbol, const QStri
     const ParamRecord record{nazwa,    Symbol,         ControlType, ValueType, CInt(TextLength), FieldName,
                              ComboSQL, ComboNullValue, MinValue,    MaxValue,  Slownik,          NumFormat};
     const QPointer<KorParam> self = this;
-    d->editing.session().finishUnasked();
+    d->editing.finishUnasked();
     if (!self)
         return false;
     d->updating([&] {
@@ -174,7 +174,7 @@ bool KorParam::Private::showValue(int row, const QString &clickText)
 void KorParam::Clear()
 {
     const QPointer<KorParam> self = this;
-    d->editing.session().finishUnasked();
+    d->editing.finishUnasked();
     if (!self)
         return;
     d->grid->Clear(); // Kept: rows and values stay, and the next parameter comes into the last row
@@ -308,7 +308,7 @@ void KorParam::Private::leaveCell()
     if (isUpdating)
         editing.session().abandon();
     else
-        editing.session().finishUnasked();
+        editing.finishUnasked();
 }
 
 void KorParam::Private::enterCell()

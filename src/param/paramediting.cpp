@@ -38,7 +38,7 @@ ParamEditing::ParamEditing(FlexGrid *grid, ParamValues &values, ParamEditingHost
     click()->setBlockUpDown(true);
     click()->setLocked(true); // its text is the program's
     connect(&m_session, &CellSession::Edited, this, &ParamEditing::writeBack);
-    connect(&m_session, &CellSession::Closing, this, &ParamEditing::writeBack);
+    connect(&m_session, &CellSession::Closing, this, &ParamEditing::closing);
     connect(&m_session, &CellSession::KeyDown, this, &ParamEditing::keyDown);
     connect(&m_session, &CellSession::ChooserAsked, this, [this] { m_host.chooserAsked(); });
     connect(combo(), &KorCombo::Refreshed, this, [this] { m_isListRead = m_canReadList; });
@@ -193,12 +193,25 @@ void ParamEditing::cancel()
     m_grid->setTextMatrix(row, ParamColumn::Shown, m_before.shown);
 }
 
+// Under a message about its value an editor cannot be completed, nor asked again: it is read as it stands.
+
 void ParamEditing::hide()
 {
     const QPointer<ParamEditing> self = this;
-    m_session.complete();
+    if (m_session.state() == CellSession::State::Leaving)
+        writeBack();
+    else
+        m_session.complete();
     if (self)
         m_session.abandon();
+}
+
+void ParamEditing::finishUnasked()
+{
+    if (m_session.state() == CellSession::State::Leaving)
+        hide();
+    else
+        m_session.finishUnasked();
 }
 
 void ParamEditing::follow()
@@ -226,6 +239,15 @@ void ParamEditing::writeBack()
         return;
     m_values.set(row, editor->value());
     m_grid->setTextMatrix(row, ParamColumn::Shown, editor->text());
+}
+
+void ParamEditing::closing()
+{
+    const int row = m_session.cell().row;
+    if (!m_session.hasErased())
+        writeBack();
+    else if (row < m_grid->Rows())
+        m_values.set(row, null()); // the text stays, to be found
 }
 
 void ParamEditing::valueReplaced(int row)

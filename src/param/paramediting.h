@@ -61,6 +61,8 @@ public:
     void cancel();
     //! Closes the editor of a row that the program leaves; what was typed stands.
     void hide();
+    //! Closes it where nobody is asked, because the program goes on, and writes back.
+    void finishUnasked();
     //! Copies text and value of the open editor into its row.
     void writeBack();
     //! A program has replaced the value of a row: an editor that is open over it shows that.
@@ -81,6 +83,7 @@ private:
     [[nodiscard]] CellContents contentsOf(int row, const QString &clickText) const;
     [[nodiscard]] EditorBox placeOf(int row) const;
     [[nodiscard]] bool hasSomethingToSay() const;
+    void closing();
     void keyDown(int &code, int &shift);
     void follow();
 
