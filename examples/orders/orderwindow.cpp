@@ -87,7 +87,7 @@ void OrderWindow::makeActions()
     move->addSeparator();
     add(move, QStringLiteral("&Szukaj..."), Qt::CTRL | Qt::Key_F, "cmdFind", [this] { search(); });
 
-    QMenu *reports = menuBar()->addMenu(QStringLiteral("Zestawi&enia"));
+    QMenu *reports = menuBar()->addMenu(QStringLiteral("Zestaw&ienia"));
     add(reports, QStringLiteral("&Sprzedaż..."), Qt::CTRL | Qt::Key_E, nullptr, [this] { report(); });
 
     QMenu *help = menuBar()->addMenu(QStringLiteral("Pomo&c"));

@@ -221,12 +221,6 @@ bool CellSession::hasKeyboard() const
     return focused && control && (control == focused || control->isAncestorOf(focused));
 }
 
-void CellSession::takeKeyboard()
-{
-    if (m_state == State::Open && !hasKeyboard())
-        FocusTracker::instance().moveUnasked(m_editor->box());
-}
-
 // --- its end
 
 bool CellSession::leave()

@@ -69,9 +69,6 @@ public:
     //! Follows the cell when rows above it come or go.
     void moveTo(CellAddress cell) { m_cell = cell; }
 
-    //! Gives the keyboard to an editor that was opened while the user was elsewhere.
-    void takeKeyboard();
-
     //! Ends the editing as the user does by moving on: the editor checks and formats what it holds, with its message;
     //! what is new is reported, and the editor closes. False when it keeps the user; true when none is open.
     [[nodiscard]] bool leave();

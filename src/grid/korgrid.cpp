@@ -467,11 +467,7 @@ void KorGrid::Private::keyPress(int &ascii)
 void KorGrid::Private::controlEntered()
 {
     // A click chooses its cell itself.
-    if (QGuiApplication::mouseButtons() != Qt::NoButton)
-        return;
-    if (editing.session().isOpen())
-        editing.session().takeKeyboard();
-    else
+    if (QGuiApplication::mouseButtons() == Qt::NoButton && !editing.session().isOpen())
         openEditor(CellSession::Keyboard::Take);
 }
 

@@ -441,6 +441,7 @@ void tst_Contract::focusGoesToTheConstituent()
     QVERIFY(m_stage->open());
     m_control->setFocus();
     settle();
+    closeCellEditor(m_control);
     QTRY_COMPARE(QApplication::focusWidget(), constituent());
 }
 

@@ -107,6 +107,7 @@ UserControl *tst_Handlers::create(const QString &name)
         return nullptr;
     control->setFocus();
     settle();
+    closeCellEditor(control);
     return control;
 }
 

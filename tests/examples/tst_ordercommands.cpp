@@ -96,7 +96,7 @@ private Q_SLOTS:
             QVERIFY2(!asked.isAccepted(), qPrintable(command->shortcut().toString()));
             ++keys;
         }
-        QCOMPARE(keys, 12);
+        QCOMPARE(keys, 13);
     }
 
     void searchesOpenWithSomethingToChoose()

@@ -660,7 +660,8 @@ private Q_SLOTS:
         const QStringList files = QDir(folder.path()).entryList({QStringLiteral("*.png")});
         QCOMPARE(
             files.join(u' '),
-            QStringLiteral("calendar.png lines.png list.png order.png product.png question.png range.png search.png"));
+            QStringLiteral(
+                "calendar.png lines.png list.png order.png product.png question.png range.png report.png search.png"));
         for (const QString &name : files) {
             const QImage picture(folder.filePath(name));
             QVERIFY2(picture.width() > 700 && picture.height() > 400, qPrintable(name));

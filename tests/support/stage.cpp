@@ -55,6 +55,15 @@ void failOnWarnings()
         QRegularExpression(QStringLiteral("^(?!This plugin does not support (propagateSizeHints|raise|grabbing))")));
 }
 
+void closeCellEditor(const QWidget *control)
+{
+    QWidget *focused = QApplication::focusWidget();
+    if (!focused || !control->inherits("KorGrid") || focused == control->focusProxy())
+        return;
+    QTest::keyClick(focused, Qt::Key_F2);
+    settle();
+}
+
 void settle()
 {
     for (int round = 0; round < 3; ++round) {

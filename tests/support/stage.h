@@ -61,6 +61,10 @@ public:
 //! about what it has no windows for say nothing about us.
 void failOnWarnings();
 
+//! An entered grid has the keyboard in the editor of its current cell, whose keys are its own. This closes it, so that
+//! the keys are the grid's; other controls are left alone.
+void closeCellEditor(const QWidget *control);
+
 //! Lets everything that waits happen: queued focus changes, posted events.
 void settle();
 
