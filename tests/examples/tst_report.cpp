@@ -200,7 +200,7 @@ void tst_Report::aReportCanBeStopped()
 void tst_Report::whatTheDatabaseRefusesIsSaid()
 {
     const QSqlDatabase closed;
-    QVERIFY_EXCEPTION_THROWN((void)readReport(closed, {}, [](qint64, qint64) { return true; }), StoreError);
+    QVERIFY_THROWS_EXCEPTION(StoreError, (void)readReport(closed, {}, [](qint64, qint64) { return true; }));
 }
 
 QTEST_GUILESS_MAIN(tst_Report)
