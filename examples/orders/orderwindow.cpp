@@ -88,7 +88,7 @@ void OrderWindow::makeActions()
     add(move, QStringLiteral("&Szukaj..."), Qt::CTRL | Qt::Key_F, "cmdFind", [this] { search(); });
 
     QMenu *reports = menuBar()->addMenu(QStringLiteral("Zestaw&ienia"));
-    add(reports, QStringLiteral("&Sprzedaż..."), Qt::CTRL | Qt::Key_E, nullptr, [this] { report(); });
+    add(reports, QStringLiteral("&Sprzedaż..."), Qt::Key_F9, nullptr, [this] { report(); });
 
     QMenu *help = menuBar()->addMenu(QStringLiteral("Pomo&c"));
     add(help, QStringLiteral("&O programie"), {}, nullptr, [this] { about(); });

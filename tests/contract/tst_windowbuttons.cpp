@@ -226,6 +226,7 @@ void tst_WindowButtons::aWindowWithoutSuchButtonsLeavesTheKeysToTheField()
     QVERIFY(stage.open());
     control->setFocus();
     settle();
+    closeCellEditor(control);
     EventLog log(control);
     press(Qt::Key_Return);
     press(Qt::Key_Escape);
