@@ -1,49 +1,26 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "dictionary.h"
+
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/SqlDatabase>
 
 #include <QtCore/QStringListModel>
-#include <QtSql/QSqlDatabase>
-#include <QtSql/QSqlDriver>
-#include <QtSql/QSqlQuery>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 
 #include <benchmark/benchmark.h>
 #include <functional>
-#include <sqlite3.h>
-#include <string>
-#include <utility>
 #include <vector>
 
 // A drop-down list from the first row of its dictionary to the choice of an entry.
 
 namespace {
 
-const QString statementText = QStringLiteral("SELECT id, name FROM t");
-
-QSqlDatabase dictionary(qint64 rows)
-{
-    const QString name = QString::number(rows);
-    if (QSqlDatabase::contains(name))
-        return QSqlDatabase::database(name);
-    QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-    connection.setDatabaseName(QStringLiteral(":memory:"));
-    if (!connection.open())
-        qFatal("no SQLite");
-    QSqlQuery query(connection);
-    query.exec(QStringLiteral("CREATE TABLE t (id INTEGER PRIMARY KEY, name TEXT)"));
-    query.exec(QStringLiteral("WITH RECURSIVE i (x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM i WHERE x < %1) "
-                              "INSERT INTO t SELECT x, 'Odbiorca żółty nr ' || x FROM i")
-                   .arg(rows));
-    return connection;
-}
-
 void fill(KorCombo &combo, kor::SqlDatabase &database)
 {
     combo.setdatabase(&database);
-    combo.setSQL(statementText);
+    combo.setSQL(dictionaryStatement);
     combo.Refresh();
 }
 
@@ -60,23 +37,6 @@ void refresh(benchmark::State &state)
     state.SetLabel("goal sqlite3 2.5; addItem 0.5");
 }
 
-void rawStepping(benchmark::State &state)
-{
-    const QSqlDatabase connection = dictionary(state.range());
-    auto *const handle = *static_cast<sqlite3 *const *>(connection.driver()->handle().constData());
-    for (auto _ : state) {
-        std::vector<std::pair<sqlite3_int64, std::string>> entries;
-        sqlite3_stmt *statement = nullptr;
-        sqlite3_prepare_v2(handle, "SELECT id, name FROM t", -1, &statement, nullptr);
-        while (sqlite3_step(statement) == SQLITE_ROW) {
-            entries.emplace_back(sqlite3_column_int64(statement, 0),
-                                 reinterpret_cast<const char *>(sqlite3_column_text(statement, 1)));
-        }
-        sqlite3_finalize(statement);
-        benchmark::DoNotOptimize(entries);
-    }
-}
-
 void addItem(benchmark::State &state)
 {
     const QSqlDatabase connection = dictionary(state.range());
@@ -85,7 +45,7 @@ void addItem(benchmark::State &state)
         combo.clear();
         QSqlQuery query(connection);
         query.setForwardOnly(true);
-        query.exec(statementText);
+        query.exec(dictionaryStatement);
         while (query.next())
             combo.addItem(query.value(1).toString(), query.value(0));
         combo.setCurrentIndex(combo.count() / 2);

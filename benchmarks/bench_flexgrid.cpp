@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "constituents/flexgrid/flexgrid.h"
+#include "sizes.h"
 
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QHeaderView>
@@ -51,17 +52,15 @@ void show(QWidget &widget)
     QApplication::processEvents();
 }
 
-int rowsOf(const benchmark::State &state) { return static_cast<int>(state.range()); }
-
 // --- filling
 
 template <class Make, class SetText>
 void fill(benchmark::State &state, Make &&make, SetText &&setText)
 {
-    const auto texts = textsOf(rowsOf(state));
+    const auto texts = textsOf(sizeOf(state));
     for (auto _ : state) {
-        auto grid = make(rowsOf(state));
-        for (int row = 0; row < rowsOf(state); ++row) {
+        auto grid = make(sizeOf(state));
+        for (int row = 0; row < sizeOf(state); ++row) {
             for (int column = 0; column < columns; ++column)
                 setText(*grid, row, column, texts[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
         }
@@ -103,11 +102,11 @@ void fillPlain(benchmark::State &state) { fill(state, makePlain, setInPlain); }
 template <class Make, class SetText>
 void memory(benchmark::State &state, Make &&make, SetText &&setText)
 {
-    const auto texts = textsOf(rowsOf(state));
+    const auto texts = textsOf(sizeOf(state));
     for (auto _ : state) {
         const std::size_t before = mallinfo2().uordblks + mallinfo2().hblkhd;
-        auto grid = make(rowsOf(state));
-        for (int row = 0; row < rowsOf(state); ++row) {
+        auto grid = make(sizeOf(state));
+        for (int row = 0; row < sizeOf(state); ++row) {
             for (int column = 0; column < columns; ++column)
                 setText(*grid, row, column, texts[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
         }
@@ -125,13 +124,13 @@ void memoryOfTable(benchmark::State &state) { memory(state, makeTable, setInTabl
 void createGrid(benchmark::State &state)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(makeGrid(rowsOf(state)));
+        benchmark::DoNotOptimize(makeGrid(sizeOf(state)));
 }
 
 void createTable(benchmark::State &state)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(makeTable(rowsOf(state)));
+        benchmark::DoNotOptimize(makeTable(sizeOf(state)));
 }
 
 //! Every so-manieth row is higher, and every shown cell holds a text.
@@ -172,7 +171,7 @@ std::unique_ptr<QTableWidget> makeMixedTable(int rows)
 
 void jumpInGrid(benchmark::State &state)
 {
-    const auto grid = makeMixedGrid(rowsOf(state));
+    const auto grid = makeMixedGrid(sizeOf(state));
     for (auto _ : state) {
         grid->makeVisible(grid->Rows() - 1, 1);
         QApplication::processEvents();
@@ -183,7 +182,7 @@ void jumpInGrid(benchmark::State &state)
 
 void jumpInTable(benchmark::State &state)
 {
-    const auto table = makeMixedTable(rowsOf(state));
+    const auto table = makeMixedTable(sizeOf(state));
     for (auto _ : state) {
         table->scrollToBottom();
         QApplication::processEvents();
@@ -194,7 +193,7 @@ void jumpInTable(benchmark::State &state)
 
 void paintGrid(benchmark::State &state)
 {
-    const auto grid = makeMixedGrid(rowsOf(state));
+    const auto grid = makeMixedGrid(sizeOf(state));
     grid->makeVisible(grid->Rows() - 1, 1);
     for (auto _ : state)
         grid->viewport()->repaint();
@@ -202,7 +201,7 @@ void paintGrid(benchmark::State &state)
 
 void paintTable(benchmark::State &state)
 {
-    const auto table = makeMixedTable(rowsOf(state));
+    const auto table = makeMixedTable(sizeOf(state));
     table->scrollToBottom();
     for (auto _ : state)
         table->viewport()->repaint();
@@ -211,7 +210,7 @@ void paintTable(benchmark::State &state)
 //! Up and down by one, near the end, painted each time.
 void moveInGrid(benchmark::State &state)
 {
-    const auto grid = makeMixedGrid(rowsOf(state));
+    const auto grid = makeMixedGrid(sizeOf(state));
     grid->setCurrentCell(grid->Rows() - 5, 1);
     grid->makeVisible(grid->Row(), 1);
     int step = 1;
@@ -224,7 +223,7 @@ void moveInGrid(benchmark::State &state)
 
 void moveInTable(benchmark::State &state)
 {
-    const auto table = makeMixedTable(rowsOf(state));
+    const auto table = makeMixedTable(sizeOf(state));
     table->setCurrentCell(table->rowCount() - 5, 1);
     int step = 1;
     for (auto _ : state) {
@@ -242,7 +241,7 @@ void addToGrid(benchmark::State &state)
         auto grid = makeGrid(0);
         grid->resize(1000, 800);
         grid->show();
-        for (int row = 0; row < rowsOf(state); ++row) {
+        for (int row = 0; row < sizeOf(state); ++row) {
             grid->AddItem(QStringLiteral("\tżółty"));
             grid->setRow(grid->Rows() - 1);
             grid->setTopRow(grid->Row());
@@ -256,7 +255,7 @@ void addToTable(benchmark::State &state)
         auto table = makeTable(0);
         table->resize(1000, 800);
         table->show();
-        for (int row = 0; row < rowsOf(state); ++row) {
+        for (int row = 0; row < sizeOf(state); ++row) {
             table->insertRow(row);
             table->setItem(row, 0, new QTableWidgetItem(QStringLiteral("żółty")));
             table->setCurrentCell(row, 0);
@@ -269,17 +268,11 @@ void removeBlock(benchmark::State &state)
 {
     for (auto _ : state) {
         state.PauseTiming();
-        auto grid = makeMixedGrid(rowsOf(state));
+        auto grid = makeMixedGrid(sizeOf(state));
         state.ResumeTiming();
-        grid->RemoveItem(rowsOf(state) / 3, rowsOf(state) / 3);
+        grid->RemoveItem(sizeOf(state) / 3, sizeOf(state) / 3);
         QApplication::processEvents();
     }
-}
-
-void add(const char *name, void (*body)(benchmark::State &), const std::vector<int64_t> &sizes)
-{
-    for (const int64_t size : sizes)
-        benchmark::RegisterBenchmark(name, body)->Arg(size)->Unit(benchmark::kMicrosecond);
 }
 
 } // namespace
@@ -288,22 +281,22 @@ int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     const std::vector<int64_t> all{1'000, 10'000, 100'000, 1'000'000};
-    add("GridFill/kor", fillGrid, {1'000, 10'000, 100'000});
-    add("GridFill/peer:tablewidget", fillTable, {1'000, 10'000, 100'000});
-    add("GridFill/peer:strings", fillPlain, {1'000, 10'000, 100'000});
-    add("GridMemory/kor", memoryOfGrid, {100'000});
-    add("GridMemory/peer:tablewidget", memoryOfTable, {100'000});
-    add("GridCreate/kor", createGrid, all);
-    add("GridCreate/peer:tablewidget", createTable, all);
-    add("GridJump/kor", jumpInGrid, all);
-    add("GridJump/peer:tablewidget", jumpInTable, all);
-    add("GridPaint/kor", paintGrid, all);
-    add("GridPaint/peer:tablewidget", paintTable, all);
-    add("GridMove/kor", moveInGrid, all);
-    add("GridMove/peer:tablewidget", moveInTable, all);
-    add("GridAddRows/kor", addToGrid, {1'000, 5'000, 20'000});
-    add("GridAddRows/peer:tablewidget", addToTable, {1'000, 5'000});
-    add("GridRemoveBlock/kor", removeBlock, all);
+    measure("GridFill/kor", fillGrid, {1'000, 10'000, 100'000});
+    measure("GridFill/peer:tablewidget", fillTable, {1'000, 10'000, 100'000});
+    measure("GridFill/peer:strings", fillPlain, {1'000, 10'000, 100'000});
+    measure("GridMemory/kor", memoryOfGrid, {100'000});
+    measure("GridMemory/peer:tablewidget", memoryOfTable, {100'000});
+    measure("GridCreate/kor", createGrid, all);
+    measure("GridCreate/peer:tablewidget", createTable, all);
+    measure("GridJump/kor", jumpInGrid, all);
+    measure("GridJump/peer:tablewidget", jumpInTable, all);
+    measure("GridPaint/kor", paintGrid, all);
+    measure("GridPaint/peer:tablewidget", paintTable, all);
+    measure("GridMove/kor", moveInGrid, all);
+    measure("GridMove/peer:tablewidget", moveInTable, all);
+    measure("GridAddRows/kor", addToGrid, {1'000, 5'000, 20'000});
+    measure("GridAddRows/peer:tablewidget", addToTable, {1'000, 5'000});
+    measure("GridRemoveBlock/kor", removeBlock, all);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

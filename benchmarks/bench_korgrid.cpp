@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "dictionary.h"
+#include "sizes.h"
+
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/KorGrid>
 #include <KorDaoUC/SqlDatabase>
 
 #include <QtGui/QKeyEvent>
-#include <QtSql/QSqlDatabase>
-#include <QtSql/QSqlQuery>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QStyledItemDelegate>
@@ -24,25 +25,6 @@ namespace {
 
 enum Column { Number = 1, Product, Price, Unit, Delivery, Exact, Last = Exact };
 
-const QString unitStatement = QStringLiteral("SELECT id, name FROM units");
-
-QSqlDatabase units(qint64 rows)
-{
-    const QString name = QString::number(rows);
-    if (QSqlDatabase::contains(name))
-        return QSqlDatabase::database(name);
-    QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-    connection.setDatabaseName(QStringLiteral(":memory:"));
-    if (!connection.open())
-        qFatal("no SQLite");
-    QSqlQuery query(connection);
-    query.exec(QStringLiteral("CREATE TABLE units (id INTEGER PRIMARY KEY, name TEXT)"));
-    query.exec(QStringLiteral("WITH RECURSIVE i (x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM i WHERE x < %1) "
-                              "INSERT INTO units SELECT x, 'Jednostka żółta nr ' || x FROM i")
-                   .arg(rows));
-    return connection;
-}
-
 void fillRow(QTableWidget &table, int row)
 {
     for (int column = 0; column < Last; ++column)
@@ -55,7 +37,8 @@ void addOrderColumns(KorGrid &grid)
     grid.AddColumn(QStringLiteral("TEXT"), QStringLiteral("Towar"), 2000, 0);
     grid.AddColumn(QStringLiteral("NUMBER"), QStringLiteral("Cena"), 1200, 1, false, QStringLiteral("#,##0.00"), 0, 0,
                    QString(), QString(), Exact);
-    grid.AddColumn(QStringLiteral("COMBO"), QStringLiteral("J.m."), 2000, 0, false, QString(), 0, 0, unitStatement);
+    grid.AddColumn(QStringLiteral("COMBO"), QStringLiteral("J.m."), 2000, 0, false, QString(), 0, 0,
+                   dictionaryStatement);
     grid.AddColumn(QStringLiteral("DATE"), QStringLiteral("Dostawa"), 1300, 2);
     grid.AddColumn(QStringLiteral("TEXT"), QString(), 0, 0);
 }
@@ -68,8 +51,6 @@ void show(QWidget &widget)
     widget.setFocus();
     QApplication::processEvents();
 }
-
-int countOf(const benchmark::State &state) { return static_cast<int>(state.range()); }
 
 std::unique_ptr<KorGrid> makeGrid(int rows)
 {
@@ -106,8 +87,8 @@ void fillGrid(benchmark::State &state)
 {
     const QString text = QStringLiteral("żółty");
     for (auto _ : state) {
-        const auto grid = makeGrid(countOf(state));
-        for (int row = 1; row <= countOf(state); ++row) {
+        const auto grid = makeGrid(sizeOf(state));
+        for (int row = 1; row <= sizeOf(state); ++row) {
             for (const int column : {Number, Product, Unit, Delivery})
                 grid->setTextMatrix(row, column, text);
         }
@@ -120,8 +101,8 @@ void fillTable(benchmark::State &state)
 {
     const QString text = QStringLiteral("żółty");
     for (auto _ : state) {
-        QTableWidget table(countOf(state), Last);
-        for (int row = 0; row < countOf(state); ++row) {
+        QTableWidget table(sizeOf(state), Last);
+        for (int row = 0; row < sizeOf(state); ++row) {
             for (int column = 0; column < 4; ++column)
                 table.setItem(row, column, new QTableWidgetItem(text));
         }
@@ -133,7 +114,7 @@ void fillTable(benchmark::State &state)
 
 void openInGrid(benchmark::State &state, int column)
 {
-    const auto grid = makeShownGrid(countOf(state));
+    const auto grid = makeShownGrid(sizeOf(state));
     grid->setCol(column);
     int row = 1;
     for (auto _ : state) {
@@ -145,7 +126,7 @@ void openInGrid(benchmark::State &state, int column)
 
 void openInTable(benchmark::State &state, int column)
 {
-    const auto table = makeShownTable(countOf(state));
+    const auto table = makeShownTable(sizeOf(state));
     int row = 0;
     for (auto _ : state) {
         row = 1 - row;
@@ -162,7 +143,7 @@ void openDate(benchmark::State &state) { openInGrid(state, Delivery); }
 //! The list is read anew at each opening.
 void openCombo(benchmark::State &state)
 {
-    kor::SqlDatabase database(units(state.range()));
+    kor::SqlDatabase database(dictionary(state.range()));
     const auto grid = makeShownGrid(100);
     grid->setdatabase(&database);
     grid->setCol(Unit);
@@ -177,10 +158,10 @@ void openCombo(benchmark::State &state)
 //! What the reading alone takes, in a drop-down list that is always there.
 void readOnly(benchmark::State &state)
 {
-    kor::SqlDatabase database(units(state.range()));
+    kor::SqlDatabase database(dictionary(state.range()));
     KorCombo combo;
     combo.setdatabase(&database);
-    combo.setSQL(unitStatement);
+    combo.setSQL(dictionaryStatement);
     for (auto _ : state)
         combo.Refresh();
 }
@@ -195,7 +176,7 @@ public:
         auto *combo = new QComboBox(parent);
         QSqlQuery query(m_connection);
         query.setForwardOnly(true);
-        query.exec(unitStatement);
+        query.exec(dictionaryStatement);
         while (query.next())
             combo->addItem(query.value(1).toString(), query.value(0));
         return combo;
@@ -207,7 +188,7 @@ private:
 
 void openComboOfTable(benchmark::State &state)
 {
-    ComboDelegate delegate(units(state.range()));
+    ComboDelegate delegate(dictionary(state.range()));
     const auto table = makeShownTable(100);
     table->setItemDelegateForColumn(Unit - 1, &delegate);
     int row = 0;
@@ -236,14 +217,14 @@ void type(benchmark::State &state)
 
 void typeInGrid(benchmark::State &state)
 {
-    const auto grid = makeShownGrid(countOf(state));
+    const auto grid = makeShownGrid(sizeOf(state));
     grid->SetFocusCell(2, Price);
     type(state);
 }
 
 void typeInTable(benchmark::State &state)
 {
-    const auto table = makeShownTable(countOf(state));
+    const auto table = makeShownTable(sizeOf(state));
     table->setCurrentCell(1, Price - 1);
     type(state);
 }
@@ -254,7 +235,7 @@ void addRows(benchmark::State &state)
 {
     for (auto _ : state) {
         const auto grid = makeShownGrid(1);
-        for (int row = 0; row < countOf(state); ++row)
+        for (int row = 0; row < sizeOf(state); ++row)
             grid->AddRow(0, Product);
     }
 }
@@ -263,7 +244,7 @@ void addRowsOfTable(benchmark::State &state)
 {
     for (auto _ : state) {
         const auto table = makeShownTable(1);
-        for (int row = 1; row <= countOf(state); ++row) {
+        for (int row = 1; row <= sizeOf(state); ++row) {
             table->insertRow(row);
             fillRow(*table, row);
             table->setCurrentCell(row, Product - 1);
@@ -276,7 +257,7 @@ void addNumberedRows(benchmark::State &state)
 {
     for (auto _ : state) {
         const auto grid = makeShownGrid(1);
-        for (int row = 0; row < countOf(state); ++row)
+        for (int row = 0; row < sizeOf(state); ++row)
             grid->AddRow(0, Number, Number);
     }
 }
@@ -285,9 +266,9 @@ void deleteBlock(benchmark::State &state)
 {
     for (auto _ : state) {
         state.PauseTiming();
-        const auto grid = makeShownGrid(countOf(state));
+        const auto grid = makeShownGrid(sizeOf(state));
         state.ResumeTiming();
-        grid->DelRow(countOf(state) / 3, 2 * countOf(state) / 3);
+        grid->DelRow(sizeOf(state) / 3, 2 * sizeOf(state) / 3);
         QApplication::processEvents();
     }
 }
@@ -296,17 +277,17 @@ void deleteBlockOfTable(benchmark::State &state)
 {
     for (auto _ : state) {
         state.PauseTiming();
-        const auto table = makeShownTable(countOf(state));
+        const auto table = makeShownTable(sizeOf(state));
         state.ResumeTiming();
-        table->model()->removeRows(countOf(state) / 3, countOf(state) / 3);
+        table->model()->removeRows(sizeOf(state) / 3, sizeOf(state) / 3);
         QApplication::processEvents();
     }
 }
 
 void sum(benchmark::State &state)
 {
-    const auto grid = makeGrid(countOf(state));
-    for (int row = 1; row <= countOf(state); ++row)
+    const auto grid = makeGrid(sizeOf(state));
+    for (int row = 1; row <= sizeOf(state); ++row)
         grid->setValue(row, Price, row * 0.25);
     for (auto _ : state)
         benchmark::DoNotOptimize(grid->SumColumn(Price));
@@ -314,21 +295,15 @@ void sum(benchmark::State &state)
 
 void sumOfTable(benchmark::State &state)
 {
-    QTableWidget table(countOf(state), Last);
-    for (int row = 0; row < countOf(state); ++row)
+    QTableWidget table(sizeOf(state), Last);
+    for (int row = 0; row < sizeOf(state); ++row)
         table.setItem(row, Price - 1, new QTableWidgetItem(QLocale().toString(row * 0.25, 'f', 2)));
     for (auto _ : state) {
         float total = 0;
-        for (int row = 0; row < countOf(state); ++row)
+        for (int row = 0; row < sizeOf(state); ++row)
             total += static_cast<float>(QLocale().toDouble(table.item(row, Price - 1)->text()));
         benchmark::DoNotOptimize(total);
     }
-}
-
-void add(const char *name, void (*body)(benchmark::State &), const std::vector<int64_t> &sizes)
-{
-    for (const int64_t size : sizes)
-        benchmark::RegisterBenchmark(name, body)->Arg(size)->Unit(benchmark::kMicrosecond);
 }
 
 } // namespace
@@ -338,24 +313,24 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     const std::vector<int64_t> all{1'000, 10'000, 100'000, 1'000'000};
     const std::vector<int64_t> lists{1'000, 10'000, 100'000};
-    add("GridTextMatrix/kor", fillGrid, lists);
-    add("GridTextMatrix/peer:tablewidget", fillTable, lists);
-    add("GridOpenText/kor", openText, all);
-    add("GridOpenText/peer:tablewidget", openTextOfTable, all);
-    add("GridOpenNumber/kor", openNumber, all);
-    add("GridOpenDate/kor", openDate, all);
-    add("GridOpenList/kor", openCombo, lists);
-    add("GridOpenList/peer:read", readOnly, lists);
-    add("GridOpenList/peer:tablewidget", openComboOfTable, {1'000, 10'000});
-    add("GridType/kor", typeInGrid, all);
-    add("GridType/peer:tablewidget", typeInTable, all);
-    add("GridAddRow/kor", addRows, {1'000, 5'000, 20'000});
-    add("GridAddRow/peer:tablewidget", addRowsOfTable, {1'000, 5'000});
-    add("GridAddNumberedRow/kor", addNumberedRows, {1'000, 5'000, 20'000});
-    add("GridDelRow/kor", deleteBlock, all);
-    add("GridDelRow/peer:tablewidget", deleteBlockOfTable, {1'000, 10'000, 100'000});
-    add("GridSumColumn/kor", sum, {1'000, 10'000, 30'000});
-    add("GridSumColumn/peer:tablewidget", sumOfTable, {1'000, 10'000, 30'000});
+    measure("GridTextMatrix/kor", fillGrid, lists);
+    measure("GridTextMatrix/peer:tablewidget", fillTable, lists);
+    measure("GridOpenText/kor", openText, all);
+    measure("GridOpenText/peer:tablewidget", openTextOfTable, all);
+    measure("GridOpenNumber/kor", openNumber, all);
+    measure("GridOpenDate/kor", openDate, all);
+    measure("GridOpenList/kor", openCombo, lists);
+    measure("GridOpenList/peer:read", readOnly, lists);
+    measure("GridOpenList/peer:tablewidget", openComboOfTable, {1'000, 10'000});
+    measure("GridType/kor", typeInGrid, all);
+    measure("GridType/peer:tablewidget", typeInTable, all);
+    measure("GridAddRow/kor", addRows, {1'000, 5'000, 20'000});
+    measure("GridAddRow/peer:tablewidget", addRowsOfTable, {1'000, 5'000});
+    measure("GridAddNumberedRow/kor", addNumberedRows, {1'000, 5'000, 20'000});
+    measure("GridDelRow/kor", deleteBlock, all);
+    measure("GridDelRow/peer:tablewidget", deleteBlockOfTable, {1'000, 10'000, 100'000});
+    measure("GridSumColumn/kor", sum, {1'000, 10'000, 30'000});
+    measure("GridSumColumn/peer:tablewidget", sumOfTable, {1'000, 10'000, 30'000});
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

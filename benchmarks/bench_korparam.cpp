@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "sizes.h"
+
 #include <KorDaoUC/KorParam>
 
 #include <QtCore/QDate>
@@ -25,8 +27,6 @@ enum Kind { Text, Number, Date, Combo, Click, KindCount };
 
 const QStringList cities{QStringLiteral("Gdańsk"), QStringLiteral("Gdynia"), QStringLiteral("Puck"),
                          QStringLiteral("Sopot")};
-
-int rowsOf(const benchmark::State &state) { return static_cast<int>(state.range()); }
 
 QVariant valueOf(int row)
 {
@@ -128,14 +128,14 @@ std::unique_ptr<QTableWidget> makeTable(int rows)
 void addToSheet(benchmark::State &state)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(makeSheet(rowsOf(state)));
+        benchmark::DoNotOptimize(makeSheet(sizeOf(state)));
     state.SetLabel("goal tablewidget 20"); // which only stores what it is given, as text
 }
 
 void addToTable(benchmark::State &state)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(makeTable(rowsOf(state)));
+        benchmark::DoNotOptimize(makeTable(sizeOf(state)));
 }
 
 // --- walked through
@@ -150,17 +150,17 @@ void show(Widget &widget)
 
 void walkThroughSheet(benchmark::State &state)
 {
-    const auto sheet = makeSheet(rowsOf(state));
+    const auto sheet = makeSheet(sizeOf(state));
     show(*sheet);
     for (auto _ : state) {
         sheet->setRow(1);
         sheet->setFocus();
         QApplication::processEvents();
         press(QApplication::focusWidget(), Qt::Key_F2);
-        for (int row = 1; row < rowsOf(state); ++row)
+        for (int row = 1; row < sizeOf(state); ++row)
             press(QApplication::focusWidget(), Qt::Key_Down);
         QApplication::processEvents();
-        if (sheet->Row() != rowsOf(state))
+        if (sheet->Row() != sizeOf(state))
             state.SkipWithError("not at the end");
     }
     state.SetLabel("goal tablewidget 0.2");
@@ -168,13 +168,13 @@ void walkThroughSheet(benchmark::State &state)
 
 void walkThroughTable(benchmark::State &state)
 {
-    const auto table = makeTable(rowsOf(state));
+    const auto table = makeTable(sizeOf(state));
     show(*table);
     for (auto _ : state) {
         table->setFocus();
         table->setCurrentCell(0, 1);
         QApplication::processEvents();
-        for (int row = 0; row < rowsOf(state); ++row) { // commits, moves on and opens the next, as Down in the sheet
+        for (int row = 0; row < sizeOf(state); ++row) { // commits, moves on and opens the next, as Down in the sheet
             table->setCurrentCell(row, 1);
             table->editItem(table->item(row, 1));
             press(QApplication::focusWidget(), Qt::Key_Return);
@@ -187,7 +187,7 @@ void walkThroughTable(benchmark::State &state)
 
 void readSheet(benchmark::State &state)
 {
-    const auto sheet = makeSheet(rowsOf(state));
+    const auto sheet = makeSheet(sizeOf(state));
     show(*sheet);
     for (auto _ : state) {
         for (int row = 1; row < sheet->Rows(); ++row) {
@@ -202,7 +202,7 @@ void readSheet(benchmark::State &state)
 
 void readTable(benchmark::State &state)
 {
-    const auto table = makeTable(rowsOf(state));
+    const auto table = makeTable(sizeOf(state));
     show(*table);
     for (auto _ : state) {
         for (int row = 0; row < table->rowCount(); ++row) {

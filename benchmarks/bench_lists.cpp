@@ -1,53 +1,31 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "dictionary.h"
+#include "sizes.h"
+
 #include <KorDaoUC/KorList>
 #include <KorDaoUC/KorListCheck>
 #include <KorDaoUC/SqlDatabase>
 
 #include <QtCore/QAbstractListModel>
 #include <QtCore/QSet>
-#include <QtSql/QSqlDatabase>
-#include <QtSql/QSqlDriver>
-#include <QtSql/QSqlQuery>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QListWidget>
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
-#include <sqlite3.h>
-#include <string>
-#include <utility>
 #include <vector>
 
 // The open lists from the first row of their dictionary to the set of what is checked in them.
 
 namespace {
 
-const QString statementText = QStringLiteral("SELECT id, name FROM t");
-
-QSqlDatabase dictionary(qint64 rows)
-{
-    const QString name = QString::number(rows);
-    if (QSqlDatabase::contains(name))
-        return QSqlDatabase::database(name);
-    QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-    connection.setDatabaseName(QStringLiteral(":memory:"));
-    if (!connection.open())
-        qFatal("no SQLite");
-    QSqlQuery query(connection);
-    query.exec(QStringLiteral("CREATE TABLE t (id INTEGER PRIMARY KEY, name TEXT)"));
-    query.exec(QStringLiteral("WITH RECURSIVE i (x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM i WHERE x < %1) "
-                              "INSERT INTO t SELECT x, 'Odbiorca żółty nr ' || x FROM i")
-                   .arg(rows));
-    return connection;
-}
-
 template <class List>
 void fill(List &list, kor::SqlDatabase &database)
 {
     list.setdatabase(&database);
-    list.setSQL(statementText);
+    list.setSQL(dictionaryStatement);
     list.Refresh();
 }
 
@@ -57,7 +35,7 @@ void fill(QListWidget &list, qint64 rows, Boxes boxes)
 {
     QSqlQuery query(dictionary(rows));
     query.setForwardOnly(true);
-    query.exec(statementText);
+    query.exec(dictionaryStatement);
     while (query.next()) {
         auto *item = new QListWidgetItem(query.value(1).toString());
         item->setData(Qt::UserRole, query.value(0));
@@ -98,23 +76,6 @@ void refreshStock(benchmark::State &state)
         list.clear();
         fill(list, state.range(), boxes);
         list.setCurrentRow(list.count() / 2);
-    }
-}
-
-void rawStepping(benchmark::State &state)
-{
-    const QSqlDatabase connection = dictionary(state.range());
-    auto *const handle = *static_cast<sqlite3 *const *>(connection.driver()->handle().constData());
-    for (auto _ : state) {
-        std::vector<std::pair<sqlite3_int64, std::string>> entries;
-        sqlite3_stmt *statement = nullptr;
-        sqlite3_prepare_v2(handle, "SELECT id, name FROM t", -1, &statement, nullptr);
-        while (sqlite3_step(statement) == SQLITE_ROW) {
-            entries.emplace_back(sqlite3_column_int64(statement, 0),
-                                 reinterpret_cast<const char *>(sqlite3_column_text(statement, 1)));
-        }
-        sqlite3_finalize(statement);
-        benchmark::DoNotOptimize(entries);
     }
 }
 
@@ -367,38 +328,32 @@ void memoryStock(benchmark::State &state)
     });
 }
 
-void add(const char *name, void (*body)(benchmark::State &), const std::vector<int64_t> &sizes)
-{
-    for (const int64_t size : sizes)
-        benchmark::RegisterBenchmark(name, body)->Arg(size)->Unit(benchmark::kMillisecond);
-}
-
 } // namespace
 
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
-    add("ListFill/kor", refresh<KorList>, {100'000});
-    add("ListFill/peer:listwidget", refreshStock<Boxes::None>, {100'000});
-    add("ListFill/peer:sqlite3", rawStepping, {100'000});
-    add("ListAdd/kor", addEntries, {10'000, 100'000});
-    add("ListAdd/peer:listwidget", addItems, {10'000, 100'000});
-    add("ListAdd/peer:announced", announceRows, {10'000, 100'000});
-    add("CheckListFill/kor", refresh<KorListCheck>, {100'000});
-    add("CheckListFill/peer:listwidget", refreshStock<Boxes::Unchecked>, {100'000});
-    add("CheckListFill/peer:sqlite3", rawStepping, {100'000});
-    add("ListToEnd/kor", toTheEndOwn, {100'000});
-    add("ListToEnd/peer:listwidget", toTheEndStock<false>, {100'000});
-    add("ListToEnd/peer:uniform", toTheEndStock<true>, {100'000});
-    add("CheckAll/kor", checkAll, {10'000, 100'000});
-    add("CheckAll/peer:listwidget", checkAllStock, {10'000, 100'000});
-    add("ValueCheckedGet/kor", readSet, {10'000, 100'000});
-    add("ValueCheckedGet/peer:loop", readSetStock, {10'000, 100'000});
-    add("ValueCheckedSet/kor", writeSet, {10'000, 100'000});
-    add("ValueCheckedSet/peer:hashed", writeSetHashed, {10'000, 100'000});
-    add("ValueCheckedSet/peer:loop", writeSetLoop, {10'000});
-    add("CheckListMemory/kor", memoryOwn, {100'000});
-    add("CheckListMemory/peer:listwidget", memoryStock, {100'000});
+    measure("ListFill/kor", refresh<KorList>, {100'000}, benchmark::kMillisecond);
+    measure("ListFill/peer:listwidget", refreshStock<Boxes::None>, {100'000}, benchmark::kMillisecond);
+    measure("ListFill/peer:sqlite3", rawStepping, {100'000}, benchmark::kMillisecond);
+    measure("ListAdd/kor", addEntries, {10'000, 100'000}, benchmark::kMillisecond);
+    measure("ListAdd/peer:listwidget", addItems, {10'000, 100'000}, benchmark::kMillisecond);
+    measure("ListAdd/peer:announced", announceRows, {10'000, 100'000}, benchmark::kMillisecond);
+    measure("CheckListFill/kor", refresh<KorListCheck>, {100'000}, benchmark::kMillisecond);
+    measure("CheckListFill/peer:listwidget", refreshStock<Boxes::Unchecked>, {100'000}, benchmark::kMillisecond);
+    measure("CheckListFill/peer:sqlite3", rawStepping, {100'000}, benchmark::kMillisecond);
+    measure("ListToEnd/kor", toTheEndOwn, {100'000}, benchmark::kMillisecond);
+    measure("ListToEnd/peer:listwidget", toTheEndStock<false>, {100'000}, benchmark::kMillisecond);
+    measure("ListToEnd/peer:uniform", toTheEndStock<true>, {100'000}, benchmark::kMillisecond);
+    measure("CheckAll/kor", checkAll, {10'000, 100'000}, benchmark::kMillisecond);
+    measure("CheckAll/peer:listwidget", checkAllStock, {10'000, 100'000}, benchmark::kMillisecond);
+    measure("ValueCheckedGet/kor", readSet, {10'000, 100'000}, benchmark::kMillisecond);
+    measure("ValueCheckedGet/peer:loop", readSetStock, {10'000, 100'000}, benchmark::kMillisecond);
+    measure("ValueCheckedSet/kor", writeSet, {10'000, 100'000}, benchmark::kMillisecond);
+    measure("ValueCheckedSet/peer:hashed", writeSetHashed, {10'000, 100'000}, benchmark::kMillisecond);
+    measure("ValueCheckedSet/peer:loop", writeSetLoop, {10'000}, benchmark::kMillisecond);
+    measure("CheckListMemory/kor", memoryOwn, {100'000}, benchmark::kMillisecond);
+    measure("CheckListMemory/peer:listwidget", memoryStock, {100'000}, benchmark::kMillisecond);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
