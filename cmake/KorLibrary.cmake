@@ -59,6 +59,20 @@ function(kor_library layer)
     endif()
 endfunction()
 
+# kor_shared_library(<target> [PROPERTY value...])
+#
+# What all shared libraries of the project have: a name that programs of another minor version are not started with
+# (before 1.0 each may take something away), and no symbols but their own (tools/exported-symbols keeps the lists).
+function(kor_shared_library target)
+    set_target_properties(${target} PROPERTIES
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR} ${ARGN})
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    if(UNIX AND NOT APPLE)
+        target_link_options(${target} PRIVATE LINKER:--version-script=${PROJECT_SOURCE_DIR}/src/exported.map)
+        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${PROJECT_SOURCE_DIR}/src/exported.map)
+    endif()
+endfunction()
+
 # kor_test(<name> [SOURCES file...] [RULES layer...] [INSIDE layer...] [LINK target...] [X11])
 #
 # One test program, run under the C and the Polish locale. With RULES it links the pure rules of those layers only and

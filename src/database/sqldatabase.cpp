@@ -17,7 +17,7 @@ namespace kor {
 
 // Holds the connection's driver, not the connection: a copy of the connection would count as a user of it and keep the
 // host from removing it, and its name may be given to another one later.
-struct SqlDatabase::Private {
+struct Q_DECL_HIDDEN SqlDatabase::Private {
     QPointer<QSqlDriver> driver;
     std::optional<bool> stepsSqliteItself; // asked at the first recordset
 

@@ -26,7 +26,7 @@
 
 using namespace kor;
 
-class KorDate::Private final : public FocusClient
+class Q_DECL_HIDDEN KorDate::Private final : public FocusClient
 {
 public:
     explicit Private(KorDate *control) : q(control), field(CommandButton::Sign::Arrow, control) {}

@@ -233,7 +233,7 @@ private:
 
 } // namespace
 
-class FormBuilder::Private
+class Q_DECL_HIDDEN FormBuilder::Private
 {
 public:
     [[nodiscard]] std::optional<FormItemKind> kindOf(const QString &type) const;

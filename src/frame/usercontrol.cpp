@@ -17,7 +17,7 @@ namespace {
 constexpr char userModeName[] = "UserMode";
 }
 
-class UserControl::Private
+class Q_DECL_HIDDEN UserControl::Private
 {
 public:
     QPointer<QWidget> main;

@@ -26,7 +26,7 @@
 
 using namespace kor;
 
-class KorGrid::Private final : public FocusClient, public GridEditingHost
+class Q_DECL_HIDDEN KorGrid::Private final : public FocusClient, public GridEditingHost
 {
 public:
     explicit Private(KorGrid *control)

@@ -22,7 +22,7 @@ Q_LOGGING_CATEGORY(listsLog, "kordaouc.lists")
 
 namespace kor {
 
-class DictionaryControl::Private
+class Q_DECL_HIDDEN DictionaryControl::Private
 {
 public:
     Private(DictionaryControl *control, const DictionaryRules &ownRules) : q(control), rules(ownRules) {}

@@ -9,7 +9,7 @@
 
 using namespace kor;
 
-class KorCombo::Private
+class Q_DECL_HIDDEN KorCombo::Private
 {
 public:
     explicit Private(KorCombo *control) : box(new ComboBox(control)) {}

@@ -8,7 +8,7 @@
 
 using namespace kor;
 
-class KorList::Private
+class Q_DECL_HIDDEN KorList::Private
 {
 public:
     static const SettingsTable<KorList> settings;

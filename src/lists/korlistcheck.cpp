@@ -20,7 +20,7 @@
 
 using namespace kor;
 
-class KorListCheck::Private
+class Q_DECL_HIDDEN KorListCheck::Private
 {
 public:
     explicit Private(KorListCheck *control) : q(control), box(new CheckListBox(control)) {}

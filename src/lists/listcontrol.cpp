@@ -8,7 +8,7 @@
 
 namespace kor {
 
-class ListControl::Private
+class Q_DECL_HIDDEN ListControl::Private
 {
 public:
     ListBox *box = nullptr;

@@ -20,7 +20,7 @@
 
 using namespace kor;
 
-class KorNumber::Private final : public FocusClient
+class Q_DECL_HIDDEN KorNumber::Private final : public FocusClient
 {
 public:
     explicit Private(KorNumber *control) : q(control), box(new TextBox(control)) {}

@@ -11,7 +11,7 @@
 
 namespace kor {
 
-class PropertyPage::Private
+class Q_DECL_HIDDEN PropertyPage::Private
 {
 public:
     std::vector<QPointer<QObject>> controls; // a hole for each that was deleted: the second never becomes the first

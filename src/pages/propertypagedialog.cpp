@@ -44,7 +44,7 @@ QString titleOf(const QObjectList &controls)
 
 } // namespace
 
-class PropertyPageDialog::Private
+class Q_DECL_HIDDEN PropertyPageDialog::Private
 {
 public:
     QTabWidget *tabs = nullptr;

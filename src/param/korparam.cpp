@@ -26,7 +26,7 @@
 
 using namespace kor;
 
-class KorParam::Private final : public FocusClient, public ParamEditingHost
+class Q_DECL_HIDDEN KorParam::Private final : public FocusClient, public ParamEditingHost
 {
 public:
     explicit Private(KorParam *control)

@@ -13,7 +13,7 @@
 
 using namespace kor;
 
-class KorClick::Private final : public FocusClient
+class Q_DECL_HIDDEN KorClick::Private final : public FocusClient
 {
 public:
     explicit Private(KorClick *control) : q(control), field(CommandButton::Sign::Dots, control) {}

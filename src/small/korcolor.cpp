@@ -26,7 +26,7 @@ constexpr int gap = 3;
 
 } // namespace
 
-class KorColor::Private
+class Q_DECL_HIDDEN KorColor::Private
 {
 public:
     explicit Private(KorColor *control)

@@ -20,7 +20,7 @@
 
 using namespace kor;
 
-class KorMultiText::Private final : public FocusClient
+class Q_DECL_HIDDEN KorMultiText::Private final : public FocusClient
 {
 public:
     explicit Private(KorMultiText *control) : q(control), field(CommandButton::Sign::Arrow, control) {}

@@ -35,7 +35,7 @@ void loadValue(KorUpDown &control, const QVariant &saved)
 
 } // namespace
 
-class KorUpDown::Private final : public FocusClient
+class Q_DECL_HIDDEN KorUpDown::Private final : public FocusClient
 {
 public:
     explicit Private(KorUpDown *control) : q(control), box(new TextBox(control)), spin(new SpinButtons(control)) {}
