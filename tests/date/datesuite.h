@@ -38,6 +38,13 @@ protected:
         return FieldSuite::enter();
     }
 
+    //! By Tab, to the button beside the box.
+    void leave()
+    {
+        QTest::keyClick(m_box, Qt::Key_Tab);
+        settle();
+    }
+
     QPointer<KorDate> &m_date = m_control;
     QAbstractButton *m_button = nullptr;
 };

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "date/daterules.h"
+#include "date/isodates.h"
 
 #include <KorDaoUC/Format>
 
@@ -9,18 +10,11 @@
 #include <random>
 
 using namespace kor;
+using kor::test::polishIso;
 
 namespace {
 
 const QDate today(2024, 3, 5);
-
-Locale polishIso()
-{
-    Locale locale = Locale::polish();
-    locale.shortDatePattern = QStringLiteral("yyyy-MM-dd");
-    locale.dateSeparator = u'-';
-    return locale;
-}
 
 Locale of(const char *name) { return Locale::fromQLocale(QLocale(QString::fromLatin1(name))); }
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "date/daterules.h"
+#include "date/isodates.h"
 
 #include <KorDaoUC/RunTimeError>
 #include <KorDaoUC/Variant>
@@ -8,6 +9,7 @@
 #include <QtTest/QtTest>
 
 using namespace kor;
+using kor::test::polishIso;
 
 namespace {
 
@@ -18,14 +20,6 @@ Locale hungarian()
     Locale locale = Locale::english();
     locale.shortDatePattern = QStringLiteral("yyyy. MM. dd.");
     locale.dateSeparator = u'.';
-    return locale;
-}
-
-Locale polishIso()
-{
-    Locale locale = Locale::polish();
-    locale.shortDatePattern = QStringLiteral("yyyy-MM-dd");
-    locale.dateSeparator = u'-';
     return locale;
 }
 
