@@ -1,12 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "small/multitextsuite.h"
 #include "support/eventlog.h"
-#include "support/fieldsuite.h"
 
 #include <KorDaoUC/KorMultiText>
 
 #include <QtGui/QClipboard>
-#include <QtGui/QScreen>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextLayout>
 #include <QtTest/QtTest>
@@ -18,20 +17,16 @@ using namespace kor;
 using namespace kor::test;
 
 //! The multi-line text field and its pop-up editor, driven by keyboard and mouse.
-class tst_KorMultiText : public FieldSuite<KorMultiText>
+class tst_KorMultiText : public MultiTextSuite
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
+    void init() { setUp(); }
     void cleanup() { tearDown(); }
 
-    void theEditorIsCreatedAtTheFirstPress();
     void textCaretAndSelectionGoOverAndBack();
     void closingKeysGiveTheTextBack_data();
     void closingKeysGiveTheTextBack();
-    void aClickOutsideActsLikeEscape();
-    void aSecondClickOnTheButtonOnlyCloses();
-    void theButtonPressedByAProgramOnlyCloses();
     void theFieldTakesTheTextWhenItGetsTheFocus_data();
     void theFieldTakesTheTextWhenItGetsTheFocus();
     void theTextComesBackWhenTheControlGoesAway_data();
@@ -46,63 +41,14 @@ private Q_SLOTS:
     void aLongTextIsNeverCut();
     void everyCharacterComesBack_data();
     void everyCharacterComesBack();
-    void editorIsParentWidthByWindowHeight();
-    void sizeIsThatOfTheFirstOpening();
-    void noLinesAskForNoHeight();
-    void placementAtTheScreensEdges_data();
-    void placementAtTheScreensEdges();
     void maxLengthLimitsTheEditorToo();
     void maxLengthLimitsInputMethodsToo();
     void aKeyEndsWhatIsBeingComposed_data();
     void aKeyEndsWhatIsBeingComposed();
     void aHugeTextIsPastedAtOnce();
-    void enabledClickSwitchesTheButton();
-    void nothingOpensAtDesignTime();
     void everyChangeSetsDataChanged();
     void eventsComeFromTheField();
-    void editorFollowsColorsAndFont();
-    void screenReadersHearWhatIsEdited();
-    void deletionWhileTheEditorIsOpenIsSafe();
-
-private:
-    QPointer<KorMultiText> &m_text = m_control;
-    QAbstractButton *m_button = nullptr;
-    [[nodiscard]] bool open();
-    [[nodiscard]] QWidget *popup() const { return m_text->findChild<QWidget *>(QStringLiteral("frmText")); }
-    [[nodiscard]] QPlainTextEdit *editor() const
-    {
-        return m_text->findChild<QPlainTextEdit *>(QStringLiteral("txtMulti"));
-    }
 };
-
-void tst_KorMultiText::init()
-{
-    setUp("txtText");
-    m_button = m_text->findChild<QAbstractButton *>(QStringLiteral("cmdClick"));
-}
-
-bool tst_KorMultiText::open()
-{
-    if (!m_stage->isVisible() && !m_stage->open())
-        return false;
-    settle();
-    QTest::mouseClick(m_button, Qt::LeftButton);
-    settle();
-    return popup() && popup()->isVisible() && QApplication::focusWidget() == editor();
-}
-
-void tst_KorMultiText::theEditorIsCreatedAtTheFirstPress()
-{
-    QVERIFY(!popup());
-    QVERIFY(open());
-    const QPointer<QWidget> first = popup();
-    QCOMPARE(first->property("ParentControl").value<QObject *>(), m_text.data());
-    QTest::keyClick(editor(), Qt::Key_Escape);
-    settle();
-    QVERIFY(!first->isVisible());
-    QVERIFY(open());
-    QCOMPARE(popup(), first.data());
-}
 
 void tst_KorMultiText::textCaretAndSelectionGoOverAndBack()
 {
@@ -149,39 +95,6 @@ void tst_KorMultiText::closingKeysGiveTheTextBack()
     QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("!"));
     QCOMPARE(m_text->Text(), QStringLiteral("nowy!"));
-}
-
-void tst_KorMultiText::aClickOutsideActsLikeEscape()
-{
-    QVERIFY(open());
-    QTest::keyClicks(editor(), QStringLiteral("nowy"));
-    QTest::mouseClick(popup(), Qt::LeftButton, {}, QPoint(-20, -60));
-    settle();
-    QVERIFY(!popup()->isVisible());
-    QCOMPARE(m_text->Text(), QStringLiteral("nowy"));
-    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
-}
-
-void tst_KorMultiText::aSecondClickOnTheButtonOnlyCloses()
-{
-    QVERIFY(open());
-    // As the window system sends it: to the window under the pointer, while the pop-up is open.
-    QTest::mouseClick(m_stage->windowHandle(), Qt::LeftButton, {},
-                      m_button->mapTo(m_stage.get(), m_button->rect().center()));
-    settle();
-    QVERIFY(!popup()->isVisible());
-    QTRY_COMPARE(QApplication::focusWidget(), m_box.data());
-    QVERIFY(open());
-}
-
-void tst_KorMultiText::theButtonPressedByAProgramOnlyCloses()
-{
-    QVERIFY(open());
-    QTest::keyClicks(editor(), QStringLiteral("nowy"));
-    m_button->click(); // as a screen reader does
-    settle();
-    QVERIFY(!popup()->isVisible());
-    QCOMPARE(m_text->Text(), QStringLiteral("nowy"));
 }
 
 void tst_KorMultiText::theFieldTakesTheTextWhenItGetsTheFocus_data()
@@ -374,91 +287,6 @@ void tst_KorMultiText::everyCharacterComesBack()
     QCOMPARE(log.take(), QString());
 }
 
-void tst_KorMultiText::editorIsParentWidthByWindowHeight()
-{
-    m_text->setOpenLines(7);
-    QVERIFY(open());
-    QCOMPARE(popup()->size(), QSize(m_text->width(), 7 * m_box->height()));
-    const float twipsPerPixel = 1440.0F / static_cast<float>(m_text->logicalDpiX());
-    QCOMPARE(popup()->property("ParentWidth").value<float>(), static_cast<float>(m_text->width()) * twipsPerPixel);
-    QCOMPARE(popup()->property("WindowHeight").value<float>(), static_cast<float>(7 * m_box->height()) * twipsPerPixel);
-    QCOMPARE(editor()->size(), popup()->size());
-}
-
-void tst_KorMultiText::sizeIsThatOfTheFirstOpening()
-{
-    QVERIFY(open());
-    const QSize size = popup()->size();
-    QTest::keyClick(editor(), Qt::Key_Escape);
-    m_text->setOpenLines(9);
-    m_text->setMaxLength(2);
-    m_text->resize(220, 40);
-    QVERIFY(open());
-    QCOMPARE(popup()->size(), size);
-    QTest::keyClicks(editor(), QStringLiteral("12345"));
-    QCOMPARE(editor()->toPlainText(), QStringLiteral("12345"));
-}
-
-void tst_KorMultiText::noLinesAskForNoHeight()
-{
-    m_text->setOpenLines(0);
-    QVERIFY(open());
-    QCOMPARE(popup()->property("WindowHeight").value<float>(), 0.0F);
-    QVERIFY(popup()->height() <= 1);
-    QTest::keyClicks(editor(), QStringLiteral("ok"));
-    QTest::keyClick(editor(), Qt::Key_Escape);
-    settle();
-    QCOMPARE(m_text->Text(), QStringLiteral("ok"));
-}
-
-void tst_KorMultiText::placementAtTheScreensEdges_data()
-{
-    QTest::addColumn<QString>("edge");
-    for (const char *edge : {"middle", "top", "bottom", "left", "right", "bottom right"})
-        QTest::newRow(edge) << QString::fromLatin1(edge);
-}
-
-void tst_KorMultiText::placementAtTheScreensEdges()
-{
-    QFETCH(QString, edge);
-    m_stage->setWindowFlag(Qt::FramelessWindowHint);
-    m_text->setGeometry(0, 0, 160, 26);
-    m_stage->setFixedSize(160, 120);
-    const QRect screen = m_stage->screen()->geometry();
-    QPoint at = screen.center();
-    if (edge.contains(QLatin1String("top")))
-        at.setY(screen.top());
-    if (edge.contains(QLatin1String("bottom"))) {
-        at.setY(screen.bottom() + 1 - 120);
-        m_text->move(0, 94);
-    }
-    if (edge.contains(QLatin1String("left")))
-        at.setX(screen.left() + 2); // the offscreen platform lets no window come nearer
-    if (edge.contains(QLatin1String("right")))
-        at.setX(screen.right() + 1 - 160);
-    m_stage->move(at);
-    QVERIFY(m_stage->open());
-    QTRY_COMPARE(m_stage->pos(), at);
-    QVERIFY(open());
-    const QRect control(m_text->mapToGlobal(QPoint(0, 0)), m_text->size());
-    const QRect place = popup()->geometry();
-    QVERIFY(screen.contains(place));
-    QCOMPARE(place.left(), control.left());
-    if (edge.contains(QLatin1String("bottom")))
-        QCOMPARE(place.bottom() + 1, control.top());
-    else
-        QCOMPARE(place.top(), control.bottom() + 1);
-
-    // Now wider than the control, which only a control that has shrunk since the first opening can see.
-    QTest::keyClick(editor(), Qt::Key_Escape);
-    const bool isAtRight = edge.contains(QLatin1String("right"));
-    m_text->setGeometry(isAtRight ? 100 : 0, m_text->y(), 60, 26);
-    QVERIFY(open());
-    const int left = m_text->mapToGlobal(QPoint(0, 0)).x();
-    QCOMPARE(popup()->geometry().x(), isAtRight ? left - (160 - 60) : left);
-    QVERIFY(screen.contains(popup()->geometry()));
-}
-
 void tst_KorMultiText::maxLengthLimitsTheEditorToo()
 {
     m_text->setMaxLength(5);
@@ -526,23 +354,6 @@ void tst_KorMultiText::aHugeTextIsPastedAtOnce()
     QCOMPARE(editor()->toPlainText(), QString(100, u'x'));
 }
 
-void tst_KorMultiText::enabledClickSwitchesTheButton()
-{
-    m_text->setEnabledClick(false);
-    QVERIFY(!m_button->isEnabled());
-    QVERIFY(!open());
-    QVERIFY(!popup());
-    m_text->setEnabledClick(true);
-    QVERIFY(open());
-}
-
-void tst_KorMultiText::nothingOpensAtDesignTime()
-{
-    UserControl::setUserMode(m_stage.get(), false);
-    QVERIFY(!open());
-    QVERIFY(!popup());
-}
-
 void tst_KorMultiText::everyChangeSetsDataChanged()
 {
     QVERIFY(!m_text->DataChanged());
@@ -578,38 +389,6 @@ void tst_KorMultiText::eventsComeFromTheField()
     QTest::mouseDClick(m_box, Qt::LeftButton);
     QTest::mouseRelease(m_box, Qt::LeftButton);
     QCOMPARE(log.take(), QStringLiteral("MouseDown(1,0) MouseUp(1,0) DblClick MouseUp(1,0)"));
-}
-
-void tst_KorMultiText::editorFollowsColorsAndFont()
-{
-    QFont font = m_text->Font();
-    font.setPointSize(17);
-    m_text->setFont(font);
-    m_text->setBackColor(0x0000FFFF);
-    m_text->setForeColor(0x000000FF);
-    QVERIFY(open());
-    QCOMPARE(editor()->font().pointSize(), 17);
-    QCOMPARE(editor()->palette().color(QPalette::Base), QColor(Qt::yellow));
-    QCOMPARE(editor()->palette().color(QPalette::Text), QColor(Qt::red));
-}
-
-void tst_KorMultiText::screenReadersHearWhatIsEdited()
-{
-    QVERIFY(!m_button->accessibleName().isEmpty());
-    m_text->setAccessibleName(QStringLiteral("Uwagi"));
-    QVERIFY(open());
-    QCOMPARE(editor()->accessibleName(), QStringLiteral("Uwagi"));
-}
-
-void tst_KorMultiText::deletionWhileTheEditorIsOpenIsSafe()
-{
-    QVERIFY(open());
-    QTest::keyClicks(editor(), QStringLiteral("nowy"));
-    delete m_text;
-    settle();
-    QVERIFY(!QApplication::activePopupWidget());
-    m_stage->button()->setFocus();
-    QTRY_COMPARE(QApplication::focusWidget(), m_stage->button());
 }
 
 QTEST_MAIN(tst_KorMultiText)
