@@ -83,6 +83,9 @@ inline void type(const QString &text)
     kor::test::settle();
 }
 
+//! A number as the Polish locale groups it.
+inline QString grouped(const char *number) { return QString::fromLatin1(number).replace(u' ', u'\u00A0'); }
+
 //! An order desk over a file of its own with the sample data, at work.
 class OrderDesk : public QObject
 {
