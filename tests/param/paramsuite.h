@@ -2,16 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "support/eventlog.h"
-#include "support/stage.h"
+#include "support/cellssuite.h"
 
-#include <KorDaoUC/Clock>
 #include <KorDaoUC/KorClick>
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/KorDate>
 #include <KorDaoUC/KorNumber>
 #include <KorDaoUC/KorParam>
-#include <KorDaoUC/Locale>
 #include <KorDaoUC/Variant>
 
 #include <QtTest/QtTest>
@@ -21,38 +18,18 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QTableView>
 
-#include <memory>
-
 namespace kor::test {
 
-//! A sheet on a stage, with the keyboard on the button beside it, and Polish signs.
-class ParamSuite : public QObject
+//! A sheet on a stage.
+class ParamSuite : public CellsSuite<KorParam>
 {
 protected:
     // The rows of report().
     enum Row { Text = 1, Number, Date, Combo, Click, Other };
 
-    void setUp(int width = 420, int height = 240)
-    {
-        failOnWarnings();
-        Locale::setSystemDefault(Locale::polish());
-        Clock::setSource([] { return QDate(2026, 11, 21); });
-        stage = std::make_unique<Stage>();
-        sheet = stage->place(new KorParam, width, height);
-        stage->resize(width + 20, height + 80);
-        messages = std::make_unique<Messages>();
-        QVERIFY(stage->open());
-        stage->button()->setFocus();
-        settle();
-        log = std::make_unique<EventLog>(sheet.data());
-    }
-    void tearDown()
-    {
-        log.reset();
-        messages.reset();
-        stage.reset();
-        Clock::setSource({});
-    }
+    ParamSuite() : CellsSuite({"TxtBox", "KorNum", "KorDat", "KorCmb", "KorClk"}) {}
+
+    void setUp(int width = 420, int height = 240) { CellsSuite::setUp(width, height); }
 
     //! A parameter of each kind, and one of a kind that there is not.
     void report()
@@ -77,11 +54,6 @@ protected:
                         value);
     }
 
-    [[nodiscard]] QTableView *view() const { return sheet->findChild<QTableView *>(QStringLiteral("grid")); }
-    [[nodiscard]] QRect cellRect(int row, int column) const
-    {
-        return view()->visualRect(view()->model()->index(row - 1, column - 1));
-    }
     //! The text of a cell, hidden ones too.
     [[nodiscard]] QString cell(int row, int column) const
     {
@@ -89,36 +61,9 @@ protected:
             return view()->model()->headerData(column - 1, Qt::Horizontal).toString();
         return view()->model()->index(row - 1, column - 1).data().toString();
     }
-    [[nodiscard]] QPoint inWindow(int row, int column = 2) const
-    {
-        return view()->viewport()->mapTo(stage.get(), cellRect(row, column).center());
-    }
-    //! Through the window, so that a handler may delete the sheet between press and release.
-    void click(int row, int column = 2)
-    {
-        QTest::mouseClick(stage->windowHandle(), Qt::LeftButton, Qt::NoModifier, inWindow(row, column));
-        settle();
-    }
-    //! The names of the editors that are shown: none or one.
-    [[nodiscard]] QString openEditor() const
-    {
-        QStringList shown;
-        for (const char *name : {"TxtBox", "KorNum", "KorDat", "KorCmb", "KorClk"}) {
-            if (editor(name)->isVisible())
-                shown << QString::fromLatin1(name);
-        }
-        return shown.join(u' ');
-    }
-    template <class Editor = QWidget>
-    [[nodiscard]] Editor *editor(const char *name) const
-    {
-        return sheet->findChild<Editor *>(QString::fromLatin1(name));
-    }
-    [[nodiscard]] bool hasKeyboard(const char *name) const
-    {
-        const QWidget *focused = QApplication::focusWidget();
-        return focused && (focused == editor(name) || editor(name)->isAncestorOf(focused));
-    }
+    //! The value of a row.
+    [[nodiscard]] QPoint inWindow(int row, int column = 2) const { return CellsSuite::inWindow(row, column); }
+    void click(int row, int column = 2) { CellsSuite::click(row, column); }
     void enter()
     {
         sheet->setFocus(Qt::TabFocusReason);
@@ -127,16 +72,6 @@ protected:
     void leave()
     {
         stage->button()->setFocus();
-        settle();
-    }
-    void type(const QString &text)
-    {
-        for (const QChar c : text)
-            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, QString(c), Qt::NoModifier);
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
         settle();
     }
     //! As a host reads the parameters. Without one that is open, nothing closes by it.
@@ -155,10 +90,7 @@ protected:
         return texts.join(u'|');
     }
 
-    std::unique_ptr<Stage> stage;
-    std::unique_ptr<Messages> messages;
-    std::unique_ptr<EventLog> log;
-    QPointer<KorParam> sheet;
+    QPointer<KorParam> &sheet = control;
 };
 
 } // namespace kor::test
