@@ -248,17 +248,12 @@ struct TabOrder {
 
 TabOrder tabOrderOf(QList<UiStop> stops, const QStringList &tabStops)
 {
-    const auto buddies = [&stops] {
-        QStringList all = buddiesOf(stops);
-        clearRepeatedNames(all, stops);
-        return all;
-    };
     QStringList wanted;
     for (const UiStop &stop : stops)
         wanted << stop.buddy;
     const bool isNumbered = std::any_of(stops.cbegin(), stops.cend(), [](const UiStop &stop) { return stop.tabIndex; });
     TabOrder order;
-    if (isNumbered && tabStopsOf(stops) == tabStops && buddies() == wanted) {
+    if (isNumbered && tabStopsOf(stops) == tabStops && buddiesOf(stops) == wanted) {
         order.buddies = wanted;
         return order;
     }
@@ -266,7 +261,7 @@ TabOrder tabOrderOf(QList<UiStop> stops, const QStringList &tabStops)
     order.isTold = isNumbered || order.indexes.count(std::nullopt) < order.indexes.size();
     for (qsizetype place = 0; place < stops.size(); ++place)
         stops[place].tabIndex = order.indexes.at(place);
-    order.buddies = buddies();
+    order.buddies = buddiesOf(stops);
     return order;
 }
 

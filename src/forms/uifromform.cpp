@@ -90,8 +90,7 @@ QStringList orderParts(const QList<Part *> &parts)
     for (const Part *part : parts)
         stops.append(stopOf(*part));
     const QStringList tabStops = tabStopsOf(stops);
-    QStringList buddies = buddiesOf(stops);
-    clearRepeatedNames(buddies, stops);
+    const QStringList buddies = buddiesOf(stops);
     for (qsizetype place = 0; place < stops.size(); ++place)
         stops[place].buddy = buddies.at(place);
     const QList<std::optional<int>> told = toldTabIndexes(stops, tabStops);
@@ -369,7 +368,7 @@ UiFile::Text uiFromForm(const FormBlock &form, const UiKinds &kinds, const UiFil
     UiElement window = maker.make(root);
 
     UiElement file = keptSection(form, "ui").value_or(element(QLatin1String("ui"), {}));
-    if (file.attribute(QLatin1String("version")).isEmpty())
+    if (!file.hasAttribute(QLatin1String("version")))
         file.attributes.prepend({QStringLiteral("version"), QStringLiteral("4.0")});
     const auto add = [&](const char *name) {
         if (auto section = sectionOf(form, name, maker, kinds, tabStops))

@@ -90,18 +90,14 @@ QStringList buddiesOf(const QList<UiStop> &stops)
         else if (stop.takesFocus)
             next = stop.name;
     }
-    return buddies;
-}
-
-void clearRepeatedNames(QStringList &buddies, const QList<UiStop> &stops)
-{
     QHash<QString, int> counts;
     for (const UiStop &stop : stops)
         ++counts[stop.name];
     for (QString &buddy : buddies) {
-        if (counts.value(buddy) > 1)
+        if (counts.value(buddy) > 1) // whom that means can't be told by the name
             buddy.clear();
     }
+    return buddies;
 }
 
 QList<std::optional<int>> toldTabIndexes(QList<UiStop> stops, const QStringList &tabStops)

@@ -22,10 +22,9 @@ struct UiStop {
 
 //! The names for the list of a .ui file: nothing when no control has a number.
 [[nodiscard]] QStringList tabStopsOf(const QList<UiStop> &stops);
-//! For each, the name of the control to which it leads by its number; nothing for all others.
+//! For each, the name of the control to which it leads by its number; nothing for all others, nor where several have
+//! that name.
 [[nodiscard]] QStringList buddiesOf(const QList<UiStop> &stops);
-//! Clears buddies that their name can't tell.
-void clearRepeatedNames(QStringList &buddies, const QList<UiStop> &stops);
 //! The numbers that the list and the buddies of a .ui file come to; none, when the order of the file will do.
 [[nodiscard]] QList<std::optional<int>> toldTabIndexes(QList<UiStop> stops, const QStringList &tabStops);
 

@@ -132,6 +132,12 @@ QString UiElement::attribute(QLatin1String wanted) const
     return found != attributes.cend() ? found->second : QString();
 }
 
+bool UiElement::hasAttribute(QLatin1String wanted) const
+{
+    return std::any_of(attributes.cbegin(), attributes.cend(),
+                       [wanted](const auto &one) { return one.first == wanted; });
+}
+
 const UiElement *UiElement::child(QLatin1String wanted) const
 {
     const auto found =

@@ -24,6 +24,7 @@ struct UiElement {
     int line = 0; //!< counted from 1; equality does not ask for it
 
     [[nodiscard]] QString attribute(QLatin1String wanted) const;
+    [[nodiscard]] bool hasAttribute(QLatin1String wanted) const;
     //! The first child of this name, or null. The case of names does not matter, as to the toolkit.
     [[nodiscard]] const UiElement *child(QLatin1String wanted) const;
     [[nodiscard]] bool is(QLatin1String wanted) const { return name.compare(wanted, Qt::CaseInsensitive) == 0; }

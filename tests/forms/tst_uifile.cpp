@@ -94,6 +94,7 @@ private Q_SLOTS:
     void aMovedControlGetsNewTwips();
     void theOrderOfTabIsTheListOfTabStops();
     void aTabStopIsOneOfTheWidgetsOfItsName();
+    void aLabelBeforeTwoControlsOfOneNameNumbersNothing();
     void anotherListOfTabStopsNumbersAnew();
     void aBuddyIsTheNextControl();
     void otherScreensHaveOtherPixels();
@@ -343,6 +344,16 @@ void tst_UiFile::aTabStopIsOneOfTheWidgetsOfItsName()
     QCOMPARE(form(ui(text)), text);
 }
 
+void tst_UiFile::aLabelBeforeTwoControlsOfOneNameNumbersNothing()
+{
+    const QByteArray text = FormFile::serialize(
+        parsed("Begin Form f\nBegin Label l\nCaption = \"&a\"\nEnd\nBegin KorDaoUC.KorNumber twice\nEnd\n"
+               "Begin KorDaoUC.KorNumber twice\nEnd\nEnd\n"));
+    const QByteArray there = ui(text);
+    QVERIFY(!there.contains("buddy"));
+    QCOMPARE(form(there), text);
+}
+
 void tst_UiFile::anotherListOfTabStopsNumbersAnew()
 {
     const QByteArray text = FormFile::serialize(parsed("Begin Form f\nBegin KorDaoUC.KorNumber a\nTabIndex = 10\nEnd\n"
@@ -426,6 +437,9 @@ void tst_UiFile::whatOnlyTheDesignerKnowsIsKept_data()
     QByteArray version = uiWith(number, {});
     version.replace("4.0\"", "4.1\"");
     QTest::newRow("another version")     << version << QByteArray("ui.section.ui = \"<ui version=\"\"4.1\"\"/>\"");
+    QByteArray emptyVersion = uiWith(number, {});
+    emptyVersion.replace("4.0\"", "\"");
+    QTest::newRow("an empty version")    << emptyVersion << QByteArray("ui.section.ui = \"<ui version=\"\"\"\"/>\"");
     QTest::newRow("the language")        << language << QByteArray("ui.section.ui = \"<ui language=\"\"c++\"\"/>\"");
     // clang-format on
 }
