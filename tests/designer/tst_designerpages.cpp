@@ -52,8 +52,6 @@ private Q_SLOTS:
     void aRefusedValueLeavesWhatWasWrittenAsOneStep();
     void cancelChangesNothing();
     void thePagesOfAGridWithoutTheirMembersAreClosed();
-    void aDesignedControlIsInert_data() { controls(); }
-    void aDesignedControlIsInert();
 
 private:
     static void controls();
@@ -456,53 +454,6 @@ void tst_DesignerPages::thePagesOfAGridWithoutTheirMembersAreClosed()
     QVERIFY(!tabs->isTabEnabled(1));
     QVERIFY(tabs->isTabEnabled(2));
     QCOMPARE(message(), QString());
-}
-
-void tst_DesignerPages::aDesignedControlIsInert()
-{
-    QFETCH(QString, name);
-    openForm({name});
-    QWidget *widget = control("field");
-    widget->setProperty("SQL", QStringLiteral("LIST 1;Tak|0;Nie"));
-    m_window->resize(400, 300);
-    m_form->resize(400, 300);
-    m_window->show();
-    m_form->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    const auto state = [&] {
-        QStringList values;
-        for (const char *property : {"Text", "Value", "ListCount", "ListIndex", "Row", "Col", "BackColor"})
-            values << widget->property(property).toString();
-        return values;
-    };
-    const QStringList before = state();
-    const QString saved = m_form->contents();
-    for (QWidget *part : widget->findChildren<QWidget *>()) {
-        if (!part->isVisible())
-            continue;
-        for (const QPoint place : {part->rect().center(), QPoint(part->width() - 4, part->height() / 2)}) {
-            QTest::mouseClick(part, Qt::LeftButton, {}, place);
-            QTest::mouseClick(part, Qt::LeftButton);
-        }
-        for (const auto &[key, with] :
-             std::initializer_list<std::pair<Qt::Key, Qt::KeyboardModifiers>>{{Qt::Key_F4, {}},
-                                                                              {Qt::Key_F5, {}},
-                                                                              {Qt::Key_F6, {}},
-                                                                              {Qt::Key_Down, Qt::AltModifier},
-                                                                              {Qt::Key_5, {}},
-                                                                              {Qt::Key_Up, {}},
-                                                                              {Qt::Key_Insert, {}}})
-            QTest::keyClick(part, key, with);
-        QVERIFY2(!part->hasFocus(), qPrintable(part->objectName()));
-    }
-    QCOMPARE(QApplication::activePopupWidget(), nullptr);
-    QCOMPARE(QApplication::activeModalWidget(), nullptr);
-    for (const QWidget *window : QApplication::topLevelWidgets())
-        QVERIFY2(!window->isVisible() || window == m_window.get() || !window->parentWidget() ||
-                     !widget->isAncestorOf(window->parentWidget()),
-                 window->metaObject()->className());
-    QCOMPARE(state(), before);
-    QCOMPARE(m_form->contents(), saved);
 }
 
 int main(int argc, char **argv)
