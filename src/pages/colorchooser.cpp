@@ -76,9 +76,14 @@ QIcon colorPicture(OLE_COLOR color, const QWidget &widget)
     picture.setDevicePixelRatio(widget.devicePixelRatioF());
     picture.fill(toQColor(color, widget.palette()));
     QPainter painter(&picture);
-    painter.setPen(widget.palette().color(QPalette::Mid));
+    QColor edge = widget.palette().color(QPalette::WindowText); // which every theme sets off from its grounds
+    edge.setAlphaF(0.5F);
+    painter.setPen(edge);
     painter.drawRect(QRectF(0.5, 0.5, 2 * height - 1, height - 1));
-    return picture;
+    painter.end();
+    QIcon icon(picture);
+    icon.addPixmap(picture, QIcon::Selected); // the colour itself, also in the row that is selected
+    return icon;
 }
 
 ColorChooser::ColorChooser(OLE_COLOR color, QWidget *parent)

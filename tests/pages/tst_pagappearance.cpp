@@ -9,12 +9,15 @@
 #include <KorDaoUC/KorNumber>
 #include <KorDaoUC/PropertyBag>
 
+#include <QtGui/QIcon>
 #include <QtTest/QtTest>
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QFontDialog>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QTabWidget>
+
+#include <cstdlib>
 
 using namespace kor;
 using namespace kor::test;
@@ -75,6 +78,8 @@ private Q_SLOTS:
     void onlyWhatWasEditedIsWritten();
     void editsGoToAllThatHaveTheMember();
     void aSystemColourIsChosenFromTheList();
+    void aSwatchIsSeenOnItsGroundAndKeepsItsColourWhenSelected_data();
+    void aSwatchIsSeenOnItsGroundAndKeepsItsColourWhenSelected();
     void anotherColourIsChosenInItsDialog();
     void aClosedDialogChangesNothing_data();
     void aClosedDialogChangesNothing();
@@ -187,6 +192,47 @@ void tst_PagAppearance::aSystemColourIsChosenFromTheList()
     QCOMPARE(number.BackColor(), WindowBackground); // until Apply
     m_stage->page->ApplyChanges();
     QCOMPARE(number.BackColor(), ButtonFace);
+}
+
+void tst_PagAppearance::aSwatchIsSeenOnItsGroundAndKeepsItsColourWhenSelected_data()
+{
+    QTest::addColumn<QColor>("ground");
+    QTest::addColumn<QColor>("text");
+    QTest::newRow("light theme") << QColor(0xefefef) << QColor(Qt::black);
+    QTest::newRow("dark theme") << QColor(0x31363b) << QColor(Qt::white);
+}
+
+void tst_PagAppearance::aSwatchIsSeenOnItsGroundAndKeepsItsColourWhenSelected()
+{
+    QFETCH(QColor, ground);
+    QFETCH(QColor, text);
+    QPalette theme(ground);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        theme.setColor(role, text);
+    for (const auto role : {QPalette::Base, QPalette::Button, QPalette::Mid, QPalette::Dark, QPalette::Light})
+        theme.setColor(role, ground);
+    m_stage->page->window()->setPalette(theme);
+    KorNumber number;
+    number.setBackColor(ButtonFace); // as the ground of the button that shows it
+    m_stage->page->setSelectedControls({&number});
+    const auto picture = [](const QIcon &icon, QIcon::Mode mode) {
+        return icon.pixmap(icon.availableSizes().constFirst(), mode).toImage();
+    };
+    const QImage swatch = picture(m_stage->find<QPushButton>("cmdBackColor")->icon(), QIcon::Normal);
+    QCOMPARE(swatch.pixelColor(swatch.rect().center()), ground);
+    QVERIFY(std::abs(qGray(swatch.pixel(swatch.width() / 2, 0)) - qGray(ground.rgb())) > 60);
+    QImage shown;
+    QImage selected;
+    const AnyDialogUser user([&](QDialog &dialog) {
+        const QIcon icon = dialog.findChild<QListWidget *>(QStringLiteral("lstSystem"))->currentItem()->icon();
+        shown = picture(icon, QIcon::Normal);
+        selected = picture(icon, QIcon::Selected);
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    m_stage->click("cmdBackColor");
+    QVERIFY(user.isUsed);
+    QVERIFY(!shown.isNull());
+    QCOMPARE(selected, shown);
 }
 
 void tst_PagAppearance::anotherColourIsChosenInItsDialog()
