@@ -30,7 +30,9 @@ void ParamExample::paintEvent(QPaintEvent *)
     guarded(m_grid, [this] {
         QPainter painter(this);
         painter.setFont(m_grid->font());
-        painter.setPen(m_grid->palette().color(QPalette::PlaceholderText));
+        QColor faint = m_grid->palette().color(QPalette::Text); // some dark themes leave placeholders dark
+        faint.setAlphaF(0.5F);
+        painter.setPen(faint);
         const auto draw = [&](ParamColumn::Code column, const QString &text) {
             drawCellText(painter, m_grid->cellRect(1, column).translated(-pos()),
                          {text, CellAlignmentType::LeftCenter, false});

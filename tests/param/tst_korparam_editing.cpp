@@ -622,6 +622,15 @@ void tst_KorParam_Editing::atDesignTimeAnExampleIsShownAndNothingOpens()
         return all.size();
     };
     QVERIFY(colors() > 2);
+    // In a dark theme that gives placeholders no colour of their own
+    QPalette dark;
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Text, Qt::white);
+    dark.setColor(QPalette::PlaceholderText, Qt::black);
+    designed.setPalette(dark);
+    settle();
+    QVERIFY(colors() > 2);
+    designed.setPalette({});
     QCOMPARE(grid->model()->index(0, 0).data().toString(), QString()); // painted only
     drawn->setFocus();
     settle();
