@@ -85,12 +85,13 @@ private Q_SLOTS:
     void theOrderOfTabIsTheSame();
     void labelsLeadToTheSame();
     void theDesignerKeepsTheForm();
+    void theDesignerKeepsTheFormOfTheSample();
     void aChangeInTheDesignerIsOneLine_data();
     void aChangeInTheDesignerIsOneLine();
 
 private:
-    //! The form after the form designer has opened and saved it, with what `change` did to it.
-    QByteArray designed(const std::function<void(QDesignerFormWindowInterface &)> &change = {});
+    //! A .ui file's form after the form designer has opened and saved it, with what `change` did to it.
+    QByteArray designed(QByteArray ui, const std::function<void(QDesignerFormWindowInterface &)> &change = {});
 
     kor::FormBlock m_form;
     QByteArray m_text;
@@ -189,10 +190,10 @@ void tst_ConvertedForm::labelsLeadToTheSame()
     }
 }
 
-QByteArray tst_ConvertedForm::designed(const std::function<void(QDesignerFormWindowInterface &)> &change)
+QByteArray tst_ConvertedForm::designed(QByteArray ui, const std::function<void(QDesignerFormWindowInterface &)> &change)
 {
     QDesignerFormWindowInterface *form = m_core->formWindowManager()->createFormWindow(m_designerWindow.get());
-    QBuffer buffer(&m_ui);
+    QBuffer buffer(&ui);
     QString reason;
     if (!buffer.open(QIODevice::ReadOnly) || !form->setContents(&buffer, &reason))
         return "(refused) " + reason.toUtf8();
@@ -212,12 +213,23 @@ QByteArray tst_ConvertedForm::designed(const std::function<void(QDesignerFormWin
 
 void tst_ConvertedForm::theDesignerKeepsTheForm()
 {
-    const QByteArray text = designed();
+    const QByteArray text = designed(m_ui);
     const QByteArrayList left = m_text.split('\n');
     const QByteArrayList right = text.split('\n');
     for (qsizetype line = 0; line < left.size(); ++line)
         QCOMPARE(right.value(line), left.at(line));
     QCOMPARE(text, m_text);
+}
+
+void tst_ConvertedForm::theDesignerKeepsTheFormOfTheSample()
+{
+    QFile file(QStringLiteral(KOR_FORM));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const kor::FormResult form = FormFile::parse(file.readAll());
+    QVERIFY(form.form);
+    const UiFile::Text ui = UiFile::fromForm(*form.form);
+    QVERIFY(ui.ui);
+    QCOMPARE(designed(*ui.ui), FormFile::serialize(*form.form));
 }
 
 void tst_ConvertedForm::aChangeInTheDesignerIsOneLine_data()
@@ -242,7 +254,7 @@ void tst_ConvertedForm::aChangeInTheDesignerIsOneLine()
     QFETCH(const QByteArray, was);
     QFETCH(const QByteArray, is);
     QVERIFY2(m_text.contains(was), m_text.constData());
-    const QByteArray text = designed([&](QDesignerFormWindowInterface &form) {
+    const QByteArray text = designed(m_ui, [&](QDesignerFormWindowInterface &form) {
         auto *changed = form.findChild<QWidget *>(widget);
         QVERIFY(changed);
         form.cursor()->setWidgetProperty(changed, property, value);
