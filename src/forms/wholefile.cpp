@@ -17,7 +17,17 @@ namespace kor {
 
 namespace {
 
-QString reasonOf(int error) { return QString::fromStdString(std::system_category().message(error)); }
+WriteFailure failureOf(int error)
+{
+    return {{error, std::generic_category()}, QString::fromStdString(std::system_category().message(error))};
+}
+
+//! What the toolkit says of the call that has just failed, with the system's error behind it.
+WriteFailure failureOf(const QFile &file, int error)
+{
+    // Nothing written, and no reason given: there is no room.
+    return error == 0 ? failureOf(ENOSPC) : WriteFailure{{error, std::generic_category()}, file.errorString()};
+}
 
 //! Whether what was written is on the disk. Where there is no disk to wait for, it is.
 bool sync(int file)
@@ -52,21 +62,22 @@ public:
     }
     Q_DISABLE_COPY_MOVE(Successor)
 
-    [[nodiscard]] std::optional<QString> open()
+    [[nodiscard]] std::optional<WriteFailure> open()
     {
         constexpr int attempts = 16;
         for (int attempt = 0; attempt < attempts; ++attempt) {
             const QString name = QStringLiteral("/.%1.new").arg(QRandomGenerator::global()->generate64(), 16, 16);
             m_file.setFileName(m_place.absolutePath() + QString(name).replace(u' ', u'0'));
+            errno = 0;
             // Without a buffer, which would keep a failure to itself.
             if (m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
                 return std::nullopt;
             if (!m_file.exists())
                 break;
         }
-        const QString reason = m_file.errorString();
+        const WriteFailure failure = failureOf(m_file, errno);
         m_file.setFileName(QString()); // somebody else's
-        return reason;
+        return failure;
     }
 
     //! The old file's owner, as far as that is ours to give, and who may read and write it.
@@ -80,25 +91,27 @@ public:
         (void)::fchmod(m_file.handle(), old.st_mode & 07777);
     }
 
-    [[nodiscard]] std::optional<QString> write(QByteArrayView bytes)
+    [[nodiscard]] std::optional<WriteFailure> write(QByteArrayView bytes)
     {
         while (!bytes.isEmpty()) {
+            errno = 0;
             const qint64 written = m_file.write(bytes.data(), bytes.size());
             if (written <= 0)
-                return m_file.errorString();
+                return failureOf(m_file, errno);
             bytes = bytes.sliced(written); // a part finds room on a disk that is nearly full; the next call says so
         }
         if (!sync(m_file.handle()))
-            return reasonOf(errno);
+            return failureOf(errno);
+        errno = 0;
         m_file.close();
-        return m_file.error() == QFileDevice::NoError ? std::nullopt : std::optional(m_file.errorString());
+        return m_file.error() == QFileDevice::NoError ? std::nullopt : std::optional(failureOf(m_file, errno));
     }
 
-    [[nodiscard]] std::optional<QString> succeed()
+    [[nodiscard]] std::optional<WriteFailure> succeed()
     {
         const QByteArray from = QFile::encodeName(m_file.fileName());
         if (std::rename(from.constData(), QFile::encodeName(m_place.filePath()).constData()) != 0)
-            return reasonOf(errno);
+            return failureOf(errno);
         m_file.setFileName(QString());
         syncFolder(m_place.absolutePath());
         return std::nullopt;
@@ -111,26 +124,35 @@ private:
 
 } // namespace
 
-std::optional<QString> writeWhole(const QString &fileName, QByteArrayView bytes)
+std::optional<WriteFailure> tryWriteWhole(const QString &fileName, QByteArrayView bytes)
 {
     QFileInfo place(fileName);
     if (place.isSymLink()) {
         place.setFile(place.canonicalFilePath());
         if (!place.exists())
-            return QStringLiteral("the link leads to no file");
+            return WriteFailure{make_error_code(std::errc::no_such_file_or_directory),
+                                QStringLiteral("the link leads to no file")};
     }
-    if (place.exists() && !place.isFile())
-        return QStringLiteral("this is no regular file");
+    if (place.exists() && !place.isFile()) {
+        const std::errc error = place.isDir() ? std::errc::is_a_directory : std::errc::not_supported;
+        return WriteFailure{make_error_code(error), QStringLiteral("this is no regular file")};
+    }
     if (place.exists() && !place.isWritable())
-        return reasonOf(EACCES);
+        return failureOf(EACCES);
 
     Successor successor(place);
-    if (const auto reason = successor.open())
-        return reason;
+    if (auto failure = successor.open())
+        return failure;
     successor.takeOverPermissions();
-    if (const auto reason = successor.write(bytes))
-        return reason;
+    if (auto failure = successor.write(bytes))
+        return failure;
     return successor.succeed();
+}
+
+std::optional<QString> writeWhole(const QString &fileName, QByteArrayView bytes)
+{
+    const std::optional<WriteFailure> failure = tryWriteWhole(fileName, bytes);
+    return failure ? std::optional(failure->reason) : std::nullopt;
 }
 
 } // namespace kor
