@@ -10,6 +10,26 @@
 #include <cstddef>
 #include <memory>
 
+namespace kor {
+
+//! A column as AddColumn() was told of it, under the names of its arguments.
+struct ColumnDescription {
+    QString col_type = QStringLiteral("TEXT");
+    QString col_title;
+    int col_width = 0; //!< twips, by now
+    int col_align = 0;
+    bool col_lock = false;
+    QString col_format;
+    int col_color = 0;
+    int col_mlen = 0;
+    QString col_sql;
+    QString col_slownik;
+    int col_value = 0;
+    bool col_wrap = false;
+};
+
+} // namespace kor
+
 //! Grid whose cells are edited in place, each column by the entry control of its type: text, number, click field,
 //! drop-down list or date.
 //!
@@ -71,6 +91,11 @@ public:
                               bool col_lock = false, const QString &col_format = QStringLiteral("#,##0.00"),
                               int col_color = 0, int col_mlen = 0, const QString &col_sql = QString(),
                               const QString &col_slownik = QString(), int col_value = 0, bool col_wrap = false);
+
+    //! What a column is, for programs that export or print any grid. One that was never described, the fixed one too,
+    //! is a text without a format. Error 381 for a column that does not exist. An extension, for hosts that link the
+    //! library.
+    [[nodiscard]] kor::ColumnDescription columnDescription(int column) const;
 
     //! The text of a cell, titles included; error 381 for a cell that does not exist.
     [[nodiscard]] Q_INVOKABLE QString TextMatrix(int Row, int Col) const;

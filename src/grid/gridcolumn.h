@@ -11,6 +11,7 @@ enum class ColumnType : short { Text = 0, Number = 1, Click = 2, Combo = 3, Date
 
 //! The type of a keyword, "TEXT", "NUMBER", "CLICK", "COMBO" or "DATE", written exactly so. Any other word is a text.
 [[nodiscard]] ColumnType columnType(QStringView keyword);
+[[nodiscard]] QString keywordOf(ColumnType type);
 
 //! What is kept of a column beside what the grid surface keeps itself: type, title and width.
 struct GridColumn {

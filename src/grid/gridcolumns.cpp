@@ -20,6 +20,18 @@ ColumnType columnType(QStringView keyword)
     return keyword == u"DATE" ? ColumnType::Date : ColumnType::Text;
 }
 
+QString keywordOf(ColumnType type)
+{
+    switch (type) {
+    case ColumnType::Number: return QStringLiteral("NUMBER");
+    case ColumnType::Click: return QStringLiteral("CLICK");
+    case ColumnType::Combo: return QStringLiteral("COMBO");
+    case ColumnType::Date: return QStringLiteral("DATE");
+    case ColumnType::Text: break;
+    }
+    return QStringLiteral("TEXT");
+}
+
 int GridColumns::nextNumber(const QString &titleOfFirst, int columnCount)
 {
     const int number = titleOfFirst.isEmpty() ? 1 : columnCount;

@@ -149,6 +149,27 @@ int KorGrid::AddColumn(const QString &col_type, const QString &col_title, int co
     return number;
 }
 
+ColumnDescription KorGrid::columnDescription(int column) const
+{
+    ColumnDescription told;
+    told.col_title = d->grid->TextMatrix(0, column);
+    told.col_width = d->grid->ColWidth(column);
+    const GridColumn *described = d->cells.columns().find(column);
+    if (!described)
+        return told;
+    told.col_type = keywordOf(d->cells.typeOf(column));
+    told.col_align = described->alignment;
+    told.col_lock = described->isLocked;
+    told.col_format = described->format;
+    told.col_color = described->color;
+    told.col_mlen = described->maxLength;
+    told.col_sql = described->source;
+    told.col_slownik = described->dictionary;
+    told.col_value = described->valueColumn;
+    told.col_wrap = described->isWrapped;
+    return told;
+}
+
 // --- cells
 
 QString KorGrid::TextMatrix(int Row, int Col) const { return d->grid->TextMatrix(Row, Col); }
