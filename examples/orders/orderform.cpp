@@ -369,6 +369,12 @@ void OrderForm::showOrdersOfCustomer()
 
 QString OrderForm::textOf(const OrderLine &line) const { return lineText(line, m_catalogue); }
 
+QString OrderForm::exportLines()
+{
+    const QString number = m_loaded.number.isEmpty() ? QStringLiteral("nowe zamówienie") : m_loaded.number;
+    return m_lines->exportCells(QStringLiteral("Pozycje %1").arg(number), QString(number).replace(u'/', u'-'));
+}
+
 //! `SumColumn` is as exact as quantities are. A sum of money may have more digits than it keeps.
 void OrderForm::showSums()
 {

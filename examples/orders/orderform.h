@@ -59,6 +59,8 @@ public:
     void focusFirstField();
     void focusField(const OrderProblem &problem);
     [[nodiscard]] OrderLines &lines() { return *m_lines; }
+    //! Asks for a file and saves the lines there, their sums below them. What to say of it, "" for nothing.
+    [[nodiscard]] QString exportLines();
     //! All that a line says, for the question whether to delete it.
     [[nodiscard]] QString textOf(const OrderLine &line) const;
 

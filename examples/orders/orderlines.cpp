@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orderlines.h"
 
+#include "gridfile.h"
 #include "messages.h"
 #include "productchooser.h"
 #include "statement.h"
@@ -378,6 +379,13 @@ void OrderLines::removeCurrent()
 {
     m_grid->DelRow(m_grid->Row());
     Q_EMIT edited();
+}
+
+QString OrderLines::exportCells(const QString &title, const QString &fileName)
+{
+    const QHash<int, QVariant> totals{
+        {Name, QStringLiteral("Razem")}, {Quantity, quantity()}, {Amount, zlotysOf(amountOf(lines()))}};
+    return askAndSaveGrid(m_grid->window(), *m_grid, {title, fileName, totals});
 }
 
 bool OrderLines::hasKeyboard() const

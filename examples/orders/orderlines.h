@@ -45,6 +45,8 @@ public:
     //! The line with the cursor; nothing in a blank row.
     [[nodiscard]] std::optional<OrderLine> current() const;
     void removeCurrent();
+    //! Asks for a file and saves the cells there, their sums below them. What to say of it, "" for nothing.
+    [[nodiscard]] QString exportCells(const QString &title, const QString &fileName);
     [[nodiscard]] bool hasKeyboard() const;
 
 Q_SIGNALS:

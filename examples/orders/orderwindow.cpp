@@ -5,6 +5,7 @@
 #include "arrowicon.h"
 #include "conflictdialog.h"
 #include "focusmark.h"
+#include "gridfile.h"
 #include "messages.h"
 #include "orderlines.h"
 #include "ordermerge.h"
@@ -76,6 +77,9 @@ void OrderWindow::makeActions()
     order->addSeparator();
     add(order, QStringLiteral("&Dodaj pozycję"), Qt::Key_F7, nullptr, [this] { addLine(); });
     add(order, QStringLiteral("Usuń p&ozycję..."), Qt::Key_F8, nullptr, [this] { removeLine(); });
+    order->addSeparator();
+    if (canSaveGrids())
+        add(order, QStringLiteral("&Eksportuj pozycje..."), Qt::Key_F12, nullptr, [this] { exportLines(); });
     order->addSeparator();
     add(order, QStringLiteral("Za&kończ"), Qt::CTRL | Qt::Key_Q, nullptr, [this] { close(); });
 
@@ -260,6 +264,15 @@ void OrderWindow::removeLine()
             return;
     }
     lines.removeCurrent();
+}
+
+void OrderWindow::exportLines()
+{
+    if (!kor::leaveFocusedField(this))
+        return;
+    const QString said = m_form->exportLines();
+    if (!said.isEmpty())
+        statusBar()->showMessage(said, messageTime);
 }
 
 void OrderWindow::go(std::optional<qint64> id)

@@ -54,6 +54,7 @@ private:
     void remove();
     void addLine();
     void removeLine();
+    void exportLines();
     void go(std::optional<qint64> id);
     void startNew();
     void showOrder(std::optional<qint64> id);

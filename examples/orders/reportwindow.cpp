@@ -5,8 +5,11 @@
 #include "barchart.h"
 #include "focusmark.h"
 #include "foldedtext.h"
+#include "gridfile.h"
 #include "messages.h"
 #include "orderstore.h"
+#include "progress.h"
+#include "savedfile.h"
 #include "searchdialog.h"
 
 #include <KorDaoUC/Clock>
@@ -15,14 +18,10 @@
 #include <KorDaoUC/KorGrid>
 #include <KorDaoUC/KorParam>
 #include <KorDaoUC/Variant>
-#include <KorDaoUC/WholeFile>
 
-#include <QtCore/QStandardPaths>
 #include <QtWidgets/QDialogButtonBox>
-#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QProgressDialog>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QVBoxLayout>
@@ -33,8 +32,6 @@ namespace orders {
 
 namespace {
 
-constexpr int patience = 500;       // milliseconds before a report says how far it is
-constexpr int wholeProgress = 1000; // steps of the progress bar
 constexpr double grosze = 100;
 
 const QString title = QStringLiteral("Sprzedaż");
@@ -96,10 +93,13 @@ ReportWindow::ReportWindow(const OrderStore &store, kor::Database &database, QWi
     auto *buttons = new QDialogButtonBox(Qt::Vertical);
     auto *go = buttons->addButton(QStringLiteral("&Pokaż"), QDialogButtonBox::ActionRole);
     m_pdf = buttons->addButton(QStringLiteral("&Drukuj do PDF..."), QDialogButtonBox::ActionRole);
+    m_export = buttons->addButton(QStringLiteral("&Eksportuj..."), QDialogButtonBox::ActionRole);
     buttons->addButton(QStringLiteral("&Zamknij"), QDialogButtonBox::RejectRole);
     go->setDefault(true);
     m_pdf->setAutoDefault(false);
     m_pdf->setEnabled(false);
+    m_export->setAutoDefault(false);
+    m_export->setEnabled(false);
 
     auto *above = new QHBoxLayout;
     above->addWidget(m_parameters, 1);
@@ -117,13 +117,15 @@ ReportWindow::ReportWindow(const OrderStore &store, kor::Database &database, QWi
     addColumns();
     setTabOrder(m_parameters, go);
     setTabOrder(go, m_pdf);
-    setTabOrder(m_pdf, m_rows);
+    setTabOrder(m_pdf, m_export);
+    setTabOrder(m_export, m_rows);
     resize(1000, 640);
     below->setSizes({590, 390});
     new FocusMark(this);
 
     connect(go, &QPushButton::clicked, this, &ReportWindow::showReport);
     connect(m_pdf, &QPushButton::clicked, this, &ReportWindow::askForPdf);
+    connect(m_export, &QPushButton::clicked, this, &ReportWindow::exportRows);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(m_parameters, &KorParam::ClickClick, this, &ReportWindow::choose);
 }
@@ -239,20 +241,12 @@ bool ReportWindow::showReport()
 
 std::optional<Report> ReportWindow::read(const ReportQuestion &question)
 {
-    QProgressDialog progress(QStringLiteral("Przygotowanie zestawienia..."), QStringLiteral("Przerwij"), 0,
-                             wholeProgress, this);
-    progress.setWindowTitle(title);
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(patience);
-    // Its own key for this works only while the window system has given it the keyboard.
-    connect(&progress, &QDialog::rejected, &progress, &QProgressDialog::cancel);
+    Progress progress(this, title, QStringLiteral("Przygotowanie zestawienia..."));
     try {
-        return readReport(m_store.connection(), question, [&](qint64 done, qint64 all) {
-            progress.setValue(static_cast<int>(done * wholeProgress / (all + 1)));
-            return !progress.wasCanceled();
-        });
+        return readReport(m_store.connection(), question,
+                          [&](qint64 done, qint64 all) { return progress.goesOn(done, all); });
     } catch (const StoreError &error) {
-        progress.reset();
+        progress.end();
         warn(this, QStringLiteral("Baza danych"), error.text());
     }
     return std::nullopt;
@@ -280,27 +274,33 @@ void ReportWindow::show(const Report &report, ReportGroup by)
     m_chart->setBars(bars);
     m_total->setText(report.rows.isEmpty() ? QStringLiteral("Nie ma takich zamówień.") : totalText(report));
     m_pdf->setEnabled(!report.rows.isEmpty());
+    m_export->setEnabled(canSaveGrids() && !report.rows.isEmpty());
 }
 
 void ReportWindow::askForPdf()
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    const QString fileName =
-        QFileDialog::getSaveFileName(this, QStringLiteral("Zapisz zestawienie"),
-                                     folder + QStringLiteral("/sprzedaz.pdf"), QStringLiteral("Dokument PDF (*.pdf)"));
-    activateWindow();
+    const QString fileName = askForFile(this, QStringLiteral("Zapisz zestawienie"), QStringLiteral("sprzedaz.pdf"),
+                                        {QStringLiteral("Dokument PDF (*.pdf)")});
     if (!fileName.isEmpty())
         savePdf(fileName);
 }
 
 bool ReportWindow::savePdf(const QString &fileName)
 {
-    if (const std::optional<QString> reason = kor::writeWhole(fileName, reportPdf(m_heading, m_report))) {
-        warn(this, title, QStringLiteral("Pliku nie udało się zapisać:\n%1").arg(fileName), *reason);
+    if (!saveFile(this, title, fileName, reportPdf(m_heading, m_report)))
         return false;
-    }
     m_total->setText(QStringLiteral("Zapisano plik %1.").arg(fileName));
     return true;
+}
+
+void ReportWindow::exportRows()
+{
+    const QHash<int, QVariant> totals{{Name, QStringLiteral("Razem")},
+                                      {Orders, static_cast<double>(m_report.orders)},
+                                      {Amount, static_cast<double>(m_report.total) / grosze}};
+    const QString said = askAndSaveGrid(this, *m_rows, {m_heading.title, QStringLiteral("sprzedaz"), totals});
+    if (!said.isEmpty())
+        m_total->setText(said);
 }
 
 } // namespace orders

@@ -41,6 +41,7 @@ private:
     void addColumns();
     void choose(const QString &symbol);
     void askForPdf();
+    void exportRows();
     void show(const Report &report, ReportGroup group);
     [[nodiscard]] std::optional<Report> read(const ReportQuestion &question);
     [[nodiscard]] QStringList parameterTexts() const;
@@ -53,6 +54,7 @@ private:
     BarChart *m_chart;
     QLabel *m_total;
     QPushButton *m_pdf;
+    QPushButton *m_export;
     Report m_report;
     ReportHeading m_heading;
 };

@@ -35,6 +35,8 @@ public:
     }
     void willPress(std::initializer_list<int> keys) { m_answers.insert(m_answers.end(), keys); }
     [[nodiscard]] QString heard() const { return m_heard.join(u'|'); }
+    //! What stood below that.
+    [[nodiscard]] QString explained() const { return m_explained.join(u'|'); }
 
 private:
     void look()
@@ -44,6 +46,7 @@ private:
             return;
         m_answered = box;
         m_heard << box->text();
+        m_explained << box->informativeText();
         const int key = m_answers.empty() ? int(Qt::Key_Escape) : m_answers.front();
         if (!m_answers.empty())
             m_answers.erase(m_answers.begin());
@@ -56,6 +59,7 @@ private:
     std::vector<int> m_answers;
     QPointer<QMessageBox> m_answered;
     QStringList m_heard;
+    QStringList m_explained;
 };
 
 //! The control around the widget with the focus, or that widget itself.
