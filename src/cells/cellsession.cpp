@@ -247,6 +247,12 @@ bool CellSession::leave()
     return self && m_state == State::Closed;
 }
 
+bool CellSession::leaveToGoOn()
+{
+    const QPointer<CellSession> self = this;
+    return leave() && self && m_surface->isVisible() && m_surface->isEnabled();
+}
+
 void CellSession::finish()
 {
     if (m_state != State::Open)

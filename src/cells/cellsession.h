@@ -72,6 +72,9 @@ public:
     //! Ends the editing as the user does by moving on: the editor checks and formats what it holds, with its message;
     //! what is new is reported, and the editor closes. False when it keeps the user; true when none is open.
     [[nodiscard]] bool leave();
+    //! The same where the user moves on by it, which is void once the program has hidden or disabled the composite
+    //! under the message.
+    [[nodiscard]] bool leaveToGoOn();
     //! Ends it when the user has left already, and the editor has been asked.
     void finish();
     //! Ends it where nobody is asked, because the program goes on: what was typed is taken over as leaving would take

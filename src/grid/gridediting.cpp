@@ -259,7 +259,7 @@ void GridEditing::keyDown(int &code, int &shift)
     case GridKey::Move:
         // What is being typed at an edge goes on being typed.
         if (const auto move = cellMove(pressed, shift, m_grid->isRightToLeft());
-            move && m_grid->canMoveBy(*move) && m_session.leave())
+            move && m_grid->canMoveBy(*move) && m_session.leaveToGoOn())
             m_grid->moveBy(*move);
         return;
     case GridKey::None:
@@ -273,7 +273,7 @@ bool GridEditing::step(bool isForward)
     const auto next = nextEditable({m_grid->Row(), m_grid->Col()}, m_cells.extent(),
                                    isForward ? Direction::Forward : Direction::Backward,
                                    [this](int column) { return !m_cells.columns().isLocked(column); });
-    if (!m_session.leave())
+    if (!m_session.leaveToGoOn())
         return true; // it keeps the user
     if (!self || !next || !m_cells.extent().hasDataCell(*next))
         return false;

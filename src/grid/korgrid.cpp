@@ -387,7 +387,7 @@ void KorGrid::DelRow(int StartRow, int EndRow)
 
 void KorGrid::Private::connectGrid()
 {
-    connect(grid, &FlexGrid::askToLeave, q, [this](bool &stays) { stays = !editing.session().leave(); });
+    connect(grid, &FlexGrid::askToLeave, q, [this](bool &stays) { stays = !editing.session().leaveToGoOn(); });
     connect(grid, &FlexGrid::LeaveCell, q, [this] { leaveCell(); });
     connect(grid, &FlexGrid::EnterCell, q, [this] { enterCell(); });
     connect(grid, &FlexGrid::SelChange, q, [this] {

@@ -35,7 +35,7 @@ public:
     }
 
     // --- what the editors ask and tell
-    [[nodiscard]] bool mayEdit() const override { return q->UserMode(); }
+    [[nodiscard]] bool mayEdit() const override { return q->UserMode() && q->isEnabled(); }
     void chooserAsked() override;
 
     // --- what the focus does
@@ -277,7 +277,7 @@ void KorParam::setClickValue(const QVariant &value)
 
 void KorParam::Private::connectGrid()
 {
-    connect(grid, &FlexGrid::askToLeave, q, [this](bool &stays) { stays = !editing.session().leave(); });
+    connect(grid, &FlexGrid::askToLeave, q, [this](bool &stays) { stays = !editing.session().leaveToGoOn(); });
     connect(grid, &FlexGrid::LeaveCell, q, [this] { leaveCell(); });
     connect(grid, &FlexGrid::EnterCell, q, [this] { enterCell(); });
     connect(grid, &FlexGrid::Click, q, &KorParam::Click);
@@ -425,7 +425,7 @@ void KorParam::Private::fit()
     const int names = toTwipsX(grid, toPixelsX(grid, Twips(grid->ColWidth(ParamColumn::Name)))).rounded();
     if (const int width = valueWidth(room, names); width != grid->ColWidth(ParamColumn::Shown))
         grid->setColWidth(ParamColumn::Shown, width);
-    example->place(!mayEdit());
+    example->place(!q->UserMode());
 }
 
 // --- properties

@@ -280,7 +280,7 @@ void ParamEditing::keyDown(int &code, int &shift)
         cancel();
     } else if (end == ParamEnd::Take) {
         (void)m_session.leave();
-    } else if (*row != place.row && m_session.leave() && self) {
+    } else if (*row != place.row && m_session.leaveToGoOn()) {
         if (*row < m_grid->Rows())
             goTo(*row);
     }

@@ -4,6 +4,7 @@
 
 #include <KorDaoUC/Beep>
 
+#include <QtCore/QPointer>
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMessageBox>
@@ -28,11 +29,14 @@ bool Stage::open()
 Messages::Messages()
 {
     connect(&m_timer, &QTimer::timeout, this, [this] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        const QPointer box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
         if (!box || !box->isVisible())
             return;
         m_seen << QStringLiteral("%1: %2").arg(box->windowTitle(), box->text());
-        QTest::keyClick(box, Qt::Key_Return);
+        if (const auto deed = std::exchange(m_beneath, {}))
+            deed();
+        if (box)
+            QTest::keyClick(box.data(), Qt::Key_Return);
     });
     m_timer.start(20);
 }

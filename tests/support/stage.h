@@ -8,6 +8,9 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QWidget>
 
+#include <functional>
+#include <utility>
+
 namespace kor::test {
 
 //! An active window to put controls on, with one plain button at its end for the focus to go to.
@@ -42,10 +45,13 @@ public:
     Messages();
     //! "title: text" of each message since the last call.
     [[nodiscard]] QStringList take();
+    //! What the program does under the next message, before it is answered.
+    void beneath(std::function<void()> deed) { m_beneath = std::move(deed); }
 
 private:
     QTimer m_timer;
     QStringList m_seen;
+    std::function<void()> m_beneath;
 };
 
 //! Counts the beeps while it lives.
