@@ -235,9 +235,9 @@ void tst_KorGrid_Handlers::anythingMayHappenUnderTheMessage_data()
 {
     QTest::addColumn<QString>("deed");
     QTest::addColumn<bool>("stays"); // the user, in the cell
-    for (const char *deed : {"deletes the grid", "deletes the row", "deletes a row above", "empties the grid",
-                             "cuts the columns", "describes the column", "moves", "hides the grid",
-                             "disables the grid"}) {
+    for (const char *deed :
+         {"deletes the grid", "deletes the row", "deletes a row above", "empties the grid", "cuts the columns",
+          "describes the column", "moves", "hides the grid", "disables the grid"}) {
         const QString text = QString::fromLatin1(deed);
         QTest::newRow(deed) << text << (text == u"deletes a row above" || text == u"moves");
     }

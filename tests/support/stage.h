@@ -71,7 +71,7 @@ void failOnWarnings();
 //! the keys are the grid's; other controls are left alone.
 void closeCellEditor(const QWidget *control);
 
-//! Lets everything that waits happen: queued focus changes, posted events.
+//! Lets everything that waits happen: queued focus changes, posted events, the keyboard's way back from a message.
 void settle();
 
 //! A text field as a text: "1[23]4" is 1234 with 23 selected, "12|34" the caret in the middle.
