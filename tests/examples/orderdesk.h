@@ -20,6 +20,7 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
 
+#include <functional>
 #include <memory>
 
 namespace orders::test {
@@ -61,6 +62,22 @@ private:
     QStringList m_heard;
     QStringList m_explained;
 };
+
+//! Does something in the dialog that opens next, once that has the keyboard.
+inline void inNextDialog(const std::function<void(QWidget &dialog)> &work)
+{
+    auto *look = new QTimer(qApp);
+    QObject::connect(look, &QTimer::timeout, look, [look, work] {
+        QWidget *dialog = QApplication::activeModalWidget();
+        const QWidget *focused = QApplication::focusWidget();
+        if (!dialog || !dialog->isActiveWindow() || !focused || !dialog->isAncestorOf(focused))
+            return;
+        look->stop();
+        look->deleteLater();
+        work(*dialog);
+    });
+    look->start(5);
+}
 
 //! The control around the widget with the focus, or that widget itself.
 inline QString focusName()

@@ -96,26 +96,24 @@ private Q_SLOTS:
             QVERIFY2(!asked.isAccepted(), qPrintable(command->shortcut().toString()));
             ++keys;
         }
-        QCOMPARE(keys, 13);
+        QVERIFY(keys >= 14);
     }
 
     void searchesOpenWithSomethingToChoose()
     {
         const auto look = [this](const char *name, Qt::Key key, Qt::KeyboardModifiers modifiers, int count) {
             QList<int> counts;
-            QTimer::singleShot(100, this, [&counts] {
-                QWidget *dialog = QApplication::activeModalWidget();
-                (void)QTest::qWaitForWindowActive(dialog);
-                const auto *list = dialog->findChild<QTreeWidget *>();
+            inNextDialog([&counts](QWidget &dialog) {
+                const auto *list = dialog.findChild<QTreeWidget *>();
                 const auto shown = [list](int before) { // once the search has come round
                     (void)QTest::qWaitFor([&] { return list->topLevelItemCount() != before; }, 2000);
                     return list->topLevelItemCount();
                 };
                 counts << list->topLevelItemCount();
-                QTest::keyClicks(dialog->focusWidget(), QStringLiteral("qqq"));
+                QTest::keyClicks(dialog.focusWidget(), QStringLiteral("qqq"));
                 counts << shown(counts.last());
                 for (int erased = 0; erased < 3; ++erased)
-                    QTest::keyClick(dialog->focusWidget(), Qt::Key_Backspace);
+                    QTest::keyClick(dialog.focusWidget(), Qt::Key_Backspace);
                 counts << shown(counts.last());
                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
             });

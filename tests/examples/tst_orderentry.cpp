@@ -235,9 +235,9 @@ private Q_SLOTS:
     {
         QString choice;
         const auto choose = [&](const char *text, Qt::Key key) {
-            QTimer::singleShot(100, this, [&choice, text, key] {
+            inNextDialog([&choice, text, key](const QWidget &dialog) {
                 QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text));
-                const auto *list = QApplication::activeModalWidget()->findChild<QTreeWidget *>();
+                const auto *list = dialog.findChild<QTreeWidget *>();
                 choice = list->currentItem() ? list->currentItem()->text(0) : QString();
                 QTest::keyClick(QApplication::focusWidget(), key);
             });

@@ -316,9 +316,9 @@ private Q_SLOTS:
     void searchGoesToTheOrderChosen()
     {
         QString choice;
-        QTimer::singleShot(100, this, [&choice] {
+        inNextDialog([&choice](const QWidget &dialog) {
             QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("25/0123"));
-            const auto *list = QApplication::activeModalWidget()->findChild<QTreeWidget *>();
+            const auto *list = dialog.findChild<QTreeWidget *>();
             choice = list->currentItem() ? list->currentItem()->text(0) : QString();
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         });
@@ -330,7 +330,7 @@ private Q_SLOTS:
 
     void searchGivenUpChangesNothing()
     {
-        QTimer::singleShot(100, this, [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); });
+        inNextDialog([](QWidget &) { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); });
         press(Qt::Key_F, Qt::ControlModifier);
         QCOMPARE(position(), QStringLiteral("1 z 1000"));
     }
