@@ -73,14 +73,15 @@ function(kor_shared_library target)
     endif()
 endfunction()
 
-# kor_test(<name> [SOURCES file...] [RULES layer...] [INSIDE layer...] [LINK target...] [X11])
+# kor_test(<name> [SOURCES file...] [RULES layer...] [INSIDE layer...] [LINK target...] [X11] [POSTGRES|SERVER])
 #
 # One test program, run under the C and the Polish locale. With RULES it links the pure rules of those layers only and
 # needs no windowing system; otherwise it links the library as a host does, runs on the offscreen platform and, with
-# X11, once more under a real X server. INSIDE takes the widgets of those layers, with their rules, in place of the
+# X11, once more under a real X server. With POSTGRES it runs once more beside a PostgreSQL server that lives as long as
+# the test, with SERVER there only. INSIDE takes the widgets of those layers, with their rules, in place of the
 # library: for what the library does not show to hosts. Sources default to <name>.cpp.
 function(kor_test name)
-    cmake_parse_arguments(ARG "X11;NOGUI" "" "SOURCES;RULES;INSIDE;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "X11;NOGUI;POSTGRES;SERVER" "" "SOURCES;RULES;INSIDE;LINK" ${ARGN})
     if(NOT ARG_RULES AND NOT ARG_NOGUI AND NOT KORDAOUC_GUI)
         return()
     endif()
@@ -109,6 +110,15 @@ function(kor_test name)
         target_link_libraries(${name} PRIVATE kor_test_support)
     endif()
     set(environment "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false;TZ=Europe/Warsaw;QT_STYLE_OVERRIDE=Fusion")
+    if(ARG_POSTGRES OR ARG_SERVER)
+        add_test(NAME ${name}.postgres
+            COMMAND ${PROJECT_SOURCE_DIR}/tests/support/with-postgres $<TARGET_FILE:${name}>)
+        set_tests_properties(${name}.postgres PROPERTIES LABELS postgres TIMEOUT 180 SKIP_RETURN_CODE 77
+            ENVIRONMENT "${environment};LC_ALL=pl_PL.UTF-8")
+    endif()
+    if(ARG_SERVER)
+        return()
+    endif()
     foreach(locale C pl_PL.UTF-8)
         string(REGEX REPLACE "[.].*" "" suffix ${locale})
         add_test(NAME ${name}.${suffix} COMMAND ${name})

@@ -68,8 +68,9 @@ int main(int argc, char **argv)
     parser.addVersionOption();
     const QCommandLineOption database(
         QStringLiteral("database"),
-        QStringLiteral("The SQLite file of the orders; made with sample data if it is not there."),
-        QStringLiteral("file"));
+        QStringLiteral("The SQLite file of the orders, made with sample data if it is not there, or the address of a "
+                       "database on a PostgreSQL server: postgresql://user@host/name."),
+        QStringLiteral("place"));
     const QCommandLineOption screenshots(screenshotsName,
                                          QStringLiteral("Leaves pictures of all windows in a folder and ends."),
                                          QStringLiteral("folder"));

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "orderfile.h"
 
+#include "script.h"
 #include "statement.h"
 
-#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QUrl>
 #include <QtCore/QUuid>
@@ -20,12 +20,6 @@ namespace {
 
 constexpr int applicationId = 0x4f726472; // as in schema.sql
 constexpr int currentVersion = 3;
-
-int numberOf(const QSqlDatabase &connection, const QString &doing, const QString &statement)
-{
-    QSqlQuery query = run(connection, doing, statement);
-    return query.next() ? query.value(0).toInt() : 0;
-}
 
 //! What a database says it is.
 struct Identity {
@@ -92,22 +86,6 @@ void refuseForeignFile(const QString &fileName, const QString &doing)
         throw;
     }
     QSqlDatabase::removeDatabase(name);
-}
-
-QStringList statementsOf(const QString &script, const QString &doing)
-{
-    QFile file(QStringLiteral(":/orders/data/%1.sql").arg(script));
-    if (!file.open(QIODevice::ReadOnly))
-        throw StoreError(doing, file.errorString());
-    return QString::fromUtf8(file.readAll()).trimmed().split(QStringLiteral(";\n"));
-}
-
-void create(const QSqlDatabase &connection, const QString &doing)
-{
-    for (const QString &script : {QStringLiteral("schema"), QStringLiteral("seed")}) {
-        for (const QString &statement : statementsOf(script, doing))
-            run(connection, doing, statement);
-    }
 }
 
 //! Brings a file of an older program up to date: its tables make room for those of today, and their rows move over. The
@@ -202,7 +180,7 @@ void bringUpToDate(const QSqlDatabase &connection, const QString &doing)
     const Identity identity = identityOf(connection, doing);
     refuseForeign(identity, doing);
     if (identity.isEmpty())
-        create(connection, doing);
+        runScripts(connection, {QStringLiteral("schema"), QStringLiteral("seed")}, doing);
     else if (identity.version < currentVersion)
         upgrade(connection, doing, identity.version);
     else

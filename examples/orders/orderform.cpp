@@ -336,6 +336,17 @@ void OrderForm::chooseCustomer()
     kor::enterFocusedField(window());
 }
 
+//! A list that can't be read would be emptied, and its entry lost.
+bool OrderForm::isAwake() const
+{
+    try {
+        m_store.wake();
+    } catch (const StoreError &) {
+        return false;
+    }
+    return true;
+}
+
 void OrderForm::offerCustomers(const QVariant &kept)
 {
     QString source = QStringLiteral("SELECT id, name FROM customers");
@@ -347,7 +358,7 @@ void OrderForm::offerCustomers(const QVariant &kept)
             source += QStringLiteral(" OR id = %1").arg(kor::CLng(kept));
     }
     source += QStringLiteral(" ORDER BY sort_name");
-    if (source == m_customer->SQL())
+    if (source == m_customer->SQL() || !isAwake())
         return;
     m_customer->setSQL(source);
     m_customer->Refresh();
@@ -357,12 +368,13 @@ void OrderForm::offerCustomers(const QVariant &kept)
 void OrderForm::showOrdersOfCustomer()
 {
     const QVariant customer = m_customer->Value();
-    m_orders->setSQL(QStringLiteral("SELECT id, number || '  ' || strftime('%d.%m', order_date) FROM orders "
-                                    "WHERE customer_id = ") +
+    m_orders->setSQL(QStringLiteral("SELECT id, number || '  ' || substr(order_date, 9, 2) || '.' || "
+                                    "substr(order_date, 6, 2) FROM orders WHERE customer_id = ") +
                      (kor::isNull(customer) ? QStringLiteral("NULL") : QString::number(kor::CLng(customer))) +
                      QStringLiteral(" ORDER BY id DESC LIMIT 100"));
     m_orders->Clear();
-    m_orders->Refresh();
+    if (isAwake())
+        m_orders->Refresh();
     if (m_orders->HasValues())
         m_orders->setListIndex(-1);
 }

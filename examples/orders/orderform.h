@@ -78,6 +78,7 @@ private:
     void showDue();
     void chooseCustomer();
     //! Lists the customers of the checked groups, all of them while none is checked. One customer is always among them.
+    [[nodiscard]] bool isAwake() const;
     void offerCustomers(const QVariant &kept);
     void showOrdersOfCustomer();
     void showSums();

@@ -103,7 +103,7 @@ void OrderLines::addColumns()
     const QString noFormat;
     const QString twoPlaces = QStringLiteral("#,##0.00");
     // Nothing can be chosen too: a unit that was chosen by mistake goes away again.
-    const QString units = QStringLiteral("SELECT NULL, '' UNION ALL SELECT id, name FROM units ORDER BY 1");
+    const QString units = QStringLiteral("SELECT NULL, '' UNION ALL SELECT id, name FROM units ORDER BY 1 NULLS FIRST");
     m_grid->setTextControl(0, Number, QStringLiteral("Lp."));
     m_grid->AddColumn(QStringLiteral("CLICK"), QStringLiteral("Towar"), 1350, Left);
     m_grid->AddColumn(QStringLiteral("TEXT"), QStringLiteral("Nazwa"), 4500, Left, Free, noFormat, black, unlimited, {},

@@ -6,6 +6,7 @@
 #include "foldedtext.h"
 #include "linetable.h"
 #include "orderfile.h"
+#include "orderserver.h"
 
 #include <QtCore/QUuid>
 #include <QtCore/QVariant>
@@ -16,6 +17,8 @@
 namespace orders {
 
 namespace {
+
+const QString changedTables = QStringLiteral("orders, order_lines");
 
 //! The columns of an order that the desk edits, in the order of the statements that write them.
 QVariantList valuesOf(const Order &order)
@@ -45,12 +48,16 @@ Order orderIn(const QSqlQuery &query, qint64 id)
 
 } // namespace
 
-OrderStore::OrderStore(const QString &fileName)
+OrderStore::OrderStore(const QString &place)
     : m_connectionName(QUuid::createUuid().toString()),
-      m_connection(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName))
+      m_connection(
+          QSqlDatabase::addDatabase(isServer(place) ? serverDriver : QStringLiteral("QSQLITE"), m_connectionName))
 {
     try {
-        openOrderFile(m_connection, fileName);
+        if (isServer(place))
+            openOrderServer(m_connection, place);
+        else
+            openOrderFile(m_connection, place);
     } catch (...) {
         m_connection = QSqlDatabase();
         QSqlDatabase::removeDatabase(m_connectionName);
@@ -63,6 +70,8 @@ OrderStore::~OrderStore()
     m_connection = QSqlDatabase();
     QSqlDatabase::removeDatabase(m_connectionName);
 }
+
+void OrderStore::wake() const { run(m_connection, QStringLiteral("Odczytanie bazy"), QStringLiteral("SELECT 1")); }
 
 QList<qint64> OrderStore::ids() const
 {
@@ -110,14 +119,16 @@ Order OrderStore::add(const Order &order)
 {
     const QString doing = QStringLiteral("Zapisanie zamówienia");
     Order saved = order;
-    Transaction transaction(m_connection, doing);
+    Transaction transaction(m_connection, doing, changedTables);
     saved.number = nextNumber(order.date);
     QSqlQuery query = run(m_connection, doing,
                           QStringLiteral("INSERT INTO orders (customer_id, payment_terms, discount, advance, total, "
                                          "remarks, delivery_date, order_date, priority, label_color, number) "
-                                         "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                                         "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING id"),
                           valuesOf(order) + QVariantList{saved.number});
-    saved.id = query.lastInsertId().toLongLong();
+    query.next();
+    saved.id = query.value(0).toLongLong();
+    query.finish();
     writeLines(m_connection, saved.id, saved.lines);
     transaction.commit();
     return saved;
@@ -126,7 +137,7 @@ Order OrderStore::add(const Order &order)
 Outcome OrderStore::save(const Order &order, const Order &loaded)
 {
     const QString doing = QStringLiteral("Zapisanie zamówienia");
-    Transaction transaction(m_connection, doing);
+    Transaction transaction(m_connection, doing, changedTables);
     const std::optional<Order> now = this->order(loaded.id);
     if (!now)
         return {Outcome::Kind::DeletedMeanwhile, order};
@@ -145,7 +156,7 @@ Outcome OrderStore::save(const Order &order, const Order &loaded)
 Outcome OrderStore::remove(const Order &loaded)
 {
     const QString doing = QStringLiteral("Usunięcie zamówienia");
-    Transaction transaction(m_connection, doing);
+    Transaction transaction(m_connection, doing, changedTables);
     const std::optional<Order> now = order(loaded.id);
     if (!now)
         return {Outcome::Kind::DeletedMeanwhile, loaded};
@@ -180,7 +191,7 @@ QList<FoundCustomer> OrderStore::findCustomers(const QString &text, int atMost) 
     QSqlQuery query = run(m_connection, QStringLiteral("Wyszukanie klientów"),
                           QStringLiteral("SELECT id, name, city, nip FROM customers "
                                          "WHERE instr(replace(sort_name, '~', ''), ?) > 0 "
-                                         "OR instr(coalesce(nip, ''), ?) > 0 ORDER BY sort_name LIMIT ?"),
+                                         "OR instr(coalesce(nip, ''), ?) > 0 ORDER BY sort_name, id LIMIT ?"),
                           {needle, needle, atMost});
     QList<FoundCustomer> found;
     while (query.next())

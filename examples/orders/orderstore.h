@@ -34,18 +34,21 @@ struct Outcome {
     Order order; //!< as it stands in the file now; as it was given when it is no longer there
 };
 
-//! The orders in their SQLite file. Every change is one transaction that is on the disk when the call returns: what was
-//! saved survives the end of the program, however it ends. All calls raise StoreError.
+//! The orders in their SQLite file, or on a PostgreSQL server that many desks share. Every change is one transaction
+//! that is on the disk when the call returns: what was saved survives the end of the program, however it ends. A server
+//! that was restarted is connected to again by the next call. All calls raise StoreError.
 class OrderStore
 {
 public:
-    //! Opens the file as openOrderFile() does.
-    explicit OrderStore(const QString &fileName);
+    //! Opens a file as openOrderFile() does, and an address as openOrderServer() does.
+    explicit OrderStore(const QString &place);
     ~OrderStore();
     Q_DISABLE_COPY_MOVE(OrderStore)
 
     //! For the lists that fill themselves from the database.
     [[nodiscard]] const QSqlDatabase &connection() const { return m_connection; }
+    //! Makes sure that the database answers before a list is read from it.
+    void wake() const;
 
     //! All orders from the oldest to the newest.
     [[nodiscard]] QList<qint64> ids() const;

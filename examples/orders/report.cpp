@@ -169,7 +169,8 @@ std::optional<Report> readReport(const QSqlDatabase &connection, const ReportQue
         if (needle.isEmpty() || folded(query.value(1).toString()).contains(needle)) {
             const std::optional<qint64> total =
                 query.isNull(0) ? std::nullopt : std::optional(query.value(0).toLongLong());
-            sums.add(query.value(2).toString(), query.value(3).toString(), total);
+            const QString key = query.isNull(2) ? QString() : query.value(2).toString();
+            sums.add(key, query.value(3).toString(), total);
         }
         if (silence.elapsed() < longestSilence)
             continue;

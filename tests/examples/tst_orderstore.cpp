@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "examples/addup.h"
 #include "examples/orderfiles.h"
 #include "orders/catalogue.h"
 #include "orders/orderstore.h"
@@ -525,6 +526,17 @@ private Q_SLOTS:
         QVERIFY(save(*m_store, newOrder()).number != saved.number);
     }
 
+    void twoProcessesSaveAThousandTimesAndLoseNothing()
+    {
+        const qint64 before = m_store->order(1)->total.value();
+        QProcess other;
+        other.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--add-up"), m_file});
+        orders::test::addUp(m_file, 500);
+        QVERIFY(other.waitForFinished(60000));
+        QCOMPARE(other.exitCode(), 0);
+        QCOMPARE(m_store->order(1)->total.value(), before + 1000);
+    }
+
 private:
     void restart()
     {
@@ -596,6 +608,10 @@ int main(int argc, char **argv)
             return saveForever(file);
         if (qstrcmp(argv[1], "--save-discount") == 0)
             return saveDiscount(file);
+        if (qstrcmp(argv[1], "--add-up") == 0) {
+            orders::test::addUp(file, 500);
+            return 0;
+        }
         if (qstrcmp(argv[1], "--die-in-mid-save") == 0)
             return dieInMidSave(file);
         if (qstrcmp(argv[1], "--die-in-mid-creation") == 0)
