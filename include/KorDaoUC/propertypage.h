@@ -22,6 +22,8 @@ public:
     virtual ~PropertyWriter();
     //! Sets a property. Raises what the control raises for a value that it refuses.
     virtual void write(QObject &control, const QString &property, const QVariant &value) = 0;
+    //! Runs what changes a control by a method of its own, and raises what that raises.
+    virtual void call(QObject &control, const std::function<void()> &deed);
     //! What is written between these two belongs together. They come in pairs, pairs within pairs too.
     virtual void beginApply() {}
     virtual void endApply() noexcept {}
@@ -79,6 +81,8 @@ protected:
     void silently(const std::function<void()> &body);
     //! Sets a property as the host wants it set.
     void writeProperty(QObject &control, const char *property, const QVariant &value);
+    //! Changes a control by a method of its own, likewise.
+    void change(QObject &control, const std::function<void()> &deed);
 
 private:
     class Private;

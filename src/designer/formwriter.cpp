@@ -9,12 +9,17 @@
 #include <KorDaoUC/runtimeerror.h>
 #include <KorDaoUC/usercontrol.h>
 
+#include <QtCore/QMetaProperty>
 #include <QtCore/QScopeGuard>
 #include <QtDesigner/QDesignerFormEditorInterface>
 #include <QtDesigner/QDesignerFormWindowCursorInterface>
 #include <QtDesigner/QDesignerFormWindowInterface>
 #include <QtDesigner/QDesignerPropertySheetExtension>
 #include <QtDesigner/QExtensionManager>
+
+#include <exception>
+#include <utility>
+#include <vector>
 
 namespace kor {
 
@@ -54,6 +59,39 @@ void FormWriter::write(QObject &control, const QString &property, const QVariant
         form->cursor()->setWidgetProperty(field, property, CDbl(after));
     else
         form->cursor()->setWidgetProperty(field, property, after);
+}
+
+void FormWriter::call(QObject &control, const std::function<void()> &deed)
+{
+    auto *field = qobject_cast<UserControl *>(&control);
+    if (!field || !QDesignerFormWindowInterface::findFormWindow(field)) {
+        deed();
+        return;
+    }
+    std::vector<std::pair<QByteArray, QVariant>> before;
+    for (int i = QWidget::staticMetaObject.propertyCount(); i < control.metaObject()->propertyCount(); ++i) {
+        const QMetaProperty property = control.metaObject()->property(i);
+        if (property.isReadable() && property.isWritable() && property.isDesignable() && property.isStored())
+            before.emplace_back(property.name(), readMember(control, property.name()));
+    }
+    beginApply();
+    const auto leave = qScopeGuard([this] { endApply(); });
+    // Also when the deed ends half-way, for what it has done until then stays done.
+    std::exception_ptr refusal;
+    try {
+        deed();
+    } catch (...) {
+        refusal = std::current_exception();
+    }
+    for (const auto &[name, value] : before) {
+        const QVariant after = readMember(control, name);
+        if (after == value)
+            continue;
+        writeMember(control, name, value); // which the designer notes for undoing
+        write(control, QString::fromLatin1(name), after);
+    }
+    if (refusal)
+        std::rethrow_exception(refusal);
 }
 
 QVariant FormWriter::defaultOf(const UserControl &control, const char *member)

@@ -28,6 +28,9 @@ public:
     ~FormWriter() override;
 
     void write(QObject &control, const QString &property, const QVariant &value) override;
+    //! What a method of the control does is told by the properties that are others afterwards: they are what is saved
+    //! and undone.
+    void call(QObject &control, const std::function<void()> &deed) override;
     void beginApply() override { ++m_depth; }
     void endApply() noexcept override;
 

@@ -118,8 +118,10 @@ QVariant ColumnPage::read(QObject &control, const char *key)
 
 void ColumnPage::write(QObject &control, const char *key, const QVariant &value)
 {
-    callMember(control, "SaveColProperty(int,QString,QVariant)", Q_ARG(int, m_column),
-               Q_ARG(QString, QString::fromLatin1(key)), Q_ARG(QVariant, value));
+    change(control, [&] {
+        callMember(control, "SaveColProperty(int,QString,QVariant)", Q_ARG(int, m_column),
+                   Q_ARG(QString, QString::fromLatin1(key)), Q_ARG(QVariant, value));
+    });
 }
 
 void ColumnPage::edited(const FieldRow &row)

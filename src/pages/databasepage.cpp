@@ -47,7 +47,7 @@ DatabasePage::DatabasePage(QWidget *parent) : TablePage(binding(), parent), m_di
     onClick("cmdDatabaseName", [this] { chooseFile(); });
     onClick("cmdRetrive", [this] {
         if (QObject *control = firstControl())
-            callMember(*control, "RetriveFields()");
+            change(*control, [control] { callMember(*control, "RetriveFields()"); });
     });
 }
 

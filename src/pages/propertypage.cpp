@@ -22,6 +22,8 @@ public:
 
 PropertyWriter::~PropertyWriter() = default;
 
+void PropertyWriter::call(QObject &, const std::function<void()> &deed) { deed(); }
+
 PropertyPage::PropertyPage(QWidget *parent) : QWidget(parent), d(std::make_shared<Private>()) {}
 
 PropertyPage::~PropertyPage() = default;
@@ -51,7 +53,10 @@ void PropertyPage::setSelectedControls(const QObjectList &controls)
     d->controls.clear();
     for (QObject *control : controls)
         d->controls.emplace_back(control);
-    SelectionChanged();
+    const QPointer<PropertyPage> self = this;
+    setChanged(false); // edits were meant for others, and end even when these can't be read
+    if (self)
+        SelectionChanged();
 }
 
 void PropertyPage::SelectionChanged()
@@ -87,6 +92,14 @@ void PropertyPage::markChanged()
 {
     if (d->reading == 0)
         setChanged(true);
+}
+
+void PropertyPage::change(QObject &control, const std::function<void()> &deed)
+{
+    if (d->writer)
+        d->writer->call(control, deed);
+    else
+        deed();
 }
 
 void PropertyPage::silently(const std::function<void()> &body)

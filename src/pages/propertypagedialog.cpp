@@ -34,6 +34,17 @@ QStringList pagesInCommon(const QObjectList &controls)
     return names;
 }
 
+//! Where the keyboard begins on a page.
+QWidget *firstField(QWidget *page)
+{
+    QWidget *next = page ? page->nextInFocusChain() : nullptr;
+    for (; next && next != page; next = next->nextInFocusChain()) {
+        if (page->isAncestorOf(next) && next->isVisibleTo(page) && (next->focusPolicy() & Qt::TabFocus))
+            return next;
+    }
+    return nullptr;
+}
+
 QString titleOf(const QObjectList &controls)
 {
     const QString title = QStringLiteral("Właściwości");
@@ -58,20 +69,6 @@ PropertyPageDialog::PropertyPageDialog(const QObjectList &controls, QWidget *par
     setWindowTitle(titleOf(controls));
     d->tabs = new QTabWidget(this);
     d->tabs->setObjectName(QStringLiteral("tabPages"));
-    auto *buttons = new QDialogButtonBox(this);
-    const auto addButton = [&](const char *name, const QString &text, QDialogButtonBox::ButtonRole role) {
-        QPushButton *button = buttons->addButton(text, role);
-        button->setObjectName(QString::fromLatin1(name));
-        return button;
-    };
-    addButton("cmdOK", QStringLiteral("OK"), QDialogButtonBox::AcceptRole)->setDefault(true);
-    addButton("cmdCancel", QStringLiteral("Anuluj"), QDialogButtonBox::RejectRole);
-    d->applyButton = addButton("cmdApply", QStringLiteral("Zastosuj"), QDialogButtonBox::ApplyRole);
-    d->applyButton->setEnabled(false);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(d->tabs);
-    layout->addWidget(buttons);
-
     for (const QString &name : pagesInCommon(controls)) {
         PropertyPage *page = ControlRegistry::createPage(name);
         const int tab = d->tabs->addTab(page, page->windowTitle());
@@ -89,10 +86,25 @@ PropertyPageDialog::PropertyPageDialog(const QObjectList &controls, QWidget *par
                 std::any_of(all.cbegin(), all.cend(), [](const PropertyPage *one) { return one->Changed(); }));
         });
     }
+    auto *buttons = new QDialogButtonBox(this);
+    const auto addButton = [&](const char *name, const QString &text, QDialogButtonBox::ButtonRole role) {
+        QPushButton *button = buttons->addButton(text, role);
+        button->setObjectName(QString::fromLatin1(name));
+        return button;
+    };
+    addButton("cmdOK", QStringLiteral("OK"), QDialogButtonBox::AcceptRole)->setDefault(true);
+    addButton("cmdCancel", QStringLiteral("Anuluj"), QDialogButtonBox::RejectRole);
+    d->applyButton = addButton("cmdApply", QStringLiteral("Zastosuj"), QDialogButtonBox::ApplyRole);
+    d->applyButton->setEnabled(false);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(d->tabs);
+    layout->addWidget(buttons);
     for (int tab = d->tabs->count() - 1; tab >= 0; --tab) {
         if (d->tabs->isTabEnabled(tab))
             d->tabs->setCurrentIndex(tab); // the first one that is open
     }
+    if (QWidget *field = firstField(d->tabs->currentWidget()))
+        field->setFocus(Qt::TabFocusReason);
     resize(sizeHint().expandedTo(QSize(fontMetrics().averageCharWidth() * roomForStatement, 0)));
     connect(buttons, &QDialogButtonBox::accepted, this, [this] {
         const QPointer<PropertyPageDialog> self = this;

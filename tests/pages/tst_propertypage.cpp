@@ -35,6 +35,8 @@ private Q_SLOTS:
     void propertiesAreWrittenByWhoeverIsSet();
     void applyIsDueAsLongAsThePageIsChanged();
     void editsThatWereNotAppliedEndWithTheSelection();
+    void editsMeantForOthersEndWhereTheNextOneCannotBeRead();
+    void whoeverWritesPropertiesIsAskedForMethodsToo();
     void theHandlerOfAnEditMayDeleteThePage();
 
 private:
@@ -274,6 +276,56 @@ void tst_PropertyPage::editsThatWereNotAppliedEndWithTheSelection()
     stage.page->SelectionChanged();
     QVERIFY(!stage.page->Changed());
     QCOMPARE(stage.text("txtMaska"), QStringLiteral("0.0"));
+}
+
+void tst_PropertyPage::editsMeantForOthersEndWhereTheNextOneCannotBeRead()
+{
+    PageStage stage("pagKorNumber");
+    QVERIFY(stage.open());
+    RecordedNumber first;
+    RecordedNumber next;
+    next.setMinValue(QVariant::fromValue(nullptr));
+    stage.page->setSelectedControls({&first});
+    stage.type("txtMaxValue", QStringLiteral("7"));
+    QCOMPARE(errorOf([&] {
+                 stage.page->setSelectedControls({&next});
+                 return 0;
+             }),
+             94);
+    QVERIFY(!stage.page->Changed());
+}
+
+void tst_PropertyPage::whoeverWritesPropertiesIsAskedForMethodsToo()
+{
+    class Writer final : public PropertyWriter
+    {
+    public:
+        void write(QObject &, const QString &, const QVariant &) override {}
+        void call(QObject &, const std::function<void()> &deed) override
+        {
+            ++calls;
+            if (calls != 3)
+                deed();
+        }
+        int calls = 0;
+    } writer;
+    RecordedGrid grid;
+    PageStage columns("pagKorGrid2");
+    columns.page->setWriter(&writer);
+    columns.page->setSelectedControls({&grid});
+    (void)grid.take();
+    columns.page->ApplyChanges();
+    QCOMPARE(writer.calls, 14);
+    QVERIFY(!grid.attributes.contains(QStringLiteral("1.Width"))); // the third, which it kept back
+    QCOMPARE(grid.attributes.size(), 12);
+    PageStage database("pagKorGrid1");
+    QVERIFY(database.open());
+    database.page->setWriter(&writer);
+    database.page->setSelectedControls({&grid});
+    (void)grid.take();
+    database.click("cmdRetrive");
+    QCOMPARE(writer.calls, 15);
+    QCOMPARE(grid.take(), QStringLiteral("RetriveFields"));
 }
 
 void tst_PropertyPage::theHandlerOfAnEditMayDeleteThePage()

@@ -39,6 +39,8 @@ private Q_SLOTS:
     void controlsOfOneKindHaveTheirPages();
     void controlsOfTwoKindsHaveWhatTheyHaveInCommon();
     void aPageWithoutItsMembersIsClosedAndTellsWhy();
+    void theKeyboardBeginsInTheFirstFieldAndEndsAtTheButtons_data();
+    void theKeyboardBeginsInTheFirstFieldAndEndsAtTheButtons();
     void applyIsOpenWhileSomethingIsEdited();
     void theButtonsApplyAndClose_data();
     void theButtonsApplyAndClose();
@@ -116,6 +118,32 @@ void tst_PropertyPageDialog::aPageWithoutItsMembersIsClosedAndTellsWhy()
     QVERIFY(tabs()->tabToolTip(0).contains(QStringLiteral("ReadOnly")));
     QCOMPARE(tabs()->currentIndex(), 2);
     QVERIFY(m_unhandled.isEmpty());
+}
+
+void tst_PropertyPageDialog::theKeyboardBeginsInTheFirstFieldAndEndsAtTheButtons_data()
+{
+    QTest::addColumn<bool>("isGrid");
+    QTest::addColumn<QString>("walk");
+    QTest::newRow("a page of texts") << false << "chkCheckRange txtMaska txtMinValue txtMaxValue cmdOK cmdCancel";
+    QTest::newRow("the third page, as the first two are closed, without the fields that it hides")
+        << true << "cmdBackColor cmdForeColor cmdFont cmbBorderStyle cmbBackStyle cmdOK cmdCancel";
+}
+
+void tst_PropertyPageDialog::theKeyboardBeginsInTheFirstFieldAndEndsAtTheButtons()
+{
+    QFETCH(bool, isGrid);
+    QFETCH(QString, walk);
+    KorNumber number;
+    KorGrid grid;
+    open({isGrid ? static_cast<QObject *>(&grid) : &number});
+    QStringList walked;
+    for (qsizetype left = walk.count(u' ') + 1; left > 0; --left) {
+        walked << QApplication::focusWidget()->objectName();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    QCOMPARE(walked.join(u' '), walk);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab); // past the tabs
+    QCOMPARE(QApplication::focusWidget()->objectName(), walk.section(u' ', 0, 0));
 }
 
 void tst_PropertyPageDialog::applyIsOpenWhileSomethingIsEdited()
