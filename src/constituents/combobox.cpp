@@ -367,6 +367,10 @@ QSize ComboBox::sizeForWidth(int textWidth) const
     return style()->sizeFromContents(QStyle::CT_ComboBox, &option, {textWidth, line}, this);
 }
 
+// The toolkit measures its names when it is shown first, and asks for a new layout. This one is as wide as it says, and
+// where many fields wait for a layout, each of them looks through all that waits.
+void ComboBox::showEvent(QShowEvent *event) { QWidget::showEvent(event); }
+
 QSize ComboBox::sizeHint() const { return sizeForWidth(usualLetters * fontMetrics().horizontalAdvance(u'X')); }
 
 QSize ComboBox::minimumSizeHint() const { return sizeForWidth(fewestLetters * fontMetrics().averageCharWidth()); }

@@ -45,6 +45,10 @@ bool CommandButton::event(QEvent *event)
         event->accept();
         return true;
     }
+    // The toolkit's button asks for a new layout around it when it is shown first. Its field places it and needs none,
+    // and where many fields wait for one, each of them looks through all that waits.
+    if (event->type() == QEvent::PolishRequest)
+        return QAbstractButton::event(event);
     return QPushButton::event(event);
 }
 

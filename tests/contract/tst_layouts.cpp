@@ -17,6 +17,30 @@
 using namespace kor;
 using namespace kor::test;
 
+namespace {
+
+//! Which parts of a control were asked for a new layout and have none to make.
+class VainRequests final : public QObject
+{
+public:
+    explicit VainRequests(const QWidget *control) : m_control(control) { qApp->installEventFilter(this); }
+    QStringList asked;
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const auto *widget = qobject_cast<QWidget *>(watched);
+        const bool isPart = widget && (widget == m_control || m_control->isAncestorOf(widget));
+        if (event->type() == QEvent::LayoutRequest && isPart && !widget->layout())
+            asked << QString::fromLatin1(watched->metaObject()->className());
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    const QWidget *m_control;
+};
+
+} // namespace
+
 //! In the toolkit's layouts each control takes the room that the toolkit's own field of its kind takes.
 class tst_Layouts : public QObject
 {
@@ -28,6 +52,8 @@ private Q_SLOTS:
     void sizesAreThoseOfTheToolkit();
     void fieldIsAsHighAsTheToolkitsBesideIt_data();
     void fieldIsAsHighAsTheToolkitsBesideIt();
+    void shownFieldAsksForNoNewLayout_data();
+    void shownFieldAsksForNoNewLayout();
 
 private:
     void controls();
@@ -126,6 +152,26 @@ void tst_Layouts::fieldIsAsHighAsTheToolkitsBesideIt()
     QVERIFY(control->height() <= peer->height());
     if (layout != QLatin1String("form")) // which gives each what it asks for
         QVERIFY2(control->height() > peer->height() - entry, qPrintable(QString::number(control->height())));
+}
+
+void tst_Layouts::shownFieldAsksForNoNewLayout_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const QString &name : ControlRegistry::names()) {
+        if (!isGrid(name)) // which places its titles and scroll bars when it is shown
+            QTest::newRow(qPrintable(name)) << name;
+    }
+}
+
+// Each such request waits in one queue with all others of a large form, and is looked for there from its beginning.
+void tst_Layouts::shownFieldAsksForNoNewLayout()
+{
+    QFETCH(QString, name);
+    Stage window;
+    const VainRequests requests(window.place(ControlRegistry::create(name)));
+    QVERIFY(window.open());
+    settle();
+    QCOMPARE(requests.asked, QStringList());
 }
 
 QTEST_MAIN(tst_Layouts)
