@@ -60,6 +60,13 @@ CellView::CellView(QWidget *parent)
       m_rowTitles(new RowTitles(this)),
       m_corner(new TitleCorner(this))
 {
+    // The toolkit's titles go when all that waits for them has been delivered. To take that back from each of their
+    // parts now is to look through all that waits, which is ever more while a form of many grids is made.
+    for (QHeaderView *toolkitsTitles : std::initializer_list<QHeaderView *>{horizontalHeader(), verticalHeader()}) {
+        toolkitsTitles->hide();
+        toolkitsTitles->setParent(m_corner);
+        toolkitsTitles->deleteLater();
+    }
     setHorizontalHeader(m_columnTitles);
     setVerticalHeader(m_rowTitles);
     setModel(m_model);

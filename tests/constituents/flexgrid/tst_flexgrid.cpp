@@ -20,6 +20,7 @@ private Q_SLOTS:
     void init() { failOnWarnings(); }
 
     void freshGridHasOneCell();
+    void keepsNoTitlesOfTheToolkit();
     void programMovesOnce();
     void rowsOutsideAreRefused_data();
     void rowsOutsideAreRefused();
@@ -49,6 +50,16 @@ private Q_SLOTS:
     void programMovesSurviveDeletion();
     void withoutRedrawCellsAreQuiet();
 };
+
+void tst_FlexGrid::keepsNoTitlesOfTheToolkit()
+{
+    FlexGrid grid(nullptr);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const auto titles = grid.findChildren<QHeaderView *>();
+    QCOMPARE(titles.size(), 2);
+    QVERIFY(titles.contains(grid.horizontalHeader()));
+    QVERIFY(titles.contains(grid.verticalHeader()));
+}
 
 void tst_FlexGrid::freshGridHasOneCell()
 {
