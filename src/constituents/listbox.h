@@ -45,6 +45,7 @@ public:
     [[nodiscard]] int heightOfWholeRows(int height) const;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] QAbstractItemDelegate *itemDelegateForIndex(const QModelIndex &index) const override;
 
 Q_SIGNALS:
     //! Another entry is selected, or none any more, by the user's or the program's doing.
@@ -102,6 +103,8 @@ private:
     [[nodiscard]] int visibleRows() const;
 
     EntryModel *m_entries;
+    const QAbstractItemDelegate *m_toolkitsDelegate; //!< which a list has from its beginning
+    QAbstractItemDelegate *m_delegate;
     QElapsedTimer m_searching;  //!< since the last character of a type-ahead
     Qt::MouseButtons m_pressed; //!< on this list, and not yet released
     QPoint m_mouse;             //!< where the held left button is

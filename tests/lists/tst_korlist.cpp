@@ -9,6 +9,7 @@
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QScrollBar>
+#include <QtWidgets/QStyledItemDelegate>
 
 using namespace kor;
 using namespace kor::test;
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void handlersMayRefreshAndClear();
     void entriesAddedWhileTheListIsSeenAreLaidOut();
     void manyEntriesAreReachedAtOnce();
+    void delegateOfTheHostIsUsed();
 
 private:
     [[nodiscard]] QPoint middleOf(int row) const { return rect(row).center(); }
@@ -465,6 +467,18 @@ void tst_KorList::manyEntriesAreReachedAtOnce()
     QCOMPARE(m_list->ListIndex(), 49'999);
     QTest::keyClicks(m_box, QStringLiteral("odbiorca 77777"));
     QCOMPARE(m_list->Value(), QVariant(77'777));
+}
+
+void tst_KorList::delegateOfTheHostIsUsed()
+{
+    load(abc);
+    const QModelIndex entry = m_box->model()->index(1, 0);
+    const QAbstractItemDelegate *const own = m_box->itemDelegateForIndex(entry);
+    QVERIFY(own);
+    QStyledItemDelegate hosts;
+    m_box->setItemDelegate(&hosts);
+    QCOMPARE(m_box->itemDelegateForIndex(entry), &hosts);
+    QVERIFY(own != &hosts);
 }
 
 QTEST_MAIN(tst_KorList)
