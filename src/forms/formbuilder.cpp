@@ -237,6 +237,7 @@ class Q_DECL_HIDDEN FormBuilder::Private
 {
 public:
     [[nodiscard]] std::optional<FormItemKind> kindOf(const QString &type) const;
+    [[nodiscard]] bool isKnown(const QString &type) const;
     void findUnknownClasses(const FormBlock &block, QList<FormFault> &faults) const;
     //! The keys that a block of this type may have; nothing when nobody can tell.
     [[nodiscard]] std::optional<QSet<QString>> keysOfType(const QString &type) const;
@@ -248,6 +249,7 @@ public:
     void makeChildren(Item &item, const FormBlock &block, Construction &construction);
 
     QHash<QString, FormItemKind> kinds = readyMadeItems();
+    mutable QHash<QString, FormItemKind> controlKinds; //!< those of the library that were asked for
     std::optional<Item> form;
     const FormBlock *current = nullptr;   //!< the block that is being made, for messages
     QHash<QString, QStringList> madeKeys; //!< of the controls made so far, by their type
@@ -262,15 +264,22 @@ std::optional<FormItemKind> FormBuilder::Private::kindOf(const QString &type) co
 {
     if (const auto kind = kinds.constFind(type); kind != kinds.cend())
         return *kind;
+    if (const auto kind = controlKinds.constFind(type); kind != controlKinds.cend())
+        return *kind;
     if (type.startsWith(libraryPrefix) && ControlRegistry::names().contains(type.sliced(libraryPrefix.size())))
-        return controlKind(type);
+        return *controlKinds.insert(type, controlKind(type));
     return std::nullopt;
+}
+
+bool FormBuilder::Private::isKnown(const QString &type) const
+{
+    return kinds.contains(type) || controlKinds.contains(type) || kindOf(type);
 }
 
 void FormBuilder::Private::findUnknownClasses(const FormBlock &block, QList<FormFault> &faults) const
 {
     for (const FormBlock &child : block.children) {
-        if (!kindOf(child.type))
+        if (!isKnown(child.type))
             faults.append(fault(child, QStringLiteral(": the class %1 is not known").arg(child.type)));
         findUnknownClasses(child, faults);
     }
@@ -308,7 +317,7 @@ void FormBuilder::Private::findUnknownKeys(const FormBlock &block, QHash<QString
             warnings.append(faultOfSetting(block, setting, QStringLiteral(": the key is not known")));
     }
     for (const FormBlock &child : block.children) {
-        if (kindOf(child.type))
+        if (isKnown(child.type))
             findUnknownKeys(child, known, warnings);
     }
 }

@@ -10,6 +10,7 @@
 #include <KorDaoUC/runtimeerror.h>
 #include <KorDaoUC/usercontrol.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <span>
@@ -22,18 +23,18 @@ constexpr double furthestTwips = 1e6; // some 17 metres
 
 //! One of the four numbers of a place.
 struct Side {
-    QLatin1String key;
+    QString key;
     int (QRect::*pixels)() const;
     void (QRect::*setPixels)(int);
     int (*toPixels)(const QWidget *, Twips);
     Twips (*toTwips)(const QWidget *, double);
 };
 
-constexpr std::array sides{
-    Side{QLatin1String("Left"), &QRect::x, &QRect::moveLeft, toPixelsX, toTwipsX},
-    Side{QLatin1String("Top"), &QRect::y, &QRect::moveTop, toPixelsY, toTwipsY},
-    Side{QLatin1String("Width"), &QRect::width, &QRect::setWidth, toPixelsX, toTwipsX},
-    Side{QLatin1String("Height"), &QRect::height, &QRect::setHeight, toPixelsY, toTwipsY},
+const std::array sides{
+    Side{QStringLiteral("Left"), &QRect::x, &QRect::moveLeft, toPixelsX, toTwipsX},
+    Side{QStringLiteral("Top"), &QRect::y, &QRect::moveTop, toPixelsY, toTwipsY},
+    Side{QStringLiteral("Width"), &QRect::width, &QRect::setWidth, toPixelsX, toTwipsX},
+    Side{QStringLiteral("Height"), &QRect::height, &QRect::setHeight, toPixelsY, toTwipsY},
 };
 
 std::span<const Side> sidesOf(FormPlace::Extent extent)
@@ -82,8 +83,11 @@ void FormPlace::applyToForm(QWidget &window)
 
 void FormPlace::apply(QWidget &widget, FormMirror &mirror)
 {
+    const auto sizes = sidesOf(Extent::SizeOnly);
+    const bool isSized =
+        std::all_of(sizes.begin(), sizes.end(), [this](const Side &side) { return m_settings.contains(side.key); });
     m_mirror = &mirror;
-    mirror.place(&widget, inPixels(widget, QRect(QPoint(0, 0), widget.sizeHint())));
+    mirror.place(&widget, inPixels(widget, QRect(QPoint(0, 0), isSized ? QSize() : widget.sizeHint())));
     m_placed = placeOf(widget);
 }
 

@@ -8,6 +8,7 @@
 #include <KorDaoUC/usercontrol.h>
 
 #include <QtCore/QEvent>
+#include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
 
@@ -125,7 +126,13 @@ QSize UserControl::sizeHint() const { return d->main ? d->main->sizeHint() : QWi
 
 QSize UserControl::minimumSizeHint() const { return d->main ? d->main->minimumSizeHint() : QWidget::minimumSizeHint(); }
 
-void UserControl::propertyChanged(const char *name) { Q_EMIT PropertyChanged(QString::fromLatin1(name)); }
+void UserControl::propertyChanged(const char *name)
+{
+    // Mostly nobody listens, and a form sets many properties while it is read.
+    static const QMetaMethod signal = QMetaMethod::fromSignal(&UserControl::PropertyChanged);
+    if (isSignalConnected(signal))
+        Q_EMIT PropertyChanged(QString::fromLatin1(name));
+}
 
 void UserControl::changeEvent(QEvent *event)
 {
