@@ -28,6 +28,23 @@ struct ColumnDescription {
     bool col_wrap = false;
 };
 
+//! A cell that cannot be pasted, and what keeps it.
+struct RefusedCell {
+    enum class Reason {
+        Locked,    //!< the user cannot edit the column
+        NoNumber,  //!< in a column of numbers; one that could be read in two ways is none
+        NoDate,    //!< in a column of dates
+        NotListed, //!< no name of the column's list
+        TooLong,   //!< for the column's col_mlen
+        LineBreak, //!< in a column that does not wrap
+        Outside    //!< behind the last column
+    };
+    int row = 0;
+    int column = 0;
+    QString text;
+    Reason reason = Reason::Locked;
+};
+
 } // namespace kor
 
 //! Grid whose cells are edited in place, each column by the entry control of its type: text, number, click field,
@@ -111,6 +128,20 @@ public:
     //! Writes a value as its column shows it, and its raw text into the value column. Null empties both. Error 13 for
     //! what is no number or no date in such a column; the cell stays as it was. Outside the data nothing happens.
     Q_INVOKABLE void setValue(int Row, int Col, const QVariant &value);
+
+    // Cells on the clipboard of spreadsheets: a line for each row, tabs between the cells, hidden columns left out.
+    // Extensions, for hosts that link the library.
+
+    //! The selected cells, or the current one.
+    [[nodiscard]] QString copiedCells() const;
+    //! All rows as far as anything stands in them.
+    [[nodiscard]] QString allCells() const;
+    //! What pasteCells() would refuse. Every cell is judged as if it were typed: nothing is cut or completed to fit.
+    [[nodiscard]] QList<kor::RefusedCell> refusedCells(int Row, int Col, const QString &text) const;
+    //! Pastes from a cell on to the right and down, with rows added as they are needed. Cells that are refused stay as
+    //! they are; each other one raises Change when it becomes another. Nothing happens when the open editor refuses to
+    //! be left, or from a cell that is none.
+    QList<kor::RefusedCell> pasteCells(int Row, int Col, const QString &text);
 
     //! The sum of a column's values, in single precision after every step. Null and texts add nothing. Error 6 for more
     //! than 32,767 rows.

@@ -58,6 +58,12 @@ void GridCells::write(CellAddress cell, const CellTexts &texts)
         m_grid->setTextMatrix(cell.row, valueColumn, *texts.raw);
 }
 
+bool GridCells::holds(CellAddress cell, const CellTexts &texts) const
+{
+    const CellTexts there = textsAt(cell);
+    return there.shown == texts.shown && (!there.raw || !texts.raw || there.raw == texts.raw);
+}
+
 // --- values
 
 QVariant GridCells::valueAt(CellAddress cell) const
@@ -100,8 +106,13 @@ CellTexts GridCells::textsTyped(int column, const QString &text) const
     case ColumnType::Number:
     case ColumnType::Date: break;
     }
-    const QVariant read = valueOfCell(typeOf(column), {text, std::nullopt}, rules());
+    const QVariant read = valueTyped(column, text);
     return isNull(read) ? CellTexts{text, QString()} : textsOf(column, read);
+}
+
+QVariant GridCells::valueTyped(int column, const QString &text) const
+{
+    return valueOfCell(typeOf(column), {text, std::nullopt}, rules());
 }
 
 // --- columns of numbers

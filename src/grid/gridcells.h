@@ -35,12 +35,17 @@ public:
     //! The raw text only where there is a value column.
     [[nodiscard]] CellTexts textsAt(CellAddress cell) const;
     void write(CellAddress cell, const CellTexts &texts);
+    //! Whether writing them would change nothing.
+    [[nodiscard]] bool holds(CellAddress cell, const CellTexts &texts) const;
 
     [[nodiscard]] QVariant valueAt(CellAddress cell) const;
     //! How a value is written into a column. Error 13 for what is no number or no date in a column of those.
     [[nodiscard]] CellTexts textsOf(int column, const QVariant &value) const;
     //! What a program's text looks like in a column with a value column. What is no value there stays as it is.
     [[nodiscard]] CellTexts textsTyped(int column, const QString &text) const;
+
+    //! The number or date that a text stands for in a column of those; Null for what is none.
+    [[nodiscard]] QVariant valueTyped(int column, const QString &text) const;
 
     [[nodiscard]] float sum(int column) const;
     [[nodiscard]] float greatest(int column) const;

@@ -10,6 +10,7 @@
 #include "grid/gridkeys.h"
 #include "grid/gridlook.h"
 #include "grid/gridmoves.h"
+#include "grid/gridpaste.h"
 
 #include <KorDaoUC/convert.h>
 #include <KorDaoUC/korcombo.h>
@@ -30,7 +31,7 @@ class Q_DECL_HIDDEN KorGrid::Private final : public FocusClient, public GridEdit
 {
 public:
     explicit Private(KorGrid *control)
-        : q(control), grid(new FlexGrid(control)), cells(grid), editing(grid, cells, *this)
+        : q(control), grid(new FlexGrid(control)), cells(grid), editing(grid, cells, *this), paste(grid, cells)
     {
     }
 
@@ -69,6 +70,7 @@ public:
     FlexGrid *grid;
     GridCells cells;
     GridEditing editing;
+    GridPaste paste;
     QVariant value = null(); //!< saved for older forms; nobody reads it
     bool isBusy = false;     //!< rows are being added: cells that become current open no editor
     bool isEntering = false; //!< the editor of a cell opens that the grid surface itself tells of
@@ -223,6 +225,37 @@ void KorGrid::setValue(int Row, int Col, const QVariant &value)
     const CellAddress cell{Row, Col};
     if (d->cells.extent().hasDataCell(cell))
         d->write(cell, d->cells.textsOf(Col, value));
+}
+
+// --- cells on the clipboard
+
+QString KorGrid::copiedCells() const { return d->paste.textOf(d->grid->selectedRange()); }
+QString KorGrid::allCells() const { return d->paste.textOf({1, 1, d->grid->Rows() - 1, d->grid->Cols() - 1}); }
+
+QList<RefusedCell> KorGrid::refusedCells(int Row, int Col, const QString &text) const
+{
+    return d->paste.judged({Row, Col}, text).refused;
+}
+
+QList<RefusedCell> KorGrid::pasteCells(int Row, int Col, const QString &text)
+{
+    const QPointer<KorGrid> self = this;
+    if (!d->cells.extent().hasDataCell({Row, Col}) || !d->editing.session().leave() || !self)
+        return {};
+    const GridPaste::Judged judged = d->paste.judged({Row, Col}, text);
+    if (judged.rows > d->grid->Rows() && !d->unseen([&] { d->grid->setRows(judged.rows); }))
+        return judged.refused;
+    for (const GridPaste::Cell &cell : judged.accepted) {
+        // Handlers may have taken rows away, or the grid.
+        if (!d->cells.extent().hasDataCell(cell.place) || d->cells.holds(cell.place, cell.texts))
+            continue;
+        d->write(cell.place, cell.texts);
+        if (self)
+            d->cellChanged(cell.place);
+        if (!self)
+            break;
+    }
+    return judged.refused;
 }
 
 float KorGrid::SumColumn(int Col) const { return d->cells.sum(Col); }
