@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orderlines.h"
 
+#include "gridclipboard.h"
 #include "gridfile.h"
 #include "messages.h"
 #include "productchooser.h"
@@ -91,6 +92,7 @@ OrderLines::OrderLines(KorGrid *grid, const Catalogue &catalogue, kor::Database 
     addColumns();
     connect(m_grid, &KorGrid::Change, this, [this](int &row, int &column) { cellChanged(row, column); });
     connect(m_grid, &KorGrid::SelChange, this, &OrderLines::remember);
+    connect(m_grid, &KorGrid::KeyDown, this, [this](int &code, int &shift) { keyPressed(code, shift); });
     connect(m_grid, &KorGrid::ClickClick, this, [this](int &row) { chooseProductFor(row); });
 }
 
@@ -386,6 +388,32 @@ QString OrderLines::exportCells(const QString &title, const QString &fileName)
     const QHash<int, QVariant> totals{
         {Name, QStringLiteral("Razem")}, {Quantity, quantity()}, {Amount, zlotysOf(amountOf(lines()))}};
     return askAndSaveGrid(m_grid->window(), *m_grid, {title, fileName, totals});
+}
+
+QString OrderLines::copyCells() const { return copyCellsOf(*m_grid); }
+
+QString OrderLines::pasteCells()
+{
+    const QString said = pasteCellsInto(m_grid->window(), *m_grid);
+    remember(); // what came with the products that were pasted stays
+    return said;
+}
+
+//! On the cells themselves, the clipboard's keys are free; in an open cell they are the cell's.
+void OrderLines::keyPressed(int &code, int shift)
+{
+    constexpr int isShift = 1;
+    constexpr int isCtrl = 2;
+    constexpr int insertKey = 45;
+    const bool copies = shift == isCtrl && (code == 'C' || code == insertKey);
+    const bool pastes = (shift == isCtrl && code == 'V') || (shift == isShift && code == insertKey);
+    if (!copies && !pastes)
+        return;
+    code = 0;
+    if (copies)
+        Q_EMIT copyAsked();
+    else
+        Q_EMIT pasteAsked();
 }
 
 bool OrderLines::hasKeyboard() const

@@ -47,9 +47,16 @@ public:
     void removeCurrent();
     //! Asks for a file and saves the cells there, their sums below them. What to say of it, "" for nothing.
     [[nodiscard]] QString exportCells(const QString &title, const QString &fileName);
+    //! Copies the selected cells for a spreadsheet, all lines while only one is. What to say of it.
+    QString copyCells() const;
+    //! Pastes what a spreadsheet has copied from the current cell on. What to say of it.
+    QString pasteCells();
     [[nodiscard]] bool hasKeyboard() const;
 
 Q_SIGNALS:
+    //! Copying or pasting was asked for on the cells themselves.
+    void copyAsked();
+    void pasteAsked();
     void edited();
 
 private:
@@ -68,6 +75,7 @@ private:
     [[nodiscard]] OrderLine lineIn(int row) const;
     [[nodiscard]] std::optional<qint64> productIn(int row) const;
 
+    void keyPressed(int &code, int shift);
     void cellChanged(int row, int column);
     void productTyped(int row);
     void chooseProductFor(int row);

@@ -78,6 +78,12 @@ void OrderWindow::makeActions()
     add(order, QStringLiteral("&Dodaj pozycję"), Qt::Key_F7, nullptr, [this] { addLine(); });
     add(order, QStringLiteral("Usuń p&ozycję..."), Qt::Key_F8, nullptr, [this] { removeLine(); });
     order->addSeparator();
+    auto *copy = add(order, QStringLiteral("Kop&iuj pozycje"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, nullptr,
+                     [this] { statusBar()->showMessage(m_form->lines().copyCells(), messageTime); });
+    auto *paste = add(order, QStringLiteral("&Wklej z arkusza"), Qt::CTRL | Qt::SHIFT | Qt::Key_V, nullptr,
+                      [this] { pasteLines(); });
+    connect(&m_form->lines(), &OrderLines::copyAsked, copy, &QAction::trigger);
+    connect(&m_form->lines(), &OrderLines::pasteAsked, paste, &QAction::trigger);
     if (canSaveGrids())
         add(order, QStringLiteral("&Eksportuj pozycje..."), Qt::Key_F12, nullptr, [this] { exportLines(); });
     order->addSeparator();
@@ -264,6 +270,14 @@ void OrderWindow::removeLine()
             return;
     }
     lines.removeCurrent();
+}
+
+void OrderWindow::pasteLines()
+{
+    if (!m_form->lines().hasKeyboard())
+        statusBar()->showMessage(QStringLiteral("Przejdź najpierw do pozycji (Alt+J)."), messageTime);
+    else if (kor::leaveFocusedField(this))
+        statusBar()->showMessage(m_form->lines().pasteCells(), messageTime);
 }
 
 void OrderWindow::exportLines()

@@ -54,6 +54,7 @@ private:
     void remove();
     void addLine();
     void removeLine();
+    void pasteLines();
     void exportLines();
     void go(std::optional<qint64> id);
     void startNew();
