@@ -387,6 +387,35 @@ QString OrderForm::exportLines()
     return m_lines->exportCells(QStringLiteral("Pozycje %1").arg(number), QString(number).replace(u'/', u'-'));
 }
 
+OrderPaper OrderForm::paper() const
+{
+    const Order printed = order();
+    OrderPaper paper;
+    paper.title =
+        printed.id == 0 ? QStringLiteral("Nowe zamówienie") : QStringLiteral("Zamówienie %1").arg(printed.number);
+    if (isChanged())
+        paper.title += QStringLiteral(" (niezapisane zmiany)");
+    paper.customer = {printed.customer ? m_store.nameOf(*printed.customer) : QString()};
+    for (const QString &part : m_address->Text().split(QStringLiteral(", ")))
+        paper.customer << part;
+    for (const OrderField field : {OrderField::Date, OrderField::Delivery, OrderField::Terms, OrderField::Discount}) {
+        if (const QString text = textOf(field, printed); !text.isEmpty())
+            paper.facts.append({nameOf(field), text});
+    }
+    for (const OrderLine &line : printed.lines)
+        paper.lines << paperLineOf(line, m_catalogue);
+    const auto total = [&paper](const QString &name, const QString &text) {
+        if (!text.isEmpty())
+            paper.totals.append({name, text});
+    };
+    total(QStringLiteral("Razem netto"), amountText(amountOf(printed.lines)));
+    total(QStringLiteral("Wartość zamówienia"), amountText(printed.total));
+    total(nameOf(OrderField::Advance), amountText(printed.advance));
+    total(QStringLiteral("Do zapłaty"), amountText(dueOf(printed.total, printed.advance)));
+    paper.remarks = printed.remarks;
+    return paper;
+}
+
 //! `SumColumn` is as exact as quantities are. A sum of money may have more digits than it keeps.
 void OrderForm::showSums()
 {

@@ -4,6 +4,7 @@
 
 #include "catalogue.h"
 #include "order.h"
+#include "orderpaper.h"
 
 #include <KorDaoUC/FormBuilder>
 
@@ -61,6 +62,8 @@ public:
     [[nodiscard]] OrderLines &lines() { return *m_lines; }
     //! Asks for a file and saves the lines there, their sums below them. What to say of it, "" for nothing.
     [[nodiscard]] QString exportLines();
+    //! The order in the fields as it is printed. Raises StoreError.
+    [[nodiscard]] OrderPaper paper() const;
     //! All that a line says, for the question whether to delete it.
     [[nodiscard]] QString textOf(const OrderLine &line) const;
 

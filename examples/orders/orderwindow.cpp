@@ -9,6 +9,7 @@
 #include "messages.h"
 #include "orderlines.h"
 #include "ordermerge.h"
+#include "orderprint.h"
 #include "orderstore.h"
 #include "reportwindow.h"
 #include "searchdialog.h"
@@ -78,6 +79,8 @@ void OrderWindow::makeActions()
     add(order, QStringLiteral("&Dodaj pozycję"), Qt::Key_F7, nullptr, [this] { addLine(); });
     add(order, QStringLiteral("Usuń p&ozycję..."), Qt::Key_F8, nullptr, [this] { removeLine(); });
     order->addSeparator();
+    add(order, QStringLiteral("Drukuj do &PDF..."), Qt::CTRL | Qt::Key_P, nullptr, [this] { printToPdf(); });
+    add(order, QStringLiteral("D&rukuj..."), Qt::CTRL | Qt::SHIFT | Qt::Key_P, nullptr, [this] { printOnPaper(); });
     auto *copy = add(order, QStringLiteral("Kop&iuj pozycje"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, nullptr,
                      [this] { statusBar()->showMessage(m_form->lines().copyCells(), messageTime); });
     auto *paste = add(order, QStringLiteral("&Wklej z arkusza"), Qt::CTRL | Qt::SHIFT | Qt::Key_V, nullptr,
@@ -285,6 +288,26 @@ void OrderWindow::exportLines()
     if (!kor::leaveFocusedField(this))
         return;
     const QString said = m_form->exportLines();
+    if (!said.isEmpty())
+        statusBar()->showMessage(said, messageTime);
+}
+
+void OrderWindow::printToPdf()
+{
+    if (!kor::leaveFocusedField(this))
+        return;
+    const OrderPaper paper = m_form->paper();
+    const QString said = askAndSavePdf(this, paper);
+    if (!said.isEmpty())
+        statusBar()->showMessage(said, messageTime);
+}
+
+void OrderWindow::printOnPaper()
+{
+    if (!kor::leaveFocusedField(this))
+        return;
+    const OrderPaper paper = m_form->paper();
+    const QString said = askAndPrint(this, paper);
     if (!said.isEmpty())
         statusBar()->showMessage(said, messageTime);
 }

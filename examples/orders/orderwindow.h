@@ -56,6 +56,8 @@ private:
     void removeLine();
     void pasteLines();
     void exportLines();
+    void printToPdf();
+    void printOnPaper();
     void go(std::optional<qint64> id);
     void startNew();
     void showOrder(std::optional<qint64> id);

@@ -3,14 +3,14 @@
 #include "reportpaper.h"
 
 #include "barchart.h"
+#include "paper.h"
 
 #include <KorDaoUC/Clock>
 #include <KorDaoUC/Format>
 
-#include <QtCore/QBuffer>
-#include <QtGui/QPageLayout>
+#include <QtGui/QPagedPaintDevice>
 #include <QtGui/QPainter>
-#include <QtGui/QPdfWriter>
+#include <QtGui/QPalette>
 
 #include <algorithm>
 
@@ -18,10 +18,7 @@ namespace orders {
 
 namespace {
 
-constexpr int dotsPerInch = 300;
-constexpr double margin = 15;     // millimetres
 constexpr double chartPart = 0.4; // of the height of a page, at most
-const QString fontName = QStringLiteral("DejaVu Sans");
 
 //! On paper dark is dark, whatever the screen looks like.
 QPalette paperColors()
@@ -32,110 +29,9 @@ QPalette paperColors()
     return colors;
 }
 
-//! Lines of text down the pages.
-class Paper
+bool paintReport(QPagedPaintDevice &device, const ReportHeading &heading, const Report &report)
 {
-public:
-    Paper(QPdfWriter &writer, QPainter &painter) : m_writer(writer), m_painter(painter)
-    {
-        setFont(9);
-        m_bottom = m_painter.viewport().height() - lineHeight();
-        startPage();
-    }
-
-    void setFont(int points, bool isBold = false)
-    {
-        QFont font(fontName, points);
-        font.setBold(isBold);
-        m_painter.setFont(font);
-    }
-    [[nodiscard]] double width() const { return m_painter.viewport().width(); }
-    [[nodiscard]] double room() const { return m_bottom - m_y; }
-    [[nodiscard]] double lineHeight() const { return QFontMetricsF(m_painter.font(), &m_writer).height() * 1.3; }
-
-    //! A line of the table, or of nothing but its first text. False when the page is full: it has to begin anew.
-    [[nodiscard]] bool hasRoom(double height) const { return m_y + height <= m_bottom; }
-    void text(const QString &text)
-    {
-        if (!hasRoom(lineHeight()))
-            newPage();
-        const QFontMetricsF metrics(m_painter.font(), &m_writer);
-        m_painter.drawText(QRectF(0, m_y, width(), lineHeight()), Qt::AlignLeft | Qt::AlignVCenter,
-                           metrics.elidedText(text, Qt::ElideRight, width()));
-        m_y += lineHeight();
-    }
-    void cells(const QStringList &texts)
-    {
-        // Number, name, orders, amount, share: parts of the width.
-        static const QList<double> edges{0, 0.07, 0.55, 0.67, 0.87, 1};
-        const QFontMetricsF metrics(m_painter.font(), &m_writer);
-        for (qsizetype at = 0; at < texts.size(); ++at) {
-            const double left = edges.at(at) * width();
-            const double room = (edges.at(at + 1) - edges.at(at)) * width() - metrics.averageCharWidth();
-            m_painter.drawText(QRectF(left, m_y, room, lineHeight()),
-                               (at == 1 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter,
-                               metrics.elidedText(texts.at(at), Qt::ElideRight, room));
-        }
-        m_y += lineHeight();
-    }
-    void line()
-    {
-        m_painter.setPen(QPen(Qt::black, dotsPerInch / 150.0));
-        m_painter.drawLine(QPointF(0, m_y), QPointF(width(), m_y));
-        m_y += lineHeight() / 4;
-    }
-    void skip() { m_y += lineHeight(); }
-    void newPage()
-    {
-        m_writer.newPage();
-        startPage();
-    }
-    void bars(const QList<Bar> &bars, double height)
-    {
-        paintBars(m_painter, QRectF(0, m_y, width(), height), bars, paperColors());
-        m_y += height;
-    }
-
-private:
-    void startPage()
-    {
-        m_y = 0;
-        ++m_page;
-        const QFont font = m_painter.font();
-        setFont(8);
-        m_painter.setPen(Qt::black);
-        m_painter.drawText(
-            QRectF(0, m_bottom, width(), m_painter.viewport().height() - m_bottom), Qt::AlignRight | Qt::AlignBottom,
-            QStringLiteral("%1, strona %2").arg(kor::Format(kor::Clock::today(), u"Short Date")).arg(m_page));
-        m_painter.setFont(font);
-    }
-
-    QPdfWriter &m_writer;
-    QPainter &m_painter;
-    double m_y = 0;
-    double m_bottom = 0;
-    int m_page = 0;
-};
-
-void writeTitles(Paper &paper)
-{
-    paper.setFont(9, true);
-    paper.cells({QStringLiteral("Lp."), QStringLiteral("Nazwa"), QStringLiteral("Zamówień"),
-                 QStringLiteral("Wartość [zł]"), QStringLiteral("Udział")});
-    paper.line();
-    paper.setFont(9);
-}
-
-//! The pages end with the writer.
-void writePages(QIODevice &device, const ReportHeading &heading, const Report &report)
-{
-    QPdfWriter writer(&device);
-    writer.setResolution(dotsPerInch);
-    writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
-                                     QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter));
-    writer.setTitle(heading.title);
-    QPainter painter(&writer);
-    Paper paper(writer, painter);
+    Paper paper(device);
     paper.setFont(14, true);
     paper.text(heading.title);
     paper.setFont(9);
@@ -146,23 +42,26 @@ void writePages(QIODevice &device, const ReportHeading &heading, const Report &r
         QList<Bar> bars;
         for (const ReportRow &row : report.rows)
             bars.append({row.name, static_cast<double>(row.total), amountText(row.total)});
-        const double wanted = heightOfBars(QFontMetricsF(painter.font(), &writer), bars.size());
-        paper.bars(bars, std::min(wanted + 1, paper.room() * chartPart));
+        const double wanted = heightOfBars(paper.metrics(), bars.size());
+        paper.draw(std::min(wanted + 1, paper.room() * chartPart),
+                   [bars](QPainter &painter, const QRectF &place) { paintBars(painter, place, bars, paperColors()); });
         paper.skip();
     }
-    writeTitles(paper);
+    const QList<PaperColumn> columns{{0.07, Qt::AlignRight},
+                                     {0.55, Qt::AlignLeft},
+                                     {0.67, Qt::AlignRight},
+                                     {0.87, Qt::AlignRight},
+                                     {1, Qt::AlignRight}};
+    paper.beginTable(columns, {QStringLiteral("Lp."), QStringLiteral("Nazwa"), QStringLiteral("Zamówień"),
+                               QStringLiteral("Wartość [zł]"), QStringLiteral("Udział")});
     qsizetype number = 0;
-    for (const ReportRow &row : report.rows) {
-        if (!paper.hasRoom(paper.lineHeight())) {
-            paper.newPage();
-            writeTitles(paper);
-        }
-        paper.cells({QString::number(++number), row.name, QString::number(row.orders), amountText(row.total),
-                     shareText(row.total, report.total)});
-    }
+    for (const ReportRow &row : report.rows)
+        paper.row({QString::number(++number), row.name, QString::number(row.orders), amountText(row.total),
+                   shareText(row.total, report.total)});
     paper.line();
     paper.setFont(9, true);
     paper.text(totalText(report));
+    return paper.paint(kor::Format(kor::Clock::today(), u"Short Date"));
 }
 
 } // namespace
@@ -185,10 +84,7 @@ QString totalText(const Report &report)
 
 QByteArray reportPdf(const ReportHeading &heading, const Report &report)
 {
-    QBuffer bytes;
-    bytes.open(QIODevice::WriteOnly);
-    writePages(bytes, heading, report);
-    return bytes.data();
+    return pdfOf(heading.title, [&](QPagedPaintDevice &device) { return paintReport(device, heading, report); });
 }
 
 } // namespace orders
