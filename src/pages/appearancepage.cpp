@@ -4,6 +4,7 @@
 
 #include "pages/latebound.h"
 
+#include <QtCore/QScopeGuard>
 #include <QtWidgets/QFormLayout>
 
 namespace kor {
@@ -51,6 +52,10 @@ void AppearancePage::edited(const FieldRow &row)
 void AppearancePage::readControls()
 {
     const QPointer<AppearancePage> self = this;
+    const auto leave = qScopeGuard([&] { // edits are over, even when not all can be read
+        if (self)
+            m_edited.clear();
+    });
     const std::vector<FieldRow> &rows = table().fields;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         QObject *control = firstControl();
@@ -61,7 +66,6 @@ void AppearancePage::readControls()
         if (!self)
             return;
     }
-    m_edited.clear();
 }
 
 void AppearancePage::writeControls()

@@ -76,6 +76,7 @@ private Q_SLOTS:
     void everyControlHasAFieldForEachMember();
     void theFieldsShowTheControl();
     void onlyWhatWasEditedIsWritten();
+    void editsMeantForOthersAreNotWrittenToOneThatCannotBeRead();
     void editsGoToAllThatHaveTheMember();
     void aSystemColourIsChosenFromTheList();
     void aSwatchIsSeenOnItsGroundAndKeepsItsColourWhenSelected_data();
@@ -150,6 +151,26 @@ void tst_PagAppearance::onlyWhatWasEditedIsWritten()
     m_stage->page->setChanged(true);
     m_stage->page->ApplyChanges(); // that edit is over
     QCOMPARE(number.Alignment(), AlignmentType::Center);
+}
+
+void tst_PagAppearance::editsMeantForOthersAreNotWrittenToOneThatCannotBeRead()
+{
+    KorNumber number;
+    m_stage->page->setSelectedControls({&number});
+    auto *list = m_stage->find<QComboBox>("cmbAlignment");
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Down);
+    QCOMPARE(list->currentIndex(), 2);
+    QObject next;
+    next.setProperty("BorderStyle", 9); // there is no such border
+    next.setProperty("Alignment", 0);
+    QCOMPARE(errorOf([&] {
+                 m_stage->page->setSelectedControls({&next});
+                 return 0;
+             }),
+             380);
+    m_stage->page->ApplyChanges();
+    QCOMPARE(next.property("Alignment"), QVariant(0));
 }
 
 void tst_PagAppearance::editsGoToAllThatHaveTheMember()
