@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "korform/command.h"
 #include "korform/form.h"
+#include "korform/loader.h"
 
 #include <KorDaoUC/FormBuilder>
 #include <KorDaoUC/UiFile>
@@ -33,6 +34,8 @@ kor::FormBlock formIn(const Source &source, Faults &faults)
         addErrors({form.error}, faults);
         return {};
     }
+    if (const std::optional<Refusal> refusal = refusalOfHead(source.text))
+        faults.append({refusal->line, refusal->reason, false});
     for (const kor::UiFile::Remark &remark : form.remarks) {
         if (remark.fate == kor::UiFile::Fate::Refused)
             faults.append({remark.line, remark.text, false});

@@ -6,6 +6,8 @@
 #include <KorDaoUC/UserControl>
 
 #include <QtCore/QBuffer>
+#include <QtCore/QXmlStreamReader>
+#include <QtCore/QXmlStreamWriter>
 
 namespace korform {
 
@@ -27,6 +29,24 @@ std::unique_ptr<QWidget> Loader::loadText(const QByteArray &text)
     if (!buffer.open(QIODevice::ReadOnly))
         return nullptr;
     return std::unique_ptr<QWidget>(load(&buffer));
+}
+
+std::optional<Refusal> refusalOfHead(const QByteArray &text)
+{
+    QXmlStreamReader from(text);
+    if (!from.readNextStartElement())
+        return std::nullopt; // no XML, which is told elsewhere
+    QByteArray head;
+    QXmlStreamWriter to(&head);
+    to.writeStartElement(from.name().toString());
+    to.writeAttributes(from.attributes());
+    to.writeEmptyElement(QStringLiteral("widget"));
+    to.writeAttribute(QStringLiteral("class"), QStringLiteral("QWidget"));
+    to.writeEndElement();
+    Loader loader;
+    if (loader.loadText(head))
+        return std::nullopt;
+    return Refusal{static_cast<int>(from.lineNumber()), loader.errorString()};
 }
 
 } // namespace korform

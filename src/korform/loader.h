@@ -6,6 +6,7 @@
 #include <QtWidgets/QWidget>
 
 #include <memory>
+#include <optional>
 
 namespace korform {
 
@@ -20,5 +21,12 @@ public:
     //! The form of a .ui file, or null; then errorString() says why.
     [[nodiscard]] std::unique_ptr<QWidget> loadText(const QByteArray &text);
 };
+
+//! What the loader refuses about the first element of a .ui file, whatever stands in it: a version, a language.
+struct Refusal {
+    int line;
+    QString reason;
+};
+[[nodiscard]] std::optional<Refusal> refusalOfHead(const QByteArray &text);
 
 } // namespace korform

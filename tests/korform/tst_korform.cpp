@@ -352,6 +352,15 @@ void tst_KorForm::everyFaultIsNamed_data()
         << QByteArray("<ui version=\"4.0\">\n<class>f</class><widget class=\"QWidget\" name=\"f\">\n<widget class=\"QLineEdit\" name=\"a\"/>\n<widget class=\"KorNumber\" name=\"n\">\n<property name=\"Alignment\"><enum>kor::Middle</enum></property>\n<property name=\"MaxLength\"><string>5</string></property>\n<property name=\"BorderStyle\"><number>5</number></property>\n</widget></widget></ui>")
         << QStringList{QStringLiteral(":5: error: KorNumber n, Alignment: <enum> holds no member of the enumeration"), QStringLiteral(":6: error: KorNumber n, MaxLength: <string> holds no whole number"),
                        QStringLiteral(":7: error: KorDaoUC.KorNumber n, BorderStyle: error 380: Invalid property value")} << 1;
+    const QByteArray form = ">\n<widget class=\"QWidget\" name=\"f\"/></ui>";
+    for (const char *head : {"<ui", "<ui version=\"4\"", "<ui version=\"4.1\" language=\"C++\"", "<ui version=\"9.0\" language=\"\""})
+        QTest::addRow("a head that the loader takes: %s", head) << QByteArray("a.ui") << head + form << QStringList() << 0;
+    QTest::newRow("an old .ui file") << QByteArray("a.ui") << "\n<ui version=\"3.3\"" + form
+        << QStringList(QStringLiteral(":2: error: This file was created using Designer from Qt-3.3 and cannot be read.")) << 1;
+    QTest::newRow("a .ui file without a version in its place") << QByteArray("a.ui") << "<ui version=\"\"" + form
+        << QStringList(QStringLiteral(":1: error: This file was created using Designer from Qt- and cannot be read.")) << 1;
+    QTest::newRow("a .ui file of another language") << QByteArray("a.ui") << "<ui language=\"jambi\"" + form
+        << QStringList(QStringLiteral(":1: error: This file cannot be read because it was created using jambi.")) << 1;
     QTest::newRow("a spoilt .ui file") << QByteArray("a.ui") << QByteArray("<ui>\n<widget></ui>") << QStringList(QStringLiteral(":2: error: Opening and ending tag mismatch.")) << 1;
     // clang-format on
 }
