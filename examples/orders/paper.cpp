@@ -119,8 +119,6 @@ QStringList Paper::wrapped(const QString &text, double width) const
             lines << part.mid(line.textStart(), line.textLength()).trimmed();
         }
         layout.endLayout();
-        if (part.isEmpty())
-            lines << QString();
     }
     return lines;
 }

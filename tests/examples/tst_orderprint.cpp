@@ -139,7 +139,7 @@ void tst_OrderPrint::titlesAreRepeatedOnEveryPage()
     for (int number = 1; number <= 150; ++number)
         paper.lines << lineOf(number, QStringLiteral("Pozycja %1.").arg(number));
     const QStringList pages = printed(paper);
-    QVERIFY2(pages.size() >= 3, qPrintable(QString::number(pages.size())));
+    QCOMPARE(pages.size(), 3); // fifty lines and more on each
     int found = 0;
     for (qsizetype page = 0; page < pages.size(); ++page) {
         QCOMPARE(pages.at(page).count(QStringLiteral("Cena netto")), 1);
@@ -182,16 +182,16 @@ void tst_OrderPrint::totalsStayTogether()
     paper.totals = {{QStringLiteral("Razem netto"), QStringLiteral("1 zł")},
                     {QStringLiteral("Do zapłaty"), QStringLiteral("2 zł")}};
     qsizetype mostPages = 0;
-    for (int number = 1; number <= 70; ++number) {
+    for (int number = 1; number <= 65; ++number) {
         paper.lines << lineOf(number, QStringLiteral("Pozycja"));
-        if (number < 45)
+        if (number < 40)
             continue; // one page, for certain
         const QStringList pages = printed(paper);
         QVERIFY(pages.last().contains(QStringLiteral("Razem netto")));
         QVERIFY(pages.last().contains(QStringLiteral("Do zapłaty")));
         QVERIFY(pages.size() >= mostPages);
         mostPages = pages.size();
-        if (number == 45)
+        if (number == 40)
             QCOMPARE(mostPages, 1);
     }
     QCOMPARE(mostPages, 2);
