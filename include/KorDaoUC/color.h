@@ -21,6 +21,7 @@ enum SystemColor : OLE_COLOR {
     ButtonText = -0x7FFFFFEE,       //!< &H80000012
 };
 
+//! Whether it names a system colour.
 [[nodiscard]] inline constexpr bool isSystemColor(OLE_COLOR color) { return color < 0; }
 
 //! The colour to paint with. A system colour is looked up in the palette.

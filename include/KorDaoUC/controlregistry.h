@@ -22,7 +22,9 @@ class UserControl;
 class KORDAOUC_EXPORT ControlRegistry
 {
 public:
+    //! Makes one control on a parent.
     using Factory = std::function<UserControl *(QWidget *parent)>;
+    //! Makes one page on a parent.
     using PageFactory = std::function<PropertyPage *(QWidget *parent)>;
 
     //! A new control with its initial settings, or null when there is none of that name. Takes the plain class name
@@ -41,6 +43,7 @@ public:
     [[nodiscard]] static QStringList pageNames();
     //! The pages on which a control is set, by its name or as it is; none for what is no control of the library.
     [[nodiscard]] static QStringList pagesOf(const QString &control);
+    //! The same for a control as it is.
     [[nodiscard]] static QStringList pagesOf(const QObject *control);
 
     //! Adds a page for the named controls, or for all of them when none is named; or replaces the one of the same name.

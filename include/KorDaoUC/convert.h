@@ -32,11 +32,16 @@ namespace kor {
 //! Conversions by the locale's rules. Error 13 for what is no number, 6 for one that does not fit, 94 for Null. Halves
 //! become the even whole number in CInt and CLng; CCur rounds them away from zero.
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT float CSng(const QVariant &value, const Locale &locale = Locale::systemDefault());
+//! A Double; errors as CSng().
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT double CDbl(const QVariant &value,
                                                   const Locale &locale = Locale::systemDefault());
+//! A 16-bit Integer, halves rounded to the even one; errors as CSng().
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT short CInt(const QVariant &value, const Locale &locale = Locale::systemDefault());
+//! A 32-bit Long, halves rounded to the even one; errors as CSng().
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT int CLng(const QVariant &value, const Locale &locale = Locale::systemDefault());
+//! True for every number but 0; reads the words of the locale and English ones, too. Errors as CSng().
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT bool CBool(const QVariant &value, const Locale &locale = Locale::systemDefault());
+//! An exact amount, rounded to four decimals; errors as CSng().
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT Currency CCur(const QVariant &value,
                                                     const Locale &locale = Locale::systemDefault());
 

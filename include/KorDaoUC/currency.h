@@ -18,15 +18,21 @@ class Currency
 public:
     constexpr Currency() = default;
 
+    //! The amount of so many ten-thousandths.
     [[nodiscard]] static constexpr Currency fromTenThousandths(qint64 units) { return Currency(units); }
     //! Rounded to four decimals as the number is written with 15 digits, halves away from zero.
     [[nodiscard]] static KORDAOUC_RUNTIME_EXPORT Currency fromDouble(double value);
 
+    //! The amount as a count of ten-thousandths: exact.
     [[nodiscard]] constexpr qint64 tenThousandths() const { return m_units; }
+    //! The nearest Double; beyond 2^53 ten-thousandths the last digits are lost.
     [[nodiscard]] double toDouble() const { return static_cast<double>(m_units) / 10000.0; }
 
+    //! By the amount, exactly.
     auto operator<=>(const Currency &) const = default;
+    //! The exact sum. Error 6 beyond the range.
     [[nodiscard]] KORDAOUC_RUNTIME_EXPORT Currency operator+(Currency other) const;
+    //! The exact difference. Error 6 beyond the range.
     [[nodiscard]] KORDAOUC_RUNTIME_EXPORT Currency operator-(Currency other) const;
 
 private:

@@ -42,6 +42,7 @@ public:
     //! The place of the selected entry, -1 for none. Error 380 for a place that the list does not have.
     [[nodiscard]] int ListIndex() const;
     void setListIndex(int index);
+    //! How many entries there are, the null entry included.
     [[nodiscard]] int ListCount() const;
     //! Whether there is at least one entry, the null entry included.
     [[nodiscard]] bool HasValues() const;
@@ -49,8 +50,11 @@ public:
     //! Where SELECT statements run. The host's; may end before the control does. Write-only. By its name, an open
     //! connection of the toolkit's Qt SQL will do.
     Q_INVOKABLE void setdatabase(kor::Database *database);
+    //! The same for hosts that know it as an object only. Null takes it away; what is no kor::Database is left out.
     Q_INVOKABLE void setdatabase(QObject *database);
+    //! The open connection of the toolkit that was added under this name.
     Q_INVOKABLE void setdatabase(const QString &connectionName);
+    //! Takes the database away.
     void setdatabase(std::nullptr_t) { setdatabase(static_cast<kor::Database *>(nullptr)); }
 
     //! Where the entries come from; taken up by the next Refresh().
@@ -62,6 +66,7 @@ public:
     //! Whether the next Refresh() puts a null entry first, and by what name it is shown ("..." at first).
     [[nodiscard]] bool CanBeNull() const;
     void setCanBeNull(bool canBeNull);
+    //! By what name the null entry is shown.
     [[nodiscard]] QString NullString() const;
     void setNullString(const QString &name);
 
@@ -93,8 +98,10 @@ public:
     //! Set by every change of the selection that may raise `Click`, blocked or not; cleared by Refresh() and the host.
     [[nodiscard]] bool DataChanged() const;
     void setDataChanged(bool changed);
+    //! While True, no change of the selection raises `Click`; `DataChanged` is set all the same.
     [[nodiscard]] bool BlockClick() const;
     void setBlockClick(bool block);
+    //! Whether Up and Down are kept from the selection (KorCombo), or from being raised as `KeyDown` (the open lists).
     [[nodiscard]] bool BlockUpDown() const;
     void setBlockUpDown(bool block);
 
@@ -115,6 +122,7 @@ protected:
 
     //! The two halves of loading saved settings: no entries at first; the null entry when all about it is known.
     void loadNoEntries();
+    //! The second one; takes up the saved null entry.
     void loadNullEntry();
 
     //! Whether Refresh() has a source that it can fill the list from. One that begins with a blank gets a warning.

@@ -10,15 +10,19 @@ namespace kor {
 
 Q_NAMESPACE_EXPORT(KORDAOUC_EXPORT)
 
+//! Whether a field has a line around it.
 enum class BorderStyleType : int { None = 0, FixedSingle = 1 };
 Q_ENUM_NS(BorderStyleType)
 
+//! Whether a field looks flat or sunk.
 enum class AppearanceType : int { Flat = 0, A3D = 1 };
 Q_ENUM_NS(AppearanceType)
 
+//! Where the text of a field stands.
 enum class AlignmentType : int { Left_Justify = 0, Right_Justify = 1, Center = 2 };
 Q_ENUM_NS(AlignmentType)
 
+//! Where an editor would open; forms keep it.
 enum class OpenDirectionType : int { Up = 0, Down = 1 };
 Q_ENUM_NS(OpenDirectionType)
 

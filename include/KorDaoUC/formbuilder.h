@@ -20,12 +20,14 @@ namespace kor {
 //! What is wrong in a form that can be read.
 struct FormFault {
     int line = 0; //!< 0 for a form that comes from no text
+    //! For people; a control is named by class, name and setting.
     QString reason;
     bool isWarning = false; //!< the form can be built all the same
 };
 
 //! How a kind of block is made, filled and saved that is no control of the library.
 struct FormItemKind {
+    //! Makes the widget on its parent.
     std::function<QWidget *(QWidget *parent)> create;
     //! Applies the saved settings. May raise RunTimeError for a value that it can't take.
     std::function<void(QWidget &widget, const PropertyBag &settings)> read;
@@ -37,7 +39,7 @@ struct FormItemKind {
 
 //! Fills a window with the controls of a form file, and reads the form back from the window.
 //!
-//! Blocks named KorDaoUC.<Class> become the controls of that class, with the block's name as objectName, so that the
+//! Blocks named `KorDaoUC.<Class>` become the controls of that class, with the block's name as objectName, so that the
 //! host finds them by findChild(). `Label`, `CommandButton` and `Frame` are known besides; the host adds its own kinds.
 //!
 //! The builder itself understands `Left`, `Top`, `Width` and `Height` (twips, 1440 to the inch of the screen's logical

@@ -20,19 +20,24 @@ namespace kor {
 struct KORDAOUC_EXPORT FormBlock {
     QString type; //!< "Form", "Label", "KorDaoUC.KorNumber", ...
     QString name; //!< may be empty
+    //! Its settings, in the order of the file; keys that nobody knows among them.
     PropertyBag properties;
+    //! The blocks inside it, in the order of the file.
     std::vector<FormBlock> children;
     //! Where the block begins and where each of its settings stands, counted from 1, for messages; nothing in a form
     //! that comes from no text. Equality does not ask for it.
     int line = 0;
+    //! Where each of its settings stands; empty in a form that comes from no text.
     QList<int> propertyLines{};
 
+    //! Whether both are the same form: type, name, settings and blocks, wherever they stand.
     bool operator==(const FormBlock &other) const;
 };
 
 //! A font in a program that has none (built on Qt Core alone): the toolkit's own description of it. With Qt Gui
 //! loaded, form files give and take QFont and this type is not seen.
 struct KORDAOUC_EXPORT SavedFont {
+    //! As QFont::toString() writes it.
     QString description;
 
     friend bool operator==(const SavedFont &, const SavedFont &) = default;
@@ -40,14 +45,14 @@ struct KORDAOUC_EXPORT SavedFont {
 
 //! Why a form file could not be read or written.
 struct FormError {
-    int line = 0; //!< 1-based; 0 when the file as a whole is meant
-    QString reason;
+    int line = 0;   //!< 1-based; 0 when the file as a whole is meant
+    QString reason; //!< for people
 };
 
 //! A form, or the reason why there is none.
 struct FormResult {
-    std::optional<FormBlock> form;
-    FormError error;
+    std::optional<FormBlock> form; //!< none when there is an error
+    FormError error;               //!< why there is no form
 };
 
 //! The text form in which a window's controls are kept: nested blocks, one setting a line, in the order written.

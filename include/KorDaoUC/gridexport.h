@@ -18,6 +18,7 @@ class KorGrid;
 
 namespace kor {
 
+//! What kind of file is written.
 enum class ExportKind {
     Csv, //!< texts between separators, for other programs
     Xlsx //!< a workbook with typed cells, for people
@@ -26,21 +27,23 @@ enum class ExportKind {
 //! The kind that a file's name asks for, by its ending.
 [[nodiscard]] KORDAOUC_SHEET_EXPORT std::optional<ExportKind> exportKindOf(const QString &fileName);
 
+//! How a column is written.
 struct ExportColumn {
+    //! What its cells hold; what a cell can't be is a text.
     enum class Kind { Text, Number, Date };
 
-    QString title = {};
-    Kind kind = Kind::Text;
-    QString format = {}; //!< of numbers, as `Format` takes it
-    int width = 1440;    //!< twips
-    int alignment = 0;   //!< 0 left, 1 right, 2 centred
-    bool wraps = false;  //!< texts with line breaks wrap anyway
+    QString title = {};     //!< the first line of the file
+    Kind kind = Kind::Text; //!< of its cells
+    QString format = {};    //!< of numbers, as `Format` takes it
+    int width = 1440;       //!< twips
+    int alignment = 0;      //!< 0 left, 1 right, 2 centred
+    bool wraps = false;     //!< texts with line breaks wrap anyway
 };
 
 //! What is exported, apart from where it came from.
 struct ExportTable {
-    QString name = {}; //!< of the sheet
-    QList<ExportColumn> columns;
+    QString name = {};           //!< of the sheet
+    QList<ExportColumn> columns; //!< as many as every row has values
     //! Null for an empty cell. In a column of numbers or dates, what is neither is a text.
     QList<QVariantList> rows;
     QVariantList totals; //!< a last line, empty for none
@@ -56,16 +59,18 @@ enum class CsvFormulas {
     Keep   //!< as they are, for programs that read the file to the letter
 };
 
+//! What a program may say of an export.
 struct ExportSettings {
-    QString name;                //!< of the sheet
-    QHash<int, QVariant> totals; //!< by number of the grid's column: a last line
-    ExportProgress mayGoOn = {}; //!< none goes on
-    CsvFormulas formulas = CsvFormulas::Guard;
-    Locale locale = Locale::systemDefault();
+    QString name;                              //!< of the sheet
+    QHash<int, QVariant> totals;               //!< by number of the grid's column: a last line
+    ExportProgress mayGoOn = {};               //!< none goes on
+    CsvFormulas formulas = CsvFormulas::Guard; //!< of CSV files only
+    Locale locale = Locale::systemDefault();   //!< whose separators CSV files have, and what texts are read by
 };
 
 //! How an export ended. Unless it was written, the file is as it was before.
 struct ExportResult {
+    //! The ends that it may come to.
     enum class Outcome {
         Written,
         Stopped,
@@ -74,12 +79,13 @@ struct ExportResult {
         TextTooLong,    //!< 32,767 characters fit into a cell of a sheet
         NotWritten      //!< the system would not; error and reason say why
     };
-    Outcome outcome = Outcome::Written;
-    std::error_code error;
-    QString reason;       //!< the system's
-    qsizetype row = 0;    //!< of the text that is too long, from 0
-    qsizetype column = 0; //!< likewise
+    Outcome outcome = Outcome::Written; //!< what it was
+    std::error_code error;              //!< the system's
+    QString reason;                     //!< the system's
+    qsizetype row = 0;                  //!< of the text that is too long, from 0
+    qsizetype column = 0;               //!< likewise
 
+    //! Whether the file holds the table now.
     [[nodiscard]] bool isWritten() const { return outcome == Outcome::Written; }
 };
 

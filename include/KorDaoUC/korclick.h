@@ -50,11 +50,13 @@ public:
     [[nodiscard]] bool DataChanged() const;
     void setDataChanged(bool changed);
 
+    //! What the choice is shown as. Setting it raises `Change` when it becomes another, and leaves `Value`.
     [[nodiscard]] QString Text() const;
     void setText(const QString &text);
     //! Whether the user is kept from changing the text, but for Delete, which clears text and `Value`.
     [[nodiscard]] bool Locked() const;
     void setLocked(bool locked);
+    //! How many characters are selected. Setting it selects so many behind `SelStart`, as far as there are.
     [[nodiscard]] int SelLength() const;
     void setSelLength(int length);
     //! The selected text. Setting it replaces the selection.
@@ -83,9 +85,11 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
+    //! The text was changed, by the user or the program. `Value` alone raises nothing.
     void Change();
     //! The button has lost the focus to another widget of the form; not to a chooser that was opened from `Click`.
     void CmdLostFocus();
+    //! The button was pressed, or a key that stands for it: the program opens its chooser, and sets `Text` and `Value`.
     void Click();
     void DblClick();
     void KeyDown(int &KeyCode, int &Shift);

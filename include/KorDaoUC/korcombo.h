@@ -32,6 +32,8 @@ public:
     [[nodiscard]] QSize givenSize() const override;
 
 Q_SIGNALS:
+    //! Another entry was selected, by the user or the program; and also when `Value` or `Text` finds the entry at place
+    //! 0. Not raised under `BlockClick`.
     void Click();
     //! A key on the closed list, except F5. A handler may change the code; 0 swallows the key.
     void KeyDown(int &KeyCode, int &Shift);

@@ -79,7 +79,9 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
+    //! The text or the value has changed, and whenever the field is left, changed or not.
     void Change();
+    //! A click on the text; or the calendar was opened, by the button or F4.
     void Click();
     void DblClick();
     void KeyDown(int &KeyCode, int &Shift);

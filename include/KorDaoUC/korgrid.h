@@ -14,18 +14,18 @@ namespace kor {
 
 //! A column as AddColumn() was told of it, under the names of its arguments.
 struct ColumnDescription {
-    QString col_type = QStringLiteral("TEXT");
-    QString col_title;
-    int col_width = 0; //!< twips, by now
-    int col_align = 0;
-    bool col_lock = false;
-    QString col_format;
-    int col_color = 0;
-    int col_mlen = 0;
-    QString col_sql;
-    QString col_slownik;
-    int col_value = 0;
-    bool col_wrap = false;
+    QString col_type = QStringLiteral("TEXT"); //!< TEXT, NUMBER, CLICK, COMBO or DATE; any other word is a text
+    QString col_title;                         //!< in row 0
+    int col_width = 0;                         //!< twips, by now
+    int col_align = 0;                         //!< 0 left, 1 right, 2 centred
+    bool col_lock = false;                     //!< the user can't edit it
+    QString col_format;                        //!< the mask of numbers
+    int col_color = 0;                         //!< of the text, &HBBGGRR
+    int col_mlen = 0;                          //!< the most characters typed, 0 for any number
+    QString col_sql;                           //!< what fills its list
+    QString col_slownik;                       //!< the dictionary of its list
+    int col_value = 0;                         //!< the number of its value column, 0 for none
+    bool col_wrap = false;                     //!< texts wrap, rows grow
 };
 
 //! A cell that cannot be pasted, and what keeps it.
@@ -81,12 +81,14 @@ public:
     //! 131,072 columns or 16,777,216 rows.
     [[nodiscard]] int Cols() const;
     void setCols(int columns);
+    //! Rows, that of the titles included.
     [[nodiscard]] int Rows() const;
     void setRows(int rows);
     //! The current cell. Setting it opens the cell's editor, which takes the keyboard only if the grid has it. Nothing
     //! happens when the open editor refuses to be left. Error 380 for a cell that does not exist.
     [[nodiscard]] int Row() const;
     void setRow(int row);
+    //! The column of the current cell; as `Row`.
     [[nodiscard]] int Col() const;
     void setCol(int column);
     //! The other end of the selected rows, 0 unless whole rows are selected.
@@ -94,6 +96,7 @@ public:
     //! Twips: the height of rows whose texts don't wrap, and the least of those that do. 285 at first.
     [[nodiscard]] int RowHeightMin() const;
     void setRowHeightMin(int twips);
+    //! Whether the texts of all columns wrap and rows grow, whatever AddColumn() said.
     [[nodiscard]] bool WordWrap() const;
     void setWordWrap(bool wraps);
 
@@ -161,8 +164,11 @@ public:
     //! Where the lists of COMBO columns come from. The host's; may end before the grid does. Write-only. By its name,
     //! an open connection of the toolkit's Qt SQL will do.
     Q_INVOKABLE void setdatabase(kor::Database *database);
+    //! The same for hosts that know it as an object only. Null takes it away; what is no kor::Database is left out.
     Q_INVOKABLE void setdatabase(QObject *database);
+    //! The open connection of the toolkit that was added under this name.
     Q_INVOKABLE void setdatabase(const QString &connectionName);
+    //! Takes the database away.
     void setdatabase(std::nullptr_t) { setdatabase(static_cast<kor::Database *>(nullptr)); }
     //! The dictionary of the drop-down list that is open over a cell, "" otherwise.
     [[nodiscard]] QString Slownik() const;
@@ -179,7 +185,9 @@ Q_SIGNALS:
     void ClickClick(int &Row);
     //! A cell's text was changed through its editor, or the editor writes it otherwise.
     void Change(int &Row, int &Col);
+    //! An editor was opened, or the current cell or the selection has changed.
     void SelChange();
+    //! A click on the grid, after the cell was gone to.
     void Click();
     void DblClick();
     void KeyDown(int &KeyCode, int &Shift);

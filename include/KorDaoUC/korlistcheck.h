@@ -56,6 +56,8 @@ public:
     [[nodiscard]] QList<kor::SavedSetting> savedSettings() const override;
 
 Q_SIGNALS:
+    //! Another entry was selected, by the user or the program; and also when `Value` or `Text` finds the entry at place
+    //! 0. Not raised under `BlockClick`.
     void Click();
     //! A double click on an entry.
     void DblClick();

@@ -37,6 +37,7 @@ public:
     [[nodiscard]] bool EnabledClick() const;
     void setEnabledClick(bool enabled);
 
+    //! The whole text; line breaks are as they came in. Setting another one raises `Change`.
     [[nodiscard]] QString Text() const;
     void setText(const QString &text);
     //! The most characters the user can type or paste; 0 is no limit. Error 380 below 0. The editor takes the limit
@@ -66,6 +67,7 @@ Q_SIGNALS:
     void MouseDown(int &Button, int &Shift, float &X, float &Y);
     void MouseMove(int &Button, int &Shift, float &X, float &Y);
     void MouseUp(int &Button, int &Shift, float &X, float &Y);
+    //! The text was changed, by the user, the editor or the program.
     void Change();
 
 protected:

@@ -77,8 +77,11 @@ public:
     //! a grouping character without three digits behind it.
     [[nodiscard]] QVariant MaxValue() const;
     void setMaxValue(const QVariant &bound);
+    //! The lower bound; see MaxValue().
     [[nodiscard]] QVariant MinValue() const;
     void setMinValue(const QVariant &bound);
+    //! Whether the bounds hold: a program's value is clamped silently, a typed one brings a message when the field is
+    //! left.
     [[nodiscard]] bool CheckRange() const;
     void setCheckRange(bool check);
     //! While True, a change of the text neither updates `Value` nor raises `Change`. Every entry into the field leaves
@@ -92,6 +95,7 @@ public:
     [[nodiscard]] QList<kor::SavedSetting> savedSettings() const override;
 
 Q_SIGNALS:
+    //! The text has changed, typed or set by the program; under `BlockChange` only by a `Text` that is no number.
     void Change();
     void MouseDown(int &Button, int &Shift, float &X, float &Y);
     void MouseMove(int &Button, int &Shift, float &X, float &Y);

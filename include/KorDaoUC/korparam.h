@@ -50,8 +50,10 @@ public:
     //! Twips: the width of the names; the values take the rest. The user may drag it. Error 380 below 0.
     [[nodiscard]] int ColNameWidth() const;
     void setColNameWidth(int twips);
+    //! The title over the names.
     [[nodiscard]] QString ColParTitle() const;
     void setColParTitle(const QString &title);
+    //! The title over the values.
     [[nodiscard]] QString ColValTitle() const;
     void setColValTitle(const QString &title);
     //! Whether the buttons of click fields and dates work.
@@ -84,15 +86,18 @@ public:
     //! Error 380 for a row that does not exist.
     [[nodiscard]] int Row() const;
     void setRow(int row);
+    //! The name that is shown; of row 0, its title.
     [[nodiscard]] QString ParName() const;
     //! The value as it is shown.
     [[nodiscard]] QString ParText() const;
+    //! The program's own name of the parameter.
     [[nodiscard]] QString ParSymbol() const;
     //! The value: a text, a number, a date, the key of an entry, what the program chose for a click field, or Null; the
     //! marker for a missing argument until it was edited.
     [[nodiscard]] QVariant ParValue() const;
     //! Replaces the value, and leaves the text that is shown. Error 387 at design time.
     void setParValue(const QVariant &value);
+    //! The FieldName that the parameter was added with.
     [[nodiscard]] QString ParField() const;
     //! The ValueType, not the ControlType.
     [[nodiscard]] QString ParType() const;
@@ -100,14 +105,18 @@ public:
     //! What the click field shows and stands for; to be set in ClickClick.
     [[nodiscard]] QString ClickText() const;
     void setClickText(const QString &text);
+    //! What the choice stands for; Null when nothing was chosen.
     [[nodiscard]] QVariant ClickValue() const;
     void setClickValue(const QVariant &value);
 
     //! Where the lists of COMBO parameters come from. The host's; may end before the sheet does. Write-only. By its
     //! name, an open connection of the toolkit's Qt SQL will do.
     Q_INVOKABLE void setdatabase(kor::Database *database);
+    //! The same for hosts that know it as an object only. Null takes it away; what is no kor::Database is left out.
     Q_INVOKABLE void setdatabase(QObject *database);
+    //! The open connection of the toolkit that was added under this name.
     Q_INVOKABLE void setdatabase(const QString &connectionName);
+    //! Takes the database away.
     void setdatabase(std::nullptr_t) { setdatabase(static_cast<kor::Database *>(nullptr)); }
     //! The dictionary of the drop-down list that is open over a value, "" otherwise.
     [[nodiscard]] QString Slownik() const;
@@ -122,6 +131,7 @@ public:
 Q_SIGNALS:
     void MouseDown(int &Button, int &Shift, float &X, float &Y);
     void MouseUp(int &Button, int &Shift, float &X, float &Y);
+    //! A click on the sheet, after the editor of the clicked value was opened.
     void Click();
     void DblClick();
     void KeyDown(int &KeyCode, int &Shift);

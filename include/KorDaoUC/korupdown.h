@@ -32,9 +32,11 @@ public:
     [[nodiscard]] kor::BorderStyleType BorderStyle() const;
     void setBorderStyle(kor::BorderStyleType style);
 
+    //! The text as it stands in the box, number or not.
     [[nodiscard]] QString Text() const;
     //! Shows any text. The value follows if the text begins with a number in the range.
     void setText(const QString &text);
+    //! The last number that was in the range; 0 at first.
     [[nodiscard]] int Value() const;
     //! Sets the value; one below 1 is 0. Error 380, and no change, outside the range.
     void setValue(int value);
@@ -42,6 +44,7 @@ public:
     //! left outside becomes the bound next to it; the text stays until the box is left.
     [[nodiscard]] int Max() const;
     void setMax(int max);
+    //! The lower bound; see Max().
     [[nodiscard]] int Min() const;
     void setMin(int min);
     //! The most characters the user can type or paste; 0 is no limit. Error 380 below 0.
@@ -59,6 +62,7 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
+    //! The text or the value has changed, by the user or the program.
     void Change();
     void Click();
     void KeyDown(int &KeyCode, int &Shift);

@@ -16,6 +16,7 @@ namespace kor {
 class KORDAOUC_EXPORT LateBoundWidget : public QWidget
 {
 public:
+    //! The toolkit's way in for members called by name.
     int qt_metacall(QMetaObject::Call call, int member, void **arguments) override;
 
 protected:

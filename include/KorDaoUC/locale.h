@@ -16,31 +16,32 @@ namespace kor {
 //!
 //! A plain value. Date patterns use the system's tokens (d, dd, ddd, dddd, M to MMMM, yy, yyyy; H, h, m, s, tt).
 struct KORDAOUC_RUNTIME_EXPORT Locale {
-    QChar decimalSeparator = u'.';
-    QChar groupSeparator = u','; //!< U+00A0 in Polish
-    QChar dateSeparator = u'/';
-    QChar timeSeparator = u':';
-    QString currencySymbol = QStringLiteral("$");
-    QString currencyPositive = QStringLiteral("$n"); //!< the n outside the symbol is the number
-    QString currencyNegative = QStringLiteral("($n)");
-    QString shortDatePattern = QStringLiteral("M/d/yyyy");
-    QString longDatePattern = QStringLiteral("dddd, MMMM dd, yyyy");
-    QString timePattern = QStringLiteral("h:mm:ss tt");
-    QString amText = QStringLiteral("AM");
-    QString pmText = QStringLiteral("PM");
-    QStringList monthNames;         //!< twelve, as they stand alone (styczeń)
-    QStringList monthNamesGenitive; //!< twelve, as they stand beside a day (stycznia)
-    QStringList shortMonthNames;
-    QStringList dayNames; //!< seven, Sunday first
-    QStringList shortDayNames;
-    Qt::DayOfWeek firstDayOfWeek = Qt::Sunday; //!< what the week number ("ww") goes by
-    QString trueText = QStringLiteral("True"); //!< the words of the formats "True/False", "Yes/No" and "On/Off"
-    QString falseText = QStringLiteral("False");
-    QString yesText = QStringLiteral("Yes");
-    QString noText = QStringLiteral("No");
-    QString onText = QStringLiteral("On");
-    QString offText = QStringLiteral("Off");
+    QChar decimalSeparator = u'.';                         //!< parts whole digits from decimals
+    QChar groupSeparator = u',';                           //!< U+00A0 in Polish
+    QChar dateSeparator = u'/';                            //!< between day, month and year
+    QChar timeSeparator = u':';                            //!< between hours, minutes and seconds
+    QString currencySymbol = QStringLiteral("$");          //!< "zł" in Polish
+    QString currencyPositive = QStringLiteral("$n");       //!< the n outside the symbol is the number
+    QString currencyNegative = QStringLiteral("($n)");     //!< the same for amounts below 0
+    QString shortDatePattern = QStringLiteral("M/d/yyyy"); //!< of "Short Date", and the order in which dates are read
+    QString longDatePattern = QStringLiteral("dddd, MMMM dd, yyyy"); //!< of "Long Date"
+    QString timePattern = QStringLiteral("h:mm:ss tt");              //!< of "Long Time"
+    QString amText = QStringLiteral("AM");                           //!< before noon ("tt")
+    QString pmText = QStringLiteral("PM");                           //!< after noon ("tt")
+    QStringList monthNames;                                          //!< twelve, as they stand alone (styczeń)
+    QStringList monthNamesGenitive;                                  //!< twelve, as they stand beside a day (stycznia)
+    QStringList shortMonthNames;                                     //!< twelve (sty)
+    QStringList dayNames;                                            //!< seven, Sunday first
+    QStringList shortDayNames;                                       //!< seven, Sunday first
+    Qt::DayOfWeek firstDayOfWeek = Qt::Sunday;                       //!< what the week number ("ww") goes by
+    QString trueText = QStringLiteral("True");   //!< the words of the formats "True/False", "Yes/No" and "On/Off"
+    QString falseText = QStringLiteral("False"); //!< as trueText
+    QString yesText = QStringLiteral("Yes");     //!< as trueText
+    QString noText = QStringLiteral("No");       //!< as trueText
+    QString onText = QStringLiteral("On");       //!< as trueText
+    QString offText = QStringLiteral("Off");     //!< as trueText
 
+    //! Whether all habits are the same.
     bool operator==(const Locale &) const = default;
 
     //! pl-PL: 1 234,50 with U+00A0, dd.MM.yyyy, "n zł".

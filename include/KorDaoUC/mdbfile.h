@@ -21,9 +21,9 @@ using MdbProgress = std::function<bool(const QString &table, qint64 done, qint64
 //! What became of the reading of an .mdb file.
 struct MdbReading {
     bool isComplete = false; //!< false: it was stopped, and the target is as it was before
-    int tables = 0;
-    qint64 rows = 0;
-    QStringList remarks; //!< what could not be taken over as it was, and why; a line each
+    int tables = 0;          //!< that were read
+    qint64 rows = 0;         //!< of all tables
+    QStringList remarks;     //!< what could not be taken over as it was, and why; a line each
 };
 
 //! Reads the tables of an .mdb file (Jet 3 and 4) into an SQLite database, so that the host's statements run there,

@@ -22,6 +22,7 @@ class KORDAOUC_EXPORT PropertyBag
     Q_GADGET
 
 public:
+    //! Key and value.
     using Entry = std::pair<QString, QVariant>;
 
     //! Keeps the value under the key, unless it equals the default in type and value. An invalid default (no default)
@@ -34,12 +35,16 @@ public:
     Q_INVOKABLE void append(const QString &key, const QVariant &value);
     //! All entries in their order, repeated keys included.
     [[nodiscard]] const QList<Entry> &entries() const { return m_entries; }
+    //! Whether there is an entry of this key; case counts.
     [[nodiscard]] Q_INVOKABLE bool contains(const QString &key) const;
+    //! Whether there is no entry at all.
     [[nodiscard]] Q_INVOKABLE bool isEmpty() const { return m_entries.isEmpty(); }
     //! The number of entries, and one of them by its 0-based place: for hosts that reach the bag by name only. Error 9
     //! for a place that there is not.
     [[nodiscard]] Q_INVOKABLE int count() const { return static_cast<int>(m_entries.size()); }
+    //! The key at a place; error 9 as count() says.
     [[nodiscard]] Q_INVOKABLE QString keyAt(int index) const { return entryAt(index).first; }
+    //! The value at a place; error 9 as count() says.
     [[nodiscard]] Q_INVOKABLE QVariant valueAt(int index) const { return entryAt(index).second; }
 
     //! Whether both hold the same settings (in type and value) in the same order.

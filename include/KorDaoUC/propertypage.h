@@ -26,6 +26,7 @@ public:
     virtual void call(QObject &control, const std::function<void()> &deed);
     //! What is written between these two belongs together. They come in pairs, pairs within pairs too.
     virtual void beginApply() {}
+    //! Ends what beginApply() began.
     virtual void endApply() noexcept {}
 };
 

@@ -26,6 +26,7 @@ public:
     explicit PropertyPageDialog(const QObjectList &controls, QWidget *parent = nullptr);
     ~PropertyPageDialog() override;
 
+    //! The pages in the order of their tabs, closed ones included.
     [[nodiscard]] QList<PropertyPage *> pages() const;
     //! Has all pages write through someone else, who must outlive the dialog. One Apply is one pair of calls for him.
     void setWriter(PropertyWriter *writer);

@@ -17,7 +17,9 @@ class KORDAOUC_EXPORT Field
 public:
     Field(const Recordset &recordset, int index) : m_recordset(&recordset), m_index(index) {}
 
+    //! What Recordset::FieldValue() tells of the current row.
     [[nodiscard]] QVariant Value() const;
+    //! What Recordset::FieldName() tells.
     [[nodiscard]] QString Name() const;
 
 private:
@@ -48,13 +50,16 @@ public:
     //! Goes to the next row. Error 3021 at the end, 3146 when the database fails.
     virtual void MoveNext() = 0;
 
+    //! How many columns the rows have.
     [[nodiscard]] virtual int FieldCount() const = 0;
     //! The value of a column, counted from 0, in the types of a Variant: an integer that fits is a Long, a larger one a
     //! Double, one beyond 2^53 a 64-bit integer; fractions and decimals are Double; a text stays a text; NULL of every
     //! type, what is no number, and the infinities are Null. Error 3265 for a column that does not exist, 3021 at the
     //! end.
     [[nodiscard]] virtual QVariant FieldValue(int index) const = 0;
+    //! The name of a column, counted from 0, as the statement gives it. Error 3265 for a column that does not exist.
     [[nodiscard]] virtual QString FieldName(int index) const = 0;
+    //! A column by its place, counted from 0.
     [[nodiscard]] Field Fields(int index) const { return {*this, index}; }
 
     //! Gives the statement back to the database. Every later call but Close() itself is error 3420. Destruction closes.

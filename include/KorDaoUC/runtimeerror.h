@@ -43,11 +43,15 @@ class KORDAOUC_RUNTIME_EXPORT RunTimeError : public std::exception
 public:
     //! With the classic text of the number.
     explicit RunTimeError(ErrorNumber number);
+    //! With a text of its own.
     RunTimeError(ErrorNumber number, const QString &description);
     ~RunTimeError() override;
 
+    //! The number, one of ErrorNumber.
     [[nodiscard]] int number() const noexcept { return m_number; }
+    //! What went wrong, without the number.
     [[nodiscard]] const QString &description() const noexcept { return m_description; }
+    //! Number and description in UTF-8: "380: Invalid property value".
     [[nodiscard]] const char *what() const noexcept override { return m_what.c_str(); }
 
 private:

@@ -12,7 +12,9 @@ enum class SettingUse { ReadAndWrite, ReadOnly, WriteOnly };
 
 //! What there is to know of a setting that a control is saved with.
 struct SavedSetting {
+    //! By which it stands in a form file.
     QString key;
+    //! Whether loading or saving passes it over.
     SettingUse use = SettingUse::ReadAndWrite;
     QVariant defaultValue; //!< not stored; its type is that of the setting
 };

@@ -72,7 +72,9 @@ public:
     void setUserMode(bool) {}
     //! The font of the form around the control, and whether the control shows it.
     [[nodiscard]] bool usesAmbientFont() const;
+    //! The font of the form around the control.
     [[nodiscard]] QFont ambientFont() const;
+    //! Gives up a font of its own: from now on the control shows the ambient one.
     void useAmbientFont();
 
     //! The size that the form or the program gave the control, which is what a form is saved with. The control itself
@@ -95,12 +97,15 @@ protected:
     //! Names the constituent whose look is the control's: it takes colours and font, and the control's focus. It
     //! starts with the colours of fields, or with its own.
     void setMainConstituent(QWidget *constituent);
+    //! The same with colours of its own to start with.
     void setMainConstituent(QWidget *constituent, OLE_COLOR back, OLE_COLOR fore);
+    //! The constituent named by setMainConstituent(); null before that.
     [[nodiscard]] QWidget *mainConstituent() const;
     //! The native window that the main constituent is drawn in: its own, or the one of the form around it.
     [[nodiscard]] int mainWindowHandle() const;
     //! Whether the form shows through the main constituent in place of its background colour.
     [[nodiscard]] bool isBackTransparent() const;
+    //! Lets the form show through the main constituent, or paints its background.
     void setBackTransparent(bool transparent);
     //! Names who hears of the focus; part of the control, and gone with it.
     void setFocusClient(FocusClient *client);

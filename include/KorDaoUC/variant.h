@@ -41,14 +41,19 @@ enum class VariantType {
     Other
 };
 
+//! The kind of a value; Other for what normalized() would change.
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT VariantType variantType(const QVariant &value);
 
 //! The Variant Null: no value. Not Empty, which is a value that was never given. A null QVariant that has a type, as a
 //! database hands over its NULL, is Null as well.
 [[nodiscard]] inline QVariant null() { return QVariant::fromValue(nullptr); }
+//! The marker for an argument that is left out.
 [[nodiscard]] inline QVariant missing() { return QVariant::fromValue(Missing{}); }
+//! Whether there is no value: Null, or a null QVariant of any type. Empty is none of them.
 [[nodiscard]] inline bool isNull(const QVariant &value) { return value.isValid() && value.isNull(); }
+//! Whether it is Empty: a value that was never given.
 [[nodiscard]] inline bool isEmpty(const QVariant &value) { return !value.isValid(); }
+//! Whether it is the marker for an argument that is left out.
 [[nodiscard]] KORDAOUC_RUNTIME_EXPORT bool isMissing(const QVariant &value);
 
 //! The same value in the mapping above: a 64-bit integer that fits becomes a Long, a larger one a Double, and one that

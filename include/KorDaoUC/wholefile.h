@@ -15,8 +15,8 @@ namespace kor {
 //! Why a file could not be written: the system's error, for programs that say it in their users' language, and what
 //! the system says of it.
 struct WriteFailure {
-    std::error_code error;
-    QString reason;
+    std::error_code error; //!< the system's
+    QString reason;        //!< in the system's words
 };
 
 //! Writes a file all or nothing: afterwards it holds these bytes, and they are on the disk, or it is as it was before
