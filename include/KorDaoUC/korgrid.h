@@ -30,6 +30,7 @@ struct ColumnDescription {
 
 //! A cell that cannot be pasted, and what keeps it.
 struct RefusedCell {
+    //! What keeps a text out of a cell.
     enum class Reason {
         Locked,    //!< the user cannot edit the column
         NoNumber,  //!< in a column of numbers; one that could be read in two ways is none
@@ -39,10 +40,10 @@ struct RefusedCell {
         LineBreak, //!< in a column that does not wrap
         Outside    //!< behind the last column
     };
-    int row = 0;
-    int column = 0;
-    QString text;
-    Reason reason = Reason::Locked;
+    int row = 0;                    //!< of the grid
+    int column = 0;                 //!< of the grid
+    QString text;                   //!< that was to be pasted
+    Reason reason = Reason::Locked; //!< the first that was found
 };
 
 } // namespace kor
