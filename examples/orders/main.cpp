@@ -3,6 +3,7 @@
 #include "orderstore.h"
 #include "orderwindow.h"
 #include "pictures.h"
+#include "places.h"
 
 #include <KorDaoUC/Locale>
 
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <string_view>
 
 namespace {
@@ -24,6 +26,12 @@ QString standardDatabase()
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     QDir().mkpath(folder);
     return QDir(folder).filePath(QStringLiteral("zamowienia.sqlite"));
+}
+
+QString placesFile()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    return QDir(folder).filePath(QStringLiteral("okna.ini"));
 }
 
 void complain(const QString &text, bool isShown)
@@ -91,7 +99,10 @@ int main(int argc, char **argv)
         file = standardDatabase();
     try {
         orders::OrderStore store(file);
-        orders::OrderWindow window(store);
+        std::optional<orders::Places> places;
+        if (!isPictured)
+            places.emplace(placesFile());
+        orders::OrderWindow window(store, places ? &*places : nullptr);
         if (isPictured)
             return orders::takePictures(window, parser.value(screenshots)) ? 0 : 1;
         window.show();

@@ -11,6 +11,7 @@
 #include "ordermerge.h"
 #include "orderprint.h"
 #include "orderstore.h"
+#include "places.h"
 #include "reportwindow.h"
 #include "searchdialog.h"
 
@@ -32,11 +33,13 @@ namespace orders {
 namespace {
 
 constexpr int messageTime = 5000; // milliseconds
+const QString windowName = QStringLiteral("order");
 
 } // namespace
 
-OrderWindow::OrderWindow(OrderStore &store)
+OrderWindow::OrderWindow(OrderStore &store, Places *places)
     : m_store(store),
+      m_places(places),
       m_database(std::make_unique<kor::SqlDatabase>(store.connection())),
       m_form(new OrderForm(store, *m_database, this)),
       m_cursor(store.ids())
@@ -48,6 +51,11 @@ OrderWindow::OrderWindow(OrderStore &store)
     connect(m_form, &OrderForm::edited, this, &OrderWindow::updateState);
     showOrder(m_cursor.first());
     m_form->focusFirstField();
+    if (!m_places)
+        return;
+    m_places->restore(*this, windowName);
+    if (!m_places->complaint().isEmpty())
+        statusBar()->showMessage(m_places->complaint(), 2 * messageTime);
 }
 
 OrderWindow::~OrderWindow() = default;
@@ -334,6 +342,7 @@ void OrderWindow::search()
     if (!mayLeave())
         return;
     SearchDialog dialog(ordersToSearch(m_store), this);
+    const Visit visit(m_places, dialog, QStringLiteral("search"));
     const bool isChosen = dialog.exec() == QDialog::Accepted;
     activateWindow();
     if (isChosen)
@@ -343,6 +352,7 @@ void OrderWindow::search()
 void OrderWindow::report()
 {
     ReportWindow window(m_store, *m_database, this);
+    const Visit visit(m_places, window, QStringLiteral("report"));
     window.exec();
     activateWindow();
 }
@@ -399,6 +409,8 @@ void OrderWindow::closeEvent(QCloseEvent *event)
     bool mayClose = false;
     guarded([&] { mayClose = mayLeave(); });
     event->setAccepted(mayClose);
+    if (mayClose && m_places)
+        m_places->keep(*this, windowName);
 }
 
 } // namespace orders

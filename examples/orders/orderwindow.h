@@ -19,6 +19,7 @@ class SqlDatabase;
 namespace orders {
 
 class OrderStore;
+class Places;
 
 //! The order desk's window: menu, form and status bar over one store.
 class OrderWindow : public QMainWindow
@@ -26,7 +27,8 @@ class OrderWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    explicit OrderWindow(OrderStore &store);
+    //! Without places, windows stand where they are put first.
+    explicit OrderWindow(OrderStore &store, Places *places = nullptr);
     ~OrderWindow() override;
 
     [[nodiscard]] OrderForm &form() { return *m_form; }
@@ -65,6 +67,7 @@ private:
     void about();
 
     OrderStore &m_store;
+    Places *m_places;
     std::unique_ptr<kor::SqlDatabase> m_database;
     OrderForm *m_form;
     OrderCursor m_cursor;
