@@ -7,20 +7,24 @@
 namespace kor {
 
 namespace {
+
 constexpr double twipsPerInch = 1440.0;
-}
 
-Twips toTwipsX(const QWidget *widget, double pixels) { return Twips(pixels * twipsPerInch / widget->logicalDpiX()); }
-Twips toTwipsY(const QWidget *widget, double pixels) { return Twips(pixels * twipsPerInch / widget->logicalDpiY()); }
+Twips toTwips(double pixels, int dots) { return Twips(pixels * twipsPerInch / dots); }
+int toPixels(Twips length, int dots) { return qRound(length.count() * dots / twipsPerInch); }
 
-int toPixelsX(const QWidget *widget, Twips length)
-{
-    return qRound(length.count() * widget->logicalDpiX() / twipsPerInch);
-}
+} // namespace
 
-int toPixelsY(const QWidget *widget, Twips length)
-{
-    return qRound(length.count() * widget->logicalDpiY() / twipsPerInch);
-}
+Resolution::Resolution(const QWidget *widget) : m_dotsX(widget->logicalDpiX()), m_dotsY(widget->logicalDpiY()) {}
+
+Twips Resolution::toTwipsX(double pixels) const { return toTwips(pixels, m_dotsX); }
+Twips Resolution::toTwipsY(double pixels) const { return toTwips(pixels, m_dotsY); }
+int Resolution::toPixelsX(Twips length) const { return toPixels(length, m_dotsX); }
+int Resolution::toPixelsY(Twips length) const { return toPixels(length, m_dotsY); }
+
+Twips toTwipsX(const QWidget *widget, double pixels) { return toTwips(pixels, widget->logicalDpiX()); }
+Twips toTwipsY(const QWidget *widget, double pixels) { return toTwips(pixels, widget->logicalDpiY()); }
+int toPixelsX(const QWidget *widget, Twips length) { return toPixels(length, widget->logicalDpiX()); }
+int toPixelsY(const QWidget *widget, Twips length) { return toPixels(length, widget->logicalDpiY()); }
 
 } // namespace kor

@@ -38,6 +38,23 @@ private:
     double m_count = 0;
 };
 
+//! The logical resolution of the screen that a widget is on. Whoever has many lengths for one place asks once: a window
+//! that was never shown looks for its screen each time.
+class Resolution
+{
+public:
+    explicit Resolution(const QWidget *widget);
+
+    [[nodiscard]] Twips toTwipsX(double pixels) const;
+    [[nodiscard]] Twips toTwipsY(double pixels) const;
+    [[nodiscard]] int toPixelsX(Twips length) const;
+    [[nodiscard]] int toPixelsY(Twips length) const;
+
+private:
+    int m_dotsX;
+    int m_dotsY;
+};
+
 //! Twips from and to pixels of the logical resolution of the screen that the widget is on: the one place that knows.
 [[nodiscard]] Twips toTwipsX(const QWidget *widget, double pixels);
 [[nodiscard]] Twips toTwipsY(const QWidget *widget, double pixels);

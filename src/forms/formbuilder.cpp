@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "constituents/twips.h"
 #include "forms/formitems.h"
 #include "forms/formmirror.h"
 #include "forms/formplace.h"
@@ -245,7 +246,13 @@ public:
                          QList<FormFault> &warnings) const;
     [[nodiscard]] QList<FormFault> warnings(const FormBlock &form) const;
     void findRefusals(const FormBlock &block, QList<FormFault> &faults) const;
-    Item make(const FormBlock &block, QWidget *parent, FormMirror &mirror, Construction &construction);
+    //! Where the parts of one block go.
+    struct Surface {
+        QWidget *parent;
+        FormMirror *mirror;
+        Resolution resolution;
+    };
+    Item make(const FormBlock &block, const Surface &surface, Construction &construction);
     void makeChildren(Item &item, const FormBlock &block, Construction &construction);
 
     QHash<QString, FormItemKind> kinds = readyMadeItems();
@@ -362,12 +369,12 @@ void FormBuilder::Private::findRefusals(const FormBlock &block, QList<FormFault>
         findRefusals(child, faults);
 }
 
-Item FormBuilder::Private::make(const FormBlock &block, QWidget *parent, FormMirror &mirror, Construction &construction)
+Item FormBuilder::Private::make(const FormBlock &block, const Surface &surface, Construction &construction)
 {
     current = &block;
     FormItemKind kind = *kindOf(block.type);
     FormPlace place(block.properties, FormPlace::Extent::PlaceAndSize);
-    QWidget *widget = kind.create(parent);
+    QWidget *widget = kind.create(surface.parent);
     if (!widget)
         throw RunTimeError(ErrorNumber::InvalidProcedureCall, QStringLiteral("the control could not be made"));
     construction.add(widget);
@@ -377,9 +384,9 @@ Item FormBuilder::Private::make(const FormBlock &block, QWidget *parent, FormMir
     if (const auto *control = qobject_cast<const UserControl *>(widget); control && !madeKeys.contains(block.type))
         madeKeys.insert(block.type, keysOf(*control));
     item.kind.read(*widget, block.properties);
-    item.place.apply(*widget, mirror);
+    item.place.apply(*widget, *surface.mirror, surface.resolution);
     makeChildren(item, block, construction);
-    if (parent->isVisible() || widget->testAttribute(Qt::WA_WState_ExplicitShowHide))
+    if (surface.parent->isVisible() || widget->testAttribute(Qt::WA_WState_ExplicitShowHide))
         widget->show(); // else it comes with its window
     return item;
 }
@@ -391,8 +398,9 @@ void FormBuilder::Private::makeChildren(Item &item, const FormBlock &block, Cons
         return;
     auto *mirror = new FormMirror(item.widget);
     construction.add(mirror);
+    const Surface surface{item.widget, mirror, Resolution(item.widget)};
     for (const FormBlock &child : block.children)
-        item.children.push_back(make(child, item.widget, *mirror, construction));
+        item.children.push_back(make(child, surface, construction));
 }
 
 std::optional<QString> FormBuilder::build(const FormBlock &form, QWidget *window)

@@ -26,15 +26,15 @@ struct Side {
     QString key;
     int (QRect::*pixels)() const;
     void (QRect::*setPixels)(int);
-    int (*toPixels)(const QWidget *, Twips);
-    Twips (*toTwips)(const QWidget *, double);
+    int (Resolution::*toPixels)(Twips) const;
+    Twips (Resolution::*toTwips)(double) const;
 };
 
 const std::array sides{
-    Side{QStringLiteral("Left"), &QRect::x, &QRect::moveLeft, toPixelsX, toTwipsX},
-    Side{QStringLiteral("Top"), &QRect::y, &QRect::moveTop, toPixelsY, toTwipsY},
-    Side{QStringLiteral("Width"), &QRect::width, &QRect::setWidth, toPixelsX, toTwipsX},
-    Side{QStringLiteral("Height"), &QRect::height, &QRect::setHeight, toPixelsY, toTwipsY},
+    Side{QStringLiteral("Left"), &QRect::x, &QRect::moveLeft, &Resolution::toPixelsX, &Resolution::toTwipsX},
+    Side{QStringLiteral("Top"), &QRect::y, &QRect::moveTop, &Resolution::toPixelsY, &Resolution::toTwipsY},
+    Side{QStringLiteral("Width"), &QRect::width, &QRect::setWidth, &Resolution::toPixelsX, &Resolution::toTwipsX},
+    Side{QStringLiteral("Height"), &QRect::height, &QRect::setHeight, &Resolution::toPixelsY, &Resolution::toTwipsY},
 };
 
 std::span<const Side> sidesOf(FormPlace::Extent extent)
@@ -66,28 +66,28 @@ FormPlace::FormPlace(const PropertyBag &settings, Extent extent) : m_extent(exte
     }
 }
 
-QRect FormPlace::inPixels(const QWidget &widget, QRect place) const
+QRect FormPlace::inPixels(const Resolution &resolution, QRect place) const
 {
     for (const Side &side : sidesOf(m_extent)) {
         if (m_settings.contains(side.key))
-            (place.*side.setPixels)(side.toPixels(&widget, Twips(CDbl(m_settings.ReadProperty(side.key)))));
+            (place.*side.setPixels)((resolution.*side.toPixels)(Twips(CDbl(m_settings.ReadProperty(side.key)))));
     }
     return place;
 }
 
 void FormPlace::applyToForm(QWidget &window)
 {
-    window.resize(inPixels(window, window.geometry()).size());
+    window.resize(inPixels(Resolution(&window), window.geometry()).size());
     m_placed = placeOf(window);
 }
 
-void FormPlace::apply(QWidget &widget, FormMirror &mirror)
+void FormPlace::apply(QWidget &widget, FormMirror &mirror, const Resolution &resolution)
 {
     const auto sizes = sidesOf(Extent::SizeOnly);
     const bool isSized =
         std::all_of(sizes.begin(), sizes.end(), [this](const Side &side) { return m_settings.contains(side.key); });
     m_mirror = &mirror;
-    mirror.place(&widget, inPixels(widget, QRect(QPoint(0, 0), isSized ? QSize() : widget.sizeHint())));
+    mirror.place(&widget, inPixels(resolution, QRect(QPoint(0, 0), isSized ? QSize() : widget.sizeHint())));
     m_placed = placeOf(widget);
 }
 
@@ -106,7 +106,7 @@ void FormPlace::write(const QWidget &widget, PropertyBag &settings) const
     for (const Side &side : sidesOf(m_extent)) {
         const int pixels = (now.*side.pixels)();
         if (pixels != (m_placed.*side.pixels)())
-            settings.append(side.key, side.toTwips(&widget, pixels).rounded());
+            settings.append(side.key, (Resolution(&widget).*side.toTwips)(pixels).rounded());
         else if (m_settings.contains(side.key))
             settings.append(side.key, m_settings.ReadProperty(side.key));
     }

@@ -13,6 +13,7 @@ class QWidget;
 namespace kor {
 
 class FormMirror;
+class Resolution;
 
 //! The place of a widget on its form: what the file said in twips, and the pixels that became of it. Twips are finer
 //! than pixels, and a control may take another size than it was given, so a widget that nobody moved or sized is saved
@@ -32,12 +33,12 @@ public:
     //! Sizes the window of a form. What the file does not say is left to the window.
     void applyToForm(QWidget &window);
     //! Moves and sizes a widget on a form. What the file does not say is left to the widget.
-    void apply(QWidget &widget, FormMirror &mirror);
+    void apply(QWidget &widget, FormMirror &mirror, const Resolution &resolution);
     //! Writes the place of the widget as it is now.
     void write(const QWidget &widget, PropertyBag &settings) const;
 
 private:
-    [[nodiscard]] QRect inPixels(const QWidget &widget, QRect place) const;
+    [[nodiscard]] QRect inPixels(const Resolution &resolution, QRect place) const;
     [[nodiscard]] QRect placeOf(const QWidget &widget) const;
 
     Extent m_extent;
