@@ -193,9 +193,9 @@ int main(int argc, char **argv)
     add("LoadForm/ui/fields/peer:stock", loadUi, {fieldKinds, true});
     add("LoadForm/file/fields/kor", loadFile, fields, "goal stock 1");
     add("LoadForm/file/fields/peer:stock", loadUi, {fieldKinds, true});
-    add("LoadForm/ui/grids/kor", loadUi, withGrids);
+    add("LoadForm/ui/grids/kor", loadUi, withGrids, "goal stock 1.6");
     add("LoadForm/ui/grids/peer:stock", loadUi, {kinds.size(), true});
-    add("LoadForm/file/grids/kor", loadFile, withGrids);
+    add("LoadForm/file/grids/kor", loadFile, withGrids, "goal stock 1.6");
     add("LoadForm/file/grids/peer:stock", loadUi, {kinds.size(), true});
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
