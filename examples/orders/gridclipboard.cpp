@@ -72,12 +72,21 @@ QString pasteCellsInto(QWidget *parent, KorGrid &grid)
     const int row = grid.Row();
     const int column = grid.Col();
     const QList<kor::RefusedCell> refused = grid.refusedCells(row, column, text);
-    if (!refused.isEmpty()) {
+    const auto isLocked = [](const kor::RefusedCell &cell) { return cell.reason == Reason::Locked; };
+    const bool isAsked = !std::all_of(refused.begin(), refused.end(), isLocked);
+    if (isAsked) {
         const QString question = said(grid, refused) + QStringLiteral("\n\nWkleić pozostałe?");
         if (ask(parent, title, question, {QStringLiteral("&Wklej pozostałe"), QStringLiteral("&Anuluj")}) != 0)
             return QStringLiteral("Nic nie wklejono.");
     }
-    (void)grid.pasteCells(row, column, text);
+    QList<kor::RefusedCell> missed = grid.pasteCells(row, column, text);
+    // What the program computes comes out the same, mostly: then nothing was refused.
+    missed.removeIf([&grid](const kor::RefusedCell &cell) {
+        return cell.row < grid.Rows() && cell.column < grid.Cols() &&
+               grid.TextMatrix(cell.row, cell.column) == cell.text;
+    });
+    if (!isAsked && !missed.isEmpty())
+        warn(parent, title, said(grid, missed));
     return QStringLiteral("Wklejono ze schowka.");
 }
 

@@ -9,8 +9,10 @@
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
+#include <QtCore/QLibraryInfo>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMessageBox>
 
@@ -85,7 +87,11 @@ int main(int argc, char **argv)
     parser.addOptions({database, screenshots});
     parser.process(application);
 
-    // The desk speaks Polish whatever the system does.
+    // The desk speaks Polish whatever the system does, and so do the toolkit's own dialogs where its words are
+    // installed.
+    QTranslator words;
+    if (words.load(QStringLiteral("qtbase_pl"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&words);
     kor::Locale::setSystemDefault(kor::Locale::polish());
     if (isPictured) {
         QApplication::setStyle(QStringLiteral("Fusion"));

@@ -393,6 +393,7 @@ OrderPaper OrderForm::paper() const
     OrderPaper paper;
     paper.title =
         printed.id == 0 ? QStringLiteral("Nowe zamówienie") : QStringLiteral("Zamówienie %1").arg(printed.number);
+    paper.name = QString(paper.title).replace(u'/', u'-');
     if (isChanged())
         paper.title += QStringLiteral(" (niezapisane zmiany)");
     paper.customer = {printed.customer ? m_store.nameOf(*printed.customer) : QString()};

@@ -16,13 +16,6 @@ namespace {
 
 const QString title = QStringLiteral("Drukowanie");
 
-//! A file may not be named as the order is.
-QString fileNameOf(const OrderPaper &order)
-{
-    QString name = order.title;
-    return name.replace(u'/', u'-') + QStringLiteral(".pdf");
-}
-
 QString savePdf(QWidget *parent, const OrderPaper &order, const QString &fileName)
 {
     return saveFile(parent, title, fileName, orderPdf(order)) ? QStringLiteral("Zapisano plik %1.").arg(fileName)
@@ -33,7 +26,8 @@ QString savePdf(QWidget *parent, const OrderPaper &order, const QString &fileNam
 
 QString askAndSavePdf(QWidget *parent, const OrderPaper &order)
 {
-    const QString fileName = askForFile(parent, title, fileNameOf(order), {QStringLiteral("Dokument PDF (*.pdf)")});
+    const QString fileName =
+        askForFile(parent, title, order.name + QStringLiteral(".pdf"), {QStringLiteral("Dokument PDF (*.pdf)")});
     return fileName.isEmpty() ? QString() : savePdf(parent, order, fileName);
 }
 
@@ -41,7 +35,7 @@ QString askAndPrint(QWidget *parent, const OrderPaper &order)
 {
     QPrinter printer(QPrinter::HighResolution);
     setUpPages(printer);
-    printer.setDocName(order.title);
+    printer.setDocName(order.name);
     QPrintDialog dialog(&printer, parent);
     dialog.setWindowTitle(title);
     dialog.setOptions(QAbstractPrintDialog::PrintToFile);

@@ -54,6 +54,11 @@ QString askForFile(QWidget *parent, const QString &title, const QString &name, c
     QFileDialog dialog(parent, title, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(filters);
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Folder:"));
+    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("&Nazwa pliku:"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Rodzaj pliku:"));
+    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Zapisz"));
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Anuluj"));
     dialog.setDefaultSuffix(endingOf(filters.first()));
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
                      [&dialog](const QString &filter) { dialog.setDefaultSuffix(endingOf(filter)); });

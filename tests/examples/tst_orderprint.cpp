@@ -9,6 +9,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QProcess>
 #include <QtPrintSupport/QPrintDialog>
+#include <QtPrintSupport/QPrinter>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QStatusBar>
 
@@ -207,8 +208,12 @@ void tst_OrderPrint::escapeSavesNothing()
 
 void tst_OrderPrint::thePrinterIsAskedFor()
 {
-    answer<QPrintDialog>(Qt::ControlModifier | Qt::ShiftModifier,
-                         [](QPrintDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    QString fileName;
+    answer<QPrintDialog>(Qt::ControlModifier | Qt::ShiftModifier, [&fileName](QPrintDialog &dialog) {
+        fileName = dialog.printer()->docName();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    QCOMPARE(fileName, QStringLiteral("Zamówienie ZAM-2025-0001")); // which is the file's, too, without a printer
     QCOMPARE(said(), QString());
     QVERIFY(m_window->isActiveWindow());
 }
