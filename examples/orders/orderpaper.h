@@ -30,7 +30,7 @@ struct OrderPaper {
     };
 
     QString title;
-    QString name; //!< for that of its file
+    QString name;         //!< for that of its file
     QStringList customer; //!< name and address
     QList<PaperFact> facts;
     QList<Line> lines;
