@@ -39,6 +39,17 @@ public:
     //! The number that a text stands for: the bound that it was clamped to, else what it reads as.
     [[nodiscard]] QVariant valueOf(const QString &shown, std::optional<float> bound) const;
     void showNumber(double number, const QString &text, std::optional<float> bound);
+    void noteGiven();
+    //! Whether a lock holds what the program has given. A lock that comes later takes over what was typed before.
+    [[nodiscard]] bool isHeld() const { return box->Locked() && box->text() == given.text && value == given.value; }
+    void giveBack();
+
+    //! What the program had put there when the field was entered, or has put there since.
+    struct Given {
+        QString shown;
+        QString text; //!< the same, for editing
+        QVariant value;
+    };
 
     KorNumber *q;
     TextBox *box;
@@ -50,6 +61,7 @@ public:
     bool blockChange = false;
     bool dirty = false;
     QVariant value;
+    Given given;
     QVariant type;                //!< saved for older forms; nobody reads it
     std::optional<float> clamped; //!< the bound that the next change of the text shows in place of the number set
 
@@ -65,7 +77,14 @@ const SettingsTable<KorNumber> KorNumber::Private::settings = {
      integer(0)},
     {"Locked", &KorNumber::Locked, &KorNumber::setLocked, false},
     {"Value", &KorNumber::Value, [](KorNumber &c, const QVariant &v) { c.d->value = v; }, null()},
-    {"Text", &KorNumber::Text, [](KorNumber &c, const QVariant &v) { c.d->box->setProgramText(CStr(v)); }, QString()},
+    {"Text", &KorNumber::Text,
+     [](KorNumber &c, const QVariant &v) {
+         const QPointer<KorNumber> self = &c;
+         c.d->box->setProgramText(CStr(v));
+         if (self)
+             c.d->noteGiven();
+     },
+     QString()},
     {"MaxLength", &KorNumber::MaxLength, &KorNumber::setMaxLength, 0},
     // Kept: saved forms hold the key twice
     {"MaxLength", &KorNumber::MaxLength, &KorNumber::setMaxLength, 0, SettingUse::WriteOnly},
@@ -137,6 +156,8 @@ void KorNumber::setValue(const QVariant &given)
         if (self && !isNoNumber(given))
             d->value = null();
     }
+    if (self)
+        d->noteGiven();
     if (self)
         propertyChanged("Value");
     if (self)
@@ -260,14 +281,38 @@ void KorNumber::Private::boxEntered(QWidget *, FocusEntry)
         if (self)
             blockChange = false;
     });
-    box->setProgramText(toEditText(box->text(), signs));
-    if (self)
-        box->selectAll();
+    const QString shown = box->text();
+    box->setProgramText(toEditText(shown, signs));
+    if (!self)
+        return;
+    box->selectAll();
+    given = {shown, box->text(), value};
+}
+
+void KorNumber::Private::noteGiven() { given = {box->text(), box->text(), value}; }
+
+//! Shows what the program has given as it did before the field was entered. Reading that text could come to another
+//! number, or to none.
+void KorNumber::Private::giveBack()
+{
+    const QPointer<KorNumber> self = q;
+    const QString edited = std::exchange(given.text, given.shown);
+    const bool wasBlocked = std::exchange(blockChange, true);
+    box->setProgramText(given.shown);
+    if (!self)
+        return;
+    blockChange = wasBlocked;
+    if (!blockChange && edited != given.shown)
+        Q_EMIT q->Change();
 }
 
 std::optional<Complaint> KorNumber::Private::boxLeft(QWidget *)
 {
     const QPointer<KorNumber> self = q;
+    if (isHeld()) {
+        giveBack();
+        return std::nullopt;
+    }
     box->setProgramText(formatForDisplay(box->text(), mask, signs));
     if (!self || box->Locked()) // the program's number: not the user's to answer for, who could not mend it
         return std::nullopt;
@@ -281,6 +326,8 @@ std::optional<Complaint> KorNumber::Private::boxLeft(QWidget *)
 void KorNumber::Private::controlLeft()
 {
     const QPointer<KorNumber> self = q;
+    if (isHeld())
+        return;
     box->setProgramText(formatForDisplay(box->text(), mask, signs));
     // Kept: Val reads the formatted text up to its first grouping or comma, so 1 234,00 is judged as 1
     if (self && !box->Locked() && range().refuses(box->text()))

@@ -5,6 +5,7 @@
 
 #include <KorDaoUC/KorNumber>
 #include <KorDaoUC/Locale>
+#include <KorDaoUC/PropertyBag>
 #include <KorDaoUC/Variant>
 
 #include <QtGui/QClipboard>
@@ -37,6 +38,9 @@ private Q_SLOTS:
     void copyCutAndPasteActOnTheWholeText();
     void insertAndDeleteKeysActAsTheirCtrlTwins();
     void lockedFieldKeepsItsText();
+    void aLockedNumberIsLeftAsTheProgramFilledIt_data();
+    void aLockedNumberIsLeftAsTheProgramFilledIt();
+    void whatWasTypedBeforeTheLockIsTakenOver();
 
     // focus
     void enteringShowsTheBareNumberSelected();
@@ -254,6 +258,71 @@ void tst_KorNumber_Typing::lockedFieldKeepsItsText()
     QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("5,00"));
     number->setValue(6); // the program may
     QCOMPARE(number->Value(), QVariant(6.0));
+}
+
+void tst_KorNumber_Typing::aLockedNumberIsLeftAsTheProgramFilledIt_data()
+{
+    QTest::addColumn<QString>("mask");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("value");
+    QTest::newRow("as the mask writes it") << "#,##0.00"
+                                           << "1\u00a0234,50" << 1234.5;
+    QTest::newRow("with other decimals than the mask's") << "#,##0.00"
+                                                         << "1234,567" << 1234.567;
+    QTest::newRow("no number, from a saved form") << "#,##0.00"
+                                                  << "5.3.99" << 5.3;
+    QTest::newRow("percent, which reads as a hundred times as much") << "0%"
+                                                                     << "50%" << 50.0;
+}
+
+void tst_KorNumber_Typing::aLockedNumberIsLeftAsTheProgramFilledIt()
+{
+    QFETCH(QString, mask);
+    QFETCH(QString, text);
+    QFETCH(double, value);
+    Stage stage;
+    auto *number = stage.place(new KorNumber);
+    PropertyBag bag;
+    bag.append(QStringLiteral("Locked"), true);
+    bag.append(QStringLiteral("Text"), text);
+    bag.append(QStringLiteral("Value"), value);
+    bag.append(QStringLiteral("MaskPicture"), mask);
+    number->readProperties(bag);
+    const QVariant before = number->Value();
+    QVERIFY(stage.open());
+    for (int visit = 0; visit < 2; ++visit) {
+        number->setFocus();
+        settle();
+        stage.button()->setFocus();
+        settle();
+        QCOMPARE(number->Text(), text);
+        QCOMPARE(number->Value(), before);
+    }
+    number->setFocus();
+    settle();
+    number->setValue(8); // the program may, while the user is in it
+    const QString shown = number->Text();
+    const QVariant eight = number->Value();
+    stage.button()->setFocus();
+    settle();
+    QCOMPARE(number->Text(), shown);
+    QCOMPARE(number->Value(), eight);
+}
+
+void tst_KorNumber_Typing::whatWasTypedBeforeTheLockIsTakenOver()
+{
+    Stage stage;
+    auto *number = stage.place(new KorNumber);
+    number->setValue(5);
+    QVERIFY(stage.open());
+    number->setFocus();
+    settle();
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("12"));
+    number->setLocked(true);
+    stage.button()->setFocus();
+    settle();
+    QCOMPARE(number->Text(), QStringLiteral("12,00"));
+    QCOMPARE(number->Value(), QVariant(12.0));
 }
 
 void tst_KorNumber_Typing::enteringShowsTheBareNumberSelected()
