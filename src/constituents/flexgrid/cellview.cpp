@@ -452,15 +452,21 @@ void CellView::setFirst(QScrollBar *bar, int line)
     updateScrollBars();
 }
 
+// Each bar takes room that the other's lines may need: where all cells are seen without them, neither bar is there for
+// the other's sake, or they would show and hide each other without an end.
 void CellView::updateScrollBars()
 {
-    const auto update = [](QScrollBar *bar, const LineSizes &lines, int room) {
+    const QSize whole = maximumViewportSize();
+    const bool isAllSeen = TopRow() == 1 && LeftCol() == 1 && lastFirst(m_rows, whole.height()) == 1 &&
+                           lastFirst(m_columns, whole.width()) == 1;
+    const QSize room = isAllSeen ? whole : viewport()->size();
+    const auto update = [](QScrollBar *bar, const LineSizes &lines, int length) {
         const int last = std::max(0, lines.count() - 2);
-        bar->setRange(0, std::max(lastFirst(lines, room) - 1, std::min(bar->value(), last)));
-        bar->setPageStep(wholeLines(lines, bar->value() + 1, room));
+        bar->setRange(0, std::max(lastFirst(lines, length) - 1, std::min(bar->value(), last)));
+        bar->setPageStep(wholeLines(lines, bar->value() + 1, length));
     };
-    update(verticalScrollBar(), m_rows, viewport()->height());
-    update(horizontalScrollBar(), m_columns, viewport()->width());
+    update(verticalScrollBar(), m_rows, room.height());
+    update(horizontalScrollBar(), m_columns, room.width());
 }
 
 void CellView::scrollContentsBy(int, int)

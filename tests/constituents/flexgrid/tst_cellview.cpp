@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "constituents/flexgrid/gridstage.h"
+#include "support/onevent.h"
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QHeaderView>
@@ -48,6 +49,8 @@ private Q_SLOTS:
     void scrollBarEndsWithTheLastRow();
     void partlyShownRowsAreVisible();
     void columnsScrollWhole();
+    void scrollBarsAreThereForCellsOnly_data();
+    void scrollBarsAreThereForCellsOnly();
     void wheelScrollsOnly();
     void bordersAreDragged();
     void doubleClickOnABorderFitsWhatIsSeen();
@@ -188,6 +191,51 @@ void tst_CellView::partlyShownRowsAreVisible()
     on.grid->setColWidth(1, 20000);
     QVERIFY(on.grid->ColIsVisible(1));
     QVERIFY(!on.grid->ColIsVisible(2));
+}
+
+void tst_CellView::scrollBarsAreThereForCellsOnly_data()
+{
+    QTest::addColumn<QSize>("beyond"); // room beyond the cells
+    QTest::addColumn<bool>("isAcross");
+    QTest::addColumn<bool>("isDown");
+    QTest::newRow("cells that just fit need none") << QSize(0, 0) << false << false;
+    QTest::newRow("nor for less room than a bar takes") << QSize(5, 5) << false << false;
+    QTest::newRow("nor for room enough") << QSize(50, 50) << false << false;
+    QTest::newRow("a row too many takes room from the columns") << QSize(5, -1) << true << true;
+    QTest::newRow("a column too many takes room from the rows") << QSize(-1, 5) << true << true;
+    QTest::newRow("a row too many beside narrow columns") << QSize(50, -1) << false << true;
+    QTest::newRow("a column too many over few rows") << QSize(-1, 50) << true << false;
+    QTest::newRow("too many of both") << QSize(-1, -1) << true << true;
+}
+
+//! Whatever size the grid had before. Two bars that show and hide each other would never come to an end.
+void tst_CellView::scrollBarsAreThereForCellsOnly()
+{
+    QFETCH(QSize, beyond);
+    GridStage on;
+    on.grid->setRows(9);
+    QVERIFY(on.open());
+    const QRect last = on.grid->cellRect(8, 5);
+    const QSize cells(last.right() + 1, last.bottom() + 1);
+    const QSize around = on.grid->size() - on.grid->maximumViewportSize();
+    const QSize size = cells + beyond + around;
+    constexpr int patience = 100;
+    int turns = 0;
+    const OnEvent resized(on.grid->viewport(), QEvent::Resize, [&] {
+        if (++turns == patience)
+            on.grid->resize(cells * 3); // which ends it
+    });
+    for (const QSize before :
+         {size * 2, QSize(size.width() / 2, size.height()), QSize(size.width(), size.height() / 2), size / 2}) {
+        on.grid->resize(before);
+        settle();
+        turns = 0;
+        on.grid->resize(size);
+        settle();
+        QVERIFY(turns < patience);
+        QTEST(on.grid->horizontalScrollBar()->isVisible(), "isAcross");
+        QTEST(on.grid->verticalScrollBar()->isVisible(), "isDown");
+    }
 }
 
 void tst_CellView::columnsScrollWhole()
