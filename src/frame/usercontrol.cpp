@@ -27,7 +27,13 @@ public:
 
 UserControl::UserControl(QWidget *parent) : LateBoundWidget(parent), d(std::make_unique<Private>()) {}
 
-UserControl::~UserControl() { FocusTracker::instance().removeClient(this); }
+UserControl::~UserControl()
+{
+    FocusTracker::instance().removeClient(this);
+    // Its constituents outlive what it is made of: one that loses the focus by ending would still tell of that.
+    for (const QObject *constituent : findChildren<QObject *>())
+        constituent->disconnect(this);
+}
 
 void UserControl::setFocusClient(FocusClient *client) { FocusTracker::instance().addClient(this, client); }
 
