@@ -46,6 +46,8 @@ private Q_SLOTS:
     void enteringShowsTheBareNumberSelected();
     void enteringLeavesBlockChangeFalse();
     void leavingFormatsTheNumber();
+    void whatStaysWithoutAMask_data();
+    void whatStaysWithoutAMask();
     void minusAloneIsErased();
     void rangeMessageSendsTheUserBack();
     void rangeMessageIsShownOnceForTwoFields();
@@ -374,6 +376,48 @@ void tst_KorNumber_Typing::leavingFormatsTheNumber()
     QCOMPARE(number->Text(), QStringLiteral("1\u00A0234,57"));
     QCOMPARE(number->Value(), QVariant(1234.57));
     QCOMPARE(log.take(), QStringLiteral("Change"));
+}
+
+void tst_KorNumber_Typing::whatStaysWithoutAMask_data()
+{
+    QTest::addColumn<QString>("mask");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("left");
+    QTest::newRow("written as its number is") << ""
+                                              << "12,5"
+                                              << "12,5";
+    QTest::newRow("a whole number") << ""
+                                    << "-7"
+                                    << "-7";
+    QTest::newRow("a needless nought behind") << ""
+                                              << "12,50"
+                                              << "";
+    QTest::newRow("needless noughts in front") << ""
+                                               << "007"
+                                               << "";
+    QTest::newRow("any number, as it is") << "General Number"
+                                          << "12,50"
+                                          << "12,5";
+    QTest::newRow("any number, noughts in front") << "General Number"
+                                                  << "007"
+                                                  << "7";
+}
+
+void tst_KorNumber_Typing::whatStaysWithoutAMask()
+{
+    QFETCH(const QString, mask);
+    QFETCH(const QString, typed);
+    Stage stage;
+    auto *number = stage.place(new KorNumber);
+    number->setMaskPicture(mask);
+    QVERIFY(stage.open());
+    number->setFocus();
+    settle();
+    auto *box = number->findChild<QLineEdit *>(QStringLiteral("txtNumber"));
+    QTest::keyClicks(box, typed);
+    QTest::keyClick(box, Qt::Key_Tab);
+    settle();
+    QTEST(number->Text(), "left");
 }
 
 void tst_KorNumber_Typing::minusAloneIsErased()

@@ -155,6 +155,8 @@ bool saysNumber(const Place &place)
     other->setProperty("MaskPicture", mask);
     other->setProperty("Text", place.text);
     const QString shown = other->property("Text").value<QString>();
+    if (mask.isEmpty() && shown != place.text) // texts stay as they were typed then, "12,50" for the number 12,5
+        return false;
     other->setProperty("Text", shown);
     return !shown.isEmpty() && other->property("Text").value<QString>() == shown &&
            Format(other->property("Value"), mask) == shown;
