@@ -5,7 +5,6 @@
 #include <KorDaoUC/PropertyBag>
 
 #include <QtWidgets/QDialog>
-#include <QtWidgets/QVBoxLayout>
 
 using namespace kor;
 using namespace kor::test;
@@ -43,17 +42,7 @@ private Q_SLOTS:
     void whateverRowIsCurrentIsInSight();
     void keysOnAClosedValueLeadToValues_data();
     void keysOnAClosedValueLeadToValues();
-    void rowsAndClearInMidEdit();
     void theFormIsTheSameAfterSavingAndLoading();
-    void theProgramGoesOnUnderAMessage_data();
-    void theProgramGoesOnUnderAMessage();
-    void aRefusedDateStaysAsATextWhereNobodyCanCorrectIt_data();
-    void aRefusedDateStaysAsATextWhereNobodyCanCorrectIt();
-    void aValueSetOverAnyOpenEditorIsSeen_data();
-    void aValueSetOverAnyOpenEditorIsSeen();
-    void settingsLoadedInMidEditKeepWhatWasTyped();
-    void aFormThatIsBusyForAWhileKeepsWhatIsTyped_data();
-    void aFormThatIsBusyForAWhileKeepsWhatIsTyped();
 };
 
 void tst_KorParam_Day::aRowIsAsHighAsItsEditorInEveryFont_data()
@@ -492,27 +481,6 @@ void tst_KorParam_Day::keysOnAClosedValueLeadToValues()
     QTEST(openEditor(), "reached");
 }
 
-void tst_KorParam_Day::rowsAndClearInMidEdit()
-{
-    click(Date);
-    type(QStringLiteral("241226"));
-    sheet->setRows(9); // rows come: the user goes on
-    settle();
-    QVERIFY(hasKeyboard("KorDat"));
-    type(QStringLiteral("9")); // not the date's: it is whole
-    sheet->Clear();
-    settle();
-    QCOMPARE(openEditor(), QString());
-    QCOMPARE(sheet->Row(), int(Date));
-    QCOMPARE(allShown(), QStringLiteral("|||||||"));
-    type(QStringLiteral("x")); // no parameter, no editor
-    press(Qt::Key_F2);
-    QCOMPARE(openEditor(), QString());
-    add("TEXT", "Nowy", 1);
-    QCOMPARE(shown(8), QStringLiteral("1"));
-    QCOMPARE(messages->take(), QStringList());
-}
-
 void tst_KorParam_Day::theFormIsTheSameAfterSavingAndLoading()
 {
     sheet->setBackColor(0x00E0FFFF);
@@ -535,172 +503,6 @@ void tst_KorParam_Day::theFormIsTheSameAfterSavingAndLoading()
     QCOMPARE(loaded->Rows(), 7); // into the last of the saved rows
     loaded->setRow(6);
     QCOMPARE(loaded->ParName(), QStringLiteral("Dnia"));
-}
-
-void tst_KorParam_Day::theProgramGoesOnUnderAMessage_data()
-{
-    QTest::addColumn<QString>("texts");
-    const QString others = QStringLiteral("Zestawienie|1\u00a0234,50|%1|Bartek|Gdynia|");
-    QTest::newRow("adds") << others.arg(u"32.13") + QStringLiteral("|31.12.2026");
-    QTest::newRow("clears") << "|||||";
-    QTest::newRow("cuts all rows") << "";
-    QTest::newRow("moves") << others.arg(u"32.13");
-    QTest::newRow("hides") << others.arg(u"32.13");
-    QTest::newRow("disables") << others.arg(u"32.13");
-    QTest::newRow("loads") << "Zestawienie";
-    QTest::newRow("deletes") << "";
-}
-
-void tst_KorParam_Day::theProgramGoesOnUnderAMessage()
-{
-    const QString deed = QString::fromLatin1(QTest::currentDataTag());
-    log.reset();
-    click(Date);
-    type(QStringLiteral("32.13"));
-    bool isDone = false;
-    messages->beneath([&] {
-        isDone = true;
-        if (deed == u"adds")
-            sheet->AddParam(QStringLiteral("Do dnia"), QString(), QStringLiteral("DATE"), QDate(2026, 12, 31));
-        else if (deed == u"clears")
-            sheet->Clear();
-        else if (deed == u"cuts all rows")
-            sheet->setRows(1);
-        else if (deed == u"moves")
-            sheet->setRow(Text);
-        else if (deed == u"hides")
-            sheet->hide();
-        else if (deed == u"disables")
-            sheet->setEnabled(false);
-        else if (deed == u"loads")
-            sheet->readProperties(PropertyBag()); // which has two rows
-        else
-            delete sheet.data();
-    });
-    press(Qt::Key_Down);
-    QVERIFY(isDone);
-    QCOMPARE(messages->take().size(), 1);
-    if (deed == u"deletes") {
-        QVERIFY(!sheet);
-        return;
-    }
-    settle();
-    stage->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(stage.get()));
-    settle();
-    QCOMPARE(openEditor(), QString());
-    if (deed == u"hides" || deed == u"disables")
-        QCOMPARE(sheet->Row(), int(Date)); // the arrow goes nowhere
-    QTEST(allShown(), "texts");
-    if (allShown().contains(u"32.13"))
-        QVERIFY(isNull(valueOf(Date))); // and not the date that was there before
-    sheet->setEnabled(true);
-    sheet->show();
-    settle();
-    QCOMPARE(openEditor(), QString());
-    sheet->setFocus();
-    press(Qt::Key_Escape);
-    leave();
-    QCOMPARE(openEditor(), QString());
-    QCOMPARE(messages->take(), QStringList());
-    if (deed == u"clears")
-        QTEST(allShown(), "texts");
-}
-
-void tst_KorParam_Day::aRefusedDateStaysAsATextWhereNobodyCanCorrectIt_data()
-{
-    QTest::addColumn<bool>("hides");
-    QTest::newRow("hidden") << true;
-    QTest::newRow("disabled") << false;
-}
-
-void tst_KorParam_Day::aRefusedDateStaysAsATextWhereNobodyCanCorrectIt()
-{
-    QFETCH(bool, hides);
-    click(Date);
-    type(QStringLiteral("32.13"));
-    if (hides)
-        sheet->hide();
-    else
-        sheet->setEnabled(false);
-    settle();
-    QCOMPARE(shown(Date), QStringLiteral("32.13"));
-    QVERIFY(isNull(valueOf(Date)));
-}
-
-void tst_KorParam_Day::aValueSetOverAnyOpenEditorIsSeen_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("text") << int(Text) << "ab" << QVariant(QStringLiteral("z programu")) << "z programu";
-    QTest::newRow("number") << int(Number) << "7" << QVariant(8.5) << "8,50";
-    QTest::newRow("date") << int(Date) << "24" << QVariant(QDate(2027, 1, 2)) << "02.01.2027";
-    QTest::newRow("list") << int(Combo) << "c" << QVariant(5) << "Abakus";
-}
-
-void tst_KorParam_Day::aValueSetOverAnyOpenEditorIsSeen()
-{
-    QFETCH(int, row);
-    QFETCH(QString, typed);
-    QFETCH(QVariant, value);
-    click(row);
-    type(typed);
-    sheet->setParValue(value);
-    QCOMPARE(sheet->ParValue(), value);
-    leave();
-    QTEST(shown(row), "text");
-    QCOMPARE(valueOf(row), value);
-    QCOMPARE(messages->take(), QStringList());
-}
-
-void tst_KorParam_Day::settingsLoadedInMidEditKeepWhatWasTyped()
-{
-    sheet->setColNameWidth(1500);
-    PropertyBag bag;
-    sheet->writeProperties(bag);
-    click(Number);
-    type(QStringLiteral("12,5"));
-    sheet->readProperties(bag);
-    settle();
-    leave();
-    QCOMPARE(shown(Number), QStringLiteral("12,50"));
-    QCOMPARE(valueOf(Number), QVariant(12.5));
-}
-
-void tst_KorParam_Day::aFormThatIsBusyForAWhileKeepsWhatIsTyped_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QVariant>("value");
-    QTest::newRow("text") << int(Text) << "ab"
-                          << "ab" << QVariant(QStringLiteral("ab"));
-    QTest::newRow("number") << int(Number) << "7,5"
-                            << "7,50" << QVariant(7.5);
-    QTest::newRow("date") << int(Date) << "241226"
-                          << "24.12.2026" << QVariant(QDate(2026, 12, 24));
-    QTest::newRow("list") << int(Combo) << "c"
-                          << "Celina" << QVariant(9);
-}
-
-void tst_KorParam_Day::aFormThatIsBusyForAWhileKeepsWhatIsTyped()
-{
-    QFETCH(int, row);
-    QFETCH(QString, typed);
-    click(row);
-    type(typed);
-    stage->setEnabled(false);
-    settle();
-    stage->setEnabled(true);
-    settle();
-    sheet->setFocus();
-    settle();
-    press(Qt::Key_Down);
-    QCOMPARE(sheet->Row(), row + 1);
-    QTEST(shown(row), "text");
-    QTEST(valueOf(row), "value");
 }
 
 QTEST_MAIN(tst_KorParam_Day)
