@@ -185,13 +185,14 @@ QString CellWatch::lookAtEditor(const Look &now, const StepTaken &) const
         cell == editor.text || editor.text.contains(u'#') ||
         (isOfNumbers(editor.widget) && (isSameNumber(cell, editor.text) || (cell.isEmpty() && !number(editor.text))));
     const bool isOpenedNow = m_before.editor.widget != editor.widget || m_before.editor.cell != editor.cell;
-    // A sheet's editor is filled by the value: a program may have set another one than the shown text says, and a list
-    // that failed shows its null entry.
+    // A sheet's editor is filled by the value: a program may have set another one than the shown text says. A list that
+    // failed, when it was opened or by F5 in it, shows its null entry, and its cell keeps what it has.
     const bool mayDiffer = isSheet(m_control);
+    const bool hasFailed = mayDiffer && isOfLists(editor.widget) && editor.widget->property("ListCount").toInt() <= 1;
     const bool isAsOpened = editor.text.isEmpty() || (isOpenedNow ? mayDiffer : m_before.editor.text == editor.text);
-    if (!isSame && !isAsOpened)
+    if (!isSame && !isAsOpened && !hasFailed)
         return QStringLiteral("the editor shows \"%1\" over a cell that holds \"%2\"").arg(editor.text, cell);
-    return isAsOpened || !isSheet(m_control) ? QString() : lookAtParameter(editor);
+    return isAsOpened || hasFailed || !isSheet(m_control) ? QString() : lookAtParameter(editor);
 }
 
 //! What the program reads of the current parameter is what its open editor holds.
