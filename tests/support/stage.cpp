@@ -18,16 +18,30 @@ namespace {
 
 int beepCount = 0;
 
+//! The windows that have had the keyboard and are still there.
+QList<QPointer<QWidget>> &enteredWindows()
+{
+    static QList<QPointer<QWidget>> windows;
+    windows.removeIf([](const QPointer<QWidget> &window) { return !window; });
+    return windows;
+}
+
 //! A screen gives the keyboard back in its own time, when a message or another window is gone. The offscreen platform
-//! does not.
+//! does not. A window that never had it does not wait for it.
 void awaitKeyboard()
 {
-    const auto windows = QApplication::topLevelWidgets();
-    const bool isWindowLeft = std::any_of(windows.cbegin(), windows.cend(), [](const QWidget *window) {
-        return window->isVisible() && !window->isMinimized() && window->windowType() != Qt::Popup;
+    if (QGuiApplication::platformName() != QLatin1String("xcb"))
+        return;
+    QList<QPointer<QWidget>> &entered = enteredWindows();
+    if (QWidget *active = QApplication::activeWindow()) {
+        if (!entered.contains(active))
+            entered.append(active);
+        return;
+    }
+    const bool isWindowLeft = std::any_of(entered.cbegin(), entered.cend(), [](const QWidget *window) {
+        return window->isVisible() && !window->isMinimized();
     });
-    const bool isScreen = QGuiApplication::platformName() == QLatin1String("xcb");
-    if (isScreen && isWindowLeft && !QApplication::activeWindow())
+    if (isWindowLeft)
         (void)QTest::qWaitFor([] { return QApplication::activeWindow(); });
 }
 
@@ -39,7 +53,9 @@ bool Stage::open()
 {
     show();
     activateWindow();
-    return QTest::qWaitForWindowActive(this);
+    const bool isActive = QTest::qWaitForWindowActive(this);
+    awaitKeyboard();
+    return isActive;
 }
 
 Messages::Messages()
