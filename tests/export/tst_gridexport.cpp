@@ -158,7 +158,7 @@ void tst_GridExport::aColumnTellsWhatItIs()
     QVERIFY(m_grid->columnDescription(4).col_wrap);
     QVERIFY(m_grid->columnDescription(5).col_lock);
     QCOMPARE(m_grid->columnDescription(0).col_type, QStringLiteral("TEXT"));
-    QVERIFY_EXCEPTION_THROWN((void)m_grid->columnDescription(6), std::exception);
+    QVERIFY_THROWS_EXCEPTION(std::exception, (void)m_grid->columnDescription(6));
 }
 
 void tst_GridExport::aWorkbookHasTypedCells()
