@@ -5,6 +5,7 @@
 #include "support/stage.h"
 
 #include <KorDaoUC/ControlRegistry>
+#include <KorDaoUC/Convert>
 #include <KorDaoUC/Format>
 #include <KorDaoUC/PropertyBag>
 #include <KorDaoUC/RunTimeError>
@@ -460,8 +461,11 @@ QString RandomUser::save(const Step &step)
                 (place.name == u"KorDate"_qs && saved.contains(u"CurrentDate"_qs) &&
                  (key == u"Value"_qs || key == u"Text"_qs)) ||
                 ((place.name == u"KorUpDown"_qs || place.isLoose) && (key == u"Value"_qs || key == u"Text"_qs));
+            // A number that was clamped is a Single, until its text is read, too.
+            const bool isClamped =
+                place.name == u"KorNumber"_qs && key == u"Value"_qs && variantType(value) == VariantType::Single;
             if (!isLost)
-                kept.append(key, value);
+                kept.append(key, isClamped ? QVariant(CDbl(value)) : value);
         }
         return kept;
     };
