@@ -9,6 +9,7 @@
 
 #include <exception>
 #include <memory>
+#include <utility>
 
 namespace kor {
 
@@ -18,8 +19,8 @@ void readRows(Recordset &recordset, DictionaryLoad &load, const Locale &locale)
 {
     for (; !recordset.Eof(); recordset.MoveNext()) {
         // The name first: a row whose name can't be read leaves no key behind.
-        const QString name = CStr(recordset.FieldValue(1), locale);
-        load.rows.append(recordset.FieldValue(0), name);
+        QString name = CStr(recordset.FieldValue(1), locale);
+        load.rows.append(recordset.FieldValue(0), std::move(name));
     }
     load.outcome = LoadOutcome::Loaded;
 }

@@ -7,6 +7,8 @@
 #include <QtCore/QStringList>
 #include <QtCore/QVariant>
 
+#include <utility>
+
 namespace kor {
 
 //! Entries on their way into a list: key i belongs to name i.
@@ -14,10 +16,10 @@ struct DictionaryRows {
     QList<QVariant> keys;
     QStringList names;
 
-    void append(const QVariant &key, const QString &name)
+    void append(QVariant key, QString name)
     {
-        keys.append(key);
-        names.append(name);
+        keys.append(std::move(key));
+        names.append(std::move(name));
     }
 };
 
