@@ -3,6 +3,7 @@
 #include "conflictdialog.h"
 
 #include "focusmark.h"
+#include "messages.h"
 
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QGridLayout>
@@ -36,8 +37,7 @@ QLabel *labelOf(const QString &text)
 
 } // namespace
 
-ConflictDialog::ConflictDialog(const QString &number, const QList<Conflict> &conflicts, QWidget *parent)
-    : QDialog(parent)
+ConflictDialog::ConflictDialog(const QString &whom, const QList<Conflict> &conflicts, QWidget *parent) : QDialog(parent)
 {
     setWindowTitle(QStringLiteral("Zmiany na innym stanowisku"));
     new FocusMark(this);
@@ -63,9 +63,9 @@ ConflictDialog::ConflictDialog(const QString &number, const QList<Conflict> &con
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(labelOf(QStringLiteral("Zamówienie %1 zmieniono i zapisano tymczasem na innym stanowisku. "
+    layout->addWidget(labelOf(QStringLiteral("%1 zmieniono i zapisano tymczasem na innym stanowisku. "
                                              "Wybierz przy każdym polu, co ma zostać zapisane.")
-                                  .arg(number)));
+                                  .arg(whom)));
     layout->addWidget(area, 1);
     layout->addWidget(buttons);
     setMinimumWidth(dialogWidth);
@@ -114,6 +114,20 @@ void ConflictDialog::updateState()
     m_save->setEnabled(std::all_of(m_choices.cbegin(), m_choices.cend(), [](const Choice &choice) {
         return choice.ours->isChecked() || choice.theirs->isChecked();
     }));
+}
+
+bool decide(ConflictDialog &dialog, const std::function<QString(const ConflictDialog &)> &takeOver)
+{
+    for (;;) {
+        const bool isDecided = dialog.exec() == QDialog::Accepted;
+        dialog.parentWidget()->activateWindow(); // not every window system does so by itself
+        if (!isDecided)
+            return false;
+        const QString problem = takeOver(dialog);
+        if (problem.isEmpty())
+            return true;
+        warn(dialog.parentWidget(), dialog.windowTitle(), problem);
+    }
 }
 
 } // namespace orders

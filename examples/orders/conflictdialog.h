@@ -4,6 +4,7 @@
 
 #include <QtWidgets/QDialog>
 
+#include <functional>
 #include <vector>
 
 class QPushButton;
@@ -14,7 +15,7 @@ namespace orders {
 //! A field that was changed meanwhile, in the clerk's words.
 struct Conflict {
     QString name;
-    QString before; //!< as it was when the order was opened here
+    QString before; //!< as it was when it was opened here
     QString ours;
     QString theirs;
     bool isOurs = false; //!< it was changed here too: nobody but the clerk can tell which is right
@@ -27,7 +28,8 @@ class ConflictDialog : public QDialog
     Q_OBJECT
 
 public:
-    ConflictDialog(const QString &number, const QList<Conflict> &conflicts, QWidget *parent = nullptr);
+    //! `whom` is what was changed meanwhile: "Zamówienie ZAM/2026/0001".
+    ConflictDialog(const QString &whom, const QList<Conflict> &conflicts, QWidget *parent = nullptr);
 
     //! Whether the clerk takes what the other desk saved in this field.
     [[nodiscard]] bool takesTheirs(qsizetype field) const;
@@ -43,5 +45,9 @@ private:
     std::vector<Choice> m_choices;
     QPushButton *m_save = nullptr;
 };
+
+//! Has the clerk decide, and gives the decision to what takes it over; where that answers with a problem it is told,
+//! and the choice is made anew. False when the clerk went back to the form.
+[[nodiscard]] bool decide(ConflictDialog &dialog, const std::function<QString(const ConflictDialog &)> &takeOver);
 
 } // namespace orders

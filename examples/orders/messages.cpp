@@ -20,6 +20,13 @@ int ask(QWidget *parent, const QString &title, const QString &text, const QStrin
     return static_cast<int>(buttons.indexOf(box.clickedButton()));
 }
 
+Changes askAboutChanges(QWidget *parent, const QString &title)
+{
+    const int answer = ask(parent, title, QStringLiteral("Zapisać zmiany?"),
+                           {QStringLiteral("&Zapisz"), QStringLiteral("&Nie zapisuj"), QStringLiteral("&Anuluj")});
+    return answer == 0 ? Changes::Save : answer == 1 ? Changes::Discard : Changes::Keep;
+}
+
 void warn(QWidget *parent, const QString &title, const QString &text, const QString &more)
 {
     QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);

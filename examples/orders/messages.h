@@ -13,6 +13,11 @@ namespace orders {
 //! place of the answer.
 [[nodiscard]] int ask(QWidget *parent, const QString &title, const QString &text, const QStringList &answers);
 
+//! What becomes of unsaved changes when the clerk goes on to something else.
+enum class Changes { Save, Discard, Keep };
+//! Asks the clerk; Escape keeps them where they are.
+[[nodiscard]] Changes askAboutChanges(QWidget *parent, const QString &title);
+
 //! Says what went wrong, and more about it below.
 void warn(QWidget *parent, const QString &title, const QString &text, const QString &more = {});
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orderform.h"
 
+#include "grosze.h"
 #include "linetext.h"
 #include "orderlines.h"
 #include "ordermerge.h"
@@ -32,8 +33,6 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 
-#include <algorithm>
-#include <cmath>
 #include <initializer_list>
 #include <stdexcept>
 
@@ -48,19 +47,6 @@ const QString formFile = QStringLiteral(":/orders/forms/frmOrder.frm");
 std::optional<double> numberOf(const QVariant &value)
 {
     return kor::isNull(value) ? std::nullopt : std::optional(kor::CDbl(value));
-}
-
-//! The amount in a field. One too large for any database is still too large, not something else.
-std::optional<qint64> groszeOf(const KorNumber &field)
-{
-    constexpr double most = 1e17;
-    const std::optional<double> amount = numberOf(field.Value());
-    return amount ? std::optional<qint64>(std::llround(std::clamp(*amount * 100, -most, most))) : std::nullopt;
-}
-
-QVariant zlotysOf(std::optional<qint64> grosze)
-{
-    return grosze ? QVariant(static_cast<double>(*grosze) / 100) : kor::null();
 }
 
 QVariant orNull(std::optional<double> number) { return number ? QVariant(*number) : kor::null(); }
@@ -226,8 +212,8 @@ Order OrderForm::read() const
     order.delivery = dateOf(*m_delivery);
     order.paymentTerms = kor::CStr(m_terms->Value());
     order.discount = numberOf(m_discount->Value());
-    order.total = groszeOf(*m_total);
-    order.advance = groszeOf(*m_advance);
+    order.total = groszeOf(m_total->Value());
+    order.advance = groszeOf(m_advance->Value());
     order.priority = m_priority->Value();
     order.remarks = m_remarks->Text();
     order.labelColor = m_color->Value() == noLabel ? std::nullopt : std::optional<int>(m_color->Value());
@@ -364,6 +350,16 @@ void OrderForm::offerCustomers(const QVariant &kept)
     m_customer->Refresh();
 }
 
+bool OrderForm::refreshDictionaries()
+{
+    m_store.wake(); // a list that can't be read would be emptied, and its entry lost
+    const QVariant customer = m_customer->Value();
+    m_customer->Refresh();
+    showAddress();
+    m_lines->refreshProducts();
+    return kor::isNull(customer) || !kor::isNull(m_customer->Value());
+}
+
 //! The newest first, to be read.
 void OrderForm::showOrdersOfCustomer()
 {
@@ -425,6 +421,9 @@ void OrderForm::showSums()
     m_net->setValue(zlotysOf(amountOf(lines)));
 }
 
-void OrderForm::showDue() { m_due->setValue(zlotysOf(dueOf(groszeOf(*m_total), groszeOf(*m_advance)))); }
+void OrderForm::showDue()
+{
+    m_due->setValue(zlotysOf(dueOf(groszeOf(m_total->Value()), groszeOf(m_advance->Value()))));
+}
 
 } // namespace orders

@@ -64,6 +64,9 @@ public:
     [[nodiscard]] QString exportLines();
     //! The order in the fields as it is printed. Raises StoreError.
     [[nodiscard]] OrderPaper paper() const;
+    //! Reads anew what the form shows of customers and products. What was typed stays, and what was agreed of products.
+    //! False when the customer of the order is gone. Raises StoreError.
+    [[nodiscard]] bool refreshDictionaries();
     //! All that a line says, for the question whether to delete it.
     [[nodiscard]] QString textOf(const OrderLine &line) const;
 

@@ -4,6 +4,7 @@
 
 #include "gridclipboard.h"
 #include "gridfile.h"
+#include "grosze.h"
 #include "messages.h"
 #include "productchooser.h"
 #include "statement.h"
@@ -18,7 +19,6 @@
 #include <QtWidgets/QTableView>
 
 #include <algorithm>
-#include <cmath>
 
 namespace orders {
 
@@ -67,20 +67,6 @@ template <class Value>
 QString textOf(std::optional<Value> key)
 {
     return key ? QString::number(*key) : QString();
-}
-
-//! Amounts too large for any database are still too large, not something else.
-std::optional<qint64> groszeOf(const QVariant &zlotys)
-{
-    constexpr double most = 1e15;
-    if (kor::isNull(zlotys))
-        return std::nullopt;
-    return std::llround(std::clamp(kor::CDbl(zlotys) * 100, -most, most));
-}
-
-QVariant zlotysOf(std::optional<qint64> grosze)
-{
-    return grosze ? QVariant(static_cast<double>(*grosze) / 100) : kor::null();
 }
 
 } // namespace
@@ -397,6 +383,33 @@ QString OrderLines::pasteCells()
     const QString said = pasteCellsInto(m_grid->window(), *m_grid);
     remember(); // what came with the products that were pasted stays
     return said;
+}
+
+//! What was agreed stays as it is.
+void OrderLines::refreshProducts()
+{
+    const QList<qint64> products = m_symbols.keys();
+    for (const qint64 id : products) {
+        const QString symbol = m_symbols.value(id);
+        const std::optional<Product> product = m_catalogue.product(id);
+        if (!product) { // its symbol is one that was mistyped, from now on
+            m_symbols.remove(id);
+            continue;
+        }
+        if (product->symbol == symbol)
+            continue;
+        m_symbols.insert(id, product->symbol);
+        const auto renew = [&](QStringList &cells) {
+            if (cells.value(ProductSymbol) == symbol)
+                cells[ProductSymbol] = product->symbol;
+        };
+        std::for_each(m_unchanged.begin(), m_unchanged.end(), renew);
+        renew(m_remembered);
+        for (int row = 1; row < m_grid->Rows(); ++row) {
+            if (text(row, ProductSymbol) == symbol)
+                setText(row, ProductSymbol, product->symbol);
+        }
+    }
 }
 
 //! On the cells themselves, the clipboard's keys are free; in an open cell they are the cell's.

@@ -52,6 +52,8 @@ public:
     //! Pastes what a spreadsheet has copied from the current cell on. What to say of it.
     QString pasteCells();
     [[nodiscard]] bool hasKeyboard() const;
+    //! Shows the symbols that the products of the lines have by now. Raises StoreError.
+    void refreshProducts();
 
 Q_SIGNALS:
     //! Copying or pasting was asked for on the cells themselves.

@@ -12,6 +12,9 @@
 #include "orderprint.h"
 #include "orderstore.h"
 #include "places.h"
+#include "productchooser.h"
+#include "recordtables.h"
+#include "recordwindow.h"
 #include "reportwindow.h"
 #include "searchdialog.h"
 
@@ -108,6 +111,10 @@ void OrderWindow::makeActions()
     move->addSeparator();
     add(move, QStringLiteral("&Szukaj..."), Qt::CTRL | Qt::Key_F, "cmdFind", [this] { search(); });
 
+    QMenu *records = menuBar()->addMenu(QStringLiteral("K&lienci i towary"));
+    add(records, QStringLiteral("&Klienci..."), Qt::CTRL | Qt::SHIFT | Qt::Key_K, nullptr, [this] { keepCustomers(); });
+    add(records, QStringLiteral("&Towary..."), Qt::CTRL | Qt::SHIFT | Qt::Key_T, nullptr, [this] { keepProducts(); });
+
     QMenu *reports = menuBar()->addMenu(QStringLiteral("Zestaw&ienia"));
     add(reports, QStringLiteral("&Sprzedaż..."), Qt::Key_F9, nullptr, [this] { report(); });
 
@@ -129,21 +136,14 @@ void OrderWindow::guarded(const std::function<void()> &work)
     }
 }
 
-OrderWindow::Choice OrderWindow::askAboutChanges()
-{
-    const int answer = ask(this, QStringLiteral("Zamówienia"), QStringLiteral("Zapisać zmiany?"),
-                           {QStringLiteral("&Zapisz"), QStringLiteral("&Nie zapisuj"), QStringLiteral("&Anuluj")});
-    return answer == 0 ? Choice::Save : answer == 1 ? Choice::Discard : Choice::Cancel;
-}
-
 bool OrderWindow::mayLeave()
 {
     if (!m_form->isChanged())
         return true;
-    switch (askAboutChanges()) {
-    case Choice::Save: return save();
-    case Choice::Discard: return true;
-    case Choice::Cancel: break;
+    switch (askAboutChanges(this, QStringLiteral("Zamówienia"))) {
+    case Changes::Save: return save();
+    case Changes::Discard: return true;
+    case Changes::Keep: break;
     }
     return false;
 }
@@ -199,24 +199,18 @@ bool OrderWindow::decide(const Order &loaded, const Order &theirs, Order &ours)
         conflicts.append({m_form->nameOf(field), m_form->textOf(field, loaded), m_form->textOf(field, ours),
                           m_form->textOf(field, theirs), difference.isOurs});
     }
-    ConflictDialog dialog(ours.number, conflicts, this);
-    for (;;) {
-        const bool isDecided = dialog.exec() == QDialog::Accepted;
-        activateWindow();
-        if (!isDecided)
-            return false;
+    ConflictDialog dialog(QStringLiteral("Zamówienie %1").arg(ours.number), conflicts, this);
+    return orders::decide(dialog, [&](const ConflictDialog &choice) {
         Order decided = ours;
         for (qsizetype at = 0; at < fields.size(); ++at) {
-            if (dialog.takesTheirs(at))
+            if (choice.takesTheirs(at))
                 take(fields.at(at).field, decided, theirs);
         }
         const std::optional<OrderProblem> problem = problemOf(decided);
-        if (!problem) {
+        if (!problem)
             ours = decided;
-            return true;
-        }
-        warn(this, QStringLiteral("Zamówienie"), problem->text); // and the choice is made anew
-    }
+        return problem ? problem->text : QString();
+    });
 }
 
 bool OrderWindow::saveDeleted(Order ours)
@@ -355,6 +349,35 @@ void OrderWindow::report()
     const Visit visit(m_places, window, QStringLiteral("report"));
     window.exec();
     activateWindow();
+}
+
+void OrderWindow::keepCustomers()
+{
+    RecordWindow window(m_store, customersTable(), customersToSearch(m_store), *m_database, this);
+    keepRecords(QStringLiteral("customers"), window, m_form->order().customer);
+}
+
+void OrderWindow::keepProducts()
+{
+    const Catalogue catalogue(m_store.connection());
+    RecordWindow window(m_store, productsTable(23), productsToSearch(catalogue), *m_database, this);
+    const std::optional<OrderLine> line = m_form->lines().current();
+    keepRecords(QStringLiteral("products"), window, line ? line->product : std::nullopt);
+}
+
+//! The order stays as it is being typed.
+void OrderWindow::keepRecords(const QString &name, RecordWindow &window, std::optional<qint64> first)
+{
+    if (first)
+        window.go(*first);
+    {
+        const Visit visit(m_places, window, name);
+        window.exec();
+    }
+    activateWindow();
+    if (window.hasSaved() && !m_form->refreshDictionaries())
+        warn(this, QStringLiteral("Zamówienie"),
+             QStringLiteral("Klienta, który był wybrany w zamówieniu, usunięto. Wybierz innego."));
 }
 
 void OrderWindow::showOrder(std::optional<qint64> id)

@@ -20,6 +20,7 @@ namespace orders {
 
 class OrderStore;
 class Places;
+class RecordWindow;
 
 //! The order desk's window: menu, form and status bar over one store.
 class OrderWindow : public QMainWindow
@@ -36,16 +37,16 @@ public:
     void search();
     //! Opens the report on what was sold.
     void report();
+    //! Opens the customers, or the products, on the one that the order has.
+    void keepCustomers();
+    void keepProducts();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    enum class Choice { Save, Discard, Cancel };
-
     void makeActions();
     void guarded(const std::function<void()> &work);
-    [[nodiscard]] Choice askAboutChanges();
     [[nodiscard]] bool mayLeave();
     [[nodiscard]] bool save();
     //! Saves over what another desk may have saved meanwhile; the clerk decides. False when they went back to the form.
@@ -63,6 +64,7 @@ private:
     void go(std::optional<qint64> id);
     void startNew();
     void showOrder(std::optional<qint64> id);
+    void keepRecords(const QString &name, RecordWindow &window, std::optional<qint64> first);
     void updateState();
     void about();
 

@@ -221,6 +221,15 @@ bool takePictures(OrderWindow &window, const QString &folder)
     photographer.takeOfDialog(
         QStringLiteral("search"), [&window] { window.search(); }, [](QDialog &) { type(QStringLiteral("ślus")); });
     photographer.takeOfDialog(
+        QStringLiteral("customers"), [&window] { window.keepCustomers(); },
+        [](QDialog &) { type(QStringLiteral("ślus")); });
+    photographer.takeOfDialog(
+        QStringLiteral("products"), [&window] { window.keepProducts(); },
+        [](QDialog &) {
+            type(QStringLiteral("gniaz"));
+            press(Qt::Key_Return); // to the fields
+        });
+    photographer.takeOfDialog(
         QStringLiteral("report"), [&window] { window.report(); },
         [](QDialog &) {
             type(QStringLiteral("01012025")); // the samples are of this year and the next

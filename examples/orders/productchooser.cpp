@@ -7,8 +7,6 @@
 
 namespace orders {
 
-namespace {
-
 SearchSubject productsToSearch(const Catalogue &catalogue)
 {
     SearchSubject subject;
@@ -30,8 +28,6 @@ SearchSubject productsToSearch(const Catalogue &catalogue)
     };
     return subject;
 }
-
-} // namespace
 
 std::optional<Product> chooseProduct(const Catalogue &catalogue, const QString &text, QWidget *parent)
 {

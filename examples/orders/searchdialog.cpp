@@ -6,18 +6,9 @@
 
 #include <KorDaoUC/Format>
 
-#include <QtGui/QKeyEvent>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QDialogButtonBox>
-#include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QHeaderView>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
-#include <QtWidgets/QTreeWidget>
 #include <QtWidgets/QVBoxLayout>
-
-#include <utility>
 
 namespace orders {
 
@@ -72,110 +63,29 @@ SearchSubject customersToSearch(const OrderStore &store)
     return subject;
 }
 
-SearchDialog::SearchDialog(SearchSubject subject, QWidget *parent)
-    : QDialog(parent),
-      m_subject(std::move(subject)),
-      m_text(new QLineEdit),
-      m_list(new QTreeWidget),
-      m_count(new QLabel)
+SearchDialog::SearchDialog(SearchSubject subject, QWidget *parent) : QDialog(parent), m_list(new FoundList(subject))
 {
-    setWindowTitle(m_subject.title);
+    setWindowTitle(subject.title);
     resize(720, 420);
 
-    auto *label = new QLabel(m_subject.label);
-    label->setBuddy(m_text);
-    m_text->setClearButtonEnabled(true);
-    m_text->installEventFilter(this);
-
-    m_list->setHeaderLabels(m_subject.columns);
-    m_list->setRootIsDecorated(false);
-    m_list->setUniformRowHeights(true);
-    m_list->setAlternatingRowColors(true);
-    m_list->header()->setStretchLastSection(false);
-    m_list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_list->header()->setSectionResizeMode(m_subject.wideColumn, QHeaderView::Stretch);
-    if (m_subject.rightColumn >= 0)
-        m_list->headerItem()->setTextAlignment(m_subject.rightColumn, Qt::AlignRight | Qt::AlignVCenter);
-
     auto *buttons = new QDialogButtonBox;
-    m_go = buttons->addButton(m_subject.accept, QDialogButtonBox::AcceptRole);
+    auto *go = buttons->addButton(subject.accept, QDialogButtonBox::AcceptRole);
     buttons->addButton(QStringLiteral("&Anuluj"), QDialogButtonBox::RejectRole);
-    m_go->setDefault(true);
-
-    auto *top = new QHBoxLayout;
-    top->addWidget(label);
-    top->addWidget(m_text);
-    auto *bottom = new QHBoxLayout;
-    bottom->addWidget(m_count, 1);
-    bottom->addWidget(buttons);
+    go->setDefault(true);
     auto *layout = new QVBoxLayout(this);
-    layout->addLayout(top);
     layout->addWidget(m_list);
-    layout->addLayout(bottom);
+    layout->addWidget(buttons);
 
-    connect(m_text, &QLineEdit::textChanged, this, &SearchDialog::find);
-    connect(m_list, &QTreeWidget::itemActivated, this, &QDialog::accept);
+    const auto updateState = [this, go] { go->setEnabled(m_list->chosen() != 0); };
+    connect(m_list, &FoundList::chosenChanged, this, updateState);
+    connect(m_list, &FoundList::taken, go, &QPushButton::click);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    find();
+    updateState();
 }
 
-void SearchDialog::search(const QString &text)
-{
-    m_text->setText(text);
-    m_text->selectAll();
-}
+void SearchDialog::search(const QString &text) { m_list->search(text); }
 
-qint64 SearchDialog::chosen() const
-{
-    const QTreeWidgetItem *item = m_list->currentItem();
-    return item ? item->data(0, Qt::UserRole).value<qint64>() : 0;
-}
-
-void SearchDialog::find()
-{
-    m_list->clear();
-    try {
-        fill(m_subject.find(m_text->text(), m_subject.mostShown));
-    } catch (const StoreError &error) {
-        m_count->setText(error.text());
-    }
-    m_go->setEnabled(m_list->currentItem());
-}
-
-void SearchDialog::fill(const QList<SearchSubject::Row> &rows)
-{
-    QList<QTreeWidgetItem *> items;
-    for (const SearchSubject::Row &row : rows) {
-        auto *item = new QTreeWidgetItem(row.texts);
-        item->setData(0, Qt::UserRole, row.id);
-        if (m_subject.rightColumn >= 0)
-            item->setTextAlignment(m_subject.rightColumn, Qt::AlignRight | Qt::AlignVCenter);
-        items << item;
-    }
-    m_list->addTopLevelItems(items);
-    m_list->setCurrentItem(m_list->topLevelItem(0));
-    if (items.isEmpty())
-        m_count->setText(m_subject.nothing);
-    else if (items.size() == m_subject.mostShown)
-        m_count->setText(QStringLiteral("Pokazano pierwsze %1; wpisz więcej, aby zawęzić.").arg(m_subject.mostShown));
-    else
-        m_count->setText(QStringLiteral("Znaleziono: %1").arg(items.size()));
-}
-
-bool SearchDialog::eventFilter(QObject *watched, QEvent *event)
-{
-    // The arrows walk through the list while the clerk goes on typing.
-    if (watched == m_text && event->type() == QEvent::KeyPress) {
-        switch (static_cast<QKeyEvent *>(event)->key()) {
-        case Qt::Key_Up:
-        case Qt::Key_Down:
-        case Qt::Key_PageUp:
-        case Qt::Key_PageDown: QApplication::sendEvent(m_list, event); return true;
-        default: break;
-        }
-    }
-    return QDialog::eventFilter(watched, event);
-}
+qint64 SearchDialog::chosen() const { return m_list->chosen(); }
 
 } // namespace orders

@@ -2,36 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "foundlist.h"
+
 #include <QtWidgets/QDialog>
-
-#include <functional>
-
-class QLabel;
-class QLineEdit;
-class QPushButton;
-class QTreeWidget;
 
 namespace orders {
 
 class OrderStore;
-
-//! What a search is for, and how its results are shown.
-struct SearchSubject {
-    struct Row {
-        qint64 id = 0;
-        QStringList texts; //!< for each column
-    };
-
-    QString title;
-    QString label;  //!< of the field to type into
-    QString accept; //!< on the button
-    QStringList columns;
-    int wideColumn = 0;
-    int rightColumn = -1; //!< the one with amounts
-    QString nothing;      //!< in place of the number of results
-    int mostShown = 200;  //!< the clerk narrows the search for the others
-    std::function<QList<Row>(const QString &text, int atMost)> find;
-};
 
 //! The orders, by a part of their number or of their customer's name.
 [[nodiscard]] SearchSubject ordersToSearch(const OrderStore &store);
@@ -51,18 +28,8 @@ public:
     //! The one that the clerk chose.
     [[nodiscard]] qint64 chosen() const;
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
-    void find();
-    void fill(const QList<SearchSubject::Row> &rows);
-
-    SearchSubject m_subject;
-    QLineEdit *m_text;
-    QTreeWidget *m_list;
-    QLabel *m_count;
-    QPushButton *m_go;
+    FoundList *m_list;
 };
 
 } // namespace orders

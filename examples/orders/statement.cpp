@@ -178,8 +178,8 @@ void Transaction::commit()
     QSqlQuery query = attempt(m_connection, QStringLiteral("COMMIT"), {});
     if (!query.isActive() && isLost(m_connection, query.lastError()))
         throw StoreError(m_doing, QStringLiteral("Połączenie z serwerem przerwano w chwili zapisu i nie wiadomo, czy "
-                                                 "zmiana została zapisana. Sprawdź to na liście zamówień, zanim "
-                                                 "zapiszesz ponownie."));
+                                                 "zmiana została zapisana. Sprawdź to na liście, zanim zapiszesz "
+                                                 "ponownie."));
     if (!query.isActive())
         throw StoreError(m_doing, query.lastError());
     setInTransaction(m_connection, false);

@@ -15,9 +15,12 @@
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 #include <QtTest/QtTest>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QGroupBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
 
 #include <functional>
@@ -102,6 +105,28 @@ inline void type(const QString &text)
         QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key(character.toUpper().unicode()),
                             QString(character), Qt::NoModifier);
     kor::test::settle();
+}
+
+//! Who claims which letter with Alt in a window.
+inline QHash<QChar, QStringList> lettersOf(const QWidget &window)
+{
+    QHash<QChar, QStringList> users;
+    const auto note = [&users](const QString &text) {
+        const qsizetype at = text.indexOf(u'&');
+        if (at >= 0)
+            users[text.at(at + 1).toUpper()] << text;
+    };
+    for (const auto *label : window.findChildren<QLabel *>())
+        note(label->text());
+    for (const auto *button : window.findChildren<QAbstractButton *>())
+        note(button->text());
+    for (const auto *frame : window.findChildren<QGroupBox *>())
+        note(frame->title());
+    for (const auto *menu : window.findChildren<QMenuBar *>()) {
+        for (const auto *action : menu->actions())
+            note(action->text());
+    }
+    return users;
 }
 
 //! A number as the Polish locale groups it.

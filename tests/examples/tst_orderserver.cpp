@@ -3,11 +3,16 @@
 #include "examples/addup.h"
 #include "examples/orderdesk.h"
 #include "orders/catalogue.h"
+#include "orders/recordstore.h"
+#include "orders/recordtables.h"
+#include "orders/recordwindow.h"
 #include "orders/report.h"
+#include "orders/searchdialog.h"
 
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/KorList>
 #include <KorDaoUC/KorMultiText>
+#include <KorDaoUC/SqlDatabase>
 #include <KorDaoUC/Variant>
 
 #include <QtCore/QProcess>
@@ -178,6 +183,78 @@ private Q_SLOTS:
         QCOMPARE(int(m_store->remove(saved).kind), int(Kind::ChangedMeanwhile));
         QCOMPARE(int(m_store->remove(changed).kind), int(Kind::Done));
         QCOMPARE(int(other.save(changed, changed).kind), int(Kind::DeletedMeanwhile));
+    }
+
+    void customersAndProductsAreKeptAsInAFile()
+    {
+        for (const RecordTable &table : {customersTable(), productsTable(23)}) {
+            const RecordStore file(m_file->connection(), table);
+            const RecordStore store(m_store->connection(), table);
+            qint64 id = 1;
+            for (; const std::optional<Record> record = file.record(id); ++id)
+                QVERIFY2(store.record(id) == record, qPrintable(QStringLiteral("%1 %2").arg(table.table).arg(id)));
+            QVERIFY(id > 240);
+        }
+    }
+
+    void aProductIsSavedDecidedAndRemoved()
+    {
+        using enum RecordOutcome::Kind;
+        const OrderStore otherDesk(address(QStringLiteral("desk")));
+        RecordStore other(otherDesk.connection(), productsTable(23));
+        RecordStore store(m_store->connection(), productsTable(23));
+        const Record product{0,
+                             {QStringLiteral("Ździebełko 'x' \\ ?"), QStringLiteral("Z1"), qint64(1), qint64(2),
+                              qint64(9'007'199'254), qint64(0)}};
+        const RecordOutcome added = store.save(product, {});
+        QCOMPARE(int(added.kind), int(Done));
+        QVERIFY(other.record(added.record.id) == added.record);
+
+        Record theirs = added.record;
+        theirs.values[1] = QStringLiteral("Z2");
+        QCOMPARE(int(other.save(theirs, added.record).kind), int(Done));
+        const RecordOutcome late = store.save(added.record, added.record);
+        QCOMPARE(int(late.kind), int(ChangedMeanwhile));
+        QVERIFY(late.record == theirs);
+        QCOMPARE(int(store.remove(added.record).kind), int(ChangedMeanwhile));
+
+        Record taken = theirs;
+        taken.values[1] = QStringLiteral("t0002"); // as in a file, in small letters too
+        const RecordOutcome refused = store.save(taken, theirs);
+        QCOMPARE(int(refused.kind), int(Refused));
+        QCOMPARE(refused.problem.field, 1);
+        QVERIFY2(refused.problem.text.contains(u"już występuje w bazie"), qPrintable(refused.problem.text));
+
+        QCOMPARE(int(store.remove(*store.record(1)).kind), int(Refused)); // it was ordered
+        QCOMPARE(int(store.remove(theirs).kind), int(Done));
+        QVERIFY(!other.record(theirs.id));
+        QCOMPARE(int(other.save(theirs, theirs).kind), int(DeletedMeanwhile));
+    }
+
+    void aCustomerIsTypedWhileTheServerComesAndGoes()
+    {
+        Clerk clerk;
+        kor::SqlDatabase database(m_store->connection());
+        RecordWindow window(*m_store, customersTable(), customersToSearch(*m_store), database);
+        window.go(7);
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        auto *street = window.findChild<QLineEdit *>(QStringLiteral("street"));
+        street->setFocus(Qt::TabFocusReason);
+        type(QStringLiteral("Nowa 1"));
+        server("stop");
+        clerk.willPress({Qt::Key_Return, Qt::Key_Return});
+        press(Qt::Key_S, Qt::ControlModifier);
+        QVERIFY2(clerk.heard().contains(u"Nie ma połączenia z bazą na serwerze"), qPrintable(clerk.heard()));
+        press(Qt::Key_F5);
+        QVERIFY(window.isWindowModified());
+        QCOMPARE(street->text(), QStringLiteral("Nowa 1"));
+        QVERIFY(!kor::isNull(window.findChild<KorCombo *>(QStringLiteral("group_id"))->Value()));
+        server("start");
+        press(Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(!window.isWindowModified());
+        QVERIFY(m_store->addressOf(7).startsWith(QStringLiteral("Nowa 1")));
     }
 
     void aRefusedLineSavesNothingOfTheOrder()
