@@ -16,7 +16,6 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
 #include <QtGui/QWheelEvent>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QStyleOptionComboBox>
 
@@ -111,13 +110,11 @@ void ComboBox::keyPressEvent(QKeyEvent *event)
 }
 
 // A field that is entered anew searches anew: the cells of a grid share one list, and a clerk types faster from cell to
-// cell than the toolkit forgets.
+// cell than a name is forgotten.
 void ComboBox::focusInEvent(QFocusEvent *event)
 {
-    if (m_searching.isValid() && event->reason() != Qt::PopupFocusReason) {
-        m_searching.invalidate();
-        view()->keyboardSearch(QString());
-    }
+    if (event->reason() != Qt::PopupFocusReason)
+        m_typed.forget();
     QComboBox::focusInEvent(event);
 }
 
@@ -132,6 +129,7 @@ void ComboBox::actAs(QKeyEvent *event)
         return;
     }
     QKeyEvent other(QEvent::KeyPress, 0, Qt::NoModifier, QString(QChar(static_cast<char16_t>(ascii))));
+    other.setTimestamp(event->timestamp());
     select(&other);
 }
 
@@ -157,19 +155,29 @@ void ComboBox::select(QKeyEvent *event)
         event->ignore(); // the form's: Enter, Escape, a menu's letter
         return;
     }
-    if (isCharacter) {
-        const bool goesOn = m_searching.isValid() && m_searching.elapsed() < QApplication::keyboardInputInterval();
-        if (event->key() == Qt::Key_Space && goesOn) {
-            // A blank inside a name is searched for; it would open the list otherwise.
-            QKeyEvent blank(QEvent::KeyPress, 0, Qt::NoModifier, event->text());
-            m_searching.start();
-            act([&] { QComboBox::keyPressEvent(&blank); });
-            return;
-        }
-        if (event->key() != Qt::Key_Space)
-            m_searching.start();
+    if (!isCharacter || !typeName(*event))
+        act([&] { QComboBox::keyPressEvent(event); });
+}
+
+bool ComboBox::typeName(const QKeyEvent &event)
+{
+    // A blank inside a name is searched for; it opens the list otherwise.
+    if (event.key() == Qt::Key_Space && !m_typed.goesOn(event))
+        return false;
+    m_typed.add(event);
+    if (isDropped()) {
+        if (const int found = m_typed.foundIn(*m_entries, m_list->currentIndex().row()); found >= 0)
+            m_list->setCurrentIndex(m_entries->index(found));
+        return true;
     }
-    act([&] { QComboBox::keyPressEvent(event); });
+    const int found = m_typed.foundIn(*m_entries, currentIndex());
+    if (found >= 0 && found != currentIndex()) {
+        act([&] {
+            setCurrentIndex(found);
+            Q_EMIT activated(found);
+        });
+    }
+    return true;
 }
 
 void ComboBox::keyReleaseEvent(QKeyEvent *event)
@@ -235,7 +243,10 @@ bool ComboBox::pressInList(QKeyEvent *event)
     event->accept();
     if (raiseKeyDown(this, *event).answer == KeyOffer::Answer::Swallow || !isDropped())
         return true;
-    if (const int own = keyAscii(*event); own != 0 && offerCharacter(own) == 0)
+    const int own = keyAscii(*event);
+    if (own != 0 && offerCharacter(own) == 0)
+        return true;
+    if (own >= Key::Space && isDropped() && typeName(*event))
         return true;
     const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
     QKeyEvent accepting(QEvent::ShortcutOverride, isTab ? Qt::Key_Return : event->key(), event->modifiers());

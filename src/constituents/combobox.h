@@ -4,8 +4,8 @@
 
 #include "constituents/entrybox.h"
 #include "constituents/heldevents.h"
+#include "constituents/typedname.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QPointer>
 #include <QtWidgets/QComboBox>
 
@@ -80,6 +80,8 @@ private:
     //! Raises KeyPress for a character, 0 for none, and gives what the handlers made of it.
     [[nodiscard]] int offerCharacter(int ascii);
     void select(QKeyEvent *event);
+    //! Goes to the name that is being typed; false for a character that is no part of one.
+    [[nodiscard]] bool typeName(const QKeyEvent &event);
     [[nodiscard]] bool filterList(QObject *watched, QEvent *event);
     [[nodiscard]] bool pressInList(QKeyEvent *event);
     bool offerToToolkit(QObject *watched, QEvent *event);
@@ -93,8 +95,8 @@ private:
     bool m_hasList = false; //!< the toolkit has made the list; asked already when the entries come to be
     EntryModel *m_entries;
     QPointer<QAbstractItemView> m_list; //!< once it has been opened
-    QElapsedTimer m_searching;          //!< since the last character of a type-ahead
-    int m_selected = -1;                //!< the entry that Click was raised for
+    TypedName m_typed;
+    int m_selected = -1; //!< the entry that Click was raised for
     HeldEvents m_events{this, [this] { raiseEvents(); }};
     bool m_isChosen = false;
     int m_pictureWidth = 0;

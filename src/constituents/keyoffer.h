@@ -81,6 +81,7 @@ void pressKey(Box *box, QKeyEvent *event, Act &&act)
         return;
     }
     QKeyEvent other = pressOf(key.code, key.shift);
+    other.setTimestamp(event->timestamp());
     act(&other);
     event->setAccepted(other.isAccepted());
 }

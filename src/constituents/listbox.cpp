@@ -17,7 +17,6 @@
 #include <QtGui/QHelpEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QToolTip>
 
@@ -181,7 +180,7 @@ void ListBox::actAs(QKeyEvent *event)
         return;
     }
     if (event->key() != Qt::Key_Space || !pressSpace())
-        type(event->text());
+        type(*event);
 }
 
 //! Whether the key is one that moves. There is one column, so Left and Right are Up and Down.
@@ -206,13 +205,13 @@ bool ListBox::move(int key)
     return true;
 }
 
-void ListBox::type(const QString &text)
+void ListBox::type(const QKeyEvent &event)
 {
-    const bool goesOn = m_searching.isValid() && m_searching.elapsed() < QApplication::keyboardInputInterval();
-    if (text == QLatin1String(" ") && !goesOn)
+    if (event.text() == QLatin1String(" ") && !m_typed.goesOn(event))
         return; // no name begins with it
-    m_searching.start();
-    m_click.during([&] { keyboardSearch(text); });
+    m_typed.add(event);
+    if (const int found = m_typed.foundIn(*m_entries, ListIndex()); found >= 0)
+        m_click.during([&] { setCurrentIndex(m_entries->index(found)); });
 }
 
 // --- mouse

@@ -4,11 +4,11 @@
 
 #include "constituents/entrybox.h"
 #include "constituents/heldevents.h"
+#include "constituents/typedname.h"
 
 #include <KorDaoUC/enumerations.h>
 
 #include <QtCore/QBasicTimer>
-#include <QtCore/QElapsedTimer>
 #include <QtWidgets/QListView>
 
 namespace kor {
@@ -95,7 +95,7 @@ private:
     void followSelection(const QItemSelection &selected);
     void actAs(QKeyEvent *event);
     bool move(int key);
-    void type(const QString &text);
+    void type(const QKeyEvent &event);
     void press(const QMouseEvent &event);
     void followMouse();
     //! The entry at a height of the surface; beyond its edges the one that would come next, -1 for none.
@@ -105,7 +105,7 @@ private:
     EntryModel *m_entries;
     const QAbstractItemDelegate *m_toolkitsDelegate; //!< which a list has from its beginning
     QAbstractItemDelegate *m_delegate;
-    QElapsedTimer m_searching;  //!< since the last character of a type-ahead
+    TypedName m_typed;
     Qt::MouseButtons m_pressed; //!< on this list, and not yet released
     QPoint m_mouse;             //!< where the held left button is
     QBasicTimer m_following;    //!< scrolls on while it is held beyond an edge
