@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "number/numbersuite.h"
 #include "support/eventlog.h"
-#include "support/fieldsuite.h"
 
 #include <KorDaoUC/ErrorHandler>
 #include <KorDaoUC/KorNumber>
@@ -24,12 +24,12 @@ using namespace kor;
 using namespace kor::test;
 
 //! The ways into the field and out of it that are not typing: all keep the rules of Ctrl+C, Ctrl+X and Ctrl+V.
-class tst_KorNumberClipboard : public FieldSuite<KorNumber>
+class tst_KorNumberClipboard : public NumberSuite
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { setUp("txtNumber"); }
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void menuPastesOverTheWholeText();
     void menuCutsTheSelectionAndEmptiesTheField();
@@ -61,15 +61,7 @@ private:
     [[nodiscard]] QMenu *openMenu();
     [[nodiscard]] bool choose(const QString &word);
     void drop(const QString &text);
-
-    QPointer<KorNumber> &m_number = m_control;
 };
-
-void tst_KorNumberClipboard::cleanup()
-{
-    tearDown();
-    QGuiApplication::clipboard()->clear();
-}
 
 bool tst_KorNumberClipboard::enter(const QString &state)
 {

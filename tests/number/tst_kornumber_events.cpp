@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "number/numbersuite.h"
 #include "support/eventlog.h"
-#include "support/fieldsuite.h"
 
 #include <KorDaoUC/ErrorHandler>
 #include <KorDaoUC/KorNumber>
@@ -15,11 +15,11 @@ using namespace kor;
 using namespace kor::test;
 
 //! What the host of a numeric field hears and may change.
-class tst_KorNumberEvents : public FieldSuite<KorNumber>
+class tst_KorNumberEvents : public NumberSuite
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { setUp("txtNumber"); }
+    void init() { setUp(); }
     void cleanup() { tearDown(); }
 
     void aDigitRaisesDownPressChangeUp();
@@ -38,23 +38,11 @@ private Q_SLOTS:
     void mousePositionsAreTwips();
     void changeOfAClampedValueMayRaiseAnError();
     void errorsOfHandlersAreRaisedAsTheErrorEvent();
-
-private:
-    QPointer<KorNumber> &m_number = m_control;
-    bool enter(const QString &typed);
 };
-
-bool tst_KorNumberEvents::enter(const QString &typed)
-{
-    if (!FieldSuite::enter())
-        return false;
-    QTest::keyClicks(m_box, typed);
-    return QApplication::focusWidget() == m_box;
-}
 
 void tst_KorNumberEvents::aDigitRaisesDownPressChangeUp()
 {
-    QVERIFY(enter({}));
+    QVERIFY(enter());
     EventLog log(m_number);
     QTest::keyClick(m_box, Qt::Key_7);
     QCOMPARE(log.take(), QStringLiteral("KeyDown(55,0) KeyPress(55) Change KeyUp(55,0)"));
@@ -204,7 +192,7 @@ void tst_KorNumberEvents::swallowedKeysAreNotOfferedToTheForm()
 
 void tst_KorNumberEvents::clicksComeInTheirOrder()
 {
-    QVERIFY(enter({}));
+    QVERIFY(enter());
     EventLog log(m_number);
     log.ignore({QStringLiteral("MouseMove")});
     QTest::mouseClick(m_box, Qt::LeftButton, Qt::ShiftModifier);
@@ -218,7 +206,7 @@ void tst_KorNumberEvents::clicksComeInTheirOrder()
 
 void tst_KorNumberEvents::doubleClickComesInItsOrder()
 {
-    QVERIFY(enter({}));
+    QVERIFY(enter());
     EventLog log(m_number);
     log.ignore({QStringLiteral("MouseMove")});
     QTest::mouseClick(m_box, Qt::LeftButton);
@@ -231,7 +219,7 @@ void tst_KorNumberEvents::doubleClickComesInItsOrder()
 
 void tst_KorNumberEvents::mousePositionsAreTwips()
 {
-    QVERIFY(enter({}));
+    QVERIFY(enter());
     float x = 0;
     float y = 0;
     connect(m_number, &KorNumber::MouseDown, m_number, [&](int &, int &, float &atX, float &atY) {
@@ -257,7 +245,7 @@ void tst_KorNumberEvents::changeOfAClampedValueMayRaiseAnError()
 
 void tst_KorNumberEvents::errorsOfHandlersAreRaisedAsTheErrorEvent()
 {
-    QVERIFY(enter({}));
+    QVERIFY(enter());
     connect(m_number, &KorNumber::KeyDown, this, [](int &, int &) { throw RunTimeError(ErrorNumber::Overflow); });
     QList<int> numbers;
     const auto connection = connect(m_number, &UserControl::Error, this, [&](int &number, QString &, bool &handled) {

@@ -14,15 +14,16 @@
 
 namespace kor::test {
 
-//! What the suites of one control begin each test with: the control on a window, in Poland, and its box to enter.
+//! What the suites of one control begin each test with: the control on a window, in Poland
+//! unless told otherwise, and its box to enter.
 template <class Control, class Box = QLineEdit>
 class FieldSuite : public QObject
 {
 protected:
-    void setUp(const char *boxName, int width = 160, int height = 26)
+    void setUp(const char *boxName, int width = 160, int height = 26, const Locale &locale = Locale::polish())
     {
         failOnWarnings();
-        Locale::setSystemDefault(Locale::polish());
+        Locale::setSystemDefault(locale);
         m_stage = std::make_unique<Stage>();
         m_control = m_stage->place(new Control, width, height);
         m_box = m_control->template findChild<Box *>(QString::fromLatin1(boxName));
