@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orderfile.h"
 
+#include "fileplace.h"
 #include "script.h"
 #include "statement.h"
 
@@ -197,6 +198,7 @@ void openOrderFile(QSqlDatabase &connection, const QString &fileName)
     connection.setDatabaseName(fileName);
     if (!connection.open())
         throw StoreError(doing, connection.lastError());
+    rememberFile(connection);
     const auto pragmas = [&](std::initializer_list<const char *> all) {
         for (const char *pragma : all)
             run(connection, doing, QStringLiteral("PRAGMA ") + QLatin1String(pragma));

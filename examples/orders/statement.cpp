@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "statement.h"
 
+#include "fileplace.h"
+
 #include <QtSql/QSqlDriver>
 #include <QtSql/QSqlError>
 
@@ -148,6 +150,9 @@ QSqlQuery run(const QSqlDatabase &connection, const QString &doing, const QStrin
 Transaction::Transaction(const QSqlDatabase &connection, QString doing, const QString &tables)
     : m_connection(connection), m_doing(std::move(doing))
 {
+    if (!hasItsFile(m_connection))
+        throw StoreError(m_doing, QStringLiteral("Plik bazy usunięto, przeniesiono albo zastąpiono innym, gdy program "
+                                                 "na nim pracował. Przywróć go na miejsce i spróbuj ponownie."));
     // At once as a writer: one that reads first and writes later could be refused in between.
     run(m_connection, m_doing, isServers(m_connection) ? QStringLiteral("BEGIN") : QStringLiteral("BEGIN IMMEDIATE"));
     setInTransaction(m_connection, true);

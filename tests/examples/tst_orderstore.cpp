@@ -347,6 +347,39 @@ private Q_SLOTS:
         QVERIFY(m_store->order(m_store->add(order).id));
     }
 
+    void aFileThatIsNotInItsPlaceIsNotSavedTo_data()
+    {
+        QTest::addColumn<QString>("fate");
+        for (const char *fate : {"moved", "replaced", "deleted"})
+            QTest::newRow(fate) << QString::fromLatin1(fate);
+    }
+    void aFileThatIsNotInItsPlaceIsNotSavedTo()
+    {
+        QFETCH(const QString, fate);
+        const QString aside = m_folder->filePath(QStringLiteral("na-bok.sqlite"));
+        const Order loaded = m_store->order(1).value();
+        Order order = loaded;
+        order.remarks = QStringLiteral("nowe");
+        if (fate == u"deleted")
+            QVERIFY(QFile::remove(m_file));
+        else
+            QVERIFY(QFile::rename(m_file, aside));
+        if (fate == u"replaced")
+            QVERIFY(QFile::copy(aside, m_file));
+        const char *const said = "Plik bazy usunięto, przeniesiono albo zastąpiono innym";
+        expectError([&] { (void)m_store->save(order, loaded); }, said);
+        expectError([&] { (void)m_store->add(newOrder()); }, said);
+        expectError([&] { (void)m_store->remove(loaded); }, said);
+        if (fate == u"deleted")
+            return;
+        // Back in its place it takes what was refused.
+        QFile::remove(m_file);
+        QVERIFY(QFile::rename(aside, m_file));
+        QCOMPARE(int(m_store->save(order, loaded).kind), int(Kind::Done));
+        restart();
+        QVERIFY(m_store->order(1) == order);
+    }
+
     void aRefusedSaveChangesNothing()
     {
         const Order before = m_store->order(1).value();
