@@ -2,31 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "cells/celleditor.h"
 
-#include <utility>
+#include <QtCore/QScopeGuard>
 
 namespace kor {
-
-namespace {
-
-//! Holds a flag while an object lives that a database's event loop, say, may end.
-class HeldFlag
-{
-public:
-    HeldFlag(QObject *owner, bool &flag) : m_owner(owner), m_flag(flag), m_before(std::exchange(flag, true)) {}
-    ~HeldFlag()
-    {
-        if (m_owner)
-            m_flag = m_before;
-    }
-    Q_DISABLE_COPY_MOVE(HeldFlag)
-
-private:
-    QPointer<QObject> m_owner;
-    bool &m_flag;
-    bool m_before;
-};
-
-} // namespace
 
 CellEditor::CellEditor(QWidget *control) : QObject(control), m_control(control) { control->hide(); }
 
@@ -40,20 +18,29 @@ QWidget *CellEditor::box() const
 
 void CellEditor::setName(const QString &name) { box()->setAccessibleName(name); }
 
-void CellEditor::silently(const std::function<void()> &act)
+// While a database is waited for, the user may go to another cell and edit there, with this editor: that is to be
+// heard, so the silence ends with whatever was begun last.
+bool CellEditor::silently(const std::function<void()> &act)
 {
-    const HeldFlag silent(this, m_isSilent);
+    const QPointer<CellEditor> self = this;
+    const int number = ++m_silences;
+    m_isSilent = true;
+    const auto end = qScopeGuard([&] {
+        if (self)
+            m_isSilent = false;
+    });
     act();
+    return self && m_silences == number;
 }
 
-void CellEditor::setUp(const CellSetup &setup)
+bool CellEditor::setUp(const CellSetup &setup)
 {
-    silently([&] { applySetup(setup); });
+    return silently([&] { applySetup(setup); });
 }
 
 void CellEditor::fill(const CellContents &contents)
 {
-    silently([&] { applyContents(contents); });
+    (void)silently([&] { applyContents(contents); });
 }
 
 void CellEditor::controlChanged()

@@ -49,8 +49,12 @@ public:
 
     //! What a screen reader says is edited.
     virtual void setName(const QString &name);
-    void setUp(const CellSetup &setup);
+    //! A database that is asked for the list may wait, and let anything happen meanwhile. False when the editor has
+    //! ended since, or was set up anew: what came later holds, and whoever asked first leaves the editor alone.
+    [[nodiscard]] bool setUp(const CellSetup &setup);
     void fill(const CellContents &contents);
+    //! Whether it is being set up, filled or read anew just now, so that what it shows is nothing to go by.
+    [[nodiscard]] bool isBeingPrepared() const { return m_isSilent; }
     //! Takes what was typed over as leaving the control would, without a word; for an end that nobody is asked about.
     //! What stands for nothing becomes Null and stays as text.
     virtual void complete() {}
@@ -81,14 +85,16 @@ protected:
 
     virtual void applySetup(const CellSetup &setup) = 0;
     virtual void applyContents(const CellContents &contents) = 0;
-    //! Does something to the control that its host is not to hear of.
-    void silently(const std::function<void()> &act);
+    //! Does something to the control that its host is not to hear of. False when it was overtaken by something of the
+    //! kind that was begun later and is done already.
+    bool silently(const std::function<void()> &act);
     //! What an adapter connects to its control's own Change.
     void controlChanged();
 
 private:
     QPointer<QWidget> m_control;
     bool m_isSilent = false;
+    int m_silences = 0; //!< so far
 };
 
 } // namespace kor

@@ -172,20 +172,20 @@ ComboCellEditor::ComboCellEditor(KorCombo *combo) : CellEditor(combo), m_combo(c
 
 void ComboCellEditor::reread()
 {
-    const QPointer<ComboCellEditor> self = this;
-    const QPointer<KorCombo> combo = m_combo;
-    const bool hadEntry = combo->ListIndex() >= 0;
-    const QString name = combo->Text();
-    silently([&] {
-        combo->setBlockClick(true);
-        combo->Refresh();
-        if (combo && (!hadEntry || combo->Text() != name))
-            combo->setListIndex(-1);
-        if (combo)
-            combo->setBlockClick(false);
+    const bool hadEntry = m_combo->ListIndex() >= 0;
+    const QString name = m_combo->Text();
+    const bool isRead = silently([&] {
+        m_combo->setBlockClick(true);
+        m_combo->Refresh();
     });
-    if (self)
-        Q_EMIT Reread();
+    if (!isRead)
+        return;
+    (void)silently([&] {
+        if (!hadEntry || m_combo->Text() != name)
+            m_combo->setListIndex(-1);
+        m_combo->setBlockClick(false);
+    });
+    Q_EMIT Reread();
 }
 
 // Where lists are named by their labels alone, a screen reader is told their entry for a name.

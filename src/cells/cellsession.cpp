@@ -165,6 +165,8 @@ void CellSession::setKeyboardBeside(QWidget *taker)
 
 void CellSession::report()
 {
+    if (m_editor->isBeingPrepared())
+        return; // left while the list is waited for, which is empty until then
     Seen now = look();
     if (now == m_seen)
         return;

@@ -71,14 +71,15 @@ QVariant GridCells::valueAt(CellAddress cell) const
     const ColumnType type = typeOf(cell.column);
     const CellTexts texts = textsAt(cell);
     const GridColumn *column = m_columns.find(cell.column);
-    if (type == ColumnType::Combo && column) {
+    QVariant value = valueOfCell(type, texts, rules());
+    if (type == ColumnType::Combo && column) { // last, since reading the list may end the grid
         const bool isRaw = texts.raw && !texts.shown.isEmpty();
         const auto key =
             isRaw ? m_lists.keyWritten(*texts.raw, column->source) : m_lists.keyOf(texts.shown, column->source);
         if (key)
-            return *key;
+            value = *key;
     }
-    return valueOfCell(type, texts, rules());
+    return value;
 }
 
 CellTexts GridCells::textsOf(int column, const QVariant &given) const
@@ -99,8 +100,9 @@ CellTexts GridCells::textsTyped(int column, const QString &text) const
     switch (typeOf(column)) {
     case ColumnType::Click: return {text, std::nullopt}; // its raw value is the host's to write
     case ColumnType::Combo: {
+        const Locale locale = m_signs.locale; // reading the list may end the grid
         const auto key = m_lists.keyOf(text, m_columns.find(column)->source);
-        return {text, key && !isNull(*key) ? CStr(*key, m_signs.locale) : QString()};
+        return {text, key && !isNull(*key) ? CStr(*key, locale) : QString()};
     }
     case ColumnType::Text:
     case ColumnType::Number:
@@ -117,25 +119,37 @@ QVariant GridCells::valueTyped(int column, const QString &text) const
 
 // --- columns of numbers
 
+QVariant GridCells::valueStillAt(const QPointer<FlexGrid> &grid, CellAddress cell) const
+{
+    return grid && extent().hasDataCell(cell) ? valueAt(cell) : null();
+}
+
 float GridCells::sum(int column) const
 {
-    const GridExtent all = extent();
-    const auto valueIn = [&](int row) { return all.hasDataCell({row, column}) ? valueAt({row, column}) : null(); };
-    return sumOfRows(all.rows - 1, valueIn, m_signs.locale);
+    const QPointer<FlexGrid> grid = m_grid;
+    const Locale locale = m_signs.locale;
+    return sumOfRows(
+        m_grid->Rows() - 1,
+        [&](int row) {
+            return valueStillAt(grid, {row, column});
+        },
+        locale);
 }
 
 float GridCells::greatest(int column) const
 {
     const GridExtent all = extent();
+    const QPointer<FlexGrid> grid = m_grid;
+    const Locale locale = m_signs.locale;
     const auto valueIn = [&](int row) {
         // The fixed column has no type of its own; running numbers in it count.
         if (column == 0)
             return valueOfCell(ColumnType::Number, {m_grid->TextMatrix(row, 0), std::nullopt}, rules());
-        return all.hasDataCell({row, column}) ? valueAt({row, column}) : null();
+        return valueStillAt(grid, {row, column});
     };
     if (all.hasDataCell({1, column}) && typeOf(column) == ColumnType::Number)
-        return m_greatest.of(column, all.rows - 1, valueIn, m_signs.locale);
-    return greatestOfRows(all.rows - 1, valueIn, m_signs.locale);
+        return m_greatest.of(column, all.rows - 1, valueIn, locale);
+    return greatestOfRows(all.rows - 1, valueIn, locale);
 }
 
 QString GridCells::numberText(float number) const { return CStr(number, m_signs.locale); }

@@ -9,6 +9,7 @@
 #include "grid/gridsums.h"
 #include "grid/gridvalues.h"
 
+#include <QtCore/QPointer>
 #include <QtCore/QVariant>
 
 namespace kor {
@@ -54,6 +55,8 @@ public:
 
 private:
     [[nodiscard]] ValueRules rules() const;
+    //! Null where reading the list of the row before has ended the grid, or cut the row off.
+    [[nodiscard]] QVariant valueStillAt(const QPointer<FlexGrid> &grid, CellAddress cell) const;
 
     FlexGrid *m_grid;
     GridColumns m_columns;

@@ -106,28 +106,36 @@ std::optional<EditorBox> GridEditing::placeOf(CellAddress cell) const
     return placeInside(box, surface, {isOfDate, m_grid->RowHeightMin()});
 }
 
+bool GridEditing::canOpen(CellAddress cell) const
+{
+    return m_host.mayEdit() && !m_cells.columns().isLocked(cell.column) && isInSight(cell) && placeOf(cell);
+}
+
 bool GridEditing::open(CellSession::Keyboard keyboard)
 {
     const QPointer<GridEditing> self = this;
     if (!m_session.leave() || !self)
         return false;
     const CellAddress cell{m_grid->Row(), m_grid->Col()};
-    if (m_cells.columns().isLocked(cell.column) || !isInSight(cell))
-        return false;
-    const auto place = placeOf(cell);
-    if (!place)
+    if (!canOpen(cell))
         return false;
     const auto type = m_cells.typeOf(cell.column);
     const GridColumn *column = m_cells.columns().find(cell.column);
     CellEditor *editor = editorOf(column, type);
     if (column) {
         const CellSetup setup = setupOf(*column, type);
-        editor->setUp(setup);
+        const bool isReady = editor->setUp(setup);
         if (!self)
-            return false; // a database that waits lets anything happen
-        if (setup.list)
+            return false;
+        if (isReady && setup.list)
             m_host.listRead(setup.list->source);
+        // A database that waits lets anything happen: another cell may be current by now, or edited already.
+        const CellAddress now{m_grid->Row(), m_grid->Col()};
+        const bool isHere = now == cell && m_cells.extent().hasDataCell(cell) && m_cells.typeOf(cell.column) == type;
+        if (!isReady || m_session.state() != CellSession::State::Closed || !isHere || !canOpen(cell))
+            return m_session.isOpen();
     }
+    const auto place = placeOf(cell);
     const QString shown = m_grid->TextMatrix(cell.row, cell.column);
     m_before = m_cells.textsAt(cell);
     editor->setName(m_grid->TextMatrix(0, cell.column));

@@ -67,6 +67,7 @@ private:
     [[nodiscard]] static CellSetup setupOf(const GridColumn &column, ColumnType type);
     [[nodiscard]] std::optional<EditorBox> placeOf(CellAddress cell) const;
     [[nodiscard]] bool isInSight(CellAddress cell) const;
+    [[nodiscard]] bool canOpen(CellAddress cell) const;
     [[nodiscard]] int visibleRows() const;
 
     bool openToType();

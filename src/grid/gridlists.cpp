@@ -7,9 +7,11 @@
 
 namespace kor {
 
-std::shared_ptr<const GridLists::List> GridLists::list(const QString &source)
+// By its value, and into the lists that it was asked of: what stood there may be gone when it is read.
+std::shared_ptr<const GridLists::List> GridLists::list(QString source)
 {
-    if (const auto found = m_lists.find(source); found != m_lists.end())
+    const auto lists = m_lists;
+    if (const auto found = lists->find(source); found != lists->end())
         return found->second;
     DictionaryRows rows;
     bool isRead = true;
@@ -32,7 +34,7 @@ std::shared_ptr<const GridLists::List> GridLists::list(const QString &source)
     for (int place = static_cast<int>(made->names.size()); place-- > 0;)
         made->places.insert(made->names.at(place), place);
     if (isRead)
-        m_lists[source] = made;
+        (*lists)[source] = made;
     return made;
 }
 

@@ -18,7 +18,8 @@
 namespace kor {
 
 //! Keys and names of the lists that columns draw on, for programs that read and write cells by key. A list is read when
-//! it is first asked for, and again when it may have changed.
+//! it is first asked for, and again when it may have changed. A host's own database may run an event loop while it is
+//! read, in which the grid may end: whoever asks for a list looks afterwards whether it is still there.
 class GridLists
 {
 public:
@@ -32,8 +33,8 @@ public:
     //! The key, in the type that the list has it in, that a text stands for.
     [[nodiscard]] std::optional<QVariant> keyWritten(const QString &text, const QString &source);
 
-    void forget() { m_lists.clear(); }
-    void forget(const QString &source) { m_lists.erase(source); }
+    void forget() { m_lists = std::make_shared<Lists>(); }
+    void forget(const QString &source) { m_lists->erase(source); }
 
 private:
     struct List {
@@ -41,10 +42,11 @@ private:
         QStringList names;
         QHash<QString, int> places; //!< the first one of each name
     };
-    [[nodiscard]] std::shared_ptr<const List> list(const QString &source);
+    using Lists = std::map<QString, std::shared_ptr<const List>>; // by source
+    [[nodiscard]] std::shared_ptr<const List> list(QString source);
 
     DatabaseReference m_database;
-    std::map<QString, std::shared_ptr<const List>> m_lists; // by source
+    std::shared_ptr<Lists> m_lists = std::make_shared<Lists>();
 };
 
 } // namespace kor

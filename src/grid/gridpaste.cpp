@@ -7,6 +7,8 @@
 
 #include <KorDaoUC/variant.h>
 
+#include <QtCore/QPointer>
+
 #include <algorithm>
 
 namespace kor {
@@ -53,23 +55,27 @@ GridPaste::Judged GridPaste::judged(CellAddress first, const QString &block) con
     if (!m_cells.extent().hasDataCell(first))
         return all;
     const QList<int> columns = shownColumns(first.column, m_grid->Cols() - 1);
+    const QPointer<const FlexGrid> grid = m_grid;
     int row = first.row;
     for (const QStringList &texts : blockOfText(block)) {
         for (qsizetype at = 0; at < texts.size(); ++at) {
             const QString &text = texts.at(at);
-            if (at >= columns.size()) {
+            const bool isBehind = at >= columns.size();
+            const int column = isBehind ? m_grid->Cols() + static_cast<int>(at - columns.size()) : columns.at(at);
+            if (isBehind || column >= m_grid->Cols()) { // or cut off while a list was read
                 if (!text.isEmpty())
-                    all.refused.append(
-                        {row, m_grid->Cols() + static_cast<int>(at - columns.size()), text, Reason::Outside});
+                    all.refused.append({row, column, text, Reason::Outside});
                 continue;
             }
-            if (isIdle({row, columns.at(at)}, text))
+            if (isIdle({row, column}, text))
                 continue;
-            const auto verdict = judge(columns.at(at), text);
+            const auto verdict = judge(column, text);
+            if (!grid)
+                return all; // ended while a list was read
             if (const auto *accepted = std::get_if<CellTexts>(&verdict))
-                all.accepted.append({{row, columns.at(at)}, *accepted});
+                all.accepted.append({{row, column}, *accepted});
             else
-                all.refused.append({row, columns.at(at), text, std::get<Reason>(verdict)});
+                all.refused.append({row, column, text, std::get<Reason>(verdict)});
         }
         ++row;
     }

@@ -181,11 +181,8 @@ void KorGrid::setTextMatrix(int Row, int Col, const QString &text)
     const CellAddress cell{Row, Col};
     if (!d->cells.extent().hasDataCell(cell))
         return;
-    if (!d->cells.valueColumnOf(Col)) {
-        d->grid->setTextMatrix(Row, Col, text);
-        d->editing.cellWritten(cell);
-        return;
-    }
+    if (!d->cells.valueColumnOf(Col))
+        return d->write(cell, {text, std::nullopt});
     const QPointer<KorGrid> self = this;
     d->grid->setTextMatrix(Row, Col, text);
     if (CellAddress{d->grid->Row(), d->grid->Col()} != cell) {
@@ -194,8 +191,11 @@ void KorGrid::setTextMatrix(int Row, int Col, const QString &text)
             return;
         Q_EMIT SelChange();
     }
+    if (!self || !d->cells.extent().hasDataCell(cell))
+        return;
+    const CellTexts texts = d->cells.textsTyped(Col, text); // reading a list lets anything happen
     if (self && d->cells.extent().hasDataCell(cell))
-        d->write(cell, d->cells.textsTyped(Col, text));
+        d->write(cell, texts);
 }
 
 void KorGrid::setTextControl(int Row, int Col, const QString &text)
@@ -223,8 +223,10 @@ QVariant KorGrid::Value(int Row, int Col) const
 void KorGrid::setValue(int Row, int Col, const QVariant &value)
 {
     const CellAddress cell{Row, Col};
-    if (d->cells.extent().hasDataCell(cell))
-        d->write(cell, d->cells.textsOf(Col, value));
+    const QPointer<KorGrid> self = this;
+    const CellTexts texts = d->cells.extent().hasDataCell(cell) ? d->cells.textsOf(Col, value) : CellTexts();
+    if (self && d->cells.extent().hasDataCell(cell))
+        d->write(cell, texts);
 }
 
 // --- cells on the clipboard
@@ -243,7 +245,7 @@ QList<RefusedCell> KorGrid::pasteCells(int Row, int Col, const QString &text)
     if (!d->cells.extent().hasDataCell({Row, Col}) || !d->editing.session().leave() || !self)
         return {};
     const GridPaste::Judged judged = d->paste.judged({Row, Col}, text);
-    if (judged.rows > d->grid->Rows() && !d->unseen([&] { d->grid->setRows(judged.rows); }))
+    if (!self || (judged.rows > d->grid->Rows() && !d->unseen([&] { d->grid->setRows(judged.rows); })))
         return judged.refused;
     for (const GridPaste::Cell &cell : judged.accepted) {
         // Handlers may have taken rows away, or the grid.

@@ -103,13 +103,13 @@ CellSetup ParamEditing::setupOf(int row) const
 }
 
 //! Reads a list, too, so that anything may happen in between.
-void ParamEditing::prepare(CellEditor *editor, int row)
+bool ParamEditing::prepare(CellEditor *editor, int row)
 {
     const CellSetup setup = setupOf(row);
     const SourceKind kind = setup.list ? sourceKind(setup.list->source) : SourceKind::Other;
     m_canReadList = kind == SourceKind::List || (kind == SourceKind::Select && m_database.get());
     m_isListRead = false;
-    editor->setUp(setup);
+    return editor->setUp(setup);
 }
 
 CellContents ParamEditing::contentsOf(int row, const QString &clickText) const
@@ -132,9 +132,8 @@ QString ParamEditing::written(int row, const QString &clickText)
         return contents.text;
     const QPointer<ParamEditing> self = this;
     editor->control()->resize(m_grid->cellRect(0, ParamColumn::Shown).width(), editor->control()->height());
-    prepare(editor, row);
-    if (!self)
-        return {};
+    if (!prepare(editor, row)) // by somebody who has opened a row meanwhile
+        return self ? textShown(contents.value.value_or(null()), Locale::systemDefault()) : QString();
     editor->fill(contents);
     return self ? editor->text() : QString();
 }
@@ -165,9 +164,8 @@ bool ParamEditing::open(CellSession::Keyboard keyboard)
     if (!editor)
         return false;
     m_grid->makeVisible(row, ParamColumn::Shown);
-    prepare(editor, row);
-    if (!isHere())
-        return false; // a database that waits lets anything happen
+    if (!prepare(editor, row) || !isHere())
+        return self && m_session.isOpen(); // a database that waits lets anything happen
     m_before = {text(row, ParamColumn::Shown), m_values.at(row)};
     editor->setName(text(row, ParamColumn::Name));
     m_session.open(editor, {row, ParamColumn::Shown}, placeOf(row), contentsOf(row, m_before.shown), keyboard);

@@ -79,7 +79,8 @@ private:
     [[nodiscard]] bool holdsParameter(int row) const;
     [[nodiscard]] CellEditor *editorOf(ParamKind kind) const;
     [[nodiscard]] CellSetup setupOf(int row) const;
-    void prepare(CellEditor *editor, int row);
+    //! False where the editor is another row's by now, or gone.
+    [[nodiscard]] bool prepare(CellEditor *editor, int row);
     [[nodiscard]] CellContents contentsOf(int row, const QString &clickText) const;
     [[nodiscard]] EditorBox placeOf(int row) const;
     [[nodiscard]] bool hasSomethingToSay() const;

@@ -1,15 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
+#include "support/slowdatabase.h"
 #include "support/stage.h"
 
 #include <KorDaoUC/ControlRegistry>
-#include <KorDaoUC/Database>
 #include <KorDaoUC/DictionaryControl>
 #include <KorDaoUC/KorListCheck>
 #include <KorDaoUC/Locale>
-#include <KorDaoUC/Recordset>
-#include <KorDaoUC/RunTimeError>
 #include <KorDaoUC/Variant>
 
 #include <QtCore/QPointer>
@@ -26,69 +24,7 @@ namespace {
 
 const QString statement = QStringLiteral("SELECT id, nazwa FROM slownik");
 
-enum class Place { OpenRecordset, MoveNext };
-
-//! A host's own database, which runs an event loop while it waits for a slow server: something happens in there, once.
-class SlowDatabase final : public Database
-{
-public:
-    std::unique_ptr<Recordset> OpenRecordset(const QString &source, int) override;
-
-    void waitIn(Place place)
-    {
-        if (place == m_place) {
-            if (const auto happens = std::exchange(m_happens, {}))
-                happens();
-        }
-    }
-    void once(Place place, std::function<void()> happens)
-    {
-        m_place = place;
-        m_happens = std::move(happens);
-    }
-
-    int rows = 3;
-    bool breaks = false; //!< when the third row is asked for
-    QStringList asked;   //!< the statements, as they still read when the waiting was over
-
-private:
-    Place m_place = Place::OpenRecordset;
-    std::function<void()> m_happens;
-};
-
-class SlowRows final : public Recordset
-{
-public:
-    explicit SlowRows(SlowDatabase *database) : m_database(database), m_rows(database->rows) {}
-
-    int RecordCount() const override { return m_rows > 0 ? 1 : 0; }
-    bool Eof() const override { return m_at >= m_rows; }
-    void MoveNext() override
-    {
-        m_database->waitIn(Place::MoveNext);
-        if (++m_at == 2 && m_database->breaks)
-            throw RunTimeError(ErrorNumber::DatabaseFailed, QStringLiteral("przerwane"));
-    }
-    int FieldCount() const override { return 2; }
-    QVariant FieldValue(int index) const override
-    {
-        return index == 0 ? QVariant(m_at + 1) : QVariant(QStringLiteral("nazwa %1").arg(m_at + 1));
-    }
-    QString FieldName(int) const override { return {}; }
-    void Close() override {}
-
-private:
-    SlowDatabase *m_database;
-    int m_rows;
-    int m_at = 0;
-};
-
-std::unique_ptr<Recordset> SlowDatabase::OpenRecordset(const QString &source, int)
-{
-    waitIn(Place::OpenRecordset);
-    asked << source;
-    return std::make_unique<SlowRows>(this);
-}
+using Place = SlowDatabase::Place;
 
 } // namespace
 
