@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/buttonfield.h"
 #include "constituents/enumcheck.h"
+#include "constituents/errorguard.h"
 #include "constituents/focustracker.h"
 #include "constituents/multilinetextbox.h"
 #include "constituents/popupplace.h"
@@ -15,10 +16,40 @@
 #include <QtCore/QPointer>
 #include <QtGui/QScreen>
 
+#include <functional>
 #include <limits>
+#include <memory>
 #include <utility>
 
 using namespace kor;
+
+namespace {
+
+//! Tells when a window around a control is asked to close, before the window itself hears of it.
+class CloseWatch final : public QObject
+{
+public:
+    CloseWatch(const QWidget *control, std::function<void()> closing) : m_closing(std::move(closing))
+    {
+        for (QWidget *around = control->parentWidget(); around; around = around->parentWidget())
+            around->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Close) {
+            const auto closing = m_closing; // which may end the control, and this with it
+            closing();
+        }
+        return false;
+    }
+
+private:
+    std::function<void()> m_closing;
+};
+
+} // namespace
 
 class Q_DECL_HIDDEN KorMultiText::Private final : public FocusClient
 {
@@ -37,8 +68,9 @@ public:
     const ButtonField field;
     TextBox *const box = field.box;
     CommandButton *const button = field.button;
-    frmText *popup = nullptr; //!< created at the first opening, then kept
-    bool isTextAway = false;  //!< the editor has the text, and the field takes it back at its next focus
+    frmText *popup = nullptr;               //!< created at the first opening, then kept
+    bool isTextAway = false;                //!< the editor has the text, and the field takes it back at its next focus
+    std::unique_ptr<CloseWatch> closeWatch; //!< since the last opening
     OpenDirectionType direction{};
     int openLines = 0;
     bool dirty = false;
@@ -131,6 +163,9 @@ void KorMultiText::Private::open()
     }
     if (!popup)
         createPopup();
+    // Whether there is something to be saved is asked while the window closes, and the text must be in its field by
+    // then.
+    closeWatch = std::make_unique<CloseWatch>(q, [this] { guarded(q, [this] { takeBack(); }); });
     fillPopup();
     placeAndShowPopup();
 }

@@ -31,6 +31,9 @@ private Q_SLOTS:
     void theFieldTakesTheTextWhenItGetsTheFocus();
     void theTextComesBackWhenTheControlGoesAway_data();
     void theTextComesBackWhenTheControlGoesAway();
+    void aWindowAskedToCloseMeetsTheText_data();
+    void aWindowAskedToCloseMeetsTheText();
+    void aWindowAskedToCloseMayEndTheControl();
     void theEditorsTextWinsOverTheProgramsMeanwhile();
     void plainArrowsAndEnterEdit();
     void aTrailingTabIsDropped();
@@ -151,6 +154,77 @@ void tst_KorMultiText::theTextComesBackWhenTheControlGoesAway()
     m_text->setEnabled(true);
     m_text->show();
     QVERIFY(open());
+}
+
+namespace {
+
+//! A window that looks, when it is to close, whether there is something to be saved.
+class AskingWindow : public QWidget
+{
+public:
+    QPointer<KorMultiText> text;
+    QStringList met;
+
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        met << (text ? text->Text() : QStringLiteral("(gone)"));
+        event->ignore();
+    }
+};
+
+} // namespace
+
+void tst_KorMultiText::aWindowAskedToCloseMeetsTheText_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"the window", "a window inside it", "the editor before it"})
+        QTest::newRow(way) << QString::fromLatin1(way);
+}
+
+void tst_KorMultiText::aWindowAskedToCloseMeetsTheText()
+{
+    QFETCH(const QString, way);
+    QWidget outer;
+    AskingWindow window;
+    window.text = m_text;
+    m_text->setParent(&window);
+    if (way == u"a window inside it")
+        window.setParent(&outer);
+    window.resize(300, 200);
+    window.show();
+    outer.show();
+    QWidget *form = m_text->window();
+    form->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(form));
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    settle();
+    QVERIFY(popup()->isVisible());
+    QTest::keyClicks(editor(), QStringLiteral("nowy"));
+    EventLog log(m_text);
+    if (way == u"the editor before it")
+        popup()->close();
+    window.close();
+    QCOMPARE(window.met, QStringList{QStringLiteral("nowy")});
+    QCOMPARE(log.take(), QStringLiteral("Change"));
+    settle();
+    QVERIFY(!popup()->isVisible());
+    QCOMPARE(m_text->Text(), QStringLiteral("nowy"));
+
+    // Once more, and only what was typed meanwhile
+    m_text->setText(QStringLiteral("inny"));
+    window.close();
+    QCOMPARE(window.met.last(), QStringLiteral("inny"));
+    delete m_text.data();
+}
+
+void tst_KorMultiText::aWindowAskedToCloseMayEndTheControl()
+{
+    QVERIFY(open());
+    QTest::keyClicks(editor(), QStringLiteral("nowy"));
+    connect(m_text, &KorMultiText::Change, this, [this] { delete m_text.data(); });
+    m_stage->close();
+    QVERIFY(!m_text);
 }
 
 void tst_KorMultiText::theEditorsTextWinsOverTheProgramsMeanwhile()
