@@ -176,6 +176,14 @@ void tst_SqlDatabase::valuesKeepTheirTypes_data()
     if (way == Way::Postgres) { // types that SQLite does not have
         // clang-format off
         QTest::newRow("whole decimal is a Double")   << "7::numeric"                          << QVariant(7.0);
+        QTest::newRow("whole decimal beyond a Double") << "9007199254740993::numeric(20, 0)"  << QVariant(qlonglong(9007199254740993));
+        QTest::newRow("negative decimal beyond it")  << "(-9007199254740993)::numeric"        << QVariant(qlonglong(-9007199254740993));
+        QTest::newRow("last whole decimal that a Double holds") << "9007199254740992::numeric" << QVariant(9007199254740992.0);
+        QTest::newRow("decimal beyond 64 bits")      << "9223372036854775808::numeric"        << QVariant(9223372036854775808.0);
+        QTest::newRow("fraction of a large decimal") << "9007199254740993.5::numeric"         << QVariant(9007199254740994.0);
+        QTest::newRow("infinite decimal is Null")    << "'Infinity'::numeric"                 << null;
+        QTest::newRow("NULL decimal")                << "NULL::numeric"                       << null;
+        QTest::newRow("time of a day")               << "TIME '13:45:10'"                     << kor::normalized(QTime(13, 45, 10));
         QTest::newRow("16 bits are a Long")          << "12::smallint"                        << QVariant(12);
         QTest::newRow("negative 64 bits")            << "(-5)::bigint"                        << QVariant(-5);
         QTest::newRow("what is no number is Null")   << "'NaN'::float8"                       << null;
