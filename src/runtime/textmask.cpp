@@ -6,6 +6,29 @@
 
 namespace kor {
 
+namespace {
+
+constexpr char32_t dottedI = 0x130; // the one letter whose small form the toolkit writes as two
+
+//! Letter by letter, since each has a place of the mask: none becomes two of them, as the last of "groß" might.
+QString inCase(QStringView text, bool isUpper)
+{
+    QString cased;
+    cased.reserve(text.size());
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const bool isPair = text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+        const char32_t letter = isPair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : text[at].unicode();
+        at += isPair ? 1 : 0;
+        if (isUpper)
+            cased += QChar::fromUcs4(QChar::toUpper(letter));
+        else
+            cased += QChar::fromUcs4(letter == dottedI ? U'i' : QChar::toLower(letter));
+    }
+    return cased;
+}
+
+} // namespace
+
 TextMask::Section TextMask::Section::fromPicture(QStringView picture)
 {
     Section section;
@@ -52,11 +75,8 @@ TextMask::Section TextMask::Section::fromPicture(QStringView picture)
 void TextMask::Section::write(QStringView text, MaskOutput &out) const
 {
     QString cased;
-    if (letterCase == LetterCase::Upper) {
-        cased = text.toString().toUpper();
-        text = cased;
-    } else if (letterCase == LetterCase::Lower) {
-        cased = text.toString().toLower();
+    if (letterCase != LetterCase::Kept) {
+        cased = inCase(text, letterCase == LetterCase::Upper);
         text = cased;
     }
     // From the left, what has no place is cut off at the front; from the right it is appended at the end.

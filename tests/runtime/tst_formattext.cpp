@@ -41,6 +41,9 @@ void tst_FormatText::textMasks_data()
     row("< lowers letters of every alphabet", QStringLiteral("Łódź ŻÓŁW ΣΑΣ ЖУК"), u"<", u"łódź żółw σασ жук");
     row("< lowers letters in their places",   QStringLiteral("ŁÓDŹ"),   u"<@@@@@@",      u"  łódź");
     row("> raises letters of every alphabet", QStringLiteral("łódź жук"), u">@",         u"ŁÓDŹ ЖУК");
+    row("> makes no two letters of one",      QStringLiteral("groß ŉ ﬁ"), u">@@@@@@@@@", u" GROß ŉ ﬁ");
+    row("< makes no two letters of one",      QStringLiteral("İZMİR"),  u"<@@@@@",       u"izmir");
+    row("> raises letters beyond 16 bits",    QStringLiteral("\U00010428a"), u">@",      u"\U00010400A");
     row("both signs leave the letters",       QStringLiteral("aB Łódź"), u"<>@@",        u"aB Łódź");
     row("both signs in the other order",      QStringLiteral("aB"),     u">@<@",         u"aB");
     row("signs of one section only",          QStringLiteral("aB"),     u"<@@;>@@",      u"ab");
