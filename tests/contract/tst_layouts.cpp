@@ -5,12 +5,15 @@
 #include <KorDaoUC/ControlRegistry>
 #include <KorDaoUC/UserControl>
 
+#include <QtCore/QScopeGuard>
 #include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QFormLayout>
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QListView>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QTableView>
 #include <QtWidgets/QVBoxLayout>
 
@@ -52,6 +55,8 @@ private Q_SLOTS:
     void sizesAreThoseOfTheToolkit();
     void fieldIsAsHighAsTheToolkitsBesideIt_data();
     void fieldIsAsHighAsTheToolkitsBesideIt();
+    void entriesHaveRoomAroundTextAndBox_data();
+    void entriesHaveRoomAroundTextAndBox();
     void shownFieldAsksForNoNewLayout_data();
     void shownFieldAsksForNoNewLayout();
 
@@ -152,6 +157,49 @@ void tst_Layouts::fieldIsAsHighAsTheToolkitsBesideIt()
     QVERIFY(control->height() <= peer->height());
     if (layout != QLatin1String("form")) // which gives each what it asks for
         QVERIFY2(control->height() > peer->height() - entry, qPrintable(QString::number(control->height())));
+}
+
+void tst_Layouts::entriesHaveRoomAroundTextAndBox_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("style");
+    QTest::addColumn<int>("larger");
+    for (const char *name : {"KorList", "KorListCheck"}) {
+        for (const char *style : {"Fusion", "Windows"}) {
+            for (const int larger : {-3, 0, 9})
+                QTest::addRow("%s, %s, letters larger by %d", name, style, larger)
+                    << QString::fromLatin1(name) << QString::fromLatin1(style) << larger;
+        }
+    }
+}
+
+void tst_Layouts::entriesHaveRoomAroundTextAndBox()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, style);
+    QFETCH(int, larger);
+    const QString before = QApplication::style()->name();
+    QApplication::setStyle(style);
+    const auto restored = qScopeGuard([&] { QApplication::setStyle(before); });
+    Stage window;
+    auto *control = window.place(ControlRegistry::create(name), 160, 120);
+    auto *peer = window.place(new QListWidget, 160, 120);
+    auto *entry = new QListWidgetItem(QStringLiteral("Żółw"), peer);
+    if (name == QLatin1String("KorListCheck"))
+        entry->setCheckState(Qt::Unchecked);
+    QFont font = window.font();
+    font.setPointSize(font.pointSize() + larger);
+    control->setFont(font);
+    peer->setFont(font);
+    QMetaObject::invokeMethod(control, "AddEntry", Q_ARG(QVariant, 1), Q_ARG(QString, QStringLiteral("Żółw")));
+    QVERIFY(window.open());
+    settle();
+    const auto *list = control->findChild<QListView *>();
+    const int height = list->visualRect(list->model()->index(0, 0)).height();
+    const int box = list->style()->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, list);
+    QVERIFY(height >= peer->visualItemRect(entry).height());
+    QVERIFY2(height >= list->fontMetrics().height() + 2, qPrintable(QString::number(height)));
+    QVERIFY2(height >= box + 2 || name == QLatin1String("KorList"), qPrintable(QString::number(height)));
 }
 
 void tst_Layouts::shownFieldAsksForNoNewLayout_data()
