@@ -4,10 +4,15 @@
 #include "support/stage.h"
 
 #include <KorDaoUC/ControlRegistry>
+#include <KorDaoUC/ErrorHandler>
+#include <KorDaoUC/KorGrid>
+#include <KorDaoUC/KorParam>
+#include <KorDaoUC/RunTimeError>
 #include <KorDaoUC/UserControl>
 
 #include <QtCore/QDate>
 #include <QtCore/QMimeData>
+#include <QtCore/QScopeGuard>
 #include <QtGui/QClipboard>
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QTextBlock>
@@ -41,6 +46,8 @@ private Q_SLOTS:
     void aLimitCutsNoCharacterInTwo();
     void whatCannotBePastedLeavesTheSelection_data();
     void whatCannotBePastedLeavesTheSelection();
+    void whatNoDoubleHoldsIsASlip_data();
+    void whatNoDoubleHoldsIsASlip();
     void noHandlerSeesHalfACharacter_data() { fieldsWith("MaxLength"); }
     void noHandlerSeesHalfACharacter();
     void aCaretStandsBesideCharacters();
@@ -312,6 +319,65 @@ void tst_TextEntry::whatCannotBePastedLeavesTheSelection()
         QCOMPARE(field(m_box), QString::fromLatin1(state));
         QVERIFY(!log.take().contains(u"Change"));
     }
+}
+
+void tst_TextEntry::whatNoDoubleHoldsIsASlip_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const QString &name, const QString &kind) {
+        for (const char *text : {"1e400", "-1E400", "1e308", "-1d308", "1e-400", "99999999999999999999",
+                                 "&HFFFFFFFFFFFFFFFFFF", "1e2147483648", "2958466", "-657435"})
+            QTest::addRow("%s %s, %s", qPrintable(name), qPrintable(kind), text)
+                << name << kind << QString::fromLatin1(text);
+    };
+    for (const QString &name : ControlRegistry::names()) {
+        const std::unique_ptr<UserControl> control(ControlRegistry::create(name));
+        if (qobject_cast<QLineEdit *>(control->focusProxy()))
+            row(name, QString());
+    }
+    for (const char *composite : {"KorGrid", "KorParam"}) {
+        for (const char *kind : {"NUMBER", "DATE", "CLICK"})
+            row(QString::fromLatin1(composite), QString::fromLatin1(kind));
+    }
+}
+
+// Pasted by mistake it may be refused as a date, and it may become nothing; a programmer's error it is not.
+void tst_TextEntry::whatNoDoubleHoldsIsASlip()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QString, kind);
+    QFETCH(const QString, text);
+    QStringList errors;
+    setUnhandledErrorHandler([&errors](QObject *, const RunTimeError &error) { errors += error.description(); });
+    const auto restored = qScopeGuard([] { setUnhandledErrorHandler({}); });
+    Messages messages;
+    m_control = m_stage->place(ControlRegistry::create(name), 300, kind.isEmpty() ? 26 : 120);
+    if (auto *grid = qobject_cast<KorGrid *>(m_control)) {
+        grid->AddColumn(kind, u"Kolumna"_qs, 2500, 0);
+        grid->setRows(4);
+    } else if (auto *sheet = qobject_cast<KorParam *>(m_control)) {
+        sheet->AddParam(u"Parametr"_qs, u"p"_qs, kind);
+        sheet->setRow(1);
+    }
+    QVERIFY(m_stage->open());
+    m_control->setFocus(Qt::TabFocusReason); // which opens the editor of a cell
+    settle();
+    auto *box = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    QVERIFY(box);
+    box->selectAll();
+    QGuiApplication::clipboard()->setText(text);
+    QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+    settle();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    settle();
+    m_stage->button()->setFocus();
+    settle();
+    QCOMPARE(errors, QStringList());
+    const QStringList said = messages.take();
+    QVERIFY2(said.isEmpty() || (said.first().contains(u"data") && said.size() <= 2), qPrintable(said.join(u'|')));
 }
 
 void tst_TextEntry::noHandlerSeesHalfACharacter()
