@@ -160,7 +160,10 @@ bool GridEditing::openToType()
         return false;
     if (!m_cells.columns().isLocked(m_grid->Col()))
         m_grid->makeVisible(m_grid->Row(), m_grid->Col());
-    return open(CellSession::Keyboard::Take);
+    // While a list is waited for, the user may go on in another cell, which this key is not meant for.
+    const QPointer<GridEditing> self = this;
+    const CellAddress cell{m_grid->Row(), m_grid->Col()};
+    return open(CellSession::Keyboard::Take) && self && m_session.cell() == cell;
 }
 
 // --- copying back

@@ -26,7 +26,7 @@ ParamEditing::ParamEditing(FlexGrid *grid, ParamValues &values, ParamEditingHost
       m_values(values),
       m_host(host),
       m_session(grid),
-      m_typing(grid, m_session, [this] { return m_host.mayEdit() && open(CellSession::Keyboard::Take); }),
+      m_typing(grid, m_session, [this] { return openToType(); }),
       m_textEditor(m_session.make<TextCellEditor, TextBox>("TxtBox")),
       m_numberEditor(m_session.make<NumberCellEditor, KorNumber>("KorNum")),
       m_dateEditor(m_session.make<DateCellEditor, KorDate>("KorDat")),
@@ -170,6 +170,16 @@ bool ParamEditing::open(CellSession::Keyboard keyboard)
     editor->setName(text(row, ParamColumn::Name));
     m_session.open(editor, {row, ParamColumn::Shown}, placeOf(row), contentsOf(row, m_before.shown), keyboard);
     return self && m_session.isOpen();
+}
+
+bool ParamEditing::openToType()
+{
+    if (!m_host.mayEdit())
+        return false;
+    // While a list is waited for, the user may go on in another row, which this key is not meant for.
+    const QPointer<ParamEditing> self = this;
+    const int row = m_grid->Row();
+    return open(CellSession::Keyboard::Take) && self && m_session.cell().row == row;
 }
 
 void ParamEditing::goTo(int row)

@@ -79,6 +79,7 @@ private:
     [[nodiscard]] bool holdsParameter(int row) const;
     [[nodiscard]] CellEditor *editorOf(ParamKind kind) const;
     [[nodiscard]] CellSetup setupOf(int row) const;
+    [[nodiscard]] bool openToType();
     //! False where the editor is another row's by now, or gone.
     [[nodiscard]] bool prepare(CellEditor *editor, int row);
     [[nodiscard]] CellContents contentsOf(int row, const QString &clickText) const;

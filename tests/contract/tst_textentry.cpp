@@ -354,14 +354,17 @@ void tst_TextEntry::whatNoDoubleHoldsIsASlip()
     const auto restored = qScopeGuard([] { setUnhandledErrorHandler({}); });
     Messages messages;
     m_control = m_stage->place(ControlRegistry::create(name), 300, kind.isEmpty() ? 26 : 120);
+    QVERIFY(m_stage->open());
+    m_stage->button()->setFocus();
+    settle();
     if (auto *grid = qobject_cast<KorGrid *>(m_control)) {
         grid->AddColumn(kind, u"Kolumna"_qs, 2500, 0);
         grid->setRows(4);
     } else if (auto *sheet = qobject_cast<KorParam *>(m_control)) {
         sheet->AddParam(u"Parametr"_qs, u"p"_qs, kind);
+        settle();
         sheet->setRow(1);
     }
-    QVERIFY(m_stage->open());
     m_control->setFocus(Qt::TabFocusReason); // which opens the editor of a cell
     settle();
     auto *box = qobject_cast<QLineEdit *>(QApplication::focusWidget());

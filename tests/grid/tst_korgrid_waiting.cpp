@@ -21,6 +21,8 @@ private Q_SLOTS:
     void anythingMayHappenWhileAnOpenListIsReadAnew_data() { anythingMayHappenWhileAListOpens_data(); }
     void anythingMayHappenWhileAnOpenListIsReadAnew();
     void whatIsChosenMeanwhileStays();
+    void aKeyOnAListIsNotTypedElsewhere_data();
+    void aKeyOnAListIsNotTypedElsewhere();
     void whoLeavesAListThatIsReadAnewLosesNothing();
     void anythingMayHappenWhileTheProgramReadsAndWrites_data();
     void anythingMayHappenWhileTheProgramReadsAndWrites();
@@ -214,6 +216,31 @@ void tst_KorGrid_Waiting::whatIsChosenMeanwhileStays()
     QCOMPARE(grid->TextMatrix(3, Group), QStringLiteral("grupa 1"));
     press(Qt::Key_End);
     QCOMPARE(grid->TextMatrix(3, Group), QStringLiteral("grupa 3"));
+    QCOMPARE(row(2), QStringLiteral("towar 2|jm 2|2|grupa 3"));
+}
+
+void tst_KorGrid_Waiting::aKeyOnAListIsNotTypedElsewhere_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("a letter") << int(Qt::Key_J);
+    QTest::newRow("Delete") << int(Qt::Key_Delete);
+}
+
+void tst_KorGrid_Waiting::aKeyOnAListIsNotTypedElsewhere()
+{
+    QFETCH(const int, key);
+    click(2, Unit);
+    press(Qt::Key_F2);
+    QCOMPARE(openEditor(), QString());
+    database->once(SlowDatabase::Place::OpenRecordset, [&] {
+        click(4, Text);
+        type(QStringLiteral("abc"));
+        press(Qt::Key_Home);
+    });
+    press(static_cast<Qt::Key>(key));
+    QVERIFY(!database->isWaitedFor());
+    QCOMPARE(openEditor(), QStringLiteral("TxtBox"));
+    QCOMPARE(grid->TextMatrix(4, Text), QStringLiteral("abc"));
     QCOMPARE(row(2), QStringLiteral("towar 2|jm 2|2|grupa 3"));
 }
 

@@ -88,6 +88,7 @@ private Q_SLOTS:
     void atDesignTimeNoDatabaseIsAsked();
     void aDatabaseThatWaitsLetsAnythingHappen_data();
     void aDatabaseThatWaitsLetsAnythingHappen();
+    void aKeyOnAListIsNotTypedElsewhere();
     void aDatabaseThatIsGoneIsNotAsked();
 
 private:
@@ -339,6 +340,24 @@ void tst_KorParam_Lists::aDatabaseThatWaitsLetsAnythingHappen()
         leave();
         sheet->setRow(0);
     }
+}
+
+void tst_KorParam_Lists::aKeyOnAListIsNotTypedElsewhere()
+{
+    addCustomer("Klient", 2);
+    add("TEXT", "Tytuł", QStringLiteral("t"));
+    click(1);
+    press(Qt::Key_Escape);
+    QString typed;
+    database->meanwhile = [&] {
+        click(2);
+        type(QStringLiteral("abc"));
+        press(Qt::Key_Home, Qt::ControlModifier);
+        typed = shown(2);
+    };
+    press(Qt::Key_Delete);
+    QVERIFY(typed.contains(u"abc"));
+    QCOMPARE(allShown(), QStringLiteral("klient 2|") + typed);
 }
 
 void tst_KorParam_Lists::aDatabaseThatIsGoneIsNotAsked()
