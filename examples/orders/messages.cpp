@@ -27,6 +27,12 @@ Changes askAboutChanges(QWidget *parent, const QString &title)
     return answer == 0 ? Changes::Save : answer == 1 ? Changes::Discard : Changes::Keep;
 }
 
+bool mayDropChanges(QWidget *parent, const QString &title)
+{
+    return ask(parent, title, QStringLiteral("Cofnąć wszystkie zmiany od ostatniego zapisu?"),
+               {QStringLiteral("&Cofnij zmiany"), QStringLiteral("&Anuluj")}) == 0;
+}
+
 void warn(QWidget *parent, const QString &title, const QString &text, const QString &more)
 {
     QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);

@@ -18,6 +18,9 @@ enum class Changes { Save, Discard, Keep };
 //! Asks the clerk; Escape keeps them where they are.
 [[nodiscard]] Changes askAboutChanges(QWidget *parent, const QString &title);
 
+//! Asks before all that was typed since the last saving is dropped.
+[[nodiscard]] bool mayDropChanges(QWidget *parent, const QString &title);
+
 //! Says what went wrong, and more about it below.
 void warn(QWidget *parent, const QString &title, const QString &text, const QString &more = {});
 

@@ -83,8 +83,10 @@ void OrderWindow::makeActions()
     QMenu *order = menuBar()->addMenu(QStringLiteral("Za&mówienie"));
     add(order, QStringLiteral("&Nowe"), Qt::CTRL | Qt::Key_N, "cmdNew", [this] { startNew(); });
     m_save = add(order, QStringLiteral("&Zapisz"), Qt::CTRL | Qt::Key_S, "cmdSave", [this] { (void)save(); });
-    m_undo = add(order, QStringLiteral("&Cofnij zmiany"), Qt::CTRL | Qt::Key_R, nullptr,
-                 [this] { showOrder(m_cursor.current()); });
+    m_undo = add(order, QStringLiteral("&Cofnij zmiany..."), Qt::CTRL | Qt::Key_R, nullptr, [this] {
+        if (mayDropChanges(this, QStringLiteral("Zamówienia")))
+            showOrder(m_cursor.current());
+    });
     m_remove = add(order, QStringLiteral("&Usuń..."), Qt::CTRL | Qt::Key_D, "cmdDelete", [this] { remove(); });
     order->addSeparator();
     add(order, QStringLiteral("&Dodaj pozycję"), Qt::Key_F7, nullptr, [this] { addLine(); });

@@ -35,7 +35,11 @@ RecordWindow::RecordWindow(const OrderStore &store, RecordTable table, SearchSub
                             if (const auto id = save())
                                 stayOn(*id);
                         })),
-      m_undo(addCommand(QStringLiteral("Co&fnij zmiany"), Qt::CTRL | Qt::Key_R, [this] { undo(); })),
+      m_undo(addCommand(QStringLiteral("Co&fnij zmiany..."), Qt::CTRL | Qt::Key_R,
+                        [this] {
+                            if (mayDropChanges(this, m_records.table().title))
+                                undo();
+                        })),
       m_remove(addCommand(QStringLiteral("&Usuń..."), Qt::CTRL | Qt::Key_D, [this] { remove(); }))
 {
     list.label = QStringLiteral("&Szukaj:");

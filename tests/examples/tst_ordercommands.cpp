@@ -29,8 +29,9 @@ private Q_SLOTS:
         QTest::newRow("save a date")          << "datDelivery" << "011226" << (Qt::CTRL | Qt::Key_S)        << noQuestion;
         QTest::newRow("save remarks")         << "txtRemarks"  << "pilne"  << (Qt::CTRL | Qt::Key_S)        << noQuestion;
         QTest::newRow("save a priority")      << "spnPriority" << "4"      << (Qt::CTRL | Qt::Key_S)        << noQuestion;
-        QTest::newRow("undo a number")        << "numTotal"    << "7"      << (Qt::CTRL | Qt::Key_R)        << noQuestion;
-        QTest::newRow("undo a half date")     << "datDelivery" << "0112"   << (Qt::CTRL | Qt::Key_R)        << noQuestion;
+        QTest::newRow("undo a number")        << "numTotal"    << "7"      << (Qt::CTRL | Qt::Key_R)        << int(Qt::Key_C);
+        QTest::newRow("undo a half date")     << "datDelivery" << "0112"   << (Qt::CTRL | Qt::Key_R)        << int(Qt::Key_C);
+        QTest::newRow("undo, stayed")         << "numTotal"    << "7000"   << (Qt::CTRL | Qt::Key_R)        << int(Qt::Key_A);
         QTest::newRow("next")                 << "numTotal"    << ""       << (Qt::CTRL | Qt::Key_PageDown) << noQuestion;
         QTest::newRow("previous at the end")  << "numTotal"    << ""       << (Qt::CTRL | Qt::Key_PageUp)   << noQuestion;
         QTest::newRow("last")                 << "datOrder"    << ""       << (Qt::ALT | Qt::Key_End)       << noQuestion;

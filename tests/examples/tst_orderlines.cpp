@@ -474,6 +474,7 @@ private Q_SLOTS:
         press(Qt::Key_F7);
         type(QStringLiteral("T0001"));
         QVERIFY(m_window->isWindowModified());
+        m_clerk->willPress({Qt::Key_C});
         press(Qt::Key_R, Qt::ControlModifier);
         QVERIFY(!m_window->isWindowModified());
         QVERIFY(m_window->form().order() == m_store->order(1));

@@ -404,7 +404,12 @@ void tst_OrderRecords::undoBringsTheSavedRecordBack()
     const QString name = text("name");
     enter("name");
     type(QStringLiteral("x"));
+    m_clerk->willPress({Qt::Key_A, Qt::Key_C, Qt::Key_C});
     press(Qt::Key_R, Qt::ControlModifier);
+    QTRY_VERIFY(m_records->isActiveWindow());
+    QCOMPARE(text("name"), QStringLiteral("x"));
+    press(Qt::Key_R, Qt::ControlModifier);
+    QTRY_VERIFY(m_records->isActiveWindow());
     QCOMPARE(text("name"), name);
     QVERIFY(!m_records->isWindowModified());
     type(QStringLiteral("y")); // over what stands there

@@ -161,6 +161,7 @@ private Q_SLOTS:
         const QStringList before = texts();
         press(Qt::Key_Home); // no customer
         QVERIFY(texts().isEmpty());
+        m_clerk->willPress({Qt::Key_C});
         press(Qt::Key_R, Qt::ControlModifier);
         QCOMPARE(texts(), before);
         press(Qt::Key_N, Qt::ControlModifier);
@@ -276,10 +277,16 @@ private Q_SLOTS:
         QVERIFY(m_clerk->heard().isEmpty());
     }
 
-    void undoBringsTheSavedOrderBack()
+    void undoAsksFirstAndBringsTheSavedOrderBack()
     {
         focus("numTotal");
         type(QStringLiteral("1"));
+        QVERIFY(m_window->isWindowModified());
+        m_clerk->willPress({Qt::Key_Escape, Qt::Key_C});
+        press(Qt::Key_R, Qt::ControlModifier);
+        QTRY_VERIFY(m_window->isActiveWindow());
+        QCOMPARE(m_clerk->heard(), QStringLiteral("Cofnąć wszystkie zmiany od ostatniego zapisu?"));
+        QCOMPARE(number("numTotal")->Text(), QStringLiteral("1"));
         QVERIFY(m_window->isWindowModified());
         press(Qt::Key_R, Qt::ControlModifier);
         QVERIFY(!m_window->isWindowModified());
