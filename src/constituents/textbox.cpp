@@ -169,6 +169,10 @@ bool TextBox::event(QEvent *event)
             return true;
         }
     }
+    // The menu offers what the field allowed when it was opened, and nobody would see what it does to a hidden one.
+    const QEvent::Type type = event->type();
+    if (m_menu && (type == QEvent::Hide || type == QEvent::EnabledChange || type == QEvent::ReadOnlyChange))
+        m_menu->close();
     return QLineEdit::event(event);
 }
 
@@ -507,6 +511,7 @@ void TextBox::contextMenuEvent(QContextMenuEvent *event)
     // Not the toolkit's own menu: that one acts on the text past the rules of the control. Owned by the window, because
     // a handler of Change may delete the control while the menu is still at work.
     auto *menu = new QMenu(window());
+    m_menu = menu;
     menu->setAttribute(Qt::WA_DeleteOnClose);
     connect(this, &QObject::destroyed, menu, &QMenu::close);
     const auto add = [&](const QString &text, QKeySequence::StandardKey key, bool isOffered, auto &&action) {

@@ -7,10 +7,13 @@
 
 #include <KorDaoUC/enumerations.h>
 
+#include <QtCore/QPointer>
 #include <QtGui/QInputMethodEvent>
 #include <QtWidgets/QLineEdit>
 
 #include <optional>
+
+class QMenu;
 
 namespace kor {
 
@@ -140,6 +143,7 @@ private:
     int m_maxLength = 0;
     int m_whatsThisHelpID = 0;
     Press m_press = Press::None;
+    QPointer<QMenu> m_menu;                   //!< the context menu while it is open
     std::optional<Selection> m_leftSelection; //!< what was selected when the focus went
     std::optional<Selection> m_composedOver;  //!< what is selected, not shown while characters are composed
     bool m_isComposing = false;

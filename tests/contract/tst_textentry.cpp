@@ -14,14 +14,17 @@
 #include <QtCore/QMimeData>
 #include <QtCore/QScopeGuard>
 #include <QtGui/QClipboard>
+#include <QtGui/QContextMenuEvent>
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextLayout>
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QPlainTextEdit>
 
+#include <functional>
 #include <memory>
 
 using namespace kor;
@@ -55,6 +58,8 @@ private Q_SLOTS:
     void whatComesPastAnInputMethodEndsItsWork();
     void aKeyHeldForTheNextLetterEndsNoComposition_data() { fieldsWith("Locked"); }
     void aKeyHeldForTheNextLetterEndsNoComposition();
+    void theMenuEndsWithWhatItOffered_data();
+    void theMenuEndsWithWhatItOffered();
 
     void aLockedEditorTakesNothingFromAnInputMethod();
     void theEditorCutsNoCharacterInTwo_data();
@@ -492,6 +497,39 @@ QPlainTextEdit *tst_TextEntry::openEditor()
     settle();
     return m_control->findChild<QPlainTextEdit *>(u"txtMulti"_qs);
 }
+
+void tst_TextEntry::theMenuEndsWithWhatItOffered_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<std::function<void(UserControl *)>>("deed");
+    const QHash<const char *, std::function<void(UserControl *)>> deeds = {
+        {"locked", [](UserControl *control) { control->setProperty("Locked", true); }},
+        {"disabled", [](UserControl *control) { control->setEnabled(false); }},
+        {"hidden", [](UserControl *control) { control->hide(); }},
+    };
+    for (const QString &name : ControlRegistry::names()) {
+        const std::unique_ptr<UserControl> control(ControlRegistry::create(name));
+        if (control->metaObject()->indexOfProperty("Locked") < 0 || !qobject_cast<QLineEdit *>(control->focusProxy()))
+            continue;
+        for (auto deed = deeds.cbegin(); deed != deeds.cend(); ++deed)
+            QTest::addRow("%s %s", qPrintable(name), deed.key()) << name << deed.value();
+    }
+}
+
+void tst_TextEntry::theMenuEndsWithWhatItOffered()
+{
+    QFETCH(QString, name);
+    QFETCH(std::function<void(UserControl *)>, deed);
+    QVERIFY(enter(name));
+    QContextMenuEvent request(QContextMenuEvent::Keyboard, QPoint(3, 3), m_box->mapToGlobal(QPoint(3, 3)));
+    QApplication::sendEvent(m_box, &request);
+    QVERIFY(qobject_cast<QMenu *>(QApplication::activePopupWidget()));
+    deed(m_control);
+    settle();
+    QVERIFY(!QApplication::activePopupWidget());
+}
+
+// --- the editor of several lines
 
 void tst_TextEntry::aLockedEditorTakesNothingFromAnInputMethod()
 {

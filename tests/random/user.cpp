@@ -331,10 +331,13 @@ void RandomUser::click(const Step &step)
     const QPoint at = control->mapTo(&m_form, pointIn(control->rect(), step.how));
     constexpr std::array buttons{Qt::LeftButton, Qt::LeftButton, Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
     const Qt::MouseButton button = buttons[step.what % buttons.size()];
-    if (step.what % 7 == 0)
+    if (step.what % 7 == 0) {
+        // The first press may take an entry of what has popped up, and the second goes to what lies below: two steps.
+        m_hasTypedAhead = m_hasTypedAhead || QApplication::activePopupWidget();
         QTest::mouseDClick(m_form.windowHandle(), button, {}, at);
-    else
+    } else {
         QTest::mouseClick(m_form.windowHandle(), button, {}, at);
+    }
 }
 
 void RandomUser::clickPopup(const Step &step)
