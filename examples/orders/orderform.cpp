@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orderform.h"
 
+#include "colorchoice.h"
 #include "grosze.h"
 #include "linetext.h"
 #include "orderlines.h"
@@ -10,6 +11,7 @@
 #include "searchdialog.h"
 #include "textboxkind.h"
 
+#include <KorDaoUC/Color>
 #include <KorDaoUC/Convert>
 #include <KorDaoUC/Database>
 #include <KorDaoUC/Date>
@@ -17,7 +19,6 @@
 #include <KorDaoUC/FormFile>
 #include <KorDaoUC/Format>
 #include <KorDaoUC/KorClick>
-#include <KorDaoUC/KorColor>
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/KorDate>
 #include <KorDaoUC/KorGrid>
@@ -28,19 +29,19 @@
 #include <KorDaoUC/KorUpDown>
 #include <KorDaoUC/Variant>
 
+#include <QtCore/QRegularExpression>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 
+#include <cmath>
 #include <initializer_list>
 #include <stdexcept>
 
 namespace orders {
 
 namespace {
-
-constexpr int noLabel = 1; // the colour of "(domyślny)"
 
 const QString formFile = QStringLiteral(":/orders/forms/frmOrder.frm");
 
@@ -57,6 +58,16 @@ QString shownAs(Control &&control, const QVariant &value)
 {
     control.setProperty("Value", value);
     return control.template findChild<QComboBox *>()->currentText();
+}
+
+//! Black or white, whichever is read better.
+QColor textOn(const QColor &ground)
+{
+    constexpr double middle = 0.18;
+    const auto light = [](double part) { return std::pow(part, 2.2); };
+    const double luminance =
+        0.2126 * light(ground.redF()) + 0.7152 * light(ground.greenF()) + 0.0722 * light(ground.blueF());
+    return luminance > middle ? Qt::black : Qt::white;
 }
 
 [[noreturn]] void refuse(const QString &reason)
@@ -189,7 +200,7 @@ void OrderForm::setOrder(const Order &order)
     m_advance->setValue(zlotysOf(order.advance));
     m_priority->setText(kor::CStr(order.priority));
     m_remarks->setText(order.remarks);
-    m_color->setValue(order.labelColor.value_or(noLabel));
+    m_color->setValue(order.labelColor.value_or(noColor));
     m_lines->setLines(order.lines);
     if (order.id == 0)
         m_lines->goToFirst();
@@ -216,7 +227,7 @@ Order OrderForm::read() const
     order.advance = groszeOf(m_advance->Value());
     order.priority = m_priority->Value();
     order.remarks = m_remarks->Text();
-    order.labelColor = m_color->Value() == noLabel ? std::nullopt : std::optional<int>(m_color->Value());
+    order.labelColor = colorIn(*m_color);
     order.lines = m_lines->lines();
     return order;
 }
@@ -227,6 +238,24 @@ bool OrderForm::isChanged() const
 }
 
 void OrderForm::setPosition(const QString &text) { m_position->setText(text); }
+
+void OrderForm::setPreferences(const Preferences &preferences) { m_preferences = preferences; }
+
+//! The title of the window tells it too, and so does the field to who does not see colours.
+void OrderForm::markUnsaved(bool isUnsaved)
+{
+    QPalette colors;
+    if (isUnsaved && m_preferences.unsavedColor) {
+        const QColor behind = kor::toQColor(*m_preferences.unsavedColor, colors);
+        colors.setColor(QPalette::Base, behind);
+        colors.setColor(QPalette::Text, textOn(behind));
+    }
+    if (m_number->palette() != colors)
+        m_number->setPalette(colors);
+    m_number->setAccessibleDescription(isUnsaved ? QStringLiteral("niezapisane zmiany") : QString());
+}
+
+QString OrderForm::paymentTerms() const { return m_terms->SQL(); }
 
 void OrderForm::focusFirstField() { m_customer->setFocus(Qt::TabFocusReason); }
 
@@ -289,7 +318,7 @@ QString OrderForm::textOf(OrderField field, const Order &order) const
     case OrderField::Total: return amountText(order.total);
     case OrderField::Advance: return amountText(order.advance);
     case OrderField::Remarks: return order.remarks;
-    case OrderField::Label: return shownAs(KorColor(), order.labelColor.value_or(noLabel));
+    case OrderField::Label: return shownAs(KorColor(), order.labelColor.value_or(noColor));
     case OrderField::Lines: return lineTexts(order.lines, m_catalogue);
     }
     return {};
@@ -387,6 +416,8 @@ OrderPaper OrderForm::paper() const
 {
     const Order printed = order();
     OrderPaper paper;
+    static const QRegularExpression lineBreak(QStringLiteral("[\\r\\n]+"));
+    paper.seller = m_preferences.seller.split(lineBreak, Qt::SkipEmptyParts);
     paper.title =
         printed.id == 0 ? QStringLiteral("Nowe zamówienie") : QStringLiteral("Zamówienie %1").arg(printed.number);
     paper.name = QString(paper.title).replace(u'/', u'-');

@@ -5,6 +5,7 @@
 #include "catalogue.h"
 #include "order.h"
 #include "orderpaper.h"
+#include "preferences.h"
 
 #include <KorDaoUC/FormBuilder>
 
@@ -56,6 +57,12 @@ public:
     [[nodiscard]] QString textOf(OrderField field, const Order &order) const;
 
     void setPosition(const QString &text);
+    //! What the clerk has set holds from now on.
+    void setPreferences(const Preferences &preferences);
+    //! Marks an order with unsaved changes.
+    void markUnsaved(bool isUnsaved);
+    //! The terms of payment, as a list takes its entries.
+    [[nodiscard]] QString paymentTerms() const;
     //! Puts the cursor where a new order begins, or where one must be mended.
     void focusFirstField();
     void focusField(const OrderProblem &problem);
@@ -96,6 +103,7 @@ private:
     const OrderStore &m_store;
     Catalogue m_catalogue;
     kor::FormBuilder m_builder;
+    Preferences m_preferences;
     Order m_loaded;
     Order m_unchanged; //!< as the fields gave it back
     KorCombo *m_customer = nullptr;

@@ -66,6 +66,11 @@ void putTotals(Paper &paper, const OrderPaper &order)
 bool printOrder(QPagedPaintDevice &device, const OrderPaper &order)
 {
     Paper paper(device);
+    paper.setFont(9);
+    for (const QString &line : order.seller)
+        paper.paragraph(line);
+    if (!order.seller.isEmpty())
+        paper.skip();
     paper.setFont(14, true);
     paper.text(order.title);
     paper.skip();

@@ -29,6 +29,7 @@ struct OrderPaper {
         QString amount;
     };
 
+    QStringList seller; //!< name and address
     QString title;
     QString name;         //!< for that of its file
     QStringList customer; //!< name and address

@@ -16,7 +16,9 @@
 #include "recordtables.h"
 #include "recordwindow.h"
 #include "reportwindow.h"
+#include "savedfile.h"
 #include "searchdialog.h"
+#include "settingsdialog.h"
 
 #include <KorDaoUC/Clock>
 #include <KorDaoUC/FocusedField>
@@ -52,6 +54,7 @@ OrderWindow::OrderWindow(OrderStore &store, Places *places)
     statusBar()->addPermanentWidget(new QLabel(QFileInfo(store.connection().databaseName()).fileName()));
     makeActions();
     connect(m_form, &OrderForm::edited, this, &OrderWindow::updateState);
+    usePreferences(m_places ? m_places->preferences() : Preferences());
     showOrder(m_cursor.first());
     m_form->focusFirstField();
     if (!m_places)
@@ -103,6 +106,7 @@ void OrderWindow::makeActions()
     if (canSaveGrids())
         add(order, QStringLiteral("&Eksportuj pozycje..."), Qt::Key_F12, nullptr, [this] { exportLines(); });
     order->addSeparator();
+    add(order, QStringLiteral("U&stawienia..."), Qt::CTRL | Qt::Key_Comma, nullptr, [this] { settings(); });
     add(order, QStringLiteral("Za&kończ"), Qt::CTRL | Qt::Key_Q, nullptr, [this] { close(); });
 
     QMenu *move = menuBar()->addMenu(QStringLiteral("Prz&ejdź"));
@@ -362,9 +366,35 @@ void OrderWindow::keepCustomers()
 void OrderWindow::keepProducts()
 {
     const Catalogue catalogue(m_store.connection());
-    RecordWindow window(m_store, productsTable(23), productsToSearch(catalogue), *m_database, this);
+    RecordWindow window(m_store, productsTable(m_preferences.vat), productsToSearch(catalogue), *m_database, this);
     const std::optional<OrderLine> line = m_form->lines().current();
     keepRecords(QStringLiteral("products"), window, line ? line->product : std::nullopt);
+}
+
+void OrderWindow::settings()
+{
+    SettingsDialog dialog(m_preferences, m_form->paymentTerms(), this);
+    const bool isSaved = [&] {
+        const Visit visit(m_places, dialog, QStringLiteral("settings"));
+        return dialog.exec() == QDialog::Accepted;
+    }();
+    activateWindow();
+    if (!isSaved)
+        return;
+    usePreferences(dialog.preferences());
+    updateState();
+    if (!m_cursor.current() && !m_form->isChanged())
+        showOrder(std::nullopt); // by what was set now
+    if (m_places && !m_places->keep(m_preferences))
+        warn(this, QStringLiteral("Ustawienia"),
+             QStringLiteral("Ustawień nie udało się zapisać. Obowiązują do zakończenia programu."));
+}
+
+void OrderWindow::usePreferences(const Preferences &preferences)
+{
+    m_preferences = preferences;
+    m_form->setPreferences(preferences);
+    offerFilesIn(preferences.folder);
 }
 
 //! The order stays as it is being typed.
@@ -388,6 +418,9 @@ void OrderWindow::showOrder(std::optional<qint64> id)
         m_cursor.goToNew();
         Order order;
         order.date = kor::Clock::today();
+        order.paymentTerms = m_preferences.paymentTerms;
+        if (m_preferences.deliveryDays > 0)
+            order.delivery = order.date.addDays(m_preferences.deliveryDays);
         m_form->setOrder(order);
         return;
     }
@@ -410,6 +443,7 @@ void OrderWindow::updateState()
                          : QStringLiteral("%1[*] – Zamówienia").arg(order.number));
     setWindowModified(isChanged);
     m_form->setPosition(m_cursor.text());
+    m_form->markUnsaved(isChanged);
     m_save->setEnabled(isNew || isChanged);
     m_undo->setEnabled(isChanged);
     m_remove->setEnabled(!isNew);

@@ -40,6 +40,8 @@ public:
     //! Opens the customers, or the products, on the one that the order has.
     void keepCustomers();
     void keepProducts();
+    //! Opens what the clerk can set.
+    void settings();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -65,6 +67,7 @@ private:
     void startNew();
     void showOrder(std::optional<qint64> id);
     void keepRecords(const QString &name, RecordWindow &window, std::optional<qint64> first);
+    void usePreferences(const Preferences &preferences);
     void updateState();
     void about();
 
@@ -72,6 +75,7 @@ private:
     Places *m_places;
     std::unique_ptr<kor::SqlDatabase> m_database;
     OrderForm *m_form;
+    Preferences m_preferences;
     OrderCursor m_cursor;
     QAction *m_save = nullptr;
     QAction *m_remove = nullptr;

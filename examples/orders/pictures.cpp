@@ -229,6 +229,7 @@ bool takePictures(OrderWindow &window, const QString &folder)
             type(QStringLiteral("gniaz"));
             press(Qt::Key_Return); // to the fields
         });
+    photographer.takeOfDialog(QStringLiteral("settings"), [&window] { window.settings(); });
     photographer.takeOfDialog(
         QStringLiteral("report"), [&window] { window.report(); },
         [](QDialog &) {

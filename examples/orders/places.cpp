@@ -69,11 +69,13 @@ Places::Places(const QString &fileName) : m_settings(settingsIn(fileName))
         QFile::remove(aside);
         const bool isAside = QFile::rename(fileName, aside);
         m_settings = settingsIn(fileName);
-        m_complaint = isAside
-                          ? QStringLiteral("Pliku z układem okien nie da się odczytać; odłożono go jako %1.").arg(aside)
-                          : QStringLiteral("Pliku z układem okien nie da się odczytać: %1").arg(fileName);
+        m_complaint =
+            isAside ? QStringLiteral("Pliku z układem okien i ustawieniami nie da się odczytać; odłożono go jako %1.")
+                          .arg(aside)
+                    : QStringLiteral("Pliku z układem okien i ustawieniami nie da się odczytać: %1").arg(fileName);
     } else if (!m_settings->isWritable()) {
-        m_complaint = QStringLiteral("Układ okien nie zostanie zapamiętany: nie wolno pisać do %1.").arg(fileName);
+        m_complaint =
+            QStringLiteral("Układ okien i ustawienia nie zostaną zapamiętane: nie wolno pisać do %1.").arg(fileName);
     }
 }
 
@@ -123,6 +125,15 @@ void Places::keepColumns(const KorGrid &grid, const QString &name)
         if (grid.columnDescription(column).col_width > 0)
             m_settings->setValue(keyOf(grid, name, column), titles->sectionSize(column - 1));
     }
+}
+
+Preferences Places::preferences() const { return preferencesIn(*m_settings); }
+
+bool Places::keep(const Preferences &preferences)
+{
+    keepPreferences(*m_settings, preferences);
+    m_settings->sync();
+    return m_settings->status() == QSettings::NoError;
 }
 
 Visit::Visit(Places *places, QWidget &window, QString name)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "preferences.h"
+
 #include <QtCore/QList>
 #include <QtCore/QRect>
 #include <QtCore/QSettings>
@@ -32,6 +34,11 @@ public:
     //! Columns go by their titles, so that new ones don't take the widths of others.
     void restore(QWidget &window, const QString &name);
     void keep(const QWidget &window, const QString &name);
+
+    //! What the clerk has set stands in the same file.
+    [[nodiscard]] Preferences preferences() const;
+    //! False when the file can't be written.
+    [[nodiscard]] bool keep(const Preferences &preferences);
 
 private:
     void restoreColumns(const KorGrid &grid, const QString &name);

@@ -10,6 +10,7 @@
 
 #include <KorDaoUC/FocusedField>
 
+#include <QtGui/QScreen>
 #include <QtGui/QShortcut>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -73,7 +74,7 @@ RecordWindow::RecordWindow(const OrderStore &store, RecordTable table, SearchSub
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(sides, 1);
     layout->addLayout(below);
-    resize(1020, 480);
+    resize((QSize(64, 28) * fontMetrics().height()).boundedTo(screen()->availableSize()));
     new FocusMark(this);
 
     connect(m_list, &FoundList::chosenChanged, this, &RecordWindow::showChosen);

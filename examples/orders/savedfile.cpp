@@ -6,6 +6,7 @@
 
 #include <KorDaoUC/WholeFile>
 
+#include <QtCore/QDir>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStandardPaths>
 #include <QtWidgets/QFileDialog>
@@ -47,25 +48,56 @@ QString saidOf(std::error_code error)
     return {};
 }
 
+QString chosenFolder; // by the clerk, for all windows
+
+QString folderOr(const QString &folder)
+{
+    return !folder.isEmpty() && QDir(folder).exists()
+               ? folder
+               : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+void nameParts(QFileDialog &dialog, const QString &fileName, const QString &accept)
+{
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Folder:"));
+    dialog.setLabelText(QFileDialog::FileName, fileName);
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Rodzaj pliku:"));
+    dialog.setLabelText(QFileDialog::Accept, accept);
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Anuluj"));
+}
+
+//! What is chosen, "" for nothing.
+QString chosenIn(QFileDialog &dialog)
+{
+    const bool isChosen = dialog.exec() == QDialog::Accepted;
+    dialog.parentWidget()->activateWindow(); // not every window system does so by itself
+    return isChosen ? dialog.selectedFiles().value(0) : QString();
+}
+
 } // namespace
+
+void offerFilesIn(const QString &folder) { chosenFolder = folder; }
+
+QString askForFolder(QWidget *parent, const QString &title, const QString &folder)
+{
+    QFileDialog dialog(parent, title, folderOr(folder));
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    nameParts(dialog, QStringLiteral("&Nazwa folderu:"), QStringLiteral("&Wybierz"));
+    return QDir::toNativeSeparators(chosenIn(dialog));
+}
 
 QString askForFile(QWidget *parent, const QString &title, const QString &name, const QStringList &filters)
 {
-    QFileDialog dialog(parent, title, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    QFileDialog dialog(parent, title, folderOr(chosenFolder));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(filters);
-    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Folder:"));
-    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("&Nazwa pliku:"));
-    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Rodzaj pliku:"));
-    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Zapisz"));
-    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Anuluj"));
+    nameParts(dialog, QStringLiteral("&Nazwa pliku:"), QStringLiteral("&Zapisz"));
     dialog.setDefaultSuffix(endingOf(filters.first()));
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
                      [&dialog](const QString &filter) { dialog.setDefaultSuffix(endingOf(filter)); });
     dialog.selectFile(name);
-    const bool isChosen = dialog.exec() == QDialog::Accepted;
-    parent->activateWindow(); // not every window system does so by itself
-    return isChosen ? dialog.selectedFiles().value(0) : QString();
+    return chosenIn(dialog);
 }
 
 bool saveFile(QWidget *parent, const QString &title, const QString &fileName, QByteArrayView bytes)

@@ -17,6 +17,12 @@ namespace orders {
 [[nodiscard]] QString askForFile(QWidget *parent, const QString &title, const QString &name,
                                  const QStringList &filters);
 
+//! The folder in which files are offered from now on; "", and one that is not there, is that of documents.
+void offerFilesIn(const QString &folder);
+
+//! Which folder the clerk chooses, beginning in one; "" for none.
+[[nodiscard]] QString askForFolder(QWidget *parent, const QString &title, const QString &folder);
+
 //! Writes a file all or nothing. False when that failed, which the clerk has been told by then.
 bool saveFile(QWidget *parent, const QString &title, const QString &fileName, QByteArrayView bytes);
 

@@ -193,7 +193,7 @@ void tst_OrderPlaces::aBrokenFileIsPutAside()
     QFETCH(const QByteArray, contents);
     write(contents);
     begin();
-    QVERIFY2(said().startsWith(QStringLiteral("Pliku z układem okien nie da się odczytać; odłożono")),
+    QVERIFY2(said().startsWith(QStringLiteral("Pliku z układem okien i ustawieniami nie da się odczytać; odłożono")),
              qPrintable(said()));
     QFile aside(placesFile() + QStringLiteral(".popsuty"));
     QVERIFY(aside.open(QIODevice::ReadOnly));
@@ -211,7 +211,7 @@ void tst_OrderPlaces::aFileThatCannotBeWrittenIsSaid()
     QFile inTheWay(QFileInfo(placesFile()).path()); // a file where the folder should be
     QVERIFY(inTheWay.open(QIODevice::WriteOnly));
     begin();
-    QVERIFY2(said().startsWith(QStringLiteral("Układ okien nie zostanie zapamiętany")), qPrintable(said()));
+    QVERIFY2(said().startsWith(QStringLiteral("Układ okien i ustawienia nie zostaną zapamiętane")), qPrintable(said()));
     m_window->close();
     QVERIFY(!m_window->isVisible());
     begin();

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void cleanup() { close(); }
 
     void theOrderIsOnThePage();
+    void theSellerStandsAboveTheOrder();
     void whatIsNotSavedIsMarked();
     void titlesAreRepeatedOnEveryPage();
     void aRowStaysTogether();
@@ -120,6 +121,21 @@ void tst_OrderPrint::theOrderIsOnThePage()
     for (const QString &text : wanted)
         QVERIFY2(page.contains(text), qPrintable(text + QStringLiteral(" is not in:\n") + page));
     QVERIFY(!page.contains(QStringLiteral("niezapisane")));
+}
+
+void tst_OrderPrint::theSellerStandsAboveTheOrder()
+{
+    OrderPaper paper = m_window->form().paper();
+    paper.seller = {QStringLiteral("Hurtownia „Pod Zegarem”"), QStringLiteral("ul. Rynek 4, 25-303 Kielce")};
+    QFile file(path("sprzedawca.pdf"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(orderPdf(paper));
+    file.close();
+    const QStringList lines = pagesOf(file.fileName()).value(0).split(u'\n', Qt::SkipEmptyParts);
+    QVERIFY(lines.size() > 3);
+    QCOMPARE(lines.at(0).trimmed(), paper.seller.at(0));
+    QCOMPARE(lines.at(1).trimmed(), paper.seller.at(1));
+    QCOMPARE(lines.at(2).trimmed(), paper.title);
 }
 
 void tst_OrderPrint::whatIsNotSavedIsMarked()

@@ -358,7 +358,7 @@ private Q_SLOTS:
         QCOMPARE(files.join(u' '),
                  QStringLiteral(
                      "calendar.png customers.png lines.png list.png order.png product.png products.png question.png "
-                     "range.png report.png search.png"));
+                     "range.png report.png search.png settings.png"));
         for (const QString &name : files) {
             const QImage picture(folder.filePath(name));
             QVERIFY2(picture.width() > 700 && picture.height() > 400, qPrintable(name));
