@@ -46,12 +46,18 @@ class Desk:
         environment |= {"HOME": str(self.home), "XDG_RUNTIME_DIR": str(runtime)}
         self.process = subprocess.Popen(self.command, env=environment, cwd=self.home, stderr=subprocess.PIPE, text=True)
 
-    def await_end(self):
+    def await_end(self, failed=False):
+        """Until the program has ended by itself: in silence, or with a failure that it has told of."""
         said = self.process.communicate(timeout=PATIENCE)[1]
         ended = self.process.returncode
         self.process = None
-        if ended != 0 or said:
+        if (ended, bool(said)) != ((1, True) if failed else (0, False)):
             raise RuntimeError(f"the program ended with {ended} and said: {said}")
+
+    def kill(self):
+        self.process.kill()
+        self.process.communicate()
+        self.process = None
 
     # --- the keyboard
 
@@ -116,5 +122,5 @@ class Desk:
         except Exception as error:
             self.draw(f"FAILED {name}")
             if self.process:
-                self.process.kill()
+                self.kill()
             sys.exit(f"step {self.steps}, {name}: {error}\n(pictures in {self.pictures})")
