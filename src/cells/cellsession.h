@@ -51,6 +51,8 @@ public:
     [[nodiscard]] CellEditor *editor() const { return isOpen() ? m_editor.data() : nullptr; }
     //! The cell that is edited.
     [[nodiscard]] CellAddress cell() const { return m_cell; }
+    //! What keeps the keyboard when the composite is given it again, in the middle of typing.
+    [[nodiscard]] QWidget *keeper() const { return m_state == State::Open ? m_editor->box() : nullptr; }
     //! Whether the user, or the program through the editor, has changed anything since it was opened.
     [[nodiscard]] bool isTouched() const { return m_isTouched; }
     //! Whether the editor has erased what it refused, since nobody can correct it any more. The cell still holds it.

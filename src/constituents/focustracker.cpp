@@ -106,9 +106,24 @@ void FocusTracker::focusChanged(const QWidget *before, QWidget *now)
     const QPointer<QWidget> left = window->focus;
     if (left == now)
         return; // back from another window
+    if (window->state != Window::State::PuttingBack && isKept(left, now)) {
+        const QScopedValueRollback puttingBack(window->state, Window::State::PuttingBack);
+        left->setFocus(Qt::OtherFocusReason);
+        return;
+    }
     window->focus = now;
     if (window->state != Window::State::PuttingBack)
         schedule(*window, {left, now});
+}
+
+//! Whether a program, or the letter of a label, has given the keyboard to a control that has it, and keeps it
+//! elsewhere: that leaves the user typing. A click means its place.
+bool FocusTracker::isKept(const QWidget *box, QWidget *now) const
+{
+    const auto clients = clientsAround(now);
+    if (!box || clients.empty() || QGuiApplication::mouseButtons() != Qt::NoButton)
+        return false;
+    return m_clients.value(clients.front())->keeper() == box && canBeEntered(box);
 }
 
 void FocusTracker::schedule(Window &window, const Move &move)

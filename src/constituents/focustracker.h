@@ -40,6 +40,8 @@ public:
     //! the toolkit is done with giving it the focus.
     [[nodiscard]] virtual bool raisesOnEntry() const { return false; }
     virtual void controlLeft() {}
+    //! The box inside the control that has the keyboard as long as the control has it; null for whichever is given it.
+    [[nodiscard]] virtual QWidget *keeper() { return nullptr; }
 };
 
 //! Tells the controls of both levels of leaving: the inner box, and the control as a whole.
@@ -97,6 +99,7 @@ private:
     [[nodiscard]] WindowPointer windowOf(const QWidget *widget);
     [[nodiscard]] std::vector<QPointer<QWidget>> clientsAround(QWidget *widget) const;
     void focusChanged(const QWidget *before, QWidget *now);
+    [[nodiscard]] bool isKept(const QWidget *box, QWidget *now) const;
     void schedule(Window &window, const Move &move);
     [[nodiscard]] bool raisesOnEntry(QWidget *box) const;
     void settleSoon();

@@ -46,6 +46,7 @@ public:
     void controlEntered() override;
     [[nodiscard]] bool raisesOnEntry() const override { return true; }
     void controlLeft() override { editing.session().finish(); }
+    [[nodiscard]] QWidget *keeper() override { return editing.session().keeper(); }
 
     void connectGrid();
     void leaveCell();
@@ -248,9 +249,8 @@ QList<RefusedCell> KorGrid::pasteCells(int Row, int Col, const QString &text)
     if (!self || (judged.rows > d->grid->Rows() && !d->unseen([&] { d->grid->setRows(judged.rows); })))
         return judged.refused;
     for (const GridPaste::Cell &cell : judged.accepted) {
-        // Handlers may have taken rows away, or the grid.
         if (!d->cells.extent().hasDataCell(cell.place) || d->cells.holds(cell.place, cell.texts))
-            continue;
+            continue; // handlers may have taken rows away
         d->write(cell.place, cell.texts);
         if (self)
             d->cellChanged(cell.place);

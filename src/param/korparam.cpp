@@ -41,6 +41,7 @@ public:
     // --- what the focus does
     void controlEntered() override;
     void controlLeft() override { editing.session().finish(); }
+    [[nodiscard]] QWidget *keeper() override { return editing.session().keeper(); }
 
     void prepareGrid();
     void connectGrid();

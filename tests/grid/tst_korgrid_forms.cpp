@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "grid/gridsuite.h"
 
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStackedWidget>
 
@@ -32,6 +33,7 @@ private Q_SLOTS:
     void theDateInARowThatAWrappedTextMakesHigh_data();
     void theDateInARowThatAWrappedTextMakesHigh();
     void aColumnThatIsScrolledOutHasNoEditor();
+    void whoeverGivesTheKeyboardAgainLeavesTheTyping();
     void anEntryIsLookedAtWithoutAWord();
     void theMouseMovesInTwips();
 };
@@ -304,6 +306,29 @@ void tst_KorGrid_Forms::theDateInARowThatAWrappedTextMakesHigh()
     const int cell = cellRect(2, Delivery).height();
     QVERIFY(cell > 40);
     QCOMPARE(editor("KorDate")->height(), fills ? cell - 2 : 17);
+}
+
+void tst_KorGrid_Forms::whoeverGivesTheKeyboardAgainLeavesTheTyping()
+{
+    orderColumns();
+    auto *label = new QLabel(QStringLiteral("&Pozycje"), stage.get());
+    label->setBuddy(grid);
+    label->show();
+    click(1, Product);
+    type(QStringLiteral("ab"));
+    grid->setFocus();
+    settle();
+    type(QStringLiteral("cd"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_P, Qt::AltModifier);
+    settle();
+    type(QStringLiteral("ef"));
+    QCOMPARE(grid->TextMatrix(1, Product), QStringLiteral("abcdef"));
+    QCOMPARE(openEditor(), QStringLiteral("TxtBox"));
+    stage->button()->setFocus();
+    settle();
+    grid->setFocus(); // and from elsewhere it is entered as ever
+    settle();
+    QVERIFY(hasKeyboard("TxtBox"));
 }
 
 void tst_KorGrid_Forms::aColumnThatIsScrolledOutHasNoEditor()

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void settingsLoadedInMidEditKeepWhatWasTyped();
     void aFormThatIsBusyForAWhileKeepsWhatIsTyped_data();
     void aFormThatIsBusyForAWhileKeepsWhatIsTyped();
+    void whoeverGivesTheKeyboardAgainLeavesTheTyping();
 };
 
 void tst_KorParam_Program::whatWasTypedStandsWhateverTheProgramDoes_data()
@@ -355,6 +356,18 @@ void tst_KorParam_Program::aFormThatIsBusyForAWhileKeepsWhatIsTyped()
     QCOMPARE(sheet->Row(), row + 1);
     QTEST(shown(row), "text");
     QTEST(valueOf(row), "value");
+}
+
+void tst_KorParam_Program::whoeverGivesTheKeyboardAgainLeavesTheTyping()
+{
+    add("NUMBER", "Liczba");
+    click(1);
+    type(QStringLiteral("12"));
+    sheet->setFocus();
+    settle();
+    type(QStringLiteral("3"));
+    leave();
+    QCOMPARE(valueOf(1), QVariant(123.0));
 }
 
 QTEST_MAIN(tst_KorParam_Program)
