@@ -3,20 +3,18 @@
 #include "orderform.h"
 
 #include "colorchoice.h"
+#include "fieldvalues.h"
 #include "grosze.h"
 #include "linetext.h"
 #include "orderlines.h"
 #include "ordermerge.h"
 #include "orderstore.h"
 #include "searchdialog.h"
-#include "textboxkind.h"
 
 #include <KorDaoUC/Color>
 #include <KorDaoUC/Convert>
 #include <KorDaoUC/Database>
-#include <KorDaoUC/Date>
 #include <KorDaoUC/FocusedField>
-#include <KorDaoUC/FormFile>
 #include <KorDaoUC/Format>
 #include <KorDaoUC/KorClick>
 #include <KorDaoUC/KorCombo>
@@ -37,7 +35,6 @@
 
 #include <cmath>
 #include <initializer_list>
-#include <stdexcept>
 
 namespace orders {
 
@@ -70,54 +67,32 @@ QColor textOn(const QColor &ground)
     return luminance > middle ? Qt::black : Qt::white;
 }
 
-[[noreturn]] void refuse(const QString &reason)
-{
-    throw std::runtime_error((formFile + QStringLiteral(": ") + reason).toStdString());
-}
-
-//! The date of a field; an invalid one for a text that is none, nothing for an empty field.
-std::optional<QDate> dateOf(const KorDate &field)
-{
-    const QVariant value = field.Value();
-    if (!kor::isNull(value))
-        return kor::DateValue(value);
-    return field.Text().isEmpty() ? std::nullopt : std::optional(QDate());
-}
-
 //! Whether the text of a field is not yet read: its value follows when the field is left.
 bool isBeingTyped(const KorDate &field) { return field.Text() != kor::Format(field.Value(), field.FormatMask()); }
 
 } // namespace
 
 OrderForm::OrderForm(const OrderStore &store, kor::Database &database, QWidget *parent)
-    : QWidget(parent), m_store(store), m_catalogue(store.connection())
+    : QWidget(parent), m_store(store), m_catalogue(store.connection()), m_form(formFile, this)
 {
-    const kor::FormResult loaded = kor::FormFile::load(formFile);
-    if (!loaded.form)
-        refuse(QStringLiteral("%1: %2").arg(loaded.error.line).arg(loaded.error.reason));
-    m_builder.addKind(QStringLiteral("TextBox"), textBoxKind());
-    if (const std::optional<QString> reason = m_builder.build(*loaded.form, this))
-        refuse(*reason);
-    setMinimumSize(size());
-
-    m_customer = part<KorCombo>("cmbCustomer");
-    m_terms = part<KorCombo>("cmbTerms");
-    m_discount = part<KorNumber>("numDiscount");
-    m_total = part<KorNumber>("numTotal");
-    m_advance = part<KorNumber>("numAdvance");
-    m_due = part<KorNumber>("numDue");
-    m_number = part<QLineEdit>("txtNumber");
-    m_date = part<KorDate>("datOrder");
-    m_delivery = part<KorDate>("datDelivery");
-    m_address = part<KorClick>("clkAddress");
-    m_priority = part<KorUpDown>("spnPriority");
-    m_remarks = part<KorMultiText>("txtRemarks");
-    m_color = part<KorColor>("clrLabel");
-    m_groups = part<KorListCheck>("lstGroups");
-    m_orders = part<KorList>("lstOrders");
-    m_quantity = part<KorNumber>("numLinesQuantity");
-    m_net = part<KorNumber>("numLinesNet");
-    m_position = part<QLabel>("lblPosition");
+    m_customer = m_form.part<KorCombo>("cmbCustomer");
+    m_terms = m_form.part<KorCombo>("cmbTerms");
+    m_discount = m_form.part<KorNumber>("numDiscount");
+    m_total = m_form.part<KorNumber>("numTotal");
+    m_advance = m_form.part<KorNumber>("numAdvance");
+    m_due = m_form.part<KorNumber>("numDue");
+    m_number = m_form.part<QLineEdit>("txtNumber");
+    m_date = m_form.part<KorDate>("datOrder");
+    m_delivery = m_form.part<KorDate>("datDelivery");
+    m_address = m_form.part<KorClick>("clkAddress");
+    m_priority = m_form.part<KorUpDown>("spnPriority");
+    m_remarks = m_form.part<KorMultiText>("txtRemarks");
+    m_color = m_form.part<KorColor>("clrLabel");
+    m_groups = m_form.part<KorListCheck>("lstGroups");
+    m_orders = m_form.part<KorList>("lstOrders");
+    m_quantity = m_form.part<KorNumber>("numLinesQuantity");
+    m_net = m_form.part<KorNumber>("numLinesNet");
+    m_position = m_form.part<QLabel>("lblPosition");
 
     // The range of a spin field is the program's; it is not saved with the form.
     m_priority->setMin(1);
@@ -128,22 +103,13 @@ OrderForm::OrderForm(const OrderStore &store, kor::Database &database, QWidget *
     m_groups->Refresh();
     m_groups->setListIndex(-1);
     m_terms->Refresh();
-    m_lines = new OrderLines(part<KorGrid>("grdLines"), m_catalogue, database, this);
+    m_lines = new OrderLines(m_form.part<KorGrid>("grdLines"), m_catalogue, database, this);
     connectFields();
 }
 
 OrderForm::~OrderForm() = default;
 
-template <class Widget>
-Widget *OrderForm::part(const char *name) const
-{
-    auto *found = findChild<Widget *>(QString::fromLatin1(name));
-    if (!found)
-        refuse(QStringLiteral("%1 is missing").arg(QLatin1String(name)));
-    return found;
-}
-
-QPushButton *OrderForm::button(const char *name) const { return part<QPushButton>(name); }
+QPushButton *OrderForm::button(const char *name) const { return m_form.part<QPushButton>(name); }
 
 void OrderForm::connectFields()
 {
@@ -190,7 +156,7 @@ void OrderForm::setOrder(const Order &order)
     m_loaded = order;
     m_number->setText(order.number.isEmpty() ? QStringLiteral("(nowe)") : order.number);
     m_date->setValue(order.date.isValid() ? QVariant(order.date) : kor::null());
-    m_delivery->setValue(order.delivery ? QVariant(*order.delivery) : kor::null());
+    m_delivery->setValue(valueOf(order.delivery));
     const QVariant customer = order.customer ? kor::normalized(*order.customer) : kor::null();
     offerCustomers(customer);
     m_customer->setValue(customer);

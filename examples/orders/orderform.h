@@ -3,11 +3,10 @@
 #pragma once
 
 #include "catalogue.h"
+#include "loadedform.h"
 #include "order.h"
 #include "orderpaper.h"
 #include "preferences.h"
-
-#include <KorDaoUC/FormBuilder>
 
 #include <QtCore/QVariant>
 #include <QtWidgets/QWidget>
@@ -84,8 +83,6 @@ Q_SIGNALS:
     void edited();
 
 private:
-    template <class Widget>
-    Widget *part(const char *name) const;
     void connectFields();
     void showAddress();
     void showDue();
@@ -102,7 +99,7 @@ private:
 
     const OrderStore &m_store;
     Catalogue m_catalogue;
-    kor::FormBuilder m_builder;
+    LoadedForm m_form;
     Preferences m_preferences;
     Order m_loaded;
     Order m_unchanged; //!< as the fields gave it back

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "orderlines.h"
 
+#include "fieldvalues.h"
 #include "gridclipboard.h"
 #include "gridfile.h"
 #include "grosze.h"
@@ -175,7 +176,7 @@ void OrderLines::show(int row, const OrderLine &line, qsizetype origin)
     m_grid->setValue(row, Quantity, line.quantity ? QVariant(*line.quantity) : kor::null());
     showUnit(row, line.unit, line.unit ? m_catalogue.unitName(*line.unit) : QString());
     m_grid->setValue(row, Price, zlotysOf(line.netPrice));
-    m_grid->setValue(row, Delivery, line.delivery ? QVariant(*line.delivery) : kor::null());
+    m_grid->setValue(row, Delivery, valueOf(line.delivery));
     setText(row, Vat, textOf(line.vat));
     showAmount(row);
 }

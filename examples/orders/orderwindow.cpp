@@ -6,6 +6,7 @@
 #include "conflictdialog.h"
 #include "focusmark.h"
 #include "gridfile.h"
+#include "listwindow.h"
 #include "messages.h"
 #include "orderlines.h"
 #include "ordermerge.h"
@@ -32,6 +33,8 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStatusBar>
+
+#include <utility>
 
 namespace orders {
 
@@ -116,6 +119,7 @@ void OrderWindow::makeActions()
     add(move, QStringLiteral("&Ostatnie"), Qt::ALT | Qt::Key_End, "cmdLast", goTo(&OrderCursor::last));
     move->addSeparator();
     add(move, QStringLiteral("&Szukaj..."), Qt::CTRL | Qt::Key_F, "cmdFind", [this] { search(); });
+    add(move, QStringLiteral("&Lista zamówień"), Qt::CTRL | Qt::Key_L, nullptr, [this] { list(); });
 
     QMenu *records = menuBar()->addMenu(QStringLiteral("K&lienci i towary"));
     add(records, QStringLiteral("&Klienci..."), Qt::CTRL | Qt::SHIFT | Qt::Key_K, nullptr, [this] { keepCustomers(); });
@@ -226,9 +230,10 @@ bool OrderWindow::saveDeleted(Order ours)
     if (ask(this, QStringLiteral("Zamówienia"), question,
             {QStringLiteral("&Zapisz jako nowe"), QStringLiteral("&Anuluj")}) != 0)
         return false;
-    ours.id = 0;
+    const qint64 gone = std::exchange(ours.id, 0);
     const Order saved = m_store.add(ours);
     m_cursor.removeCurrent();
+    Q_EMIT orderChanged(gone);
     m_cursor.append(saved.id);
     showSaved(saved);
     return true;
@@ -238,6 +243,7 @@ void OrderWindow::showSaved(const Order &saved)
 {
     m_form->setOrder(saved);
     statusBar()->showMessage(QStringLiteral("Zapisano zamówienie %1.").arg(saved.number), messageTime);
+    Q_EMIT orderChanged(saved.id);
 }
 
 void OrderWindow::remove()
@@ -257,6 +263,7 @@ void OrderWindow::remove()
                 .arg(order.number);
     }
     m_cursor.removeCurrent();
+    Q_EMIT orderChanged(order.id);
     showOrder(m_cursor.current());
     statusBar()->showMessage(QStringLiteral("Usunięto zamówienie %1.").arg(order.number), messageTime);
 }
@@ -412,6 +419,28 @@ void OrderWindow::keepRecords(const QString &name, RecordWindow &window, std::op
              QStringLiteral("Klienta, który był wybrany w zamówieniu, usunięto. Wybierz innego."));
 }
 
+ListWindow &OrderWindow::list()
+{
+    if (!m_list) {
+        m_list = std::make_unique<ListWindow>(m_store, *m_database, m_places);
+        connect(m_list.get(), &ListWindow::orderChosen, this,
+                [this](qint64 id) { guarded([this, id] { openOrder(id); }); });
+        connect(m_list.get(), &QDialog::finished, this, [this] { activateWindow(); });
+        connect(this, &OrderWindow::orderChanged, m_list.get(), &ListWindow::follow);
+    }
+    m_list->present();
+    return *m_list;
+}
+
+void OrderWindow::openOrder(qint64 id)
+{
+    raise();
+    activateWindow();
+    if (id != m_cursor.current() && mayLeave())
+        showOrder(id);
+    kor::enterFocusedField(this);
+}
+
 void OrderWindow::showOrder(std::optional<qint64> id)
 {
     if (!id) {
@@ -424,12 +453,14 @@ void OrderWindow::showOrder(std::optional<qint64> id)
         m_form->setOrder(order);
         return;
     }
+    const std::optional<Order> order = m_store.order(*id); // first: the desk stays where it is when that fails
     m_cursor.goTo(*id);
-    if (const std::optional<Order> order = m_store.order(*id)) {
+    if (order) {
         m_form->setOrder(*order);
         return;
     }
     m_cursor.removeCurrent();
+    Q_EMIT orderChanged(*id);
     warn(this, QStringLiteral("Zamówienia"), QStringLiteral("Zamówienie zostało tymczasem usunięte."));
     showOrder(m_cursor.current());
 }
@@ -468,6 +499,8 @@ void OrderWindow::closeEvent(QCloseEvent *event)
     bool mayClose = false;
     guarded([&] { mayClose = mayLeave(); });
     event->setAccepted(mayClose);
+    if (mayClose && m_list)
+        m_list->close();
     if (mayClose && m_places)
         m_places->keep(*this, windowName);
 }

@@ -18,6 +18,7 @@ class SqlDatabase;
 
 namespace orders {
 
+class ListWindow;
 class OrderStore;
 class Places;
 class RecordWindow;
@@ -42,6 +43,12 @@ public:
     void keepProducts();
     //! Opens what the clerk can set.
     void settings();
+    //! Opens the list of the orders beside this window, or brings it to the front.
+    ListWindow &list();
+
+Q_SIGNALS:
+    //! An order was saved, or is gone.
+    void orderChanged(qint64 id);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -63,6 +70,7 @@ private:
     void exportLines();
     void printToPdf();
     void printOnPaper();
+    void openOrder(qint64 id);
     void go(std::optional<qint64> id);
     void startNew();
     void showOrder(std::optional<qint64> id);
@@ -80,6 +88,7 @@ private:
     QAction *m_save = nullptr;
     QAction *m_remove = nullptr;
     QAction *m_undo = nullptr;
+    std::unique_ptr<ListWindow> m_list; //!< once it was opened
 };
 
 } // namespace orders

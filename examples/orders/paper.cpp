@@ -166,14 +166,14 @@ void Paper::row(const QStringList &texts)
 
 // --- pages
 
-bool Paper::paint(const QString &footer)
+bool Paper::paint(const QString &footer, const MayGoOn &mayGoOn)
 {
     QPainter painter;
     if (!painter.begin(&m_device))
         return false;
     setFont(footerSize);
     for (qsizetype page = 0; page < m_pages.size(); ++page) {
-        if (page > 0 && !m_device.newPage())
+        if ((mayGoOn && !mayGoOn(page, m_pages.size())) || (page > 0 && !m_device.newPage()))
             return false;
         painter.setPen(Qt::black);
         for (const Stroke &stroke : m_pages.at(page))

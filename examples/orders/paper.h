@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "longwork.h"
+
 #include <QtCore/QList>
 #include <QtCore/QStringList>
 #include <QtGui/QFont>
@@ -51,8 +53,8 @@ public:
     //! a page.
     void row(const QStringList &texts);
 
-    //! Paints all pages, their numbers and a text below. False when the device would not.
-    [[nodiscard]] bool paint(const QString &footer);
+    //! Paints all pages, their numbers and a text below. False when the device would not, or when it was stopped.
+    [[nodiscard]] bool paint(const QString &footer, const MayGoOn &mayGoOn = {});
 
 private:
     using Stroke = std::function<void(QPainter &)>;

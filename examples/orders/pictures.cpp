@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "pictures.h"
 
+#include "listwindow.h"
 #include "orderlines.h"
 #include "orderwindow.h"
 
@@ -35,6 +36,7 @@ constexpr int pollTime = 20;
 constexpr int longestWait = 5000;
 constexpr int orderShown = 100; // one with everything filled in
 constexpr QPoint beside(330, 290);
+constexpr QPoint besideTitle(40, 60);
 
 void settle(int milliseconds = settleTime)
 {
@@ -237,6 +239,16 @@ bool takePictures(OrderWindow &window, const QString &folder)
             press(Qt::Key_Enter);             // takes the value
             press(Qt::Key_Enter);
         });
+
+    ListWindow &listWindow = window.list();
+    listWindow.move(window.pos() + besideTitle);
+    settle();
+    listWindow.findChild<KorDate *>(QStringLiteral("datFrom"))->setFocus(Qt::TabFocusReason);
+    settle();
+    type(QStringLiteral("01012026"));
+    press(Qt::Key_Enter);
+    photographer.take(QStringLiteral("orders"));
+    listWindow.close();
     return photographer.isGood();
 }
 

@@ -136,6 +136,24 @@ bool Places::keep(const Preferences &preferences)
     return m_settings->status() == QSettings::NoError;
 }
 
+QMap<QString, QString> Places::texts(const QString &name) const
+{
+    QMap<QString, QString> texts;
+    m_settings->beginGroup(name);
+    for (const QString &key : m_settings->childKeys())
+        texts.insert(key, m_settings->value(key).toString());
+    m_settings->endGroup();
+    return texts;
+}
+
+void Places::keepTexts(const QString &name, const QMap<QString, QString> &texts)
+{
+    m_settings->remove(name); // the limits of another day
+    for (auto text = texts.cbegin(); text != texts.cend(); ++text)
+        m_settings->setValue(name + u'/' + text.key(), text.value());
+    m_settings->sync();
+}
+
 Visit::Visit(Places *places, QWidget &window, QString name)
     : m_places(places), m_window(window), m_name(std::move(name))
 {

@@ -5,6 +5,7 @@
 #include "preferences.h"
 
 #include <QtCore/QList>
+#include <QtCore/QMap>
 #include <QtCore/QRect>
 #include <QtCore/QSettings>
 
@@ -34,6 +35,9 @@ public:
     //! Columns go by their titles, so that new ones don't take the widths of others.
     void restore(QWidget &window, const QString &name);
     void keep(const QWidget &window, const QString &name);
+    //! What else is to be there again the next time, by its names: the last filter of a list.
+    [[nodiscard]] QMap<QString, QString> texts(const QString &name) const;
+    void keepTexts(const QString &name, const QMap<QString, QString> &texts);
 
     //! What the clerk has set stands in the same file.
     [[nodiscard]] Preferences preferences() const;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "progress.h"
 
+#include <utility>
+
 namespace orders {
 
 namespace {
@@ -23,8 +25,21 @@ Progress::Progress(QWidget *parent, const QString &title, const QString &text)
 
 bool Progress::goesOn(qint64 done, qint64 all)
 {
+    const auto look = [this] {
+        if (m_dialog.isVisible())
+            m_hasKeyboard = m_dialog.isActiveWindow();
+    };
+    look();
     m_dialog.setValue(static_cast<int>(done * whole / (all + 1)));
+    look();
     return !m_dialog.wasCanceled();
+}
+
+void Progress::end()
+{
+    m_dialog.reset();
+    if (std::exchange(m_hasKeyboard, false))
+        m_dialog.parentWidget()->window()->activateWindow(); // not every window system does so by itself
 }
 
 } // namespace orders

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "report.h"
 
+#include "condition.h"
 #include "foldedtext.h"
+#include "paymentterms.h"
 #include "statement.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QHash>
 #include <QtCore/QLocale>
 #include <QtSql/QSqlError>
@@ -16,7 +17,6 @@ namespace orders {
 
 namespace {
 
-constexpr qint64 longestSilence = 50; // milliseconds between two questions whether to go on
 const QString reading = QStringLiteral("Przygotowanie zestawienia");
 
 //! The columns that an order is put together by: its key and its name.
@@ -39,19 +39,11 @@ QString monthName(const QString &key)
     return QStringLiteral("%1 %2").arg(polish.standaloneMonthName(month.month())).arg(month.year());
 }
 
-QString termsName(const QString &key)
-{
-    static const QHash<QString, QString> names{{QStringLiteral("G"), QStringLiteral("Gotówka")},
-                                               {QStringLiteral("K"), QStringLiteral("Karta płatnicza")},
-                                               {QStringLiteral("Z"), QStringLiteral("Za pobraniem")}};
-    return names.contains(key) ? names.value(key) : QStringLiteral("Przelew %1 dni").arg(key.mid(1));
-}
-
 QString nameOf(ReportGroup group, const QString &key, const QString &name)
 {
     switch (group) {
     case ReportGroup::Month: return monthName(key);
-    case ReportGroup::Terms: return termsName(key);
+    case ReportGroup::Terms: return nameOfTerms(key);
     case ReportGroup::Customer:
     case ReportGroup::CustomerGroup:
     case ReportGroup::City: break;
@@ -59,26 +51,17 @@ QString nameOf(ReportGroup group, const QString &key, const QString &name)
     return key.isEmpty() ? QStringLiteral("(bez klienta)") : name;
 }
 
-struct Condition {
-    QString text;
-    QVariantList values;
-};
-
 Condition conditionOf(const ReportQuestion &question)
 {
-    Condition condition{QStringLiteral("1 = 1"), {}};
-    const auto add = [&](const char *text, const QVariant &value) {
-        condition.text += QStringLiteral(" AND ") + QString::fromLatin1(text);
-        condition.values << value;
-    };
+    Condition condition;
     if (question.from)
-        add("o.order_date >= ?", question.from->toString(Qt::ISODate));
+        condition.add(QStringLiteral("o.order_date >= ?"), {question.from->toString(Qt::ISODate)});
     if (question.to)
-        add("o.order_date <= ?", question.to->toString(Qt::ISODate));
+        condition.add(QStringLiteral("o.order_date <= ?"), {question.to->toString(Qt::ISODate)});
     if (question.customer)
-        add("o.customer_id = ?", *question.customer);
+        condition.add(QStringLiteral("o.customer_id = ?"), {*question.customer});
     if (question.least)
-        add("o.total >= ?", *question.least);
+        condition.add(QStringLiteral("o.total >= ?"), {*question.least});
     return condition;
 }
 
@@ -150,33 +133,28 @@ QString nameOf(ReportGroup group)
 std::optional<Report> readReport(const QSqlDatabase &connection, const ReportQuestion &question, const MayGoOn &mayGoOn)
 {
     const Condition condition = conditionOf(question);
-    QSqlQuery count = run(connection, reading, QStringLiteral("SELECT count(*) FROM orders o WHERE ") + condition.text,
-                          condition.values);
+    QSqlQuery count =
+        run(connection, reading, QStringLiteral("SELECT count(*) FROM orders o WHERE ") + condition.text(),
+            condition.values());
     const qint64 all = count.next() ? count.value(0).toLongLong() : 0;
     QSqlQuery query = run(connection, reading,
                           QStringLiteral("SELECT o.total, o.remarks, %1 FROM orders o "
                                          "LEFT JOIN customers c ON c.id = o.customer_id "
                                          "LEFT JOIN customer_groups g ON g.id = c.group_id WHERE %2")
-                              .arg(columnsOf(question.group), condition.text),
-                          condition.values);
+                              .arg(columnsOf(question.group), condition.text()),
+                          condition.values());
     const QString needle = folded(question.remarks.trimmed());
     Sums sums(question.group);
-    QElapsedTimer silence;
-    silence.start();
-    qint64 done = 0;
+    LongWork work(mayGoOn, all);
     while (query.next()) {
-        ++done;
         if (needle.isEmpty() || folded(query.value(1).toString()).contains(needle)) {
             const std::optional<qint64> total =
                 query.isNull(0) ? std::nullopt : std::optional(query.value(0).toLongLong());
             const QString key = query.isNull(2) ? QString() : query.value(2).toString();
             sums.add(key, query.value(3).toString(), total);
         }
-        if (silence.elapsed() < longestSilence)
-            continue;
-        if (!mayGoOn(done, all))
+        if (!work.step())
             return std::nullopt;
-        silence.restart();
     }
     if (query.lastError().isValid())
         throw StoreError(reading, query.lastError());

@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "longwork.h"
+
 #include <QtCore/QDate>
 #include <QtCore/QList>
 #include <QtCore/QString>
 #include <QtSql/QSqlDatabase>
 
-#include <functional>
 #include <optional>
 
 namespace orders {
@@ -45,9 +46,6 @@ struct Report {
     qint64 total = 0;   //!< grosze
     qint64 unknown = 0; //!< so many orders have no amount yet
 };
-
-//! Asked every now and then while a report is read: so many orders of so many. False ends the reading.
-using MayGoOn = std::function<bool(qint64 done, qint64 all)>;
 
 //! Reads the orders one by one and adds them up here rather than in the database, so that a long report can be stopped
 //! at any time. Nothing when it was. Raises StoreError.

@@ -1,8 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "examples/addup.h"
+#include "examples/listfilters.h"
 #include "examples/orderdesk.h"
 #include "orders/catalogue.h"
+#include "orders/listwindow.h"
+#include "orders/orderlist.h"
 #include "orders/recordstore.h"
 #include "orders/recordtables.h"
 #include "orders/recordwindow.h"
@@ -10,6 +13,7 @@
 #include "orders/searchdialog.h"
 
 #include <KorDaoUC/KorCombo>
+#include <KorDaoUC/KorGrid>
 #include <KorDaoUC/KorList>
 #include <KorDaoUC/KorMultiText>
 #include <KorDaoUC/SqlDatabase>
@@ -164,6 +168,77 @@ private Q_SLOTS:
             QVERIFY(texts(file).size() > 1);
             QCOMPARE(texts(*m_store), texts(file));
         }
+    }
+
+    void listsSayWhatTheySayOfAFile_data()
+    {
+        QTest::addColumn<int>("place");
+        const QList<FilterCase> cases = filterCases();
+        for (int place = 0; place < cases.size(); ++place)
+            QTest::newRow(cases.at(place).name) << place;
+    }
+    void listsSayWhatTheySayOfAFile()
+    {
+        QFETCH(const int, place);
+        const OrderFilter filter = filterCases().at(place).filter();
+        const auto listed = [&filter](const OrderStore &store) {
+            return readOrders(store.connection(), filter, [](qint64, qint64) { return true; })->orders;
+        };
+        const OrderStore &file = *m_file;
+        QCOMPARE(listed(*m_store), listed(file));
+    }
+
+    void aLongListIsReadPieceByPiece()
+    {
+        QSqlQuery(m_store->connection())
+            .exec(QStringLiteral("INSERT INTO orders (number, customer_id, order_date, total) SELECT 'ZAM/2030/' || "
+                                 "lpad(x::text, 6, '0'), x % 240 + 1, '2026-11-20', x FROM generate_series(1, 30000) "
+                                 "AS t(x)"));
+        int pieces = 0;
+        const auto list = readOrders(m_store->connection(), {}, [&pieces](qint64, qint64) { return ++pieces > 0; });
+        QVERIFY(pieces > 2);
+        QCOMPARE(list->orders.size(), 31000);
+        QVERIFY(!readOrders(m_store->connection(), {}, [](qint64 done, qint64) { return done == 0; }));
+    }
+
+    void theOldListStaysWhileTheServerIsOff()
+    {
+        Clerk clerk;
+        OrderWindow window(*m_store);
+        window.show();
+        ListWindow &list = window.list();
+        QVERIFY(QTest::qWaitForWindowActive(&list));
+        const auto *grid = list.findChild<KorGrid *>();
+        const auto *groups = list.findChild<KorCombo *>(QStringLiteral("cmbGroup"));
+        QCOMPARE(grid->Rows(), 1001);
+        QCOMPARE(groups->ListCount(), 8);
+        server("stop");
+        clerk.willPress({Qt::Key_Return});
+        press(Qt::Key_F5);
+        QVERIFY2(clerk.heard().contains(u"Nie ma połączenia z bazą na serwerze"), qPrintable(clerk.heard()));
+        QVERIFY2(!clerk.heard().contains(u'|'), qPrintable(clerk.heard()));
+        QCOMPARE(grid->Rows(), 1001);
+        QCOMPARE(groups->ListCount(), 8);
+        server("start");
+        administer(QStringLiteral("desk"), QStringLiteral("DELETE FROM orders WHERE id = 5"));
+        press(Qt::Key_F5);
+        QCOMPARE(grid->Rows(), 1000);
+    }
+
+    void anOrderThatCannotBeReadLeavesTheDeskWhereItWas()
+    {
+        Clerk clerk;
+        OrderWindow window(*m_store);
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        server("stop");
+        clerk.willPress({Qt::Key_Return});
+        press(Qt::Key_PageDown, Qt::ControlModifier);
+        QVERIFY(!clerk.heard().isEmpty());
+        server("start");
+        press(Qt::Key_PageDown, Qt::ControlModifier);
+        QVERIFY(window.form().order() == m_store->order(2));
     }
 
     void whatIsSavedIsThereForEveryDesk()
