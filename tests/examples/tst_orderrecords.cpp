@@ -69,6 +69,7 @@ private Q_SLOTS:
     void aFailureKeepsWhatIsTyped();
     void theOrderShowsItsCustomerAnewAndKeepsWhatIsTyped();
     void anOrderOfADeletedCustomerIsTold();
+    void linesShowTheirProductsAnewAndKeepWhatWasAgreed_data();
     void linesShowTheirProductsAnewAndKeepWhatWasAgreed();
 
 private:
@@ -620,10 +621,22 @@ void tst_OrderRecords::anOrderOfADeletedCustomerIsTold()
     QVERIFY(!m_window->form().order().customer);
 }
 
+void tst_OrderRecords::linesShowTheirProductsAnewAndKeepWhatWasAgreed_data()
+{
+    QTest::addColumn<bool>("isInCell");
+    QTest::newRow("from another field") << false;
+    QTest::newRow("from the cell of the symbol itself") << true;
+}
+
 void tst_OrderRecords::linesShowTheirProductsAnewAndKeepWhatWasAgreed()
 {
+    QFETCH(const bool, isInCell);
     const OrderLine line = m_store->order(1)->lines.first();
     const Order before = m_window->form().order();
+    if (isInCell) {
+        press(Qt::Key_J, Qt::AltModifier);
+        press(Qt::Key_Home, Qt::ControlModifier);
+    }
     inNextDialog([](QWidget &) {
         press(Qt::Key_Return);
         type(QStringLiteral("Inna nazwa"));
@@ -636,6 +649,10 @@ void tst_OrderRecords::linesShowTheirProductsAnewAndKeepWhatWasAgreed()
     });
     press(Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
     QTRY_VERIFY(m_window->isActiveWindow());
+    kor::test::settle();
+    if (isInCell)
+        QCOMPARE(qobject_cast<QLineEdit *>(QApplication::focusWidget())->text(), QStringLiteral("INNY"));
+    press(Qt::Key_Tab);
     QCOMPARE(m_catalogue->product(*line.product)->symbol, QStringLiteral("INNY"));
     QCOMPARE(m_catalogue->product(*line.product)->netPrice, 123);
     QCOMPARE(part<KorGrid>("grdLines")->TextMatrix(1, 1), QStringLiteral("INNY"));
