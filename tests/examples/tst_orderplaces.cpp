@@ -1,13 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "examples/orderdesk.h"
-#include "orders/places.h"
-#include "orders/searchdialog.h"
+#include "examples/rememberingdesk.h"
 
 #include <KorDaoUC/KorGrid>
 
 #include <QtCore/QDir>
 #include <QtGui/QScreen>
+#include <QtWidgets/QDialog>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTableView>
@@ -16,7 +15,7 @@ using namespace orders;
 using namespace orders::test;
 
 //! The desk's windows from one day to the next.
-class tst_OrderPlaces : public OrderDesk
+class tst_OrderPlaces : public RememberingDesk
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -25,12 +24,7 @@ private Q_SLOTS:
         open();
         m_window.reset();
     }
-    void cleanup()
-    {
-        m_window.reset();
-        m_places.reset();
-        close();
-    }
+    void cleanup() { end(); }
 
     void placesOnScreens_data();
     void placesOnScreens();
@@ -38,6 +32,7 @@ private Q_SLOTS:
     void aMaximizedWindowIsMaximizedAgain();
     void columnsAreAsWideAsTheyWere();
     void hiddenColumnsStayHidden();
+    void aDialogComesBackInItsSize_data();
     void aDialogComesBackInItsSize();
     void aPlaceOutsideTheScreenIsBroughtInside();
     void aBrokenFileIsPutAside_data();
@@ -47,16 +42,6 @@ private Q_SLOTS:
     void aWindowThatStaysOpenKeepsNothing();
 
 private:
-    [[nodiscard]] QString placesFile() const { return m_folder->filePath(QStringLiteral("układ/okna.ini")); }
-    void begin()
-    {
-        m_window.reset();
-        m_places = std::make_unique<Places>(placesFile());
-        m_window = std::make_unique<OrderWindow>(*m_store, m_places.get());
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    }
     [[nodiscard]] QHeaderView *titles() const
     {
         return part<KorGrid>("grdLines")->findChild<QTableView *>(QStringLiteral("grid"))->horizontalHeader();
@@ -68,8 +53,6 @@ private:
         QFile file(placesFile());
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
     }
-
-    std::unique_ptr<Places> m_places;
 };
 
 void tst_OrderPlaces::placesOnScreens_data()
@@ -136,15 +119,26 @@ void tst_OrderPlaces::hiddenColumnsStayHidden()
     QCOMPARE(hidden, 0);
 }
 
+void tst_OrderPlaces::aDialogComesBackInItsSize_data()
+{
+    QTest::addColumn<QKeyCombination>("keys");
+    QTest::newRow("search") << (Qt::CTRL | Qt::Key_F);
+    QTest::newRow("report") << QKeyCombination(Qt::Key_F9);
+    QTest::newRow("customers") << (Qt::CTRL | Qt::SHIFT | Qt::Key_K);
+    QTest::newRow("products") << (Qt::CTRL | Qt::SHIFT | Qt::Key_T);
+    QTest::newRow("settings") << (Qt::CTRL | Qt::Key_Comma);
+}
+
 void tst_OrderPlaces::aDialogComesBackInItsSize()
 {
+    QFETCH(const QKeyCombination, keys);
     begin();
     QSize seen;
-    const auto search = [&](const std::function<void(QWidget &)> &inside) {
+    const auto visit = [&](const std::function<void(QWidget &)> &inside) {
         bool isSeen = false;
         QTimer watch;
         connect(&watch, &QTimer::timeout, this, [&] {
-            auto *dialog = qobject_cast<SearchDialog *>(QApplication::activeModalWidget());
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
             if (!dialog || !dialog->isActiveWindow())
                 return;
             watch.stop();
@@ -153,14 +147,15 @@ void tst_OrderPlaces::aDialogComesBackInItsSize()
             dialog->reject();
         });
         watch.start(5);
-        press(Qt::Key_F, Qt::ControlModifier);
+        press(keys.key(), keys.keyboardModifiers());
         QTRY_VERIFY(isSeen);
+        QTRY_VERIFY(m_window->isActiveWindow());
     };
-    search([&](QWidget &dialog) {
-        seen = dialog.size() + QSize(21, 13);
-        dialog.resize(seen);
+    visit([&](QWidget &dialog) {
+        dialog.resize(700, dialog.height() + 13); // which the smallest screen has room for
+        seen = dialog.size();
     });
-    search([&](QWidget &dialog) { QCOMPARE(dialog.size(), seen); });
+    visit([&](QWidget &dialog) { QCOMPARE(dialog.size(), seen); });
 }
 
 void tst_OrderPlaces::aPlaceOutsideTheScreenIsBroughtInside()

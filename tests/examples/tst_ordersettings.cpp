@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "examples/orderdesk.h"
-#include "orders/places.h"
+#include "examples/rememberingdesk.h"
 #include "orders/preferences.h"
 #include "orders/settingsdialog.h"
 #include "support/contrast.h"
@@ -18,7 +17,7 @@ using namespace orders;
 using namespace orders::test;
 
 //! What a clerk sets for the desk: kept, and in force at once.
-class tst_OrderSettings : public OrderDesk
+class tst_OrderSettings : public RememberingDesk
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -27,12 +26,7 @@ private Q_SLOTS:
         open();
         begin();
     }
-    void cleanup()
-    {
-        m_window.reset();
-        m_places.reset();
-        close();
-    }
+    void cleanup() { end(); }
 
     void everyLetterIsUsedOnce();
     void whatIsTypedIsKept();
@@ -52,16 +46,6 @@ private Q_SLOTS:
     void aFileThatCannotBeWrittenIsSaid();
 
 private:
-    [[nodiscard]] QString placesFile() const { return m_folder->filePath(QStringLiteral("układ/okna.ini")); }
-    void begin()
-    {
-        m_window.reset();
-        m_places = std::make_unique<Places>(placesFile());
-        m_window = std::make_unique<OrderWindow>(*m_store, m_places.get());
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    }
     //! Opens the settings by their key and does something there.
     void inSettings(const std::function<void(QWidget &)> &work)
     {
@@ -79,8 +63,6 @@ private:
     {
         return part<QLineEdit>("txtNumber")->grab().toImage().pixelColor(part<QLineEdit>("txtNumber")->width() - 8, 8);
     }
-
-    std::unique_ptr<Places> m_places;
 };
 
 void tst_OrderSettings::everyLetterIsUsedOnce()
