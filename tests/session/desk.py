@@ -84,14 +84,9 @@ class Desk:
 
     def await_rest(self):
         """Until all that was typed has arrived, and is shown."""
-        processes = [*os.environ["KOR_TEST_SERVERS"].split(), self.process.pid]
-        seen = [None]
-
-        def rests():
-            before, seen[0] = seen[0], screen.doings(processes)
-            return before is not None and before == seen[0]
-
-        self.await_state(rests, lambda: "the program does not come to rest")
+        server, manager = os.environ["KOR_TEST_SERVERS"].split()
+        self.await_state(lambda: screen.rests(server, [manager, self.process.pid]),
+                         lambda: "the program does not come to rest")
 
     def await_state(self, has_come, complaint):
         end = time.monotonic() + PATIENCE

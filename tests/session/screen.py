@@ -30,7 +30,7 @@ def picture(screen, to):
 
 def doings(processes):
     """What the threads of some processes have done so far: {thread: times that it went to sleep}, or None while one of
-    them is at work. Twice the same is a screen on which all that was typed has arrived."""
+    them is at work."""
     slept = {}
     for process in processes:
         for thread in pathlib.Path(f"/proc/{process}/task").glob("*"):
@@ -43,3 +43,11 @@ def doings(processes):
                 return None
             slept[thread.name] = status["voluntary_ctxt_switches"], status["nonvoluntary_ctxt_switches"]
     return slept
+
+
+def rests(server, others):
+    """Whether all that was typed has arrived, and is shown: the server has nothing to do, at a moment in which nobody
+    who could give it something has done anything. What it has done itself does not count, since its clock may tick on
+    while it is idle."""
+    before = doings(others)
+    return before is not None and doings([server]) is not None and doings(others) == before
