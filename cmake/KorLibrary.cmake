@@ -20,6 +20,10 @@ if(KOR_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${KOR_CCACHE})
 endif()
 
+# Warnings are errors for those who develop this project, never for one around it.
+if(NOT PROJECT_IS_TOP_LEVEL)
+    set(CMAKE_COMPILE_WARNING_AS_ERROR OFF)
+endif()
 add_library(kor_warnings INTERFACE)
 target_compile_definitions(kor_warnings INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_STRICT_ITERATORS QT_NO_FOREACH)
