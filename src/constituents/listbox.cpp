@@ -57,10 +57,13 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        // Styles take the window's colour, darkened, for the edge of a check box: nothing on a dark list.
+        // Styles take the window's colour, darkened, for the edge of a check box: little on a light list, and nothing
+        // on a dark one.
         QPalette &colors = option->palette;
-        if (colors.color(QPalette::Base).lightness() < colors.color(QPalette::Text).lightness())
-            colors.setColor(QPalette::Window, between(colors.color(QPalette::Base), colors.color(QPalette::Text)));
+        const QColor text = colors.color(QPalette::Text);
+        const QColor middle = between(colors.color(QPalette::Base), text);
+        const bool isDark = colors.color(QPalette::Base).lightness() < text.lightness();
+        colors.setColor(QPalette::Window, isDark ? between(middle, text) : middle);
     }
 
 private:

@@ -255,7 +255,10 @@ void MonthView::paintCell(QPainter *painter, const QRect &place, QDate day) cons
     if (day != Clock::today())
         return;
     painter->save();
-    painter->setPen(QPen(palette().color(day == selectedDate() ? QPalette::HighlightedText : QPalette::Highlight), 1));
+    const QPalette colors = palette();
+    painter->setPen(day == selectedDate() ? colors.color(QPalette::HighlightedText)
+                                          : seenOn(colors.color(QPalette::Base), colors.color(QPalette::Highlight),
+                                                   colors.color(QPalette::Text)));
     painter->drawRect(place.adjusted(1, 1, -2, -2));
     painter->restore();
 }

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "constituents/blend.h"
 #include "constituents/errorguard.h"
 #include "constituents/flexgrid/cellview.h"
 #include "constituents/flexgrid/gridmodel.h"
@@ -246,8 +247,10 @@ void CellView::paintEvent(QPaintEvent *event)
     if (m_cursor.row < 1 || m_cursor.column < 1 || !current.intersects(exposed))
         return;
     const bool isOnSelection = SelectionMode() != SelectionModeType::Free;
-    painter.setPen({palette().color(isOnSelection ? QPalette::HighlightedText : QPalette::Highlight),
-                    hasFocus() ? 2.0 : 1.0, hasFocus() ? Qt::SolidLine : Qt::DotLine});
+    const QColor frame = isOnSelection ? palette().color(QPalette::HighlightedText)
+                                       : seenOn(palette().color(QPalette::Base), palette().color(QPalette::Highlight),
+                                                palette().color(QPalette::Text));
+    painter.setPen({frame, hasFocus() ? 2.0 : 1.0, hasFocus() ? Qt::SolidLine : Qt::DotLine});
     painter.drawRect(current.adjusted(1, 1, -2, -2));
 }
 
