@@ -122,7 +122,6 @@ protected:
     }
 
     void changeEvent(QEvent *event) override;
-    void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     //! Places the constituents in the control's area. Called at each resize and change of font, style or direction.
     virtual void layoutConstituents();

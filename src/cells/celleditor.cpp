@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "cells/celleditor.h"
 
+#include "constituents/refusal.h"
+
 #include <QtCore/QScopeGuard>
 
 namespace kor {
@@ -16,7 +18,11 @@ QWidget *CellEditor::box() const
     return box;
 }
 
-void CellEditor::setName(const QString &name) { box()->setAccessibleName(name); }
+void CellEditor::setName(const QString &name, const QString &place)
+{
+    box()->setAccessibleName(name);
+    box()->setAccessibleDescription(place);
+}
 
 // While a database is waited for, the user may go to another cell and edit there, with this editor: that is to be
 // heard, so the silence ends with whatever was begun last.
@@ -40,6 +46,7 @@ bool CellEditor::setUp(const CellSetup &setup)
 
 void CellEditor::fill(const CellContents &contents)
 {
+    setRefusal(box(), QString()); // that of another cell
     (void)silently([&] { applyContents(contents); });
 }
 

@@ -47,8 +47,8 @@ public:
     //! What takes the keys.
     [[nodiscard]] QWidget *box() const;
 
-    //! What a screen reader says is edited.
-    virtual void setName(const QString &name);
+    //! What a screen reader says is edited, and where, if the name does not say it.
+    void setName(const QString &name, const QString &place = {});
     //! A database that is asked for the list may wait, and let anything happen meanwhile. False when the editor has
     //! ended since, or was set up anew: what came later holds, and whoever asked first leaves the editor alone.
     [[nodiscard]] bool setUp(const CellSetup &setup);

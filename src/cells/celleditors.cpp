@@ -188,13 +188,6 @@ void ComboCellEditor::reread()
     Q_EMIT Reread();
 }
 
-// Where lists are named by their labels alone, a screen reader is told their entry for a name.
-void ComboCellEditor::setName(const QString &name)
-{
-    CellEditor::setName(name);
-    box()->setAccessibleDescription(name);
-}
-
 QString ComboCellEditor::text() const { return m_combo->Text(); }
 QVariant ComboCellEditor::value() const { return m_combo->Value(); }
 

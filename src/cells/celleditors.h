@@ -93,7 +93,6 @@ class ComboCellEditor final : public CellEditor
 public:
     explicit ComboCellEditor(KorCombo *combo);
     void reread() override;
-    void setName(const QString &name) override;
     [[nodiscard]] QString text() const override;
     [[nodiscard]] QVariant value() const override;
     [[nodiscard]] bool hasOwnHeight() const override { return true; }

@@ -7,6 +7,7 @@
 #include <KorDaoUC/runtimeerror.h>
 
 #include <QtCore/QPointer>
+#include <QtGui/QAccessible>
 #include <QtWidgets/QStyle>
 
 #include <utility>
@@ -70,7 +71,17 @@ void CheckListBox::setSelectedSilently(std::vector<bool> checks) { m_checks->set
 
 int CheckListBox::SelCount() const { return m_checks->checkedCount(); }
 
-void CheckListBox::raiseItemCheck(int index) { Q_EMIT ItemCheck(index); }
+void CheckListBox::raiseItemCheck(int index)
+{
+    if (QAccessible::isActive()) {
+        QAccessible::State changed;
+        changed.checked = true;
+        QAccessibleStateChangeEvent event(this, changed);
+        event.setChild(index);
+        QAccessible::updateAccessibility(&event);
+    }
+    Q_EMIT ItemCheck(index);
+}
 
 // --- keys and mouse
 

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/combobox.h"
 
+#include "constituents/accessiblefield.h"
 #include "constituents/dropliststyle.h"
 #include "constituents/entryheight.h"
 #include "constituents/entrymodel.h"
 #include "constituents/errorguard.h"
+#include "constituents/fieldname.h"
 #include "constituents/keycodes.h"
 #include "constituents/keyoffer.h"
 #include "constituents/onelinedelegate.h"
@@ -52,6 +54,7 @@ public:
 
 ComboBox::ComboBox(QWidget *parent) : QComboBox(parent), m_entries(new EntryModel(this))
 {
+    makeConstituentsAccessible();
     // The toolkit selects the first entry of its own accord, unless it has something to show in place of none.
     setPlaceholderText(QStringLiteral(" "));
     setModel(m_entries);
@@ -71,6 +74,18 @@ void ComboBox::setListIndex(int index)
         setCurrentIndex(index);
         if (isDropped()) // what Enter accepts there is what the program has just selected
             m_list->setCurrentIndex(m_entries->index(index));
+    });
+}
+
+void ComboBox::choose(int index)
+{
+    guarded(this, [&] {
+        if (index < 0 || index >= count() || !FocusTracker::instance().giveKeyboard(this) || index >= count())
+            return;
+        act([&] {
+            setCurrentIndex(index);
+            m_isChosen = true;
+        });
     });
 }
 
@@ -203,6 +218,7 @@ void ComboBox::wheelEvent(QWheelEvent *event)
 
 // --- the open list
 
+QAbstractItemView *ComboBox::list() const { return m_list; }
 bool ComboBox::isDropped() const { return m_list && m_list->isVisible(); }
 
 bool ComboBox::eventFilter(QObject *watched, QEvent *event)
@@ -213,6 +229,8 @@ bool ComboBox::eventFilter(QObject *watched, QEvent *event)
         return false;
     }
     const QPointer<ComboBox> self = this;
+    if (watched == m_list && (event->type() == QEvent::Show || event->type() == QEvent::Hide))
+        tellExpanded(this);
     bool isTaken = false;
     guarded(this, [&] { isTaken = filterList(watched, event); });
     return isTaken || !self; // the list has gone with the box
@@ -269,6 +287,7 @@ bool ComboBox::offerToToolkit(QObject *watched, QEvent *event)
 void ComboBox::showPopup()
 {
     makeList();
+    m_list->setAccessibleName(fieldName(this));
     m_list->setMinimumWidth(listWidth());
     QComboBox::showPopup();
     if (isDropped()) { // the toolkit looks at the list's height only

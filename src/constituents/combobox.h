@@ -40,6 +40,11 @@ public:
     //! The room that the open list makes for a picture beside each name; the list's delegate paints them.
     void setPictureWidth(int width) { m_pictureWidth = width; }
 
+    //! Chooses an entry as the user would, for a tool that acts in the user's place.
+    void choose(int index);
+    //! The open list, null before it is opened for the first time.
+    [[nodiscard]] QAbstractItemView *list() const;
+
     void showPopup() override;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;

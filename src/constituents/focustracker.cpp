@@ -4,6 +4,7 @@
 
 #include "constituents/errorguard.h"
 #include "constituents/messagebox.h"
+#include "constituents/refusal.h"
 
 #include <QtCore/QScopeGuard>
 #include <QtCore/QScopedValueRollback>
@@ -212,8 +213,13 @@ void FocusTracker::enter(QWidget *from, QWidget *to)
 std::optional<Complaint> FocusTracker::ask(QWidget *box)
 {
     std::optional<Complaint> complaint;
-    if (const auto clients = clientsAround(box); !clients.empty())
-        tell(clients.front(), [&](FocusClient &client) { complaint = client.boxLeft(box); });
+    const auto clients = clientsAround(box);
+    if (clients.empty())
+        return complaint;
+    const QPointer<QWidget> asked = box;
+    tell(clients.front(), [&](FocusClient &client) { complaint = client.boxLeft(box); });
+    if (asked)
+        setRefusal(asked, complaint ? complaint->text : QString());
     return complaint;
 }
 
@@ -274,6 +280,17 @@ void FocusTracker::complain(const WindowPointer &window, const QPointer<QWidget>
         return;
     for (const auto &control : clientsAround(box))
         tell(control, [](FocusClient &client) { client.controlLeft(); });
+}
+
+bool FocusTracker::giveKeyboard(QWidget *box)
+{
+    if (!canBeEntered(box))
+        return false;
+    const QPointer<QWidget> watched = box;
+    if (!holds(box, box->window()->focusWidget())) // which may be in an editor of its
+        box->setFocus(Qt::OtherFocusReason);
+    (void)settle();
+    return watched && holds(watched, watched->window()->focusWidget());
 }
 
 void FocusTracker::putBack(QWidget *box)

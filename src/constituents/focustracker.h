@@ -72,6 +72,9 @@ public:
     //! Moves the focus inside a control, from a box that was asked already, or that is not to be asked at all. The new
     //! box is entered at once.
     void moveUnasked(QWidget *to);
+    //! Gives a box the focus as a click on it would, for a tool that acts in the user's place. False when it cannot
+    //! have it, or the box that had it keeps it.
+    [[nodiscard]] bool giveKeyboard(QWidget *box);
     //! Gives the focus back to a box whose pop-up has been closed.
     void putBack(QWidget *box);
     //! Asks a box and its controls as if they were left, while the focus stays. False when the box complained.

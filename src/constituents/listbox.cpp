@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/listbox.h"
 
+#include "constituents/accessibletable.h"
 #include "constituents/blend.h"
 #include "constituents/contextpress.h"
 #include "constituents/entryheight.h"
@@ -87,6 +88,7 @@ ListBox::ListBox(QWidget *parent) : ListBox(new EntryModel, parent) {}
 ListBox::ListBox(EntryModel *entries, QWidget *parent)
     : QListView(parent), m_entries(entries), m_toolkitsDelegate(itemDelegate()), m_delegate(new EntryDelegate(this))
 {
+    makeConstituentsAccessible();
     entries->setParent(this);
     setModel(entries);
     setUniformItemSizes(true);
@@ -340,6 +342,7 @@ void ListBox::focusInEvent(QFocusEvent *event)
 {
     QAbstractScrollArea::focusInEvent(event);
     viewport()->update();
+    tellCurrentCell(this);
 }
 
 void ListBox::focusOutEvent(QFocusEvent *event)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/monthview.h"
 
+#include "constituents/accessiblefield.h"
 #include "constituents/blend.h"
 #include "constituents/errorguard.h"
 #include "constituents/keycodes.h"
@@ -13,6 +14,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 #include <QtCore/QScopedValueRollback>
+#include <QtGui/QAccessible>
 #include <QtGui/QIcon>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
@@ -70,12 +72,15 @@ namespace {
 
 MonthView::MonthView(const Locale &locale, QWidget *parent) : QCalendarWidget(parent), m_locale(locale)
 {
+    makeConstituentsAccessible();
     setLocale(namedLike(locale));
     setFirstDayOfWeek(locale.firstDayOfWeek);
     setVerticalHeaderFormat(QCalendarWidget::ISOWeekNumbers);
     setDateEditEnabled(false); // digits are not dates here
     setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
     m_days = findChild<QTableView *>();
+    if (QAccessible::isActive()) // told of already, while it was no calendar's yet
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(QAccessible::queryAccessibleInterface(m_days)));
     m_canvas = m_days->viewport();
     m_year = findChild<QSpinBox *>();
     for (QWidget *part : {static_cast<QWidget *>(m_days), m_canvas, m_year})
@@ -84,7 +89,7 @@ MonthView::MonthView(const Locale &locale, QWidget *parent) : QCalendarWidget(pa
     colorDays();
     nameParts();
     connect(this, &QCalendarWidget::selectionChanged, this, [this] {
-        const QString day = Format(selectedDate(), QStringLiteral("Long Date"), m_locale);
+        const QString day = spoken(selectedDate());
         setAccessibleDescription(day);
         m_days->setAccessibleDescription(day);
         m_isValueChangePending = true;
@@ -119,6 +124,26 @@ void MonthView::turnYears(int years)
         setSelectedDate(selectedDate().addYears(years));
         setCurrentPage(selectedDate().year(), selectedDate().month());
     });
+}
+
+QString MonthView::spoken(QDate day) const { return Format(day, QStringLiteral("Long Date"), m_locale); }
+
+QDate MonthView::dayAt(int row, int column) const
+{
+    constexpr int firstRow = 1;
+    constexpr int firstColumn = 1;
+    constexpr int daysOfWeek = 7;
+    if (row < firstRow || column < firstColumn)
+        return {};
+    // The days of the month before, which may come first, are never the first of theirs.
+    const QAbstractItemModel *days = m_days->model();
+    for (int place = 0; place < 2 * daysOfWeek; ++place) {
+        const QModelIndex cell = days->index(firstRow + place / daysOfWeek, firstColumn + place % daysOfWeek);
+        if (cell.data() == 1)
+            return QDate(yearShown(), monthShown(), 1)
+                .addDays((row - cell.row()) * daysOfWeek + column - cell.column());
+    }
+    return {};
 }
 
 bool MonthView::eventFilter(QObject *watched, QEvent *event)

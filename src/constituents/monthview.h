@@ -33,6 +33,9 @@ public:
     //! Selects a day and turns to its month, without SelChange.
     void setValue(QDate day);
     [[nodiscard]] QSize sizeHint() const override;
+    //! The day of a cell of the table of days; none in the line of week days and the column of weeks.
+    [[nodiscard]] QDate dayAt(int row, int column) const;
+    [[nodiscard]] QString spoken(QDate day) const;
 
 Q_SIGNALS:
     void ValueChanged();

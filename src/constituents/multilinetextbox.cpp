@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/multilinetextbox.h"
 
+#include "constituents/accessiblefield.h"
 #include "constituents/characters.h"
 #include "constituents/errorguard.h"
 #include "constituents/keycodes.h"
@@ -35,6 +36,7 @@ QString plainTextOf(const QTextDocument &document)
 
 MultiLineTextBox::MultiLineTextBox(QWidget *parent) : QPlainTextEdit(parent)
 {
+    makeConstituentsAccessible();
     connect(this, &QPlainTextEdit::textChanged, this, [this] {
         m_isChangePending = true;
         m_change.raise();
@@ -177,6 +179,39 @@ void MultiLineTextBox::type(const QString &text)
     });
 }
 
+void MultiLineTextBox::offerCharacters(const QString &text)
+{
+    const QPointer<MultiLineTextBox> self = this;
+    for (qsizetype at = 0; self && at < text.size();) {
+        const QString character = characterAt(text, at);
+        at += character.size();
+        QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, character);
+        const bool isBreak = character == QLatin1String("\n");
+        offerCharacter(isBreak ? int(Key::Enter) : int(character.front().unicode()), &typed);
+    }
+}
+
+void MultiLineTextBox::typeOver(int start, int length, const QString &typed)
+{
+    const QPointer<MultiLineTextBox> self = this;
+    guarded(this, [&] {
+        if (!FocusTracker::instance().giveKeyboard(this) || isReadOnly())
+            return;
+        endComposing();
+        if (!self)
+            return;
+        const int last = static_cast<int>(toPlainText().size());
+        QTextCursor part = textCursor();
+        part.setPosition(std::clamp(start, 0, last));
+        part.setPosition(std::clamp(start + length, 0, last), QTextCursor::KeepAnchor);
+        setTextCursor(part);
+        if (typed.isEmpty())
+            editing([&] { textCursor().removeSelectedText(); });
+        else
+            offerCharacters(fitting(toEditorText(typed)));
+    });
+}
+
 void MultiLineTextBox::inputMethodEvent(QInputMethodEvent *event)
 {
     const QString committed = event->commitString();
@@ -199,13 +234,7 @@ void MultiLineTextBox::inputMethodEvent(QInputMethodEvent *event)
         QInputMethodEvent composed{QString(), {}};
         composed.setCommitString(QString(), event->replacementStart(), event->replacementLength());
         compose(&composed);
-        const QString finished = fitting(committed);
-        for (qsizetype at = 0; self && at < finished.size();) {
-            const QString character = characterAt(finished, at);
-            at += character.size();
-            QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, character);
-            offerCharacter(character.front().unicode(), &typed);
-        }
+        offerCharacters(fitting(committed));
         if (self && !event->preeditString().isEmpty()) {
             QInputMethodEvent composing(event->preeditString(), event->attributes());
             compose(&composing);

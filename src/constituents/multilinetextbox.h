@@ -33,6 +33,8 @@ public:
     //! No frame and no scroll bars around the text, and nothing but these pixels at its sides: for lying over a text
     //! that is shown so. The caret scrolls what is higher than the box.
     void setFrameless(int left, int right);
+    //! Types over a part of the editor's text as the user would, for a tool that writes in the user's place.
+    void typeOver(int start, int length, const QString &typed);
 
 Q_SIGNALS:
     void Change();
@@ -63,6 +65,8 @@ private:
     //! Raises KeyPress for the character and types what the handlers make of it.
     void offerCharacter(int keyAscii, QKeyEvent *event);
     void type(const QString &text);
+    //! Types each character of a text that an input method or a tool gives.
+    void offerCharacters(const QString &text);
     [[nodiscard]] int room() const;
     //! The beginning of an editor's text that MaxLength allows in place of the selection.
     [[nodiscard]] QString fitting(const QString &text) const;

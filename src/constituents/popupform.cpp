@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/popupform.h"
 
+#include "constituents/accessiblefield.h"
 #include "constituents/errorguard.h"
 
 #include <QtCore/QPointer>
@@ -86,9 +87,16 @@ void PopupForm::mousePressEvent(QMouseEvent *event)
         guarded(this, [this] { dismiss(); });
 }
 
+void PopupForm::showEvent(QShowEvent *event)
+{
+    QFrame::showEvent(event);
+    tellExpanded(parentWidget());
+}
+
 void PopupForm::hideEvent(QHideEvent *event)
 {
     QFrame::hideEvent(event);
+    tellExpanded(parentWidget());
     if (m_isClosing || event->spontaneous())
         return;
     QMetaObject::invokeMethod(

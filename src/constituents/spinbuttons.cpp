@@ -15,6 +15,8 @@ SpinButtons::SpinButtons(QWidget *parent)
       m_up(addArrow(Qt::UpArrow, QStringLiteral("cmdUp"), 1)),
       m_down(addArrow(Qt::DownArrow, QStringLiteral("cmdDown"), -1))
 {
+    m_up->setAccessibleName(QStringLiteral("Zwiększ"));
+    m_down->setAccessibleName(QStringLiteral("Zmniejsz"));
     greyEnds();
 }
 

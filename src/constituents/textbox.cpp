@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/textbox.h"
 
+#include "constituents/accessiblefield.h"
 #include "constituents/characters.h"
 #include "constituents/contextpress.h"
 #include "constituents/enumcheck.h"
@@ -9,6 +10,7 @@
 #include "constituents/keycodes.h"
 #include "constituents/keyoffer.h"
 #include "constituents/mouse.h"
+#include "constituents/refusal.h"
 
 #include <QtCore/QMimeData>
 #include <QtCore/QPointer>
@@ -31,6 +33,7 @@ namespace kor {
 
 TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
 {
+    makeConstituentsAccessible();
     setMouseTracking(true);                                   // MouseMove comes without a button too
     QLineEdit::setMaxLength(std::numeric_limits<int>::max()); // the toolkit would cut a program's text otherwise
     connect(this, &QLineEdit::textChanged, this, [this] {
@@ -46,8 +49,10 @@ TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
 
 void TextBox::raiseChange()
 {
-    if (std::exchange(m_isChangePending, false))
-        Q_EMIT Change();
+    if (!std::exchange(m_isChangePending, false))
+        return;
+    setRefusal(this, QString());
+    Q_EMIT Change();
 }
 
 void TextBox::setProgramText(const QString &text)
@@ -345,6 +350,26 @@ void TextBox::type(const QString &character)
 {
     if (!isReadOnly() && fitting(character) == character)
         replaceSelection(character);
+}
+
+void TextBox::typeOver(int start, int length, const QString &typed)
+{
+    const QPointer<TextBox> self = this;
+    const QString before = text();
+    const bool isWhole = start <= 0 && length >= TextLength();
+    guarded(this, [&] {
+        // Entered, a number shows its text for editing, in which the places of a part are others.
+        if (!FocusTracker::instance().giveKeyboard(this) || isReadOnly() || (!isWhole && text() != before))
+            return;
+        endComposing();
+        if (!self)
+            return;
+        setSelection(isWhole ? 0 : start, isWhole ? TextLength() : length);
+        if (!typed.isEmpty())
+            offerCharacters(typed);
+        else if (hasSelectedText())
+            offerCharacter(Key::Backspace);
+    });
 }
 
 void TextBox::inputMethodEvent(QInputMethodEvent *event)

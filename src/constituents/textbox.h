@@ -68,6 +68,10 @@ public:
 
     void setClipboard(Clipboard clipboard) { m_clipboard = clipboard; }
 
+    //! Types over a part of the text as the user would, for a tool that writes in the user's place: the box takes the
+    //! keyboard first, and a locked one keeps its text. An empty text erases.
+    void typeOver(int start, int length, const QString &typed);
+
 Q_SIGNALS:
     void Change();
     void KeyDown(int &KeyCode, int &Shift);

@@ -2,30 +2,30 @@
 // SPDX-License-Identifier: MIT
 #include "date/accessibledate.h"
 
-#include <KorDaoUC/kordate.h>
+#include "frame/accessiblecontrol.h"
 
-#include <QtWidgets/QAccessibleWidget>
+#include <KorDaoUC/kordate.h>
 
 namespace kor {
 
 namespace {
 
-class AccessibleDate final : public QAccessibleWidget
+class AccessibleDate final : public AccessibleControl
 {
 public:
-    explicit AccessibleDate(KorDate *control) : QAccessibleWidget(control, QAccessible::ComboBox), m_control(control) {}
+    explicit AccessibleDate(KorDate *control) : AccessibleControl(control, QAccessible::ComboBox), m_control(control) {}
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override
     {
         if (kind == QAccessible::Value)
             return m_control->Text();
-        const QString own = QAccessibleWidget::text(kind);
+        const QString own = AccessibleControl::text(kind);
         return kind == QAccessible::Description && own.isEmpty() ? m_control->ToolTipText() : own;
     }
 
     [[nodiscard]] QAccessible::State state() const override
     {
-        QAccessible::State state = QAccessibleWidget::state();
+        QAccessible::State state = AccessibleControl::state();
         const auto *month = m_control->findChild<QWidget *>(QStringLiteral("frmMonth"));
         const bool isOpen = month && month->isVisible();
         state.editable = !m_control->Locked();
@@ -49,13 +49,6 @@ QAccessibleInterface *make(const QString &, QObject *object)
 
 } // namespace
 
-void makeDatesAccessible()
-{
-    static const bool isInstalled = [] {
-        QAccessible::installFactory(make);
-        return true;
-    }();
-    Q_UNUSED(isInstalled);
-}
+void makeDatesAccessible() { QAccessible::installFactory(make); }
 
 } // namespace kor

@@ -3,7 +3,7 @@
 #include "constituents/errorguard.h"
 #include "constituents/fieldcolors.h"
 #include "constituents/focustracker.h"
-#include "frame/labelnames.h"
+#include "frame/accessiblecontrol.h"
 
 #include <KorDaoUC/usercontrol.h>
 
@@ -25,7 +25,10 @@ public:
     FieldColors colors;
 };
 
-UserControl::UserControl(QWidget *parent) : LateBoundWidget(parent), d(std::make_unique<Private>()) {}
+UserControl::UserControl(QWidget *parent) : LateBoundWidget(parent), d(std::make_unique<Private>())
+{
+    makeControlsAccessible();
+}
 
 UserControl::~UserControl()
 {
@@ -153,17 +156,6 @@ void UserControl::changeEvent(QEvent *event)
     case QEvent::LayoutDirectionChange: guarded(this, [this] { layoutConstituents(); }); break;
     default: break;
     }
-}
-
-void UserControl::showEvent(QShowEvent *event)
-{
-    QWidget::showEvent(event);
-    // The focus goes to the constituent, so that is where a screen reader asks for the name: the control's own one, or
-    // the caption of the label that belongs to it.
-    if (d->main && !accessibleName().isEmpty())
-        d->main->setAccessibleName(accessibleName());
-    else if (d->main && parentWidget())
-        nameByLabelsSoon(parentWidget());
 }
 
 void UserControl::resizeEvent(QResizeEvent *event)

@@ -26,6 +26,7 @@ GridCells::GridCells(FlexGrid *grid) : m_grid(grid)
 
 void GridCells::describe(int column, GridColumn description)
 {
+    m_grid->setColReadOnly(column, description.isLocked);
     m_columns.store(column, std::move(description));
     m_greatest.changed(1);
 }

@@ -138,7 +138,7 @@ bool GridEditing::open(CellSession::Keyboard keyboard)
     const auto place = placeOf(cell);
     const QString shown = m_grid->TextMatrix(cell.row, cell.column);
     m_before = m_cells.textsAt(cell);
-    editor->setName(m_grid->TextMatrix(0, cell.column));
+    editor->setName(m_grid->TextMatrix(0, cell.column), QStringLiteral("Wiersz %1").arg(cell.row));
     m_session.open(editor, cell, *place, {shown, std::nullopt}, keyboard);
     if (!self || !m_session.isOpen() || m_session.cell() != cell)
         return self && m_session.isOpen();

@@ -105,6 +105,7 @@ void KorParam::Private::prepareGrid()
     grid->setBorderStyle(BorderStyleType::None);
     grid->setCols(ParamColumn::Count);
     grid->setNameColumn(ParamColumn::Name);
+    grid->setColReadOnly(ParamColumn::Name, true);
     fitRows();
     grid->setColFillsNarrow(ParamColumn::Shown, true);
     grid->setColWidth(ParamColumn::Marker, ParamWidth::Marker);

@@ -40,6 +40,7 @@ public:
     }
 
     void makeRoomForPatches();
+    void show(OLE_COLOR color);
     void selected();
     void select(int entry);
     void keyDown(int &code, int &shift);
@@ -127,16 +128,25 @@ void KorColor::setValue(OLE_COLOR color)
         d->selected(); // Kept: once more, though the list may have raised it
 }
 
+//! Shows a colour, and says it to whom it cannot be shown: "Inny kolor..." is the name of any.
+void KorColor::Private::show(OLE_COLOR color)
+{
+    swatch->setBackColor(color);
+    const QColor shade = toQColor(color, q->palette());
+    box->setAccessibleDescription(
+        QStringLiteral("czerwony %1, zielony %2, niebieski %3").arg(shade.red()).arg(shade.green()).arg(shade.blue()));
+}
+
 //! An entry of the list was selected.
 void KorColor::Private::selected()
 {
-    swatch->setBackColor(colors.color(box->ListIndex()));
+    show(colors.color(box->ListIndex()));
     Q_EMIT q->Click();
 }
 
 void KorColor::Private::select(int entry)
 {
-    swatch->setBackColor(colors.color(entry));
+    show(colors.color(entry));
     box->setListIndex(entry);
 }
 

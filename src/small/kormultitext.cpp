@@ -3,6 +3,7 @@
 #include "constituents/buttonfield.h"
 #include "constituents/enumcheck.h"
 #include "constituents/errorguard.h"
+#include "constituents/fieldname.h"
 #include "constituents/focustracker.h"
 #include "constituents/multilinetextbox.h"
 #include "constituents/popupplace.h"
@@ -189,7 +190,7 @@ void KorMultiText::Private::fillPopup()
     MultiLineTextBox *text = popup->txtMulti();
     text->setFont(box->font());
     text->setPalette(box->palette());
-    text->setAccessibleName(box->accessibleName());
+    text->setAccessibleName(fieldName(box));
     text->setProgramText(box->text());
     text->setSelStart(box->SelStart());
     text->setSelLength(box->SelLength());

@@ -12,6 +12,7 @@
 #include <KorDaoUC/korupdown.h>
 
 #include <QtCore/QPointer>
+#include <QtGui/QAccessible>
 #include <QtGui/QWheelEvent>
 
 #include <utility>
@@ -112,6 +113,8 @@ void KorUpDown::Private::textChanged()
 {
     if (const auto whole = wholeNumberIn(box->text()))
         spin->follow(*whole);
+    QAccessibleValueChangeEvent event(box, spin->Value());
+    QAccessible::updateAccessibility(&event);
     Q_EMIT q->Change();
 }
 

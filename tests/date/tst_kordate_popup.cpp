@@ -3,6 +3,7 @@
 #include "date/datesuite.h"
 #include "support/contrast.h"
 #include "support/eventlog.h"
+#include "support/heard.h"
 
 #include <KorDaoUC/Clock>
 #include <KorDaoUC/KorDate>
@@ -49,6 +50,7 @@ private Q_SLOTS:
     void opensWhollyOnTheScreen_data();
     void opensWhollyOnTheScreen();
     void isNamedForScreenReaders();
+    void aDayIsReadAsAWholeDate();
     void screenReadersGetNameValueAndState();
 };
 
@@ -319,6 +321,40 @@ void tst_KorDatePopup::isNamedForScreenReaders()
     QCOMPARE(nameOf("qt_calendar_prevmonth"), QStringLiteral("Poprzedni miesiąc"));
     QCOMPARE(nameOf("qt_calendar_nextmonth"), QStringLiteral("Następny miesiąc"));
     QCOMPARE(nameOf("qt_calendar_yearedit"), QStringLiteral("Rok"));
+}
+
+void tst_KorDatePopup::aDayIsReadAsAWholeDate()
+{
+    QVERIFY(enter(QDate(2004, 2, 15)));
+    Notices notices;
+    press(Qt::Key_F4);
+    if (Notices::areHeard())
+        QVERIFY(notices.take().contains(QStringLiteral("StateChanged "))); // of the nameless field
+    QCOMPARE(faultsIn(heard(month())), QString());
+    QCOMPARE(heard(month())->role(), QAccessible::Dialog);
+    QAccessibleInterface *days = heard(QApplication::focusWidget());
+    QVERIFY(days->tableInterface() && days->focusChild());
+    QCOMPARE(days->focusChild()->text(QAccessible::Name), QStringLiteral("15 lutego 2004"));
+    QCOMPARE(days->focusChild()->text(QAccessible::Value), QStringLiteral("15"));
+    QCOMPARE(days->focusChild()->tableCellInterface()->columnHeaderCells().value(0)->text(QAccessible::Name),
+             days->tableInterface()->columnDescription(7));
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    if (Notices::areHeard())
+        QVERIFY(notices.take().contains(QStringLiteral("Focus 29 lutego 2004")));
+    press(Qt::Key_Right); // into the next month
+    QCOMPARE(days->focusChild()->text(QAccessible::Name), QStringLiteral("1 marca 2004"));
+    QStringList named;
+    for (int row = 1; row < 7; ++row) {
+        for (int column = 1; column < 8; ++column)
+            named << days->tableInterface()->cellAt(row, column)->text(QAccessible::Name);
+    }
+    QVERIFY(named.contains(QStringLiteral("31 marca 2004")) && named.contains(QStringLiteral("29 lutego 2004")));
+    QCOMPARE(named.removeDuplicates(), 0);
+    QAccessibleInterface *other = days->tableInterface()->cellAt(3, 3);
+    other->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(days->focusChild(), other);
+    QCOMPARE(view()->accessibleDescription(), other->text(QAccessible::Name));
 }
 
 void tst_KorDatePopup::screenReadersGetNameValueAndState()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "small/multitextsuite.h"
+#include "support/heard.h"
 
 #include <KorDaoUC/KorMultiText>
 
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void nothingOpensAtDesignTime();
     void editorFollowsColorsAndFont();
     void screenReadersHearWhatIsEdited();
+    void whatToolsWriteIntoTheEditorIsTyped();
     void deletionWhileTheEditorIsOpenIsSafe();
 };
 
@@ -202,8 +204,40 @@ void tst_KorMultiText_PopUp::screenReadersHearWhatIsEdited()
 {
     QVERIFY(!m_button->accessibleName().isEmpty());
     m_text->setAccessibleName(QStringLiteral("Uwagi"));
+    m_text->setText(QStringLiteral("jeden dwa"));
     QVERIFY(open());
-    QCOMPARE(editor()->accessibleName(), QStringLiteral("Uwagi"));
+    QCOMPARE(faultsIn(heard(popup())), QString());
+    QCOMPARE(heard(popup())->role(), QAccessible::Dialog);
+    QAccessibleInterface *text = heard(editor());
+    QCOMPARE(text->role(), QAccessible::EditableText);
+    QCOMPARE(text->text(QAccessible::Name), QStringLiteral("Uwagi"));
+    QCOMPARE(text->text(QAccessible::Value), QStringLiteral("jeden dwa"));
+    QVERIFY(text->state().multiLine && text->state().editable && text->state().focused);
+    QAccessibleTextInterface *reading = text->textInterface();
+    QCOMPARE(reading->text(6, 9), QStringLiteral("dwa"));
+    QVERIFY(reading->characterRect(6).left() > reading->characterRect(0).right());
+    QCOMPARE(reading->offsetAtPoint(reading->characterRect(6).topLeft() + QPoint(1, 1)), 6);
+    reading->setSelection(0, 0, 5);
+    QCOMPARE(editor()->textCursor().selectedText(), QStringLiteral("jeden"));
+}
+
+void tst_KorMultiText_PopUp::whatToolsWriteIntoTheEditorIsTyped()
+{
+    m_text->setMaxLength(12);
+    m_text->setText(QStringLiteral("jeden dwa"));
+    QVERIFY(open());
+    QAccessibleEditableTextInterface *text = heard(editor())->editableTextInterface();
+    text->replaceText(0, 5, QStringLiteral("raz\n"));
+    QCOMPARE(editor()->toPlainText(), QStringLiteral("raz\n dwa"));
+    text->deleteText(4, 5);
+    QCOMPARE(editor()->toPlainText(), QStringLiteral("raz\ndwa"));
+    text->insertText(7, QStringLiteral(" trzy cztery")); // more than there is room for
+    QCOMPARE(editor()->toPlainText(), QStringLiteral("raz\ndwa trzy"));
+    editor()->setReadOnly(true);
+    text->deleteText(0, 3);
+    heard(editor())->setText(QAccessible::Value, QStringLiteral("nic"));
+    QCOMPARE(editor()->toPlainText(), QStringLiteral("raz\ndwa trzy"));
+    QVERIFY(heard(editor())->state().readOnly);
 }
 
 void tst_KorMultiText_PopUp::deletionWhileTheEditorIsOpenIsSafe()

@@ -255,6 +255,9 @@ void CellView::setColFillsNarrow(int column, bool fills)
     scheduleLayout();
 }
 
+bool CellView::ColReadOnly(int column) const { return this->column(column).isReadOnly; }
+void CellView::setColReadOnly(int column, bool isReadOnly) { this->column(column).isReadOnly = isReadOnly; }
+
 void CellView::setWordWrap(bool wraps)
 {
     m_wordWrap = wraps;

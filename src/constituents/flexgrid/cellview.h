@@ -67,6 +67,9 @@ public:
     //! Numbers that their cells are too narrow for show as a run of "#", as half a number is another one.
     [[nodiscard]] bool ColFillsNarrow(int column) const;
     void setColFillsNarrow(int column, bool fills);
+    //! Whether a screen reader is told that the user cannot change the cells of a column.
+    [[nodiscard]] bool ColReadOnly(int column) const;
+    void setColReadOnly(int column, bool isReadOnly);
     [[nodiscard]] bool WordWrap() const { return m_wordWrap; }
     void setWordWrap(bool wraps);
 
@@ -169,6 +172,7 @@ private:
         OLE_COLOR foreColor = 0;
         bool wraps = false;
         bool fillsNarrow = false;
+        bool isReadOnly = false;
     };
 
     [[nodiscard]] const Column &column(int column) const;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "constituents/flexgrid/flexgrid.h"
 
+#include "constituents/accessibletable.h"
 #include "constituents/contextpress.h"
 #include "constituents/errorguard.h"
 #include "constituents/focustracker.h"
@@ -37,7 +38,7 @@ void checkLine(int line, int count)
 
 } // namespace
 
-FlexGrid::FlexGrid(QWidget *parent) : CellView(parent) {}
+FlexGrid::FlexGrid(QWidget *parent) : CellView(parent) { makeConstituentsAccessible(); }
 
 // --- rows and columns
 
@@ -269,6 +270,20 @@ void FlexGrid::moveBy(CellMove move, bool extends)
     moveTo(target);
 }
 
+bool FlexGrid::moveAsUser(const CellCursor &cursor)
+{
+    const QPointer<FlexGrid> self = this;
+    bool isDone = false;
+    guarded(this, [&] {
+        if (!FocusTracker::instance().giveKeyboard(this))
+            return;
+        isDone = moveByUser(fitted(cursor, Rows(), Cols()));
+        if (isDone && self)
+            makeVisible(RowSel(), ColSel());
+    });
+    return isDone && self;
+}
+
 bool FlexGrid::canMoveBy(CellMove move) const { return !cursorAfter(move, false).isAtCellOf(cursorCell()); }
 
 CellCursor FlexGrid::cursorAfter(CellMove move, bool extends) const
@@ -451,6 +466,7 @@ void FlexGrid::focusInEvent(QFocusEvent *event)
 {
     QAbstractScrollArea::focusInEvent(event);
     updateCursor();
+    tellCurrentCell(this);
 }
 
 void FlexGrid::focusOutEvent(QFocusEvent *event)

@@ -54,6 +54,9 @@ public:
     bool setCurrentCell(int row, int column);
     //! Moves as the user does with a key, and scrolls to where that leads.
     void moveBy(CellMove move, bool extends = false);
+    //! Moves or selects as the user does with the mouse, for a tool that acts in the user's place. False when the user
+    //! is kept where they are.
+    bool moveAsUser(const CellCursor &cursor);
     //! Whether that leads to another cell.
     [[nodiscard]] bool canMoveBy(CellMove move) const;
 
