@@ -17,6 +17,7 @@
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QPointer>
 #include <QtCore/QSet>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLabel>
 
 #include <algorithm>
@@ -174,14 +175,20 @@ public:
         std::stable_sort(m_stops.begin(), m_stops.end(),
                          [](const Stop &left, const Stop &right) { return left.index < right.index; });
         QWidget *next = nullptr;
+        bool isNamed = false;
         for (auto stop = m_stops.rbegin(); stop != m_stops.rend(); ++stop) {
             if (auto *label = qobject_cast<QLabel *>(stop->widget)) {
-                if (label->text().contains(u'&'))
+                // The last label before a field is its name to screen readers, with or without a letter for the key.
+                const bool isName = next && !isNamed && label->parentWidget() == next->parentWidget() &&
+                                    !qobject_cast<QAbstractButton *>(next);
+                if (isName || label->text().contains(u'&'))
                     label->setBuddy(next);
+                isNamed = true;
             } else if (stop->widget->focusPolicy() & Qt::TabFocus) {
                 if (next)
                     QWidget::setTabOrder(stop->widget, next);
                 next = stop->widget;
+                isNamed = false;
             }
         }
     }

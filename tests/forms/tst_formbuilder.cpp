@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "support/heard.h"
+
 #include <KorDaoUC/FormBuilder>
 #include <KorDaoUC/FormFile>
 #include <KorDaoUC/KorNumber>
@@ -15,6 +17,7 @@
 namespace FormFile = kor::FormFile;
 using kor::FormBlock;
 using kor::FormBuilder;
+using kor::test::nameOf;
 
 namespace {
 
@@ -321,6 +324,23 @@ private Q_SLOTS:
         m_window->findChild<QWidget *>(QStringLiteral("cmdSave"))->setFocus();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_C, Qt::AltModifier);
         QCOMPARE(focusName(), QStringLiteral("numPrice"));
+    }
+
+    void theLabelBeforeAControlIsItsNameToScreenReaders()
+    {
+        QVERIFY(!m_builder->build(parsed("Begin Form f\n"
+                                         "Begin Label head\nCaption = \"Zamówienie\"\nEnd\n"
+                                         "Begin Label l\nCaption = \"Kwota\"\nEnd\nBegin KorDaoUC.KorNumber n\nEnd\n"
+                                         "Begin Label u\nCaption = \"&Data\"\nEnd\nBegin KorDaoUC.KorDate d\nEnd\n"
+                                         "Begin KorDaoUC.KorNumber alone\nEnd\n"
+                                         "Begin Label last\nCaption = \"Razem\"\nEnd\nEnd\n"),
+                                  m_window.get()));
+        const auto name = [this](const char *control) {
+            return nameOf(m_window->findChild<QWidget *>(QString::fromLatin1(control))->focusProxy());
+        };
+        QCOMPARE(name("n"), QStringLiteral("Kwota"));
+        QCOMPARE(name("d"), QStringLiteral("Data"));
+        QCOMPARE(name("alone"), QString());
     }
 
     void theLetterOfAButtonPressesIt()
