@@ -131,6 +131,10 @@ void OrderWindow::makeActions()
     QMenu *help = menuBar()->addMenu(QStringLiteral("Pomo&c"));
     add(help, QStringLiteral("&O programie"), {}, nullptr, [this] { about(); });
 
+    // The arrows are pictures only; whoever hears the form hears what the menu calls them.
+    for (const auto &[button, name] : {std::pair("cmdFirst", u"Pierwsze"), std::pair("cmdPrevious", u"Poprzednie"),
+                                       std::pair("cmdNext", u"Następne"), std::pair("cmdLast", u"Ostatnie")})
+        m_form->button(button)->setAccessibleName(QString::fromUtf16(name));
     m_form->button("cmdFirst")->setIcon(arrowIcon(Arrow::First));
     m_form->button("cmdPrevious")->setIcon(arrowIcon(Arrow::Previous));
     m_form->button("cmdNext")->setIcon(arrowIcon(Arrow::Next));
