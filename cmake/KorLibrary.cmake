@@ -77,15 +77,15 @@ function(kor_shared_library target)
     endif()
 endfunction()
 
-# kor_test(<name> [SOURCES file...] [RULES layer...] [INSIDE layer...] [LINK target...] [X11] [POSTGRES|SERVER])
+# kor_test(<name> [SOURCES file...] [RULES layer...] [INSIDE layer...] [LINK target...] [X11] [READER] [POSTGRES|SERVER])
 #
 # One test program, run under the C and the Polish locale. With RULES it links the pure rules of those layers only and
 # needs no windowing system; otherwise it links the library as a host does, runs on the offscreen platform and, with
-# X11, once more under a real X server. With POSTGRES it runs once more beside a PostgreSQL server that lives as long as
+# X11, once more under a real X server, with READER on one where a screen reader could listen. With POSTGRES it runs once more beside a PostgreSQL server that lives as long as
 # the test, with SERVER there only. INSIDE takes the widgets of those layers, with their rules, in place of the
 # library: for what the library does not show to hosts. Sources default to <name>.cpp.
 function(kor_test name)
-    cmake_parse_arguments(ARG "X11;NOGUI;POSTGRES;SERVER" "" "SOURCES;RULES;INSIDE;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "X11;READER;NOGUI;POSTGRES;SERVER" "" "SOURCES;RULES;INSIDE;LINK" ${ARGN})
     if(NOT ARG_RULES AND NOT ARG_NOGUI AND NOT KORDAOUC_GUI)
         return()
     endif()
@@ -128,9 +128,16 @@ function(kor_test name)
         add_test(NAME ${name}.${suffix} COMMAND ${name})
         set_tests_properties(${name}.${suffix} PROPERTIES ENVIRONMENT "${environment};LC_ALL=${locale}" TIMEOUT 120)
     endforeach()
+    set(screen "QT_QPA_PLATFORM=xcb;TZ=Europe/Warsaw;LC_ALL=pl_PL.UTF-8;QT_STYLE_OVERRIDE=Fusion")
     if(ARG_X11)
         add_test(NAME ${name}.x11 COMMAND ${PROJECT_SOURCE_DIR}/tests/support/with-x-server $<TARGET_FILE:${name}>)
-        set_tests_properties(${name}.x11 PROPERTIES LABELS x11 TIMEOUT 180 RUN_SERIAL TRUE
-            ENVIRONMENT "QT_QPA_PLATFORM=xcb;TZ=Europe/Warsaw;LC_ALL=pl_PL.UTF-8;QT_STYLE_OVERRIDE=Fusion")
+        set_tests_properties(${name}.x11 PROPERTIES LABELS x11 TIMEOUT 180 RUN_SERIAL TRUE ENVIRONMENT "${screen}")
+    endif()
+    if(ARG_READER)
+        set(support ${PROJECT_SOURCE_DIR}/tests/support)
+        add_test(NAME ${name}.reader
+            COMMAND ${support}/with-x-server ${support}/with-reader-bus $<TARGET_FILE:${name}>)
+        set_tests_properties(${name}.reader PROPERTIES LABELS x11 TIMEOUT 180 RUN_SERIAL TRUE SKIP_RETURN_CODE 77
+            ENVIRONMENT "${screen}")
     endif()
 endfunction()
