@@ -18,7 +18,7 @@ namespace kor::test {
 //! What is known of a step before its end is looked at.
 struct StepTaken {
     bool isUsersAlone = false; //!< no handler and no program had a hand in it
-    bool isOne = false;        //!< nothing was typed ahead of it
+    bool isOne = false;        //!< nothing was typed ahead of it, nothing chosen in a list first
     bool mayLeave = false;     //!< it moves about, and types nothing into the field that it leaves
     bool givesBack = false;    //!< Escape: the cell gets its old text back
     bool hasMessage = false;   //!< the user was told something

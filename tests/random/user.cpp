@@ -200,6 +200,7 @@ QString RandomUser::work(const Step &step)
     m_found.clear();
     m_description.clear();
     m_messages = m_hasTypedAhead ? m_messages : 0;
+    m_hadPopup = QApplication::activePopupWidget();
     const bool isOwnCall = step.kind == Step::Set || step.kind == Step::Call || step.kind == Step::Save;
     const QString escaped = u"something was thrown through the event loop"_qs;
     try {
@@ -331,13 +332,10 @@ void RandomUser::click(const Step &step)
     const QPoint at = control->mapTo(&m_form, pointIn(control->rect(), step.how));
     constexpr std::array buttons{Qt::LeftButton, Qt::LeftButton, Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
     const Qt::MouseButton button = buttons[step.what % buttons.size()];
-    if (step.what % 7 == 0) {
-        // The first press may take an entry of what has popped up, and the second goes to what lies below: two steps.
-        m_hasTypedAhead = m_hasTypedAhead || QApplication::activePopupWidget();
+    if (step.what % 7 == 0)
         QTest::mouseDClick(m_form.windowHandle(), button, {}, at);
-    } else {
+    else
         QTest::mouseClick(m_form.windowHandle(), button, {}, at);
-    }
 }
 
 void RandomUser::clickPopup(const Step &step)
@@ -522,7 +520,8 @@ StepTaken RandomUser::taken(const Step &step, bool isUsersDoingAlone) const
 {
     StepTaken taken;
     taken.isUsersAlone = isUsersDoingAlone;
-    taken.isOne = !m_hasTypedAhead;
+    // Tab and a second click take an entry of what has popped up and go on: two steps.
+    taken.isOne = !m_hasTypedAhead && !m_hadPopup;
     taken.mayLeave = step.kind == Step::PressKey || step.kind == Step::Click || step.kind == Step::ClickOutside ||
                      step.kind == Step::Focus || step.kind == Step::Enter || step.kind == Step::Wheel;
     taken.givesBack = step.kind == Step::PressKey && keys[step.what % keys.size()] == Qt::Key_Escape;

@@ -51,6 +51,7 @@ private:
     int m_menuTicks = 0;
     int m_messages = 0; //!< that came during the step
     bool m_hasTypedAhead = false;
+    bool m_hadPopup = false; //!< as the step began
     QString m_description;
     QString m_found;
 };
