@@ -16,6 +16,7 @@
 
 #include <QtCore/QPointer>
 #include <QtGui/QHelpEvent>
+#include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QScrollBar>
@@ -217,6 +218,16 @@ void ListBox::type(const QKeyEvent &event)
     m_typed.add(event);
     if (const int found = m_typed.foundIn(*m_entries, ListIndex()); found >= 0)
         m_click.during([&] { setCurrentIndex(m_entries->index(found)); });
+}
+
+//! What an input method finishes is searched for like typed letters; in a list it composes nothing.
+void ListBox::inputMethodEvent(QInputMethodEvent *event)
+{
+    QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, event->commitString());
+    onInput(this, event, [&] {
+        if (!typed.text().isEmpty())
+            type(typed);
+    });
 }
 
 // --- mouse

@@ -33,6 +33,13 @@ void send(QListView *box, QEvent::Type type, const QPoint &place)
     QApplication::sendEvent(box->viewport(), &mouse);
 }
 
+void commit(QListView *box, const QString &text)
+{
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QApplication::sendEvent(box, &event);
+}
+
 } // namespace
 
 //! What a host, a timer or an assistive tool does to the two lists while the user is in the middle of something.
@@ -59,6 +66,7 @@ private Q_SLOTS:
     void checksAreTheSameWhoeverListens();
     void errorsOfHandlersLeaveTheListInOrder();
     void deletionWhileTheDatabaseReadsIsSafe();
+    void whatAnInputMethodFinishesFindsAName();
 
 private:
     [[nodiscard]] bool enter(DictionaryControl *list, const QString &source);
@@ -352,6 +360,34 @@ void tst_ListHandlers::deletionWhileTheDatabaseReadsIsSafe()
         control->Refresh();
         QVERIFY(!database.control);
     }
+}
+
+void tst_ListHandlers::whatAnInputMethodFinishesFindsAName()
+{
+    QVERIFY(enter(m_list, abc));
+    EventLog log(m_list);
+    commit(m_box, QStringLiteral("ce"));
+    QCOMPARE(m_list->Value(), QVariant(QStringLiteral("c")));
+    QCOMPARE(log.take(), QStringLiteral("Click"));
+
+    QStringList errors;
+    connect(m_list, &UserControl::Error, this, [&](int number, const QString &, bool &handled) {
+        errors << QString::number(number);
+        handled = true;
+    });
+    const auto failing =
+        connect(m_list, &KorList::Click, this, [] { throw RunTimeError(ErrorNumber::InvalidProcedureCall); });
+    QTest::qWait(QApplication::keyboardInputInterval()); // the next letter begins another name
+    commit(m_box, QStringLiteral("b"));
+    QCOMPARE(errors, QStringList(QStringLiteral("5")));
+    QCOMPARE(m_list->Value(), QVariant(QStringLiteral("b")));
+    disconnect(failing);
+
+    const QPointer<KorList> list = m_list;
+    connect(m_list, &KorList::Click, this, [this] { delete std::exchange(m_list, nullptr); });
+    QTest::qWait(QApplication::keyboardInputInterval());
+    commit(m_box, QStringLiteral("a"));
+    QVERIFY(!list);
 }
 
 QTEST_MAIN(tst_ListHandlers)
