@@ -102,8 +102,11 @@ NumberCellEditor::NumberCellEditor(KorNumber *number) : CellEditor(number), m_nu
 bool NumberCellEditor::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::FocusIn && isHashFill(m_number->Text()) && !isNull(value())) {
-        m_number->setBlockChange(true); // until the field is entered, which is next
-        silently([this] { static_cast<TextBox *>(box())->setProgramText(text()); });
+        const bool wasBlocked = m_number->BlockChange();
+        m_number->setBlockChange(true); // the number is not to be read from its text
+        const bool isHere = silently([this] { static_cast<TextBox *>(box())->setProgramText(text()); });
+        if (isHere)
+            m_number->setBlockChange(wasBlocked); // a window that comes to the front again enters no field anew
     }
     return CellEditor::eventFilter(watched, event);
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "param/paramsuite.h"
 
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QToolTip>
@@ -33,6 +35,7 @@ private Q_SLOTS:
     void theLengthLimitsWhatIsTyped();
     void theCellIsWrittenWithEveryCharacter();
     void aNumberIsFormattedWhenItIsLeft();
+    void typingGoesOnWhenTheWindowComesBack();
     void aDateIsReadWhenItIsLeft();
     void leavingUntouchedWritesWhatTheEditorMakesOfIt();
     void aRefusedDateKeepsTheUserWithOneMessage_data();
@@ -230,6 +233,26 @@ void tst_KorParam_Editing::aNumberIsFormattedWhenItIsLeft()
     press(Qt::Key_Down);
     QCOMPARE(shown(Number), QStringLiteral("9\u00a0876,50"));
     QCOMPARE(valueOf(Number), QVariant(9876.5));
+}
+
+void tst_KorParam_Editing::typingGoesOnWhenTheWindowComesBack()
+{
+    click(Number);
+    QGuiApplication::clipboard()->setText(QStringLiteral("#####")); // as a number that found no room is shown
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    other.close();
+    sheet->window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(sheet->window()));
+    QTRY_VERIFY(hasKeyboard("KorNum"));
+    type(QStringLiteral("1"));
+    const auto *editor = sheet->findChild<KorNumber *>(QStringLiteral("KorNum"));
+    QVERIFY(editor->Text().startsWith(u'1'));
+    QCOMPARE(shown(Number), editor->Text());
+    QCOMPARE(sheet->ParValue(), editor->Value());
 }
 
 void tst_KorParam_Editing::aDateIsReadWhenItIsLeft()
