@@ -547,8 +547,7 @@ QString RandomUser::lookAt(Place &place, const Step &step, bool isUsersDoingAlon
         return u"a new text without Change: "_qs + place.text + u" -> "_qs + text;
     // A character may take the place of its like, and so may what is pasted, which is an edit all the same.
     const int key = step.kind == Step::PressKey ? keys[step.what % keys.size()] : 0;
-    const bool isSimplePress =
-        isUsersDoingAlone && !m_hasTypedAhead && key >= Qt::Key_Escape && key != Qt::Key_Insert;
+    const bool isSimplePress = isUsersDoingAlone && !m_hasTypedAhead && key >= Qt::Key_Escape && key != Qt::Key_Insert;
     if (isFreeText && isSimplePress && changes == 1 && text == place.text)
         return u"Change without a new text"_qs;
     const int limit = place.control->property("MaxLength").value<int>();
