@@ -90,7 +90,11 @@ public:
     ~Notices() { QAccessible::installUpdateHandler(m_before); }
     Q_DISABLE_COPY_MOVE(Notices)
 
-    [[nodiscard]] static bool areHeard() { return QAccessible::isActive(); }
+    //! The toolkit sends none while nobody listens. Where a listener was promised, it is no excuse that there is none.
+    [[nodiscard]] static bool areHeard()
+    {
+        return QAccessible::isActive() || qEnvironmentVariableIsSet("QT_LINUX_ACCESSIBILITY_ALWAYS_ON");
+    }
     //! "Event name" of each notice since the last call.
     [[nodiscard]] QStringList take() { return std::exchange(s_told, {}); }
 
