@@ -3,6 +3,7 @@
 #include "random/cellwatch.h"
 
 #include <KorDaoUC/Convert>
+#include <KorDaoUC/KorCombo>
 #include <KorDaoUC/KorGrid>
 #include <KorDaoUC/KorParam>
 #include <KorDaoUC/Locale>
@@ -44,6 +45,11 @@ QString textIn(const QWidget *editor)
 bool isOfNumbers(const QWidget *editor) { return editor->inherits("KorNumber"); }
 bool isOfLists(const QWidget *editor) { return editor->inherits("KorCombo"); }
 bool isOfDates(const QWidget *editor) { return editor->inherits("KorDate"); }
+
+bool hasKey(const QWidget *list, const QVariant &key)
+{
+    return qobject_cast<const KorCombo *>(list)->Exists(key).toBool();
+}
 
 std::optional<double> number(const QString &text)
 {
@@ -186,9 +192,11 @@ QString CellWatch::lookAtEditor(const Look &now, const StepTaken &) const
         (isOfNumbers(editor.widget) && (isSameNumber(cell, editor.text) || (cell.isEmpty() && !number(editor.text))));
     const bool isOpenedNow = m_before.editor.widget != editor.widget || m_before.editor.cell != editor.cell;
     // A sheet's editor is filled by the value: a program may have set another one than the shown text says. A list that
-    // failed, when it was opened or by F5 in it, shows its null entry, and its cell keeps what it has.
+    // failed, on its way or at once, when it was opened or by F5 in it, shows its null entry for the value that it did
+    // not get to, and its cell keeps what it has.
     const bool mayDiffer = isSheet(m_control);
-    const bool hasFailed = mayDiffer && isOfLists(editor.widget) && editor.widget->property("ListCount").toInt() <= 1;
+    const bool hasFailed =
+        mayDiffer && isOfLists(editor.widget) && !hasKey(editor.widget, m_control->property("ParValue"));
     const bool isAsOpened = editor.text.isEmpty() || (isOpenedNow ? mayDiffer : m_before.editor.text == editor.text);
     if (!isSame && !isAsOpened && !hasFailed)
         return QStringLiteral("the editor shows \"%1\" over a cell that holds \"%2\"").arg(editor.text, cell);
