@@ -31,6 +31,7 @@ FoundList::FoundList(SearchSubject subject, QWidget *parent)
     m_text->setClearButtonEnabled(true);
     m_text->installEventFilter(this);
     m_list->installEventFilter(this);
+    m_list->setAccessibleName(m_subject.found);
 
     m_list->setHeaderLabels(m_subject.columns);
     m_list->setRootIsDecorated(false);

@@ -27,6 +27,7 @@ struct SearchSubject {
     QStringList columns;
     int wideColumn = 0;
     int rightColumn = -1; //!< the one with amounts
+    QString found;        //!< what the list of results is called, for who hears it
     QString nothing;      //!< in place of the number of results
     int mostShown = 200;  //!< the clerk narrows the search for the others
     std::function<QList<Row>(const QString &text, int atMost)> find;

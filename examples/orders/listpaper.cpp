@@ -60,10 +60,10 @@ QString sumText(const QList<ListedOrder> &orders, qint64 all)
 {
     if (orders.isEmpty())
         return QStringLiteral("Nie ma takich zamówień.");
-    const auto count = [](qint64 number) { return kor::Format(static_cast<double>(number), u"#,##0"); };
     const OrderSums sums = sumsOf(orders);
     return QStringLiteral("Zamówień: %1 z %2, netto: %3 zł, wartość: %4 zł, do zapłaty: %5 zł")
-        .arg(count(orders.size()), count(all), amountText(sums.net), amountText(sums.total), amountText(sums.due));
+        .arg(countText(orders.size()), countText(all), amountText(sums.net), amountText(sums.total),
+             amountText(sums.due));
 }
 
 QByteArray listPdf(const QList<ListedOrder> &orders, const QStringList &limits, const QString &sums,

@@ -170,11 +170,13 @@ Outcome OrderStore::remove(const Order &loaded)
 QList<FoundOrder> OrderStore::find(const QString &text, int atMost) const
 {
     const QString needle = folded(text.trimmed());
+    // The customers are looked through once, not once for each of their orders: the clerk waits at every letter.
     QSqlQuery query = run(m_connection, QStringLiteral("Wyszukanie zamówień"),
                           QStringLiteral("SELECT o.id, o.number, o.order_date, c.name, o.total FROM orders o "
                                          "LEFT JOIN customers c ON c.id = o.customer_id "
-                                         "WHERE instr(lower(o.number), ?) > 0 "
-                                         "OR instr(replace(c.sort_name, '~', ''), ?) > 0 ORDER BY o.id DESC LIMIT ?"),
+                                         "WHERE instr(lower(o.number), ?) > 0 OR o.customer_id IN "
+                                         "(SELECT id FROM customers WHERE instr(replace(sort_name, '~', ''), ?) > 0) "
+                                         "ORDER BY o.id DESC LIMIT ?"),
                           {needle, needle, atMost});
     QList<FoundOrder> found;
     while (query.next()) {

@@ -17,6 +17,7 @@ SearchSubject productsToSearch(const Catalogue &catalogue)
                                   QStringLiteral("Cena netto")};
     subject.wideColumn = 1;
     subject.rightColumn = 3;
+    subject.found = QStringLiteral("Znalezione towary");
     subject.nothing = QStringLiteral("Nie znaleziono towarów.");
     subject.mostShown = 10000; // all of them: the list is there to be looked through
     subject.find = [&catalogue](const QString &text, int atMost) {

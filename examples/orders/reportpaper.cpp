@@ -56,7 +56,7 @@ bool paintReport(QPagedPaintDevice &device, const ReportHeading &heading, const 
                                QStringLiteral("Wartość [zł]"), QStringLiteral("Udział")});
     qsizetype number = 0;
     for (const ReportRow &row : report.rows)
-        paper.row({QString::number(++number), row.name, QString::number(row.orders), amountText(row.total),
+        paper.row({QString::number(++number), row.name, countText(row.orders), amountText(row.total),
                    shareText(row.total, report.total)});
     paper.line();
     paper.setFont(9, true);
@@ -68,6 +68,8 @@ bool paintReport(QPagedPaintDevice &device, const ReportHeading &heading, const 
 
 QString amountText(qint64 grosze) { return kor::Format(static_cast<double>(grosze) / 100, u"#,##0.00"); }
 
+QString countText(qint64 count) { return kor::Format(static_cast<double>(count), u"#,##0"); }
+
 QString shareText(qint64 part, qint64 whole)
 {
     return whole > 0 ? kor::Format(static_cast<double>(part) / static_cast<double>(whole), u"0.0%") : QString();
@@ -75,8 +77,8 @@ QString shareText(qint64 part, qint64 whole)
 
 QString totalText(const Report &report)
 {
-    QString text = QStringLiteral("Razem zamówień: %1, wartość: %2 zł")
-                       .arg(kor::Format(static_cast<double>(report.orders), u"#,##0"), amountText(report.total));
+    QString text =
+        QStringLiteral("Razem zamówień: %1, wartość: %2 zł").arg(countText(report.orders), amountText(report.total));
     if (report.unknown > 0)
         text += QStringLiteral(" (bez podanej wartości: %1)").arg(report.unknown);
     return text;

@@ -17,6 +17,8 @@ struct ReportHeading {
 
 //! Amounts as the desk writes them, "1 234,50".
 [[nodiscard]] QString amountText(qint64 grosze);
+//! A number of things, "1 234".
+[[nodiscard]] QString countText(qint64 count);
 //! A part of a whole, "12,5%"; nothing of nothing.
 [[nodiscard]] QString shareText(qint64 part, qint64 whole);
 //! The last line of a report: how many orders, of what amount, and how many have none yet.

@@ -51,6 +51,7 @@ SearchSubject groupsToSearch()
     subject.label = QStringLiteral("&Nazwa:");
     subject.accept = QStringLiteral("&Wybierz");
     subject.columns = QStringList{QStringLiteral("Grupowanie")};
+    subject.found = QStringLiteral("Grupowania");
     subject.nothing = QStringLiteral("Nie ma takiego grupowania.");
     subject.find = [](const QString &text, int /*atMost*/) {
         QList<SearchSubject::Row> rows;
@@ -86,7 +87,9 @@ ReportWindow::ReportWindow(const OrderStore &store, kor::Database &database, QWi
     setWindowTitle(QStringLiteral("Zestawienie sprzedaży"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     m_parameters->setObjectName(QStringLiteral("parReport"));
+    m_parameters->setAccessibleName(QStringLiteral("Parametry"));
     m_rows->setObjectName(QStringLiteral("grdReport"));
+    m_rows->setAccessibleName(QStringLiteral("Zestawienie"));
     m_total->setObjectName(QStringLiteral("lblTotal"));
     m_total->setText(QStringLiteral("Podaj parametry i wybierz Pokaż."));
 
@@ -266,7 +269,7 @@ void ReportWindow::show(const Report &report, ReportGroup by)
         ++at;
         m_rows->setTextControl(at, Number, QString::number(at));
         m_rows->setTextMatrix(at, Name, row.name);
-        m_rows->setTextMatrix(at, Orders, QString::number(row.orders));
+        m_rows->setTextMatrix(at, Orders, countText(row.orders));
         m_rows->setTextMatrix(at, Amount, amount);
         m_rows->setTextMatrix(at, Share, shareText(row.total, report.total));
         bars.append({row.name, static_cast<double>(row.total), amount});

@@ -33,6 +33,7 @@ SearchSubject ordersToSearch(const OrderStore &store)
                                   QStringLiteral("Wartość")};
     subject.wideColumn = 2;
     subject.rightColumn = 3;
+    subject.found = QStringLiteral("Znalezione zamówienia");
     subject.nothing = QStringLiteral("Nie znaleziono zamówień.");
     subject.find = [&store](const QString &text, int atMost) {
         QList<SearchSubject::Row> rows;
@@ -52,6 +53,7 @@ SearchSubject customersToSearch(const OrderStore &store)
     subject.label = QStringLiteral("&Nazwa lub NIP:");
     subject.accept = QStringLiteral("&Wybierz");
     subject.columns = QStringList{QStringLiteral("Klient"), QStringLiteral("Miejscowość"), QStringLiteral("NIP")};
+    subject.found = QStringLiteral("Znalezieni klienci");
     subject.nothing = QStringLiteral("Nie znaleziono klientów.");
     subject.mostShown = 10000; // all of them: the list is there to be looked through
     subject.find = [&store](const QString &text, int atMost) {

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void theMenuOpensIt();
     void allParametersByKeyboard();
     void enterShowsTheReport();
+    void thousandsOfOrdersAreGrouped();
     void theGroupIsChosenInItsOwnWindow();
     void theCustomerMayBeAnyoneAgain();
     void aPeriodThatEndsBeforeItBeginsIsSaid();
@@ -153,6 +154,16 @@ void tst_ReportWindow::enterShowsTheReport()
     QCOMPARE(sheet()->Row(), int(From)); // and the clerk is where they were
     press(Qt::Key_Down);
     QCOMPARE(sheet()->Row(), int(To));
+}
+
+void tst_ReportWindow::thousandsOfOrdersAreGrouped()
+{
+    change(file(), {QStringLiteral("UPDATE orders SET customer_id = 1")});
+    fill(From, QStringLiteral("01012025"));
+    show();
+    QCOMPARE(grid()->TextMatrix(1, 2), grouped("1 000"));
+    QCOMPARE(grid()->Value(1, 2).toLongLong(), 1000);
+    QVERIFY2(total().contains(grouped("1 000,")), qPrintable(total()));
 }
 
 void tst_ReportWindow::theGroupIsChosenInItsOwnWindow()
