@@ -20,6 +20,7 @@
 #include <functional>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <utility>
 
 using namespace kor;
@@ -62,8 +63,11 @@ public:
     void fillPopup();
     void placeAndShowPopup();
     void popupClosed();
+    void takeText();
     void takeBack();
+    void showToEditor(const QString &text);
     void boxEntered(QWidget *entered, FocusEntry) override;
+    std::optional<Complaint> boxLeft(QWidget *left) override;
 
     KorMultiText *q;
     const ButtonField field;
@@ -71,6 +75,7 @@ public:
     CommandButton *const button = field.button;
     frmText *popup = nullptr;               //!< created at the first opening, then kept
     bool isTextAway = false;                //!< the editor has the text, and the field takes it back at its next focus
+    std::optional<QString> handedOut;       //!< what a command has had of the open editor
     std::unique_ptr<CloseWatch> closeWatch; //!< since the last opening
     OpenDirectionType direction{};
     int openLines = 0;
@@ -134,7 +139,14 @@ QList<SavedSetting> KorMultiText::savedSettings() const { return Private::settin
 // --- value and text
 
 QString KorMultiText::Text() const { return d->box->text(); }
-void KorMultiText::setText(const QString &text) { delegate("Text", d->box, &TextBox::setProgramText, text); }
+
+void KorMultiText::setText(const QString &text)
+{
+    const QPointer<KorMultiText> self = this;
+    delegate("Text", d->box, &TextBox::setProgramText, text);
+    if (self)
+        d->showToEditor(text);
+}
 
 bool KorMultiText::DataChanged() const { return d->dirty; }
 
@@ -148,8 +160,22 @@ void KorMultiText::setDataChanged(bool changed)
 
 void KorMultiText::Private::boxEntered(QWidget *entered, FocusEntry)
 {
-    if (entered == box)
+    // A command that is done leaves the user in the open editor.
+    const bool isInEditor = popup && popup->isVisible() && !box->hasFocus();
+    if (entered == box && !isInEditor)
         takeBack();
+}
+
+//! A command reads the field while its editor is open: it meets what was typed there, and the user types on.
+std::optional<Complaint> KorMultiText::Private::boxLeft(QWidget *)
+{
+    if (!isTextAway)
+        return std::nullopt;
+    const QPointer<KorMultiText> self = q;
+    takeText();
+    if (self && isTextAway)
+        handedOut = popup->txtMulti()->Text();
+    return std::nullopt;
 }
 
 // --- the editor
@@ -195,6 +221,15 @@ void KorMultiText::Private::fillPopup()
     text->setSelStart(box->SelStart());
     text->setSelLength(box->SelLength());
     isTextAway = true;
+    handedOut.reset();
+}
+
+//! What a command writes after it has read all that the user typed is shown in the editor too, or the field would get
+//! the former record's text when the editor closes.
+void KorMultiText::Private::showToEditor(const QString &text)
+{
+    if (isTextAway && handedOut == popup->txtMulti()->Text() && handedOut != text)
+        fillPopup();
 }
 
 void KorMultiText::Private::placeAndShowPopup()
@@ -214,10 +249,8 @@ void KorMultiText::Private::popupClosed()
         takeBack(); // the user is in another window by now, and the text must not be lost
 }
 
-void KorMultiText::Private::takeBack()
+void KorMultiText::Private::takeText()
 {
-    if (!std::exchange(isTextAway, false))
-        return;
     const QPointer<KorMultiText> self = q;
     const QString text = popup->txtMulti()->Text();
     const int start = popup->txtMulti()->SelStart();
@@ -232,6 +265,14 @@ void KorMultiText::Private::takeBack()
     show(text);
     if (self && box->text().endsWith(u'\t'))
         show(box->text().chopped(1));
+}
+
+void KorMultiText::Private::takeBack()
+{
+    if (!std::exchange(isTextAway, false))
+        return;
+    const QPointer<KorMultiText> self = q;
+    takeText();
     if (self)
         popup->hide();
 }

@@ -13,8 +13,10 @@
 #include <KorDaoUC/Variant>
 
 #include <QtTest/QtTest>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPlainTextEdit>
 
 #include <memory>
 
@@ -106,6 +108,63 @@ private Q_SLOTS:
         QVERIFY(isNull(m_number->Value()));
     }
 
+    void anOpenEditorIsReadAndStaysOpen_data()
+    {
+        QTest::addColumn<bool>("isKeyboardElsewhere");
+        QTest::newRow("opened by the user") << false;
+        QTest::newRow("opened by a program while the user is elsewhere") << true;
+    }
+    void anOpenEditorIsReadAndStaysOpen()
+    {
+        QFETCH(const bool, isKeyboardElsewhere);
+        openEditor(isKeyboardElsewhere);
+        QTest::keyClicks(editor(), QStringLiteral("jutro"));
+        QVERIFY(leaveFocusedField(m_stage.get()));
+        QCOMPARE(m_remarks->Text(), QStringLiteral("jutro"));
+        enterFocusedField(m_stage.get());
+        settle();
+        QVERIFY(editor()->isVisible());
+        QCOMPARE(QApplication::focusWidget(), editor());
+        QTest::keyClicks(editor(), QStringLiteral(" rano"));
+        QTest::keyClick(editor(), Qt::Key_Escape);
+        settle();
+        QCOMPARE(m_remarks->Text(), QStringLiteral("jutro rano"));
+    }
+
+    void theNextRecordIsNotGivenAnOpenEditorsText_data()
+    {
+        QTest::addColumn<QString>("typedSince");
+        QTest::addColumn<QString>("kept");
+        QTest::newRow("read") << QString() << QStringLiteral("nowy wiersz");
+        QTest::newRow("typed on since, so that nobody has read it") << QStringLiteral("!") << QStringLiteral("jutro!");
+    }
+    void theNextRecordIsNotGivenAnOpenEditorsText()
+    {
+        QFETCH(const QString, typedSince);
+        QFETCH(const QString, kept);
+        openEditor(false);
+        QTest::keyClicks(editor(), QStringLiteral("jutro"));
+        QVERIFY(leaveFocusedField(m_stage.get()));
+        QTest::keyClicks(editor(), typedSince);
+        m_remarks->setText(QStringLiteral("nowy wiersz"));
+        enterFocusedField(m_stage.get());
+        settle();
+        QCOMPARE(editor()->toPlainText(), kept);
+        QTest::keyClick(editor(), Qt::Key_Escape);
+        settle();
+        QCOMPARE(m_remarks->Text(), kept);
+    }
+
+    void aHandlerMayEndTheFieldOfAnOpenEditor()
+    {
+        openEditor(false);
+        QTest::keyClicks(editor(), QStringLiteral("jutro"));
+        connect(m_remarks, &KorMultiText::Change, m_remarks, [remarks = m_remarks] { delete remarks; });
+        (void)leaveFocusedField(m_stage.get());
+        enterFocusedField(m_stage.get());
+        QVERIFY(!m_stage->findChild<KorMultiText *>());
+    }
+
     void aRefusedFieldStopsTheCommand()
     {
         Messages messages;
@@ -146,6 +205,24 @@ private:
     {
         control->setFocus(Qt::TabFocusReason);
         settle();
+    }
+
+    //! The editor of the remarks, which has the keyboard then.
+    void openEditor(bool isKeyboardElsewhere)
+    {
+        auto *button = m_remarks->findChild<QAbstractButton *>(QStringLiteral("cmdClick"));
+        enter(isKeyboardElsewhere ? static_cast<QWidget *>(m_number) : m_remarks);
+        if (isKeyboardElsewhere)
+            button->click();
+        else
+            QTest::mouseClick(button, Qt::LeftButton);
+        settle();
+        QCOMPARE(QApplication::focusWidget(), editor());
+        editor()->selectAll();
+    }
+    [[nodiscard]] QPlainTextEdit *editor() const
+    {
+        return m_remarks->findChild<QPlainTextEdit *>(QStringLiteral("txtMulti"));
     }
 
     std::unique_ptr<Stage> m_stage;
