@@ -117,6 +117,15 @@ void CellSession::open(CellEditor *editor, CellAddress cell, const EditorBox &bo
         FocusTracker::instance().moveUnasked(editor->box());
 }
 
+QPointer<QWidget> CellSession::keyboardPlace() const { return m_surface->window()->focusWidget(); }
+
+bool CellSession::isStillWanted(Keyboard keyboard, const QWidget *before) const
+{
+    const QWidget *now = m_surface->window()->focusWidget();
+    const bool isGone = now && now != before && !m_surface->parentWidget()->isAncestorOf(now);
+    return !isGone || keyboard == Keyboard::Leave;
+}
+
 void CellSession::refill(const CellContents &contents)
 {
     if (m_state != State::Open)

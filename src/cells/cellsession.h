@@ -58,6 +58,10 @@ public:
     //! Whether the editor has erased what it refused, since nobody can correct it any more. The cell still holds it.
     [[nodiscard]] bool hasErased() const;
 
+    //! Where the keyboard is when an editor is asked for, which may have to wait for a list.
+    [[nodiscard]] QPointer<QWidget> keyboardPlace() const;
+    //! Whether it is to be opened after that. A user who has gone to another control meanwhile is not called back.
+    [[nodiscard]] bool isStillWanted(Keyboard keyboard, const QWidget *before) const;
     //! Places, fills and shows an editor that has been set up; no other may be open. Whoever opens it must look whether
     //! it is still open afterwards, since a host hears that its control was entered.
     void open(CellEditor *editor, CellAddress cell, const EditorBox &place, const CellContents &contents,

@@ -124,6 +124,7 @@ bool GridEditing::open(CellSession::Keyboard keyboard)
     CellEditor *editor = editorOf(column, type);
     if (column) {
         const CellSetup setup = setupOf(*column, type);
+        const auto asker = m_session.keyboardPlace();
         const bool isReady = editor->setUp(setup);
         if (!self)
             return false;
@@ -132,7 +133,8 @@ bool GridEditing::open(CellSession::Keyboard keyboard)
         // A database that waits lets anything happen: another cell may be current by now, or edited already.
         const CellAddress now{m_grid->Row(), m_grid->Col()};
         const bool isHere = now == cell && m_cells.extent().hasDataCell(cell) && m_cells.typeOf(cell.column) == type;
-        if (!isReady || m_session.state() != CellSession::State::Closed || !isHere || !canOpen(cell))
+        const bool isWanted = isHere && m_session.isStillWanted(keyboard, asker);
+        if (!isReady || m_session.state() != CellSession::State::Closed || !isWanted || !canOpen(cell))
             return m_session.isOpen();
     }
     const auto place = placeOf(cell);

@@ -164,7 +164,9 @@ bool ParamEditing::open(CellSession::Keyboard keyboard)
     if (!editor)
         return false;
     m_grid->makeVisible(row, ParamColumn::Shown);
-    if (!prepare(editor, row) || !isHere())
+    const auto asker = m_session.keyboardPlace();
+    const bool isReady = prepare(editor, row);
+    if (!isReady || !isHere() || !m_session.isStillWanted(keyboard, asker))
         return self && m_session.isOpen(); // a database that waits lets anything happen
     m_before = {text(row, ParamColumn::Shown), m_values.at(row)};
     editor->setName(text(row, ParamColumn::Name));

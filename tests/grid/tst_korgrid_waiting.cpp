@@ -21,6 +21,9 @@ private Q_SLOTS:
     void anythingMayHappenWhileAnOpenListIsReadAnew_data() { anythingMayHappenWhileAListOpens_data(); }
     void anythingMayHappenWhileAnOpenListIsReadAnew();
     void whatIsChosenMeanwhileStays();
+    void whoGoesElsewhereMeanwhileIsNotCalledBack_data();
+    void whoGoesElsewhereMeanwhileIsNotCalledBack();
+    void aProgramsRequestThatNobodyWalksAwayFromTakesTheKeyboard();
     void aKeyOnAListIsNotTypedElsewhere_data();
     void aKeyOnAListIsNotTypedElsewhere();
     void whoLeavesAListThatIsReadAnewLosesNothing();
@@ -176,6 +179,10 @@ void tst_KorGrid_Waiting::anythingMayHappenWhileAListOpens()
         QCOMPARE(openEditor(), QStringLiteral("TxtBox"));
         QCOMPARE(grid->TextMatrix(4, Text), QStringLiteral("abc"));
     }
+    if (deed == u"goes elsewhere") {
+        QVERIFY(stage->button()->hasFocus());
+        QCOMPARE(openEditor(), QString());
+    }
     // And it goes on
     grid->show();
     grid->setEnabled(true);
@@ -217,6 +224,61 @@ void tst_KorGrid_Waiting::whatIsChosenMeanwhileStays()
     press(Qt::Key_End);
     QCOMPARE(grid->TextMatrix(3, Group), QStringLiteral("grupa 3"));
     QCOMPARE(row(2), QStringLiteral("towar 2|jm 2|2|grupa 3"));
+}
+
+void tst_KorGrid_Waiting::whoGoesElsewhereMeanwhileIsNotCalledBack_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"F2", "a letter", "an arrow", "Tab into the grid", "the program's SetFocusCell"})
+        QTest::newRow(way) << QString::fromLatin1(way);
+}
+
+void tst_KorGrid_Waiting::whoGoesElsewhereMeanwhileIsNotCalledBack()
+{
+    QFETCH(const QString, way);
+    auto *field = stage->place(new QLineEdit);
+    field->show();
+    click(2, way == u"an arrow" ? Text : Unit);
+    press(Qt::Key_F2);
+    QCOMPARE(openEditor(), QString());
+    if (way == u"Tab into the grid" || way == u"the program's SetFocusCell") {
+        stage->button()->setFocus();
+        settle();
+    }
+    database->once(SlowDatabase::Place::OpenRecordset, [&] {
+        field->setFocus();
+        QTest::keyClicks(field, QStringLiteral("ab"));
+    });
+    if (way == u"F2")
+        press(Qt::Key_F2);
+    else if (way == u"a letter")
+        press(Qt::Key_J);
+    else if (way == u"an arrow")
+        press(Qt::Key_Right);
+    else if (way == u"Tab into the grid")
+        grid->setFocus(Qt::TabFocusReason);
+    else
+        QVERIFY(!grid->SetFocusCell(2, Unit));
+    settle();
+    QVERIFY(!database->isWaitedFor());
+    QCOMPARE(QApplication::focusWidget(), field);
+    QCOMPARE(field->text(), QStringLiteral("ab"));
+    QCOMPARE(openEditor(), QString());
+    QCOMPARE(row(2), QStringLiteral("towar 2|jm 2|2|grupa 3"));
+    click(2, Unit); // and it opens as ever
+    QCOMPARE(openEditor(), QStringLiteral("KorCmb"));
+}
+
+void tst_KorGrid_Waiting::aProgramsRequestThatNobodyWalksAwayFromTakesTheKeyboard()
+{
+    stage->button()->setFocus();
+    settle();
+    database->once(SlowDatabase::Place::OpenRecordset, [] {});
+    QVERIFY(grid->SetFocusCell(2, Unit));
+    settle();
+    QVERIFY(!database->isWaitedFor());
+    QCOMPARE(openEditor(), QStringLiteral("KorCmb"));
+    QVERIFY(grid->isAncestorOf(QApplication::focusWidget()));
 }
 
 void tst_KorGrid_Waiting::aKeyOnAListIsNotTypedElsewhere_data()

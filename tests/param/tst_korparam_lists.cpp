@@ -88,6 +88,8 @@ private Q_SLOTS:
     void atDesignTimeNoDatabaseIsAsked();
     void aDatabaseThatWaitsLetsAnythingHappen_data();
     void aDatabaseThatWaitsLetsAnythingHappen();
+    void whoGoesElsewhereMeanwhileIsNotCalledBack_data();
+    void whoGoesElsewhereMeanwhileIsNotCalledBack();
     void aKeyOnAListIsNotTypedElsewhere();
     void aDatabaseThatIsGoneIsNotAsked();
 
@@ -340,6 +342,44 @@ void tst_KorParam_Lists::aDatabaseThatWaitsLetsAnythingHappen()
         leave();
         sheet->setRow(0);
     }
+}
+
+void tst_KorParam_Lists::whoGoesElsewhereMeanwhileIsNotCalledBack_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"a click", "Delete", "Tab into the sheet"})
+        QTest::newRow(way) << QString::fromLatin1(way);
+}
+
+void tst_KorParam_Lists::whoGoesElsewhereMeanwhileIsNotCalledBack()
+{
+    QFETCH(const QString, way);
+    addCustomer("Klient", 2);
+    auto *field = stage->place(new QLineEdit);
+    field->show();
+    if (way == u"Delete") {
+        click(1);
+        press(Qt::Key_Escape);
+        QCOMPARE(openEditor(), QString());
+    }
+    database->meanwhile = [&] {
+        field->setFocus();
+        QTest::keyClicks(field, QStringLiteral("ab"));
+    };
+    if (way == u"a click")
+        click(1);
+    else if (way == u"Delete")
+        press(Qt::Key_Delete);
+    else
+        enter();
+    settle();
+    QVERIFY(!database->meanwhile);
+    QCOMPARE(QApplication::focusWidget(), field);
+    QCOMPARE(field->text(), QStringLiteral("ab"));
+    QCOMPARE(openEditor(), QString());
+    QCOMPARE(valueOf(1), QVariant(2));
+    click(1); // and it opens as ever
+    QCOMPARE(openEditor(), QStringLiteral("KorCmb"));
 }
 
 void tst_KorParam_Lists::aKeyOnAListIsNotTypedElsewhere()
