@@ -93,6 +93,17 @@ inline QString focusName()
     return focused ? focused->objectName() : QString();
 }
 
+//! Shows a window and gives it the keyboard.
+inline void bringUp(QWidget &window)
+{
+    window.show();
+    if (!window.isActiveWindow())
+        window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QTRY_VERIFY(QApplication::focusWidget() && window.isAncestorOf(QApplication::focusWidget()));
+    kor::test::settle();
+}
+
 inline void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
@@ -159,10 +170,7 @@ protected:
     {
         m_store = std::make_unique<OrderStore>(file());
         m_window = std::make_unique<OrderWindow>(*m_store);
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        kor::test::settle();
+        bringUp(*m_window);
     }
     void restart()
     {

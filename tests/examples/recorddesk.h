@@ -39,10 +39,7 @@ protected:
                                                                            productsToSearch(*m_catalogue), *m_database);
         if (id != 0)
             m_records->go(id);
-        m_records->show();
-        m_records->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_records.get()));
-        kor::test::settle();
+        bringUp(*m_records);
     }
     template <class Widget>
     Widget *field(const char *name) const

@@ -18,9 +18,7 @@ protected:
         m_window.reset();
         m_places = std::make_unique<Places>(placesFile());
         m_window = std::make_unique<OrderWindow>(*m_store, m_places.get());
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        bringUp(*m_window);
     }
     void end()
     {

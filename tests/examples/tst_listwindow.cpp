@@ -1,27 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "examples/orderdesk.h"
+#include "examples/listdesk.h"
 #include "examples/orderfiles.h"
-#include "orders/listwindow.h"
 #include "orders/paymentterms.h"
-#include "orders/places.h"
 
 #include <KorDaoUC/KorCombo>
-#include <KorDaoUC/KorGrid>
 #include <KorDaoUC/KorListCheck>
 
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QHeaderView>
-#include <QtWidgets/QProgressDialog>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QStatusBar>
-#include <QtWidgets/QTableView>
 
 using namespace orders;
 using namespace orders::test;
 
 //! The list of orders beside the order's window, by keyboard alone.
-class tst_ListWindow : public OrderDesk
+class tst_ListWindow : public ListDesk
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -30,12 +23,7 @@ private Q_SLOTS:
         open();
         openList();
     }
-    void cleanup()
-    {
-        m_window.reset();
-        m_places.reset();
-        close();
-    }
+    void cleanup() { end(); }
 
     void itOpensWithTheNewestOrders();
     void enterOpensTheOrder();
@@ -55,66 +43,14 @@ private Q_SLOTS:
     void sortingByKey();
     void sortingByTheTitles();
     void sortedTextsAreInPolishOrder();
-    void f5ReadsAnewAndKeepsThePlace();
-    void aSavedOrderIsChangedInItsRow();
-    void aNewOrderComes();
-    void anOrderThatNoLongerFitsGoes();
-    void aDeletedOrderGoes();
-    void anOrderThatIsGoneIsSaidWhenItIsOpened();
     void itIsThereAgainTomorrow();
     void escapeClosesAndComesBackToTheOrder();
     void closingTheDeskClosesTheList();
-    void escapeStopsALongReading();
-    void theOrderCanBeSavedDuringALongReading();
     void theListIsExported();
     void theListIsPrinted();
 
 private:
-    void openList()
-    {
-        press(Qt::Key_L, Qt::ControlModifier);
-        m_list = nullptr;
-        for (QWidget *window : QApplication::topLevelWidgets()) {
-            if (auto *list = qobject_cast<ListWindow *>(window))
-                m_list = list;
-        }
-        QVERIFY(m_list);
-        goToWindow(m_list);
-    }
-    void startWithPlaces()
-    {
-        m_window.reset();
-        m_places = std::make_unique<Places>(m_folder->filePath(QStringLiteral("okna.ini")));
-        m_window = std::make_unique<OrderWindow>(*m_store, m_places.get());
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        kor::test::settle();
-        openList();
-    }
-    void goToWindow(QWidget *window)
-    {
-        if (!window->isActiveWindow())
-            window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(window));
-        QTRY_VERIFY(QApplication::focusWidget() && window->isAncestorOf(QApplication::focusWidget()));
-        kor::test::settle();
-    }
-
-    [[nodiscard]] KorGrid *grid() const { return m_list->findChild<KorGrid *>(); }
-    [[nodiscard]] QTableView *view() const { return grid()->findChild<QTableView *>(QStringLiteral("grid")); }
     [[nodiscard]] QHeaderView *titles() const { return view()->horizontalHeader(); }
-    [[nodiscard]] QString sums() const { return m_list->findChild<QLabel *>(QStringLiteral("lblSums"))->text(); }
-    [[nodiscard]] QString said() const { return m_list->findChild<QStatusBar *>()->currentMessage(); }
-    [[nodiscard]] QString cell(int row, ListColumn column) const { return grid()->TextMatrix(row, int(column)); }
-    [[nodiscard]] QString current(ListColumn column) const { return cell(grid()->Row(), column); }
-    [[nodiscard]] QStringList column(ListColumn column) const
-    {
-        QStringList texts;
-        for (int row = 1; row < grid()->Rows(); ++row)
-            texts << cell(row, column);
-        return texts;
-    }
     [[nodiscard]] QStringList numbersWhere(const QString &condition) const
     {
         QStringList numbers;
@@ -124,21 +60,6 @@ private:
                               .arg(condition)))
             numbers << row.first().toString();
         return numbers;
-    }
-    void goTo(const QString &number)
-    {
-        const int place = static_cast<int>(column(ListColumn::Number).indexOf(number));
-        QVERIFY(place >= 0);
-        grid()->setRow(place + 1);
-        QCOMPARE(current(ListColumn::Number), number);
-    }
-    void enter(const char *field, const QString &text)
-    {
-        m_list->findChild<QWidget *>(QString::fromLatin1(field))->setFocus(Qt::TabFocusReason);
-        kor::test::settle();
-        if (qstrcmp(field, "lstTerms") == 0)
-            press(Qt::Key_Down); // to the first one
-        type(text);
     }
     [[nodiscard]] QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
     //! Answers the next question for a file by a name.
@@ -150,32 +71,6 @@ private:
             QTest::keyClick(edit, Qt::Key_Enter);
         });
     }
-    void addMany(int count) const
-    {
-        change(file(), {QStringLiteral("WITH RECURSIVE i (x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM i WHERE x < %1) "
-                                       "INSERT INTO orders (number, customer_id, order_date, total) SELECT "
-                                       "printf('ZAM/2030/%06d', x), x % 240 + 1, '2026-11-20', x FROM i")
-                            .arg(count)});
-    }
-    //! Does something as soon as a long work is told of.
-    void underProgress(const std::function<void(QProgressDialog &)> &work)
-    {
-        auto *look = new QTimer(m_list);
-        connect(look, &QTimer::timeout, look, [this, look, work] {
-            for (auto *progress : m_list->findChildren<QProgressDialog *>()) {
-                if (!progress->isVisible())
-                    continue;
-                look->stop();
-                look->deleteLater();
-                work(*progress);
-                return;
-            }
-        });
-        look->start(5);
-    }
-
-    ListWindow *m_list = nullptr;
-    std::unique_ptr<Places> m_places;
 };
 
 void tst_ListWindow::itOpensWithTheNewestOrders()
@@ -453,91 +348,10 @@ void tst_ListWindow::sortedTextsAreInPolishOrder()
     QCOMPARE(names, (QStringList{QStringLiteral("Luka"), QStringLiteral("Łąka"), QStringLiteral("Mak")}));
 }
 
-void tst_ListWindow::f5ReadsAnewAndKeepsThePlace()
-{
-    for (int row = 0; row < 40; ++row)
-        press(Qt::Key_Down);
-    const QString number = current(ListColumn::Number);
-    change(file(), {QStringLiteral("DELETE FROM orders WHERE number = '%1'").arg(cell(1, ListColumn::Number)),
-                    QStringLiteral("UPDATE orders SET remarks = 'inne' WHERE number = '%1'").arg(number)});
-    press(Qt::Key_F5);
-    QCOMPARE(grid()->Rows(), 1000);
-    QCOMPARE(current(ListColumn::Number), number);
-    QCOMPARE(current(ListColumn::Remarks), QStringLiteral("inne"));
-    QVERIFY(view()->viewport()->rect().contains(view()->visualRect(view()->currentIndex())));
-}
-
-void tst_ListWindow::aSavedOrderIsChangedInItsRow()
-{
-    goTo(QStringLiteral("ZAM/2025/0500"));
-    const int row = grid()->Row();
-    const QString before = sums();
-    press(Qt::Key_Enter);
-    QTRY_VERIFY(m_window->isActiveWindow());
-    focus("numTotal");
-    type(QStringLiteral("98765,43"));
-    press(Qt::Key_S, Qt::ControlModifier);
-    QVERIFY(!m_window->isWindowModified());
-    QCOMPARE(cell(row, ListColumn::Number), QStringLiteral("ZAM/2025/0500"));
-    QCOMPARE(cell(row, ListColumn::Total), grouped("98 765,43"));
-    QVERIFY(sums() != before);
-}
-
-void tst_ListWindow::aNewOrderComes()
-{
-    goToWindow(m_window.get());
-    press(Qt::Key_N, Qt::ControlModifier);
-    press(Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(grid()->Rows(), 1002);
-    QCOMPARE(cell(1, ListColumn::Number), m_window->form().order().number);
-    QVERIFY(sums().startsWith(QStringLiteral("Zamówień: 1\u00A0001 z 1\u00A0001,")));
-}
-
-void tst_ListWindow::anOrderThatNoLongerFitsGoes()
-{
-    enter("numLeast", QStringLiteral("9000"));
-    press(Qt::Key_Enter);
-    const int rows = grid()->Rows();
-    const QString number = current(ListColumn::Number);
-    const QString next = cell(2, ListColumn::Number);
-    press(Qt::Key_Enter);
-    QTRY_VERIFY(m_window->isActiveWindow());
-    focus("numAdvance");
-    press(Qt::Key_Delete);
-    focus("numTotal");
-    type(QStringLiteral("8999,99"));
-    press(Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(m_clerk->heard(), QString());
-    QCOMPARE(grid()->Rows(), rows - 1);
-    QVERIFY(!column(ListColumn::Number).contains(number));
-    QCOMPARE(cell(1, ListColumn::Number), next);
-    QCOMPARE(cell(1, ListColumn::Place), QStringLiteral("1"));
-}
-
-void tst_ListWindow::aDeletedOrderGoes()
-{
-    goTo(QStringLiteral("ZAM/2025/0500"));
-    press(Qt::Key_Enter);
-    QTRY_VERIFY(m_window->isActiveWindow());
-    m_clerk->willPress({Qt::Key_U});
-    press(Qt::Key_D, Qt::ControlModifier);
-    QVERIFY(!column(ListColumn::Number).contains(QStringLiteral("ZAM/2025/0500")));
-    QCOMPARE(grid()->Rows(), 1000);
-}
-
-void tst_ListWindow::anOrderThatIsGoneIsSaidWhenItIsOpened()
-{
-    const QString number = current(ListColumn::Number);
-    change(file(), {QStringLiteral("DELETE FROM orders WHERE number = '%1'").arg(number)});
-    press(Qt::Key_Enter);
-    QCOMPARE(m_clerk->heard(), QStringLiteral("Zamówienie zostało tymczasem usunięte."));
-    QCOMPARE(grid()->Rows(), 1000);
-    QVERIFY(!column(ListColumn::Number).contains(number));
-}
-
 void tst_ListWindow::itIsThereAgainTomorrow()
 {
-    startWithPlaces();
+    begin();
+    openList();
     enter("datFrom", QStringLiteral("01012026"));
     enter("txtText", QStringLiteral("brama, żółta"));
     enter("txtText", QStringLiteral("wąska"));
@@ -555,7 +369,8 @@ void tst_ListWindow::itIsThereAgainTomorrow()
     const QRect stood = m_list->geometry();
     const QStringList numbers = column(ListColumn::Number);
     press(Qt::Key_Escape);
-    startWithPlaces();
+    begin();
+    openList();
     QCOMPARE(m_list->geometry(), stood);
     QCOMPARE(titles()->sectionSize(2), width - 41);
     QCOMPARE(column(ListColumn::Number), numbers);
@@ -578,42 +393,10 @@ void tst_ListWindow::escapeClosesAndComesBackToTheOrder()
 
 void tst_ListWindow::closingTheDeskClosesTheList()
 {
-    goToWindow(m_window.get());
+    bringUp(*m_window);
     press(Qt::Key_Q, Qt::ControlModifier);
     QVERIFY(!m_window->isVisible());
     QVERIFY(!m_list->isVisible());
-}
-
-void tst_ListWindow::escapeStopsALongReading()
-{
-    enter("txtText", QStringLiteral("takiego nie ma"));
-    addMany(400000);
-    bool isStopped = false;
-    underProgress([&](QProgressDialog &progress) {
-        QTest::keyClick(&progress, Qt::Key_Escape);
-        isStopped = true;
-    });
-    press(Qt::Key_Enter);
-    QTRY_VERIFY(isStopped);
-    QCOMPARE(grid()->Rows(), 1001);
-    QCOMPARE(said(), QStringLiteral("Przerwano; lista pozostaje taka, jaka była."));
-    QVERIFY(m_list->isVisible());
-}
-
-void tst_ListWindow::theOrderCanBeSavedDuringALongReading()
-{
-    enter("txtText", QStringLiteral("ZAM/2025/0001"));
-    addMany(400000);
-    bool isSaved = false;
-    underProgress([&](QProgressDialog &) {
-        number("numTotal")->setValue(7654.32);
-        part<QPushButton>("cmdSave")->click();
-        isSaved = !m_window->isWindowModified();
-    });
-    press(Qt::Key_Enter);
-    QTRY_VERIFY(isSaved);
-    QCOMPARE(grid()->Rows(), 2);
-    QCOMPARE(cell(1, ListColumn::Total), grouped("7 654,32"));
 }
 
 void tst_ListWindow::theListIsExported()

@@ -165,14 +165,12 @@ private Q_SLOTS:
     void twoWindowsOfOneProgram()
     {
         openOther();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        bringUp(*m_window);
         focus("numDiscount");
         type(QStringLiteral("7"));
         press(Qt::Key_S, Qt::ControlModifier);
         QVERIFY(m_heard.isEmpty());
-        m_other->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_other.get()));
+        bringUp(*m_other);
         m_other->findChild<KorMultiText *>(QStringLiteral("txtRemarks"))->setFocus(Qt::TabFocusReason);
         kor::test::settle();
         type(QStringLiteral("nowe"));
@@ -197,8 +195,7 @@ private Q_SLOTS:
         QFETCH(const double, quantity);
         openOther();
         const auto typeQuantity = [](OrderWindow &window, const char *number) {
-            window.activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&window));
+            bringUp(window);
             press(Qt::Key_J, Qt::AltModifier);
             press(Qt::Key_Home, Qt::ControlModifier);
             press(Qt::Key_Tab);
@@ -207,12 +204,10 @@ private Q_SLOTS:
         };
         typeQuantity(*m_window, "111");
         typeQuantity(*m_other, "222");
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        bringUp(*m_window);
         press(Qt::Key_S, Qt::ControlModifier);
         QCOMPARE(m_store->order(1)->lines.first().quantity, std::optional(111.0));
-        m_other->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_other.get()));
+        bringUp(*m_other);
         answer(keys);
         press(Qt::Key_S, Qt::ControlModifier); // while the number is still being typed
         QCOMPARE(m_heard.size(), 1);

@@ -229,9 +229,7 @@ private Q_SLOTS:
     {
         Clerk clerk;
         OrderWindow window(*m_store);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        bringUp(window);
         server("stop");
         clerk.willPress({Qt::Key_Return});
         press(Qt::Key_PageDown, Qt::ControlModifier);
@@ -312,9 +310,7 @@ private Q_SLOTS:
         kor::SqlDatabase database(m_store->connection());
         RecordWindow window(*m_store, customersTable(), customersToSearch(*m_store), database);
         window.go(7);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        bringUp(window);
         auto *street = window.findChild<QLineEdit *>(QStringLiteral("street"));
         street->setFocus(Qt::TabFocusReason);
         type(QStringLiteral("Nowa 1"));
@@ -462,9 +458,7 @@ private Q_SLOTS:
     {
         Clerk clerk;
         OrderWindow window(*m_store);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        bringUp(window);
         const auto *customer = window.findChild<KorCombo *>(QStringLiteral("cmbCustomer"));
         const QVariant first = customer->Value();
         QVERIFY(!kor::isNull(first));

@@ -87,9 +87,7 @@ void tst_ReportWindow::init()
     database = std::make_unique<kor::SqlDatabase>(m_store->connection());
     report = std::make_unique<ReportWindow>(*m_store, *database, m_window.get());
     report->open();
-    report->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(report.get()));
-    kor::test::settle();
+    bringUp(*report);
 }
 
 void tst_ReportWindow::cleanup()
@@ -102,8 +100,7 @@ void tst_ReportWindow::cleanup()
 void tst_ReportWindow::theMenuOpensIt()
 {
     report.reset();
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    bringUp(*m_window);
     bool isSeen = false;
     QTimer watch;
     connect(&watch, &QTimer::timeout, this, [&] {
