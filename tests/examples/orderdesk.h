@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "orders/orderstore.h"
+#include "examples/orderfiles.h"
 #include "orders/orderwindow.h"
 #include "support/stage.h"
 
@@ -151,12 +151,8 @@ protected:
     {
         kor::Locale::setSystemDefault(kor::Locale::polish());
         kor::Clock::setSource([] { return QDate(2026, 11, 21); });
-        static const QTemporaryDir fresh;
-        const QString made = fresh.filePath(QStringLiteral("fresh.sqlite"));
-        if (!QFile::exists(made))
-            const OrderStore created(made);
         m_folder = std::make_unique<QTemporaryDir>();
-        QVERIFY(QFile::copy(made, file()));
+        makeFile(file());
         m_clerk = std::make_unique<Clerk>();
         start();
     }

@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "orders/orderstore.h"
+
+#include <QtCore/QFile>
 #include <QtCore/QStringList>
+#include <QtCore/QTemporaryDir>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
@@ -11,6 +15,17 @@
 #include <functional>
 
 namespace orders::test {
+
+//! A new file with the sample data. It takes its time to be made, so that is done once and the file copied.
+inline void makeFile(const QString &fileName)
+{
+    static const QTemporaryDir folder;
+    const QString made = folder.filePath(QStringLiteral("fresh.sqlite"));
+    if (!QFile::exists(made))
+        const OrderStore created(made);
+    if (!QFile::copy(made, fileName))
+        qFatal("%s cannot be made", qPrintable(fileName));
+}
 
 //! Works on a file as any other program would.
 inline void withDatabase(const QString &fileName, const std::function<void(QSqlQuery &)> &work)

@@ -3,7 +3,6 @@
 #include "listfilters.h"
 #include "orderfiles.h"
 #include "orders/orderlist.h"
-#include "orders/orderstore.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
@@ -34,13 +33,9 @@ class tst_OrderList : public QObject
 private Q_SLOTS:
     void init()
     {
-        static const QTemporaryDir fresh;
-        const QString made = fresh.filePath(QStringLiteral("fresh.sqlite"));
-        if (!QFile::exists(made))
-            const OrderStore created(made);
         folder = std::make_unique<QTemporaryDir>();
         file = folder->filePath(QStringLiteral("zamówienia.sqlite"));
-        QVERIFY(QFile::copy(made, file));
+        makeFile(file);
         store = std::make_unique<OrderStore>(file);
     }
     void cleanup() { store.reset(); }

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "examples/orderfiles.h"
-#include "orders/orderstore.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
@@ -9,6 +8,7 @@
 using orders::Order;
 using orders::OrderStore;
 using orders::test::change;
+using orders::test::makeFile;
 using orders::test::rows;
 
 namespace {
@@ -87,7 +87,7 @@ private Q_SLOTS:
         m_folder = std::make_unique<QTemporaryDir>();
         m_fresh = m_folder->filePath(QStringLiteral("nowa.sqlite"));
         m_old = m_folder->filePath(QStringLiteral("dawna.sqlite"));
-        const OrderStore created(m_fresh);
+        makeFile(m_fresh);
     }
 
     void aFileOfAnOlderProgramIsBroughtUpToDate_data()

@@ -21,6 +21,7 @@
 using orders::Order;
 using orders::OrderStore;
 using orders::test::change;
+using orders::test::makeFile;
 using orders::test::rows;
 using Kind = orders::Outcome::Kind;
 
@@ -115,12 +116,11 @@ class tst_OrderStore : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase() { OrderStore created(m_fresh.filePath(QStringLiteral("fresh.sqlite"))); }
     void init()
     {
         m_folder = std::make_unique<QTemporaryDir>();
         m_file = m_folder->filePath(QStringLiteral("zamówienia.sqlite"));
-        QVERIFY(QFile::copy(m_fresh.filePath(QStringLiteral("fresh.sqlite")), m_file));
+        makeFile(m_file);
         m_store = std::make_unique<OrderStore>(m_file);
     }
     void cleanup() { m_store.reset(); }
@@ -626,7 +626,6 @@ private:
         QCOMPARE(child.exitStatus(), QProcess::CrashExit);
     }
 
-    QTemporaryDir m_fresh;
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
     std::unique_ptr<OrderStore> m_store;

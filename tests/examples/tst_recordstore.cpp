@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
-#include "orders/orderstore.h"
+#include "orderfiles.h"
 #include "orders/recordstore.h"
 #include "orders/recordtables.h"
 
-#include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
 
@@ -39,12 +38,8 @@ class tst_RecordStore : public QObject
 private Q_SLOTS:
     void init()
     {
-        static const QTemporaryDir fresh;
-        const QString made = fresh.filePath(QStringLiteral("fresh.sqlite"));
-        if (!QFile::exists(made))
-            const OrderStore created(made);
         m_folder = std::make_unique<QTemporaryDir>();
-        QVERIFY(QFile::copy(made, m_folder->filePath(QStringLiteral("a.sqlite"))));
+        test::makeFile(m_folder->filePath(QStringLiteral("a.sqlite")));
         m_file = std::make_unique<OrderStore>(m_folder->filePath(QStringLiteral("a.sqlite")));
         m_store = std::make_unique<RecordStore>(m_file->connection(), productsTable(8));
     }
