@@ -7,6 +7,8 @@
 #include <KorDaoUC/DictionaryControl>
 #include <KorDaoUC/FormBuilder>
 #ifdef KORFORM_READS_MDB
+#  include "korform/readingprogress.h"
+
 #  include <KorDaoUC/MdbFile>
 #endif
 #include <KorDaoUC/RunTimeError>
@@ -42,8 +44,15 @@ bool openMdb(const QString &fileName)
     if (!connection.open())
         return refuse(fileName, connection.lastError().text());
     try {
-        for (const QString &remark : kor::readMdbFile(fileName, connection).remarks)
+        ReadingProgress progress(fileName);
+        const kor::MdbReading reading =
+            kor::readMdbFile(fileName, connection, [&progress](const QString &table, qint64 done, qint64 all) { //
+                return progress.goesOn(table, done, all);
+            });
+        for (const QString &remark : reading.remarks)
             say(fileName, 0, "note", remark);
+        if (!reading.isComplete)
+            return refuse(fileName, QStringLiteral("the reading was stopped"));
     } catch (const kor::RunTimeError &error) {
         return refuse(fileName, QString::fromUtf8(error.what()));
     }
