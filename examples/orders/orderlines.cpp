@@ -17,6 +17,7 @@
 #include <KorDaoUC/KorGrid>
 #include <KorDaoUC/Variant>
 
+#include <QtCore/QScopedValueRollback>
 #include <QtWidgets/QTableView>
 
 #include <algorithm>
@@ -282,10 +283,15 @@ void OrderLines::cellChanged(int row, int column)
     if (column == ProductSymbol)
         productTyped(row);
     if (text(row, Number).isEmpty() && !isBlank(row))
-        setText(row, Number, kor::CStr(m_grid->MaxColumn(Number) + 1));
+        setText(row, Number, kor::CStr(nextNumber()));
     showAmount(row);
-    Q_EMIT edited();
+    m_hasPasted = true;
+    if (!m_isPasting)
+        Q_EMIT edited();
 }
+
+//! Of a line behind all others. Those that are pasted are not looked through for each of them.
+float OrderLines::nextNumber() { return m_isPasting ? ++m_lastNumber : m_grid->MaxColumn(Number) + 1; }
 
 void OrderLines::productTyped(int row)
 {
@@ -342,7 +348,7 @@ void OrderLines::addLine()
 {
     m_grid->setFocus(Qt::TabFocusReason);
     if (!isBlank(m_grid->Rows() - 1)) {
-        const float number = m_grid->MaxColumn(Number) + 1;
+        const float number = nextNumber();
         m_grid->AddRow();
         setText(m_grid->Rows() - 1, Number, kor::CStr(number));
     }
@@ -381,8 +387,15 @@ QString OrderLines::copyCells() const { return copyCellsOf(*m_grid); }
 
 QString OrderLines::pasteCells()
 {
-    const QString said = pasteCellsInto(m_grid->window(), *m_grid);
+    m_hasPasted = false;
+    m_lastNumber = m_grid->MaxColumn(Number);
+    const QString said = [this] {
+        const QScopedValueRollback pasting(m_isPasting, true);
+        return pasteCellsInto(m_grid->window(), *m_grid);
+    }();
     remember(); // what came with the products that were pasted stays
+    if (m_hasPasted)
+        Q_EMIT edited(); // once, as the whole order is looked at then
     return said;
 }
 

@@ -82,6 +82,7 @@ private:
     void productTyped(int row);
     void chooseProductFor(int row);
     void remember();
+    [[nodiscard]] float nextNumber();
     void moveTo(int row, int column);
 
     KorGrid *m_grid;
@@ -92,6 +93,9 @@ private:
     QHash<qint64, QString> m_symbols; //!< of the products in the cells
     int m_rememberedRow = 0;
     QStringList m_remembered; //!< the cells of the current row when the cursor came into its cell
+    bool m_isPasting = false;
+    bool m_hasPasted = false; //!< anything of what is being pasted
+    float m_lastNumber = 0;   //!< of the lines, while they are being pasted
 };
 
 } // namespace orders

@@ -7,6 +7,7 @@
 #include <KorDaoUC/KorGrid>
 
 #include <QtGui/QClipboard>
+#include <QtWidgets/QPushButton>
 
 using namespace orders;
 using namespace orders::test;
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void cleanup() { close(); }
 
     void linesArePastedFromASpreadsheet();
+    void pastingManyLinesIsOneEdit();
     void aProductBringsItsName();
     void whatIsRefusedIsToldFirst_data();
     void whatIsRefusedIsToldFirst();
@@ -61,6 +63,20 @@ void tst_OrderPaste::linesArePastedFromASpreadsheet()
     QCOMPARE(lines.at(0).quantity, 1200);
     QVERIFY(lines.at(1).unit);
     QVERIFY(m_window->form().isChanged());
+}
+
+//! At every edit the desk looks at the whole order, which would take minutes for some thousand lines.
+void tst_OrderPaste::pastingManyLinesIsOneEdit()
+{
+    constexpr int count = 300;
+    const QSignalSpy edits(&m_window->form().lines(), &OrderLines::edited);
+    copied(QStringLiteral("\tŚruba\t2\n").repeated(count));
+    paste();
+    QCOMPARE(edits.size(), 1);
+    QCOMPARE(cells(count), QStringLiteral("300||Śruba|2,00||||"));
+    QCOMPARE(m_window->form().lines().lines().size(), count);
+    QVERIFY(part<QPushButton>("cmdSave")->isEnabled());
+    QCOMPARE(number("numLinesQuantity")->Text(), QStringLiteral("600,00"));
 }
 
 void tst_OrderPaste::aProductBringsItsName()
