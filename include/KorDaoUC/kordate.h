@@ -4,6 +4,7 @@
 
 #include <KorDaoUC/usercontrol.h>
 
+#include <QtCore/QDate>
 #include <QtCore/QVariant>
 
 #include <memory>
