@@ -13,7 +13,7 @@ struct NamedColor {
 
 // clang-format off
 constexpr std::array<NamedColor, ColorList::count> entries{{
-    {u"(domyślny)",     0x000001}, // Kept: almost black, and no system colour; saved forms tell it from black by this
+    {u"(domyślny)",     ColorList::defaultColor},
     {u"Czarny",         0x000000},
     {u"Niebieski",      0x800000},
     {u"Zielony",        0x008000},

@@ -15,6 +15,8 @@ class ColorList
 {
 public:
     static constexpr int count = 18;
+    //! "(domyślny)". Kept: almost black, and no system colour; saved forms tell it from black by this
+    static constexpr int defaultColor = 0x000001;
     static constexpr int initialEntry = 13; //!< "Jasnoczerwony"
     static constexpr int otherEntry = 17;   //!< "Inny kolor..."
 

@@ -3,15 +3,34 @@
 #include "small/colorpatch.h"
 
 #include "constituents/entryheight.h"
+#include "small/colorlist.h"
 
 #include <QtGui/QIcon>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>
 #include <QtGui/QRegion>
 
+#include <array>
+
 namespace kor {
 
 namespace {
+
+constexpr int leastCut = 8; // pixels of height below which a cut corner is a speck
+
+//! An empty corner, which tells the colour that stands for none in particular from the black that it looks like.
+void paintCutCorner(QPainter &painter, const QRect &area, const QColor &empty, const QColor &edge)
+{
+    const QPointF corner = area.topLeft();
+    const qreal leg = area.height() * 0.75;
+    const std::array cut{corner, corner + QPointF(leg, 0), corner + QPointF(0, leg)};
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(empty);
+    painter.drawPolygon(cut.data(), static_cast<int>(cut.size()));
+    painter.setPen(edge);
+    painter.drawLine(cut[1], cut[2]);
+}
 
 void paintPatch(QPainter &painter, const QRect &area, OLE_COLOR color, const QPalette &palette)
 {
@@ -20,6 +39,8 @@ void paintPatch(QPainter &painter, const QRect &area, OLE_COLOR color, const QPa
     QColor edge = palette.color(QPalette::Active, QPalette::Text);
     edge.setAlphaF(0.45F);
     painter.fillRect(area, toQColor(color, palette));
+    if (color == ColorList::defaultColor && area.height() >= leastCut)
+        paintCutCorner(painter, area, palette.color(QPalette::Active, QPalette::Base), edge);
     for (const QRect &side : QRegion(area) - QRegion(area.adjusted(1, 1, -1, -1)))
         painter.fillRect(side, edge);
 }

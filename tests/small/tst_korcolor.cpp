@@ -58,6 +58,8 @@ private Q_SLOTS:
     void wheelChangesNothingWithoutTheFocus();
     void swatchesAreDrawnInTheList();
     void swatchAndPictureShowTheirColors();
+    void theDefaultIsNotTakenForBlack_data();
+    void theDefaultIsNotTakenForBlack();
     void systemColorsFollowThePalette();
     void patchesFollowTheFont();
     void aDisabledControlOpensNothing();
@@ -430,6 +432,48 @@ void tst_KorColor::swatchAndPictureShowTheirColors()
     m_color->setValue(0x123456);
     QCOMPARE(middleOf(part("picSwatch")), QColor(Qt::black));
     QCOMPARE(middleOf(part("picColor")), QColor(0x56, 0x34, 0x12));
+}
+
+void tst_KorColor::theDefaultIsNotTakenForBlack_data()
+{
+    QTest::addColumn<QColor>("empty");
+    QTest::newRow("light theme") << QColor(Qt::white);
+    QTest::newRow("dark theme") << QColor(60, 60, 60);
+}
+
+void tst_KorColor::theDefaultIsNotTakenForBlack()
+{
+    QFETCH(const QColor, empty);
+    QPalette palette = m_stage->palette();
+    palette.setColor(QPalette::Base, empty);
+    m_stage->setPalette(palette);
+    QVERIFY(enter());
+    const auto corner = [this] {
+        QWidget *swatch = part("picSwatch");
+        const QImage picture = swatch->grab().toImage();
+        return picture.pixelColor(swatch->rect().topLeft() * swatch->devicePixelRatioF() + QPoint(2, 2));
+    };
+    m_color->setValue(0);
+    QCOMPARE(corner(), QColor(Qt::black));
+    m_color->setValue(1);
+    QCOMPARE(corner(), empty);
+    QCOMPARE(middleOf(part("picSwatch")), QColor(1, 0, 0)); // the colour that it is all the same
+    m_box->showPopup();
+    settle();
+    const auto drawn = [list = m_box->view()](int row) {
+        const QRect place = list->visualRect(list->model()->index(row, 0));
+        return list->viewport()->grab(QRect(place.topLeft(), QSize(place.height() * 3 / 2, place.height()))).toImage();
+    };
+    m_box->view()->setCurrentIndex({});
+    int differing = 0;
+    const QImage none = drawn(0);
+    const QImage black = drawn(1);
+    for (int y = 0; y < none.height(); ++y) {
+        for (int x = 0; x < none.width(); ++x)
+            differing += qAbs(qGray(none.pixel(x, y)) - qGray(black.pixel(x, y))) > 40 ? 1 : 0;
+    }
+    QVERIFY2(differing > 10, qPrintable(QString::number(differing)));
+    m_box->hidePopup();
 }
 
 void tst_KorColor::systemColorsFollowThePalette()
