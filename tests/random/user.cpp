@@ -145,7 +145,8 @@ QLineEdit *boxOf(const Place &place)
 }
 
 //! Whether a number field shows a number that stays when the field is left: by rule a bare "-" does not, nor what the
-//! mask writes so that another number is read back, or none.
+//! mask writes so that another number is read back, or none. A mask of signs for dates refuses what is too large for
+//! one.
 bool saysNumber(const Place &place)
 {
     if (place.text.contains(u'#'))
@@ -154,13 +155,17 @@ bool saysNumber(const Place &place)
     const QString mask = place.control->property("MaskPicture").value<QString>();
     other->resize(10000, 26); // no number is too long for it
     other->setProperty("MaskPicture", mask);
-    other->setProperty("Text", place.text);
-    const QString shown = other->property("Text").value<QString>();
-    if (mask.isEmpty() && shown != place.text) // texts stay as they were typed then, "12,50" for the number 12,5
+    try {
+        other->setProperty("Text", place.text);
+        const QString shown = other->property("Text").value<QString>();
+        if (mask.isEmpty() && shown != place.text) // texts stay as they were typed then, "12,50" for the number 12,5
+            return false;
+        other->setProperty("Text", shown);
+        return !shown.isEmpty() && other->property("Text").value<QString>() == shown &&
+               Format(other->property("Value"), mask) == shown;
+    } catch (const RunTimeError &) {
         return false;
-    other->setProperty("Text", shown);
-    return !shown.isEmpty() && other->property("Text").value<QString>() == shown &&
-           Format(other->property("Value"), mask) == shown;
+    }
 }
 
 } // namespace
