@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "database/forwardrecordset.h"
 
+#include <QtCore/QScopeGuard>
+
 namespace kor {
 
 void ForwardRecordset::begin(int fieldCount)
@@ -57,6 +59,23 @@ void ForwardRecordset::Close()
         m_place = Place::Closed;
         release();
     }
+}
+
+void ForwardRecordset::giveEntries(const EntryTaker &take)
+{
+    const auto closed = qScopeGuard([this] { Close(); });
+    if (Eof())
+        return;
+    requireField(1);
+    requireConnection();
+    take(valueAt(0), valueAt(1));
+    giveRest(take);
+}
+
+void ForwardRecordset::giveRest(const EntryTaker &take)
+{
+    for (requireConnection(); fetch(); requireConnection())
+        take(valueAt(0), valueAt(1));
 }
 
 void ForwardRecordset::advance()

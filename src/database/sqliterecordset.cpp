@@ -93,21 +93,35 @@ private:
         return row;
     }
 
-    bool fetch() override
+    //! Whether there is another row.
+    bool step(sqlite3_stmt *row) const
     {
-        sqlite3_stmt *const row = currentRow();
         switch (sqlite3_step(row)) {
-        case SQLITE_ROW: {
-            const int held = std::min(sqlite3_column_count(row), int(m_dictionaryEntry.size()));
-            for (int i = 0; i < held; ++i)
-                m_dictionaryEntry[std::size_t(i)] = valueOf(row, i);
-            return true;
-        }
+        case SQLITE_ROW: return true;
         case SQLITE_DONE: return false;
         default:
             const char *const text = sqlite3_errmsg(sqlite3_db_handle(row));
             throw databaseFailure(QString::fromUtf8(text), DatabaseTask::Read, statement());
         }
+    }
+
+    bool fetch() override
+    {
+        sqlite3_stmt *const row = currentRow();
+        if (!step(row))
+            return false;
+        const int held = std::min(sqlite3_column_count(row), int(m_dictionaryEntry.size()));
+        for (int i = 0; i < held; ++i)
+            m_dictionaryEntry[std::size_t(i)] = valueOf(row, i);
+        return true;
+    }
+
+    void giveRest(const EntryTaker &take) override
+    {
+        requireConnection();
+        sqlite3_stmt *const row = currentRow(); // nobody comes in between who could take it away
+        while (step(row))
+            take(valueOf(row, 0), valueOf(row, 1));
     }
 
     QVariant valueAt(int index) const override

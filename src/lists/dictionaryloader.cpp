@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "lists/dictionaryloader.h"
 
+#include "database/forwardrecordset.h"
 #include "database/source.h"
 
 #include <KorDaoUC/convert.h>
@@ -15,12 +16,26 @@ namespace kor {
 
 namespace {
 
+QString textOf(QVariant &&name, const Locale &locale)
+{
+    if (name.typeId() != QMetaType::QString)
+        return CStr(name, locale);
+    return std::move(*static_cast<QString *>(name.data()));
+}
+
+// In either way the name comes first: a row whose name can't be read leaves no key behind.
 void readRows(Recordset &recordset, DictionaryLoad &load, const Locale &locale)
 {
-    for (; !recordset.Eof(); recordset.MoveNext()) {
-        // The name first: a row whose name can't be read leaves no key behind.
-        QString name = CStr(recordset.FieldValue(1), locale);
-        load.rows.append(recordset.FieldValue(0), std::move(name));
+    if (auto *const own = dynamic_cast<ForwardRecordset *>(&recordset)) {
+        own->giveEntries([&](QVariant &&key, QVariant &&name) {
+            QString text = textOf(std::move(name), locale);
+            load.rows.append(std::move(key), std::move(text));
+        });
+    } else {
+        for (; !recordset.Eof(); recordset.MoveNext()) {
+            QString text = CStr(recordset.FieldValue(1), locale);
+            load.rows.append(recordset.FieldValue(0), std::move(text));
+        }
     }
     load.outcome = LoadOutcome::Loaded;
 }

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "database/queryrecordset.h"
+#include "database/sqliterecordset.h"
 #include "lists/dictionaryloader.h"
 
 #include <KorDaoUC/Database>
@@ -7,6 +9,8 @@
 #include <KorDaoUC/RunTimeError>
 #include <KorDaoUC/Variant>
 
+#include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlDriver>
 #include <QtTest/QtTest>
 
 #include <optional>
@@ -84,6 +88,45 @@ public:
     int open = 0;
 };
 
+//! The recordset of a database, as one that the library knows nothing of.
+class Unknown final : public Recordset
+{
+public:
+    explicit Unknown(std::unique_ptr<Recordset> rows) : m_rows(std::move(rows)) {}
+
+    int RecordCount() const override { return m_rows->RecordCount(); }
+    bool Eof() const override { return m_rows->Eof(); }
+    void MoveNext() override { m_rows->MoveNext(); }
+    int FieldCount() const override { return m_rows->FieldCount(); }
+    QVariant FieldValue(int index) const override { return m_rows->FieldValue(index); }
+    QString FieldName(int index) const override { return m_rows->FieldName(index); }
+    void Close() override { m_rows->Close(); }
+
+private:
+    std::unique_ptr<Recordset> m_rows;
+};
+
+enum class Way { Stepped, Queried };
+enum class Known { Yes, No };
+
+//! SQLite in memory, read in one of the library's ways.
+class SqliteInMemory final : public Database
+{
+public:
+    SqliteInMemory(QSqlDriver *driver, Way way, Known known) : m_driver(driver), m_way(way), m_known(known) {}
+
+    std::unique_ptr<Recordset> OpenRecordset(const QString &source, int) override
+    {
+        auto rows = m_way == Way::Stepped ? openThroughSqlite(*m_driver, source) : openThroughQuery(*m_driver, source);
+        return m_known == Known::Yes ? std::move(rows) : std::make_unique<Unknown>(std::move(rows));
+    }
+
+private:
+    QSqlDriver *m_driver;
+    Way m_way;
+    Known m_known;
+};
+
 const QString statement = QStringLiteral("SELECT id, nazwa FROM slownik");
 
 } // namespace
@@ -99,6 +142,8 @@ private Q_SLOTS:
     void namesAreTexts();
     void endsAreToldApart_data();
     void endsAreToldApart();
+    void ownRowsAreReadAsAnyOthers_data();
+    void ownRowsAreReadAsAnyOthers();
 };
 
 void tst_DictionaryLoader::asksForTheWholeStatementForwardOnly()
@@ -189,6 +234,57 @@ void tst_DictionaryLoader::endsAreToldApart()
     QCOMPARE(load.rows.names.size(), read);
     QVERIFY2(load.failure.contains(failure), qPrintable(load.failure));
     QCOMPARE(database.open, 0); // closed on every way out
+}
+
+void tst_DictionaryLoader::ownRowsAreReadAsAnyOthers_data()
+{
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<int>("way");
+    QTest::addColumn<LoadOutcome>("outcome");
+    QTest::addColumn<int>("read");
+    const auto row = [](const char *behaviour, const char *source, LoadOutcome outcome, int read) {
+        for (const auto &[way, name] : {std::pair(Way::Stepped, "stepped"), std::pair(Way::Queried, "queried")})
+            QTest::addRow("%s, %s", behaviour, name) << QString::fromUtf8(source) << int(way) << outcome << read;
+    };
+    // clang-format off
+    row("keys of every type",        "VALUES (1, 'a'), (NULL, 'b'), (2.5, 'c'), ('t', 'd'), (x'00ff', 'e'), (9007199254740993, 'f'), (9e999, 'g')", LoadOutcome::Loaded, 7);
+    row("names of every type",       "VALUES (1, 'żółć'), (2, ''), (3, 12), (4, 2.5), (5, x'41'), (6, 9007199254740993)", LoadOutcome::Loaded, 6);
+    row("more columns",              "VALUES (1, 'a', 'x'), (2, 'b', 'y')",             LoadOutcome::Loaded, 2);
+    row("one row",                   "VALUES (1, 'a')",                                 LoadOutcome::Loaded, 1);
+    row("no rows",                   "SELECT 1, 'a' WHERE 0",                           LoadOutcome::NoRows, 0);
+    row("Null name",                 "VALUES (1, 'a'), (2, NULL), (3, 'c')",            LoadOutcome::Failed, 1);
+    row("Null name first",           "VALUES (1, NULL), (2, 'b')",                      LoadOutcome::Failed, 0);
+    row("no second column",          "VALUES (1), (2)",                                 LoadOutcome::Failed, 0);
+    row("breaks in mid-read",        "SELECT abs(column1), column2 FROM (VALUES (1, 'a'), (-2, 'b'), (-9223372036854775808, 'c'), (4, 'd'))", LoadOutcome::Failed, 2);
+    row("breaks behind the first",   "SELECT abs(column1), column2 FROM (VALUES (1, 'a'), (-9223372036854775808, 'b'))", LoadOutcome::Failed, 1);
+    // clang-format on
+}
+
+//! All at once, or each by itself.
+void tst_DictionaryLoader::ownRowsAreReadAsAnyOthers()
+{
+    QFETCH(QString, source);
+    QFETCH(int, way);
+    QFETCH(int, read);
+    const QString name = QStringLiteral("rows");
+    {
+        QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        connection.setDatabaseName(QStringLiteral(":memory:"));
+        QVERIFY(connection.open());
+        SqliteInMemory own(connection.driver(), Way(way), Known::Yes);
+        SqliteInMemory others(connection.driver(), Way(way), Known::No);
+        const DictionaryLoad all = loadDictionary(own, source, Locale::polish());
+        const DictionaryLoad oneByOne = loadDictionary(others, source, Locale::polish());
+        QTEST(all.outcome, "outcome");
+        QVERIFY(oneByOne.outcome == all.outcome);
+        QCOMPARE(all.rows.keys.size(), read);
+        QCOMPARE(all.rows.keys, oneByOne.rows.keys);
+        for (qsizetype i = 0; i < all.rows.keys.size(); ++i)
+            QCOMPARE(variantType(all.rows.keys[i]), variantType(oneByOne.rows.keys[i]));
+        QCOMPARE(all.rows.names, oneByOne.rows.names);
+        QCOMPARE(all.failure, oneByOne.failure);
+    }
+    QSqlDatabase::removeDatabase(name);
 }
 
 QTEST_GUILESS_MAIN(tst_DictionaryLoader)
