@@ -5,13 +5,28 @@
 #include <KorDaoUC/variant.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace kor {
 
 namespace {
+
 constexpr int worthAnIndex = 64; // keys
+
+//! The keys of nearly every dictionary are Longs. The one that is equal to a value, where no more need be asked.
+std::optional<int> equalLong(const QVariant &wanted)
+{
+    switch (variantType(wanted)) {
+    case VariantType::Empty: return 0;
+    case VariantType::Long: return wanted.value<int>();
+    default: return std::nullopt;
+    }
 }
+
+bool isLong(const QVariant &key) { return key.typeId() == QMetaType::Int && !key.isNull(); }
+
+} // namespace
 
 Dictionary::Dictionary(KeyEquality equality, const Locale &locale)
     : m_equality(equality), m_locale(locale), m_index(equality, locale)
@@ -58,8 +73,10 @@ int Dictionary::indexOf(const QVariant &wanted) const
     if (m_search == Search::Indexed)
         return m_index.firstPlace(known, [&](int place) { return isSame(m_keys[place], known); });
     m_search = Search::Walked;
-    const auto found =
-        std::find_if(m_keys.cbegin(), m_keys.cend(), [&](const QVariant &key) { return isSame(key, known); });
+    const std::optional<int> wantedLong = equalLong(known);
+    const auto found = std::find_if(m_keys.cbegin(), m_keys.cend(), [&](const QVariant &key) {
+        return wantedLong && isLong(key) ? key.value<int>() == *wantedLong : isSame(key, known);
+    });
     return found != m_keys.cend() ? static_cast<int>(found - m_keys.cbegin()) : -1;
 }
 
