@@ -29,10 +29,11 @@ bool CheckedEntryModel::setChecked(int index, bool checked)
 void CheckedEntryModel::setChecked(std::vector<bool> checks)
 {
     checks.resize(static_cast<std::size_t>(count()));
-    if (checks.empty())
+    const auto checked = static_cast<int>(std::count(checks.cbegin(), checks.cend(), true));
+    if (checked == 0 && m_checkedCount == 0)
         return;
     m_checks = std::move(checks);
-    m_checkedCount = static_cast<int>(std::count(m_checks.cbegin(), m_checks.cend(), true));
+    m_checkedCount = checked;
     announce(0, count() - 1);
 }
 

@@ -19,6 +19,8 @@ public:
     CheckedSet(const QString &keys, const QString &separator);
 
     [[nodiscard]] bool contains(QStringView key) const;
+    //! Whether it is plain without a look at any key that none is in it.
+    [[nodiscard]] bool isEmpty() const { return m_isTakenApart ? m_pieces.empty() : m_text.isEmpty(); }
     //! The set with the separator before the first key.
     [[nodiscard]] const QString &text() const { return m_text; }
 

@@ -118,7 +118,7 @@ void KorListCheck::setValueChecked(const QString &keys)
         const QPointer<KorListCheck> self = this;
         const CheckedSet set(keys, d->separator);
         std::vector<bool> checks(static_cast<std::size_t>(ListCount()));
-        for (std::size_t i = 0; i < checks.size(); ++i)
+        for (std::size_t i = 0; i < checks.size() && !set.isEmpty(); ++i)
             checks[i] = set.contains(d->keyText.of(keyAt(static_cast<int>(i))));
         d->check(std::move(checks));
         if (!self)
@@ -164,7 +164,7 @@ template <class PartOf>
 QString KorListCheck::Private::joinChecked(PartOf partOf) const
 {
     QString set;
-    const int count = box->ListCount();
+    const int count = box->SelCount() > 0 ? box->ListCount() : 0;
     for (int i = 0; i < count; ++i) {
         if (box->Selected(i))
             set.append(partOf(i)).append(separator);

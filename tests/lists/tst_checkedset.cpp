@@ -39,6 +39,7 @@ private Q_SLOTS:
     void keyIsInTheSet();
     void agreesWithTheRuleOnEveryShortText_data();
     void agreesWithTheRuleOnEveryShortText();
+    void emptyIsWhatHasNoWholeKey();
     void textHasTheSeparatorInFront();
     void readBackIsWhatWasWritten_data();
     void readBackIsWhatWasWritten();
@@ -169,8 +170,20 @@ void tst_CheckedSet::agreesWithTheRuleOnEveryShortText()
         for (const QString &key : allKeys) {
             if (set.contains(key) != standsBetweenSeparators(keys, separator, key))
                 QFAIL(qPrintable(QStringLiteral("\"%1\" in \"%2\"").arg(key, keys)));
+            if (set.isEmpty() && set.contains(key))
+                QFAIL(qPrintable(QStringLiteral("\"%1\" in \"%2\", which is empty").arg(key, keys)));
         }
     }
+}
+
+void tst_CheckedSet::emptyIsWhatHasNoWholeKey()
+{
+    QVERIFY(CheckedSet(QString(), QStringLiteral(";")).isEmpty());
+    QVERIFY(CheckedSet(QStringLiteral("1"), QStringLiteral(";")).isEmpty());
+    QVERIFY(CheckedSet(QString(), QString()).isEmpty());
+    QVERIFY(!CheckedSet(QStringLiteral("1;"), QStringLiteral(";")).isEmpty());
+    QVERIFY(!CheckedSet(QStringLiteral(";"), QStringLiteral(";")).isEmpty()); // the key ""
+    QVERIFY(!CheckedSet(QStringLiteral("1"), QString()).isEmpty());
 }
 
 void tst_CheckedSet::textHasTheSeparatorInFront()
