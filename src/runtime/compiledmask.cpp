@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "runtime/compiledmask.h"
 
+#include <QtCore/QVarLengthArray>
+
 #include <array>
 
 namespace kor {
@@ -119,10 +121,10 @@ public:
     const Compiled &get(QStringView text)
     {
         Entry &entry = m_entries[slotOf(text)];
-        if (entry.text != text) {
+        if (QStringView(entry.text.data(), entry.text.size()) != text) {
             entry.compiled = compileText(text);
-            entry.text.resize(0);
-            entry.text.append(text);
+            entry.text.clear();
+            entry.text.append(text.data(), text.size());
         }
         return entry.compiled;
     }
@@ -130,7 +132,7 @@ public:
 private:
     //! At first the empty text, whose mask is the default one.
     struct Entry {
-        QString text;
+        QVarLengthArray<QChar, 24> text;
         Compiled compiled;
     };
     static constexpr std::size_t slotCount = 64;

@@ -31,18 +31,13 @@ QVarLengthArray<QStringView, 4> maskSections(QStringView mask)
 class NumberSection::Compiler
 {
 public:
-    explicit Compiler(QStringView picture) : m_picture(picture)
-    {
-        m_section.m_items.reserve(static_cast<std::size_t>(picture.size()));
-        m_section.m_empty = picture.isEmpty(); // a section of "" is one that writes nothing
-    }
+    Compiler(QStringView picture, NumberSection &section) : m_picture(picture), m_section(section) {}
 
-    NumberSection compile()
+    void compile()
     {
         while (m_at < m_picture.size())
             step();
         m_section.m_powerOfTen -= 3 * m_pendingCommas;
-        return std::move(m_section);
     }
 
 private:
@@ -139,13 +134,14 @@ private:
 
     QStringView m_picture;
     qsizetype m_at = 0;
-    NumberSection m_section;
+    NumberSection &m_section;
     int m_pendingCommas = 0;
     bool m_inFraction = false;
     bool m_percent = false;
 };
 
-NumberSection NumberSection::fromPicture(QStringView picture) { return Compiler(picture).compile(); }
+//! A section of "" is one that writes nothing.
+NumberSection::NumberSection(QStringView picture) : m_empty(picture.isEmpty()) { Compiler(picture, *this).compile(); }
 
 //! Brings the number to as many digits before the point as the mask has places, and tells the exponent for that.
 int NumberSection::roundForExponent(Decimal &number) const
@@ -237,7 +233,7 @@ NumberMask NumberMask::fromPicture(QStringView picture)
     const auto sections = maskSections(picture);
     mask.m_sections.reserve(static_cast<std::size_t>(sections.size()));
     for (const QStringView section : sections)
-        mask.m_sections.push_back(NumberSection::fromPicture(section));
+        mask.m_sections.emplace_back(section);
     return mask;
 }
 

@@ -18,7 +18,7 @@ namespace kor {
 class NumberSection
 {
 public:
-    [[nodiscard]] static NumberSection fromPicture(QStringView picture);
+    explicit NumberSection(QStringView picture);
 
     //! Whether the section has no characters at all, so that another one stands in for it.
     [[nodiscard]] bool isEmpty() const { return m_empty; }
@@ -38,7 +38,7 @@ private:
     void writeAllInteger(const Decimal &number, int downTo, const Locale &locale, MaskOutput &out) const;
     void writeExponent(int exponent, MaskOutput &out) const;
 
-    std::vector<Item> m_items;
+    QVarLengthArray<Item, 16> m_items; // as many as most pictures have
     int m_integerPlaces = 0;
     int m_integerZeros = 0; //!< digits written in any case
     int m_fractionPlaces = 0;
