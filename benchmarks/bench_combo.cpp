@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "dictionary.h"
+#include "memory.h"
+#include "run.h"
 
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/SqlDatabase>
@@ -11,6 +13,7 @@
 
 #include <benchmark/benchmark.h>
 #include <functional>
+#include <memory>
 #include <vector>
 
 // A drop-down list from the first row of its dictionary to the choice of an entry.
@@ -37,19 +40,45 @@ void refresh(benchmark::State &state)
     state.SetLabel("goal sqlite3 2.5; addItem 0.5");
 }
 
+void fill(QComboBox &combo, const QSqlDatabase &connection)
+{
+    QSqlQuery query(connection);
+    query.setForwardOnly(true);
+    query.exec(dictionaryStatement);
+    while (query.next())
+        combo.addItem(query.value(1).toString(), query.value(0));
+}
+
 void addItem(benchmark::State &state)
 {
     const QSqlDatabase connection = dictionary(state.range());
     QComboBox combo;
     for (auto _ : state) {
         combo.clear();
-        QSqlQuery query(connection);
-        query.setForwardOnly(true);
-        query.exec(dictionaryStatement);
-        while (query.next())
-            combo.addItem(query.value(1).toString(), query.value(0));
+        fill(combo, connection);
         combo.setCurrentIndex(combo.count() / 2);
     }
+}
+
+//! What an entry takes.
+void memoryOwn(benchmark::State &state)
+{
+    kor::SqlDatabase database(dictionary(state.range()));
+    memory(state, state.range(), [&] {
+        auto combo = std::make_unique<KorCombo>();
+        fill(*combo, database);
+        return combo;
+    });
+}
+
+void memoryStock(benchmark::State &state)
+{
+    const QSqlDatabase connection = dictionary(state.range());
+    memory(state, state.range(), [&] {
+        auto combo = std::make_unique<QComboBox>();
+        fill(*combo, connection);
+        return combo;
+    });
 }
 
 // --- opening
@@ -163,6 +192,8 @@ BENCHMARK(addItem)
     ->RangeMultiplier(10)
     ->Range(1'000, 100'000)
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(memoryOwn)->Name("ComboMemory/kor")->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(memoryStock)->Name("ComboMemory/peer:combo")->Arg(100'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(openOwn)->Name("OpenList/kor")->Arg(100'000)->Unit(benchmark::kMillisecond)->Iterations(5);
 BENCHMARK(openStock)->Name("OpenList/peer:combo")->Arg(100'000)->Unit(benchmark::kMillisecond)->Iterations(2);
 BENCHMARK(valueByKey)->Name("Value/kor")->RangeMultiplier(10)->Range(1'000, 100'000);
@@ -176,7 +207,5 @@ BENCHMARK(createStockWithModel)->Name("CreateCombo/peer:ownmodel")->Unit(benchma
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "run.h"
+
 #include <KorDaoUC/ControlRegistry>
 #include <KorDaoUC/FormFile>
 #include <KorDaoUC/UiFile>
@@ -130,9 +132,5 @@ BENCHMARK(readXml)->Name("Form from ui/peer:XML")->Arg(many)->Unit(benchmark::kM
 int main(int count, char **arguments)
 {
     QApplication application(count, arguments);
-    benchmark::Initialize(&count, arguments);
-    if (benchmark::ReportUnrecognizedArguments(count, arguments))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(count, arguments);
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "date/daterules.h"
+#include "run.h"
 
 #include <KorDaoUC/Format>
 #include <KorDaoUC/KorDate>
@@ -149,7 +150,5 @@ int main(int argc, char **argv)
                                  [](benchmark::State &state) { check(state, QStringLiteral("1-2-49")); });
     benchmark::RegisterBenchmark("DateCheck/refused",
                                  [](benchmark::State &state) { check(state, QStringLiteral("31.02.2001")); });
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

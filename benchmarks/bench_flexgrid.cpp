@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "constituents/flexgrid/flexgrid.h"
+#include "memory.h"
+#include "run.h"
 #include "sizes.h"
 
 #include <QtWidgets/QApplication>
@@ -10,7 +12,6 @@
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 #include <memory>
 #include <string>
 #include <vector>
@@ -98,26 +99,23 @@ void fillGrid(benchmark::State &state)
 void fillTable(benchmark::State &state) { fill(state, makeTable, setInTable); }
 void fillPlain(benchmark::State &state) { fill(state, makePlain, setInPlain); }
 
-//! What a cell takes; the counter is the result, not the time. The texts are shared with the program.
+//! What a cell takes. The texts are shared with the program.
 template <class Make, class SetText>
-void memory(benchmark::State &state, Make &&make, SetText &&setText)
+void memoryOfCells(benchmark::State &state, Make &&make, SetText &&setText)
 {
     const auto texts = textsOf(sizeOf(state));
-    for (auto _ : state) {
-        const std::size_t before = mallinfo2().uordblks + mallinfo2().hblkhd;
+    memory(state, state.range() * columns, [&] {
         auto grid = make(sizeOf(state));
         for (int row = 0; row < sizeOf(state); ++row) {
             for (int column = 0; column < columns; ++column)
                 setText(*grid, row, column, texts[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
         }
-        const std::size_t after = mallinfo2().uordblks + mallinfo2().hblkhd;
-        state.counters["bytes_per_cell"] =
-            static_cast<double>(after - before) / static_cast<double>(state.range() * columns);
-    }
+        return grid;
+    });
 }
 
-void memoryOfGrid(benchmark::State &state) { memory(state, makeGrid, setInGrid); }
-void memoryOfTable(benchmark::State &state) { memory(state, makeTable, setInTable); }
+void memoryOfGrid(benchmark::State &state) { memoryOfCells(state, makeGrid, setInGrid); }
+void memoryOfTable(benchmark::State &state) { memoryOfCells(state, makeTable, setInTable); }
 
 // --- many rows
 
@@ -297,7 +295,5 @@ int main(int argc, char **argv)
     measure("GridAddRows/kor", addToGrid, {1'000, 5'000, 20'000});
     measure("GridAddRows/peer:tablewidget", addToTable, {1'000, 5'000});
     measure("GridRemoveBlock/kor", removeBlock, all);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

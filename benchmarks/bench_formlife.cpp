@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "run.h"
+
 #include <KorDaoUC/FormBuilder>
 #include <KorDaoUC/FormFile>
 #include <KorDaoUC/Locale>
@@ -129,7 +131,5 @@ int main(int argc, char **argv)
     add("FormLife/grids/peer:tablewidget", wholeLife, tables, {250, 1'000});
     add("FormEnd/fields/kor", end, numbers, {5'000, 20'000});
     add("FormEnd/fields/peer:lineedit", end, lines, {5'000, 20'000});
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

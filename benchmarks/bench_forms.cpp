@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "run.h"
+
 #include <KorDaoUC/FormBuilder>
 #include <KorDaoUC/FormFile>
 
@@ -197,7 +199,5 @@ int main(int argc, char **argv)
     add("LoadForm/ui/grids/peer:stock", loadUi, {kinds.size(), true});
     add("LoadForm/file/grids/kor", loadFile, withGrids, "goal stock 1.6");
     add("LoadForm/file/grids/peer:stock", loadUi, {kinds.size(), true});
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "dictionary.h"
+#include "run.h"
 #include "sizes.h"
 
 #include <KorDaoUC/KorCombo>
@@ -331,7 +332,5 @@ int main(int argc, char **argv)
     measure("GridDelRow/peer:tablewidget", deleteBlockOfTable, {1'000, 10'000, 100'000});
     measure("GridSumColumn/kor", sum, {1'000, 10'000, 30'000});
     measure("GridSumColumn/peer:tablewidget", sumOfTable, {1'000, 10'000, 30'000});
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

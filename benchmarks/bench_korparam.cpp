@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "run.h"
 #include "sizes.h"
 
 #include <KorDaoUC/KorParam>
@@ -230,7 +231,5 @@ BENCHMARK(readTable)->Name("ParamRead/peer:tablewidget")->Arg(5000)->Unit(benchm
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "dictionary.h"
+#include "memory.h"
+#include "run.h"
 #include "sizes.h"
 
 #include <KorDaoUC/KorList>
@@ -14,7 +16,6 @@
 #include <QtWidgets/QListWidget>
 
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 #include <vector>
 
 // The open lists from the first row of their dictionary to the set of what is checked in them.
@@ -294,22 +295,11 @@ void writeSetHashed(benchmark::State &state)
 
 // --- memory
 
-//! What one more entry takes, all entries checked; the counter of that name is the result, not the time.
-template <class Make>
-void memory(benchmark::State &state, Make &&make)
-{
-    for (auto _ : state) {
-        const std::size_t before = mallinfo2().uordblks;
-        const std::unique_ptr<QWidget> list = make();
-        const std::size_t after = mallinfo2().uordblks;
-        state.counters["bytes_per_entry"] = static_cast<double>(after - before) / static_cast<double>(state.range());
-    }
-}
-
+//! What an entry takes, all entries checked.
 void memoryOwn(benchmark::State &state)
 {
     kor::SqlDatabase database(dictionary(state.range()));
-    memory(state, [&] {
+    memory(state, state.range(), [&] {
         auto list = std::make_unique<KorListCheck>();
         fill(*list, database);
         list->setValueChecked(keys(state.range(), 1, 1));
@@ -319,7 +309,7 @@ void memoryOwn(benchmark::State &state)
 
 void memoryStock(benchmark::State &state)
 {
-    memory(state, [&] {
+    memory(state, state.range(), [&] {
         auto list = std::make_unique<QListWidget>();
         fill(*list, state.range(), Boxes::Unchecked);
         for (int i = 0; i < list->count(); ++i)
@@ -354,7 +344,5 @@ int main(int argc, char **argv)
     measure("ValueCheckedSet/peer:loop", writeSetLoop, {10'000}, benchmark::kMillisecond);
     measure("CheckListMemory/kor", memoryOwn, {100'000}, benchmark::kMillisecond);
     measure("CheckListMemory/peer:listwidget", memoryStock, {100'000}, benchmark::kMillisecond);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "run.h"
+
 #include <KorDaoUC/Beep>
 #include <KorDaoUC/ControlRegistry>
 #include <KorDaoUC/FormFile>
@@ -154,7 +156,5 @@ int main(int argc, char **argv)
     benchmark::RegisterBenchmark("FormFile/parse200/kor", parseForm);
     benchmark::RegisterBenchmark("Settings/read200/kor", readSettings);
     benchmark::RegisterBenchmark("Settings/write200/kor", writeSettings);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "dictionary.h"
+#include "run.h"
 
 #include <KorDaoUC/SqlDatabase>
 
@@ -50,7 +51,5 @@ BENCHMARK(toolkitQuery)->Name("ReadRows/peer:query")->RangeMultiplier(10)->Range
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

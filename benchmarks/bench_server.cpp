@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "run.h"
+
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/SqlDatabase>
 
@@ -95,7 +97,5 @@ int main(int argc, char **argv)
               std::pair("ServerRefresh/peer:addItem", &addItem)})
             benchmark::RegisterBenchmark(name, body)->Arg(size)->Unit(benchmark::kMillisecond)->UseRealTime();
     }
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }
