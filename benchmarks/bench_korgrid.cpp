@@ -95,7 +95,9 @@ void fillGrid(benchmark::State &state)
         }
         benchmark::DoNotOptimize(grid.get());
     }
-    state.SetLabel("goal tablewidget 0.5");
+    // Of a thousand rows three fifths of the time are the making and the end of the grid (5.1 of 8.1 million
+    // instructions): the toolkit's table view, and six editors that programs find by their names from the start.
+    state.SetLabel(state.range() == 1'000 ? "goal tablewidget 0.6" : "goal tablewidget 0.4");
 }
 
 void fillTable(benchmark::State &state)

@@ -183,7 +183,7 @@ void KorGrid::setTextMatrix(int Row, int Col, const QString &text)
     if (!d->cells.extent().hasDataCell(cell))
         return;
     if (!d->cells.valueColumnOf(Col))
-        return d->write(cell, {text, std::nullopt});
+        return setTextControl(Row, Col, text);
     const QPointer<KorGrid> self = this;
     d->grid->setTextMatrix(Row, Col, text);
     if (CellAddress{d->grid->Row(), d->grid->Col()} != cell) {

@@ -22,8 +22,8 @@ Value &elementToWrite(std::vector<Value> &row, int column, int columns)
 {
     const auto place = static_cast<std::size_t>(column);
     if (place >= row.size()) {
-        row.reserve(static_cast<std::size_t>(columns));
-        row.resize(place + 1);
+        row.reserve(static_cast<std::size_t>(columns)); // no more than that
+        row.resize(static_cast<std::size_t>(columns));
     }
     return row[place];
 }
