@@ -69,6 +69,7 @@ void memoryOwn(benchmark::State &state)
         fill(*combo, database);
         return combo;
     });
+    state.SetLabel("goal combo 0.6");
 }
 
 void memoryStock(benchmark::State &state)

@@ -305,6 +305,7 @@ void memoryOwn(benchmark::State &state)
         list->setValueChecked(keys(state.range(), 1, 1));
         return list;
     });
+    state.SetLabel("goal listwidget 0.5");
 }
 
 void memoryStock(benchmark::State &state)
