@@ -17,11 +17,34 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QTabBar>
+#include <QtWidgets/QTabWidget>
 
 #include <memory>
 
 using namespace kor;
 using namespace kor::test;
+
+namespace {
+
+//! Pages that ask before they are turned, as docs/commands.md tells.
+class AskingTabs : public QTabWidget
+{
+public:
+    AskingTabs() { tabBar()->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const bool turns = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress ||
+                           event->type() == QEvent::Shortcut || event->type() == QEvent::Wheel;
+        if (turns && watched == tabBar() && !leaveFocusedField(this))
+            return true;
+        return QTabWidget::eventFilter(watched, event);
+    }
+};
+
+} // namespace
 
 //! Commands that run while the user stays in a field.
 class tst_FocusedField : public QObject
@@ -177,6 +200,45 @@ private Q_SLOTS:
         enter(m_date);
         settle();
         QCOMPARE(messages.take().size(), 1); // and it is still refused when it is left
+    }
+
+    void aPageIsNotTurnedFromARefusedField_data()
+    {
+        QTest::addColumn<QString>("way");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("isTurned");
+        for (const char *way : {"click", "letter of the tab"}) {
+            QTest::addRow("out of range, %s", way) << QString::fromLatin1(way) << QStringLiteral("9999") << false;
+            QTest::addRow("in range, %s", way) << QString::fromLatin1(way) << QStringLiteral("500") << true;
+        }
+    }
+    void aPageIsNotTurnedFromARefusedField()
+    {
+        QFETCH(const QString, way);
+        QFETCH(const QString, typed);
+        QFETCH(const bool, isTurned);
+        Messages messages;
+        m_stage.reset();
+        AskingTabs window;
+        auto *number = new KorNumber;
+        number->setMaxValue(5000);
+        number->setCheckRange(true);
+        window.addTab(number, QStringLiteral("&Dane"));
+        window.addTab(new KorNumber, QStringLiteral("&Inne"));
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        enter(number);
+        QTest::keyClicks(QApplication::focusWidget(), typed);
+        if (way == u"click")
+            QTest::mouseClick(window.tabBar(), Qt::LeftButton, {}, window.tabBar()->tabRect(1).center());
+        else
+            QTest::keyClick(&window, Qt::Key_I, Qt::AltModifier);
+        settle();
+        QCOMPARE(window.currentIndex(), isTurned ? 1 : 0);
+        QCOMPARE(messages.take().size(), isTurned ? 0 : 1);
+        QCOMPARE(number->Value().toDouble(), typed.toDouble());
+        QCOMPARE(number->isAncestorOf(QApplication::focusWidget()), !isTurned);
     }
 
     void aWindowWithoutFocusedFieldIsNoObstacle()

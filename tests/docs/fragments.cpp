@@ -25,6 +25,8 @@
 #include <QtSql/QSqlQuery>
 #include <QtUiTools/QUiLoader>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QTabBar>
+#include <QtWidgets/QTabWidget>
 
 struct Record {
     QVariant country;
@@ -36,13 +38,17 @@ public:
     void save();
     void loadLate();
     void setPages(KorNumber *price, KorNumber *amount, QPushButton *applyButton);
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     Record record() const;
     void store(const Record &record);
+
+    QTabWidget *m_tabs;
 };
 
 #include "commands-1.inc"
+#include "commands-2.inc"
 
 void Window::loadLate()
 {
