@@ -64,7 +64,7 @@ ConflictDialog::ConflictDialog(const QString &whom, const QList<Conflict> &confl
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(labelOf(QStringLiteral("%1 zmieniono i zapisano tymczasem na innym stanowisku. "
-                                             "Wybierz przy każdym polu, co ma zostać zapisane.")
+                                             "Wybierz przy każdym polu (strzałki i spacja), co ma zostać zapisane.")
                                   .arg(whom)));
     layout->addWidget(area, 1);
     layout->addWidget(buttons);

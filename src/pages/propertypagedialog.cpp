@@ -69,6 +69,7 @@ PropertyPageDialog::PropertyPageDialog(const QObjectList &controls, QWidget *par
     setWindowTitle(titleOf(controls));
     d->tabs = new QTabWidget(this);
     d->tabs->setObjectName(QStringLiteral("tabPages"));
+    d->tabs->setAccessibleName(QStringLiteral("Strony"));
     for (const QString &name : pagesInCommon(controls)) {
         PropertyPage *page = ControlRegistry::createPage(name);
         const int tab = d->tabs->addTab(page, page->windowTitle());

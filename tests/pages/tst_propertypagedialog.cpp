@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "support/heard.h"
 #include "support/stage.h"
 
+#include <KorDaoUC/ControlRegistry>
 #include <KorDaoUC/ErrorHandler>
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/KorGrid>
@@ -41,6 +43,8 @@ private Q_SLOTS:
     void aPageWithoutItsMembersIsClosedAndTellsWhy();
     void theKeyboardBeginsInTheFirstFieldAndEndsAtTheButtons_data();
     void theKeyboardBeginsInTheFirstFieldAndEndsAtTheButtons();
+    void everyPageSaysWhatIsOnIt_data();
+    void everyPageSaysWhatIsOnIt();
     void applyIsOpenWhileSomethingIsEdited();
     void theButtonsApplyAndClose_data();
     void theButtonsApplyAndClose();
@@ -144,6 +148,25 @@ void tst_PropertyPageDialog::theKeyboardBeginsInTheFirstFieldAndEndsAtTheButtons
     QCOMPARE(walked.join(u' '), walk);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab); // past the tabs
     QCOMPARE(QApplication::focusWidget()->objectName(), walk.section(u' ', 0, 0));
+}
+
+void tst_PropertyPageDialog::everyPageSaysWhatIsOnIt_data()
+{
+    QTest::addColumn<QString>("kind");
+    for (const QString &kind : ControlRegistry::names())
+        QTest::newRow(qPrintable(kind)) << kind;
+}
+
+//! For who hears the designer, or a program that opens the pages.
+void tst_PropertyPageDialog::everyPageSaysWhatIsOnIt()
+{
+    QFETCH(const QString, kind);
+    const std::unique_ptr<QWidget> control(ControlRegistry::create(kind));
+    open({control.get()});
+    for (int tab = 0; tab < tabs()->count(); ++tab) {
+        tabs()->setCurrentIndex(tab);
+        QCOMPARE(faultsIn(heard(m_dialog.get())), QString());
+    }
 }
 
 void tst_PropertyPageDialog::applyIsOpenWhileSomethingIsEdited()
