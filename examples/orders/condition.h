@@ -16,6 +16,11 @@ public:
         m_parts << text;
         m_values << values;
     }
+    void addOneOf(const QString &column, const QVariantList &values)
+    {
+        const QStringList places(values.size(), QStringLiteral("?"));
+        add(QStringLiteral("%1 IN (%2)").arg(column, places.join(QStringLiteral(", "))), values);
+    }
     [[nodiscard]] QString text() const
     {
         return m_parts.isEmpty() ? QStringLiteral("1 = 1") : m_parts.join(QStringLiteral(" AND "));

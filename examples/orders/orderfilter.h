@@ -2,25 +2,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtCore/QDate>
+#include "orderlimits.h"
+
 #include <QtCore/QMap>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
-#include <optional>
-
 namespace orders {
 
 //! Which orders a list shows. What was not entered leaves none out.
-struct OrderFilter {
-    std::optional<QDate> from;   //!< the first day
-    std::optional<QDate> to;     //!< the last day
-    std::optional<qint64> least; //!< grosze, of the order's value
+struct OrderFilter : OrderLimits {
     std::optional<qint64> most;  //!< grosze
     QString text;                //!< a part of number, customer or remarks, without regard to case and accents
     std::optional<qint64> group; //!< of the customers
-    std::optional<qint64> customer;
-    QStringList terms; //!< codes of payment terms
+    QStringList terms;           //!< codes of payment terms
 
     bool operator==(const OrderFilter &) const = default;
 };

@@ -3,7 +3,6 @@
 #include "orderlist.h"
 
 #include "columns.h"
-#include "condition.h"
 #include "foldedtext.h"
 #include "order.h"
 #include "statement.h"
@@ -47,26 +46,15 @@ ListedOrder listedIn(const QSqlQuery &query)
 }
 
 //! All of a filter but its text, which no database folds as the desk does.
-Condition conditionOf(const OrderFilter &filter)
+Condition asFarAsTheDatabaseKnows(const OrderFilter &filter)
 {
-    Condition condition;
-    if (filter.from)
-        condition.add(QStringLiteral("o.order_date >= ?"), {filter.from->toString(Qt::ISODate)});
-    if (filter.to)
-        condition.add(QStringLiteral("o.order_date <= ?"), {filter.to->toString(Qt::ISODate)});
-    if (filter.least)
-        condition.add(QStringLiteral("o.total >= ?"), {*filter.least});
+    Condition condition = conditionOf(filter);
     if (filter.most)
         condition.add(QStringLiteral("o.total <= ?"), {*filter.most});
-    if (filter.customer)
-        condition.add(QStringLiteral("o.customer_id = ?"), {*filter.customer});
     if (filter.group)
         condition.add(QStringLiteral("c.group_id = ?"), {*filter.group});
-    if (!filter.terms.isEmpty()) {
-        const QStringList places(filter.terms.size(), QStringLiteral("?"));
-        condition.add(QStringLiteral("o.payment_terms IN (%1)").arg(places.join(QStringLiteral(", "))),
-                      QVariantList(filter.terms.cbegin(), filter.terms.cend()));
-    }
+    if (!filter.terms.isEmpty())
+        condition.addOneOf(QStringLiteral("o.payment_terms"), QVariantList(filter.terms.cbegin(), filter.terms.cend()));
     return condition;
 }
 
@@ -76,7 +64,7 @@ class Reader
 public:
     Reader(const QSqlDatabase &connection, const OrderFilter &filter)
         : m_connection(connection),
-          m_condition(conditionOf(filter)),
+          m_condition(asFarAsTheDatabaseKnows(filter)),
           m_needle(folded(filter.text.trimmed())),
           m_isIndexed(filter.from || filter.to || filter.customer)
     {
@@ -92,11 +80,10 @@ public:
     }
 
     //! Appends the orders for which this holds as well.
-    void read(const QString &also, const QVariantList &values, QList<ListedOrder> &orders) const
+    void read(const Condition &also, QList<ListedOrder> &orders) const
     {
         Condition condition = m_condition;
-        if (!also.isEmpty())
-            condition.add(also, values);
+        condition.add(also.text(), also.values());
         QSqlQuery query =
             run(m_connection, reading, columns + tables + condition.text() + QStringLiteral(" ORDER BY o.id DESC"),
                 condition.values());
@@ -178,7 +165,7 @@ std::optional<OrderList> readOrders(const QSqlDatabase &connection, const OrderF
     list.all = countOrders(connection);
     PieceSize size;
     if (list.all <= size.value() || (reader.isIndexed() && reader.count() <= size.value())) {
-        reader.read({}, {}, list.orders);
+        reader.read({}, list.orders);
         return list;
     }
     // By their keys, which never change: an order that another desk saves meanwhile is neither missed nor read twice.
@@ -189,10 +176,11 @@ std::optional<OrderList> readOrders(const QSqlDatabase &connection, const OrderF
             return std::nullopt;
         clock.start();
         const std::optional<qint64> last = endOfPiece(connection, *first, size.value());
+        Condition piece;
+        piece.add(QStringLiteral("o.id <= ?"), {*first});
         if (last)
-            reader.read(QStringLiteral("o.id <= ? AND o.id >= ?"), {*first, *last}, list.orders);
-        else
-            reader.read(QStringLiteral("o.id <= ?"), {*first}, list.orders);
+            piece.add(QStringLiteral("o.id >= ?"), {*last});
+        reader.read(piece, list.orders);
         first = last ? std::optional(*last - 1) : std::nullopt;
         done += size.value();
         size.learn(clock.elapsed());

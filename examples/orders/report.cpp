@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "report.h"
 
-#include "condition.h"
 #include "foldedtext.h"
 #include "paymentterms.h"
 #include "statement.h"
@@ -49,20 +48,6 @@ QString nameOf(ReportGroup group, const QString &key, const QString &name)
     case ReportGroup::City: break;
     }
     return key.isEmpty() ? QStringLiteral("(bez klienta)") : name;
-}
-
-Condition conditionOf(const ReportQuestion &question)
-{
-    Condition condition;
-    if (question.from)
-        condition.add(QStringLiteral("o.order_date >= ?"), {question.from->toString(Qt::ISODate)});
-    if (question.to)
-        condition.add(QStringLiteral("o.order_date <= ?"), {question.to->toString(Qt::ISODate)});
-    if (question.customer)
-        condition.add(QStringLiteral("o.customer_id = ?"), {*question.customer});
-    if (question.least)
-        condition.add(QStringLiteral("o.total >= ?"), {*question.least});
-    return condition;
 }
 
 //! Orders while they are put together.

@@ -3,13 +3,11 @@
 #pragma once
 
 #include "longwork.h"
+#include "orderlimits.h"
 
-#include <QtCore/QDate>
 #include <QtCore/QList>
 #include <QtCore/QString>
 #include <QtSql/QSqlDatabase>
-
-#include <optional>
 
 namespace orders {
 
@@ -22,13 +20,9 @@ enum class ReportGroup { Month, Customer, CustomerGroup, City, Terms };
 [[nodiscard]] QString nameOf(ReportGroup group);
 
 //! Which orders a report is about. What was not entered leaves none out.
-struct ReportQuestion {
-    std::optional<QDate> from; //!< the first day
-    std::optional<QDate> to;   //!< the last day
-    std::optional<qint64> customer;
+struct ReportQuestion : OrderLimits {
     ReportGroup group = ReportGroup::Customer;
-    std::optional<qint64> least; //!< grosze, of a single order
-    QString remarks;             //!< a part of them, without regard to case and accents
+    QString remarks; //!< a part of them, without regard to case and accents
 };
 
 struct ReportRow {
