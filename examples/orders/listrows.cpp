@@ -10,6 +10,8 @@
 #include <KorDaoUC/KorGrid>
 
 #include <QtCore/QCollator>
+#include <QtCore/QHash>
+#include <QtCore/QSet>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTableView>
@@ -187,39 +189,61 @@ void ListRows::goTo(qint64 id)
     m_view->scrollTo(m_view->currentIndex());
 }
 
-void ListRows::change(const ListedOrder &order)
+void ListRows::follow(const QList<qint64> &saved, const QList<ListedOrder> &shown)
 {
-    const qsizetype place = placeOf(order.id);
-    if (place < 0)
-        return;
-    m_orders[place] = order;
-    showRow(static_cast<int>(place) + 1, order);
+    const QSet<qint64> all(saved.cbegin(), saved.cend());
+    QHash<qint64, ListedOrder> coming;
+    for (const ListedOrder &order : shown)
+        coming.insert(order.id, order);
+    QList<qsizetype> gone;
+    for (qsizetype place = 0; place < m_orders.size(); ++place) {
+        const qint64 id = m_orders.at(place).id;
+        if (!all.contains(id))
+            continue;
+        if (!coming.contains(id)) {
+            gone << place;
+            continue;
+        }
+        m_orders[place] = coming.take(id);
+        showRow(static_cast<int>(place) + 1, m_orders.at(place));
+    }
+    remove(gone);
+    QList<ListedOrder> added;
+    for (const ListedOrder &order : shown) {
+        if (coming.contains(order.id))
+            added << order;
+    }
+    add(added);
 }
 
-void ListRows::add(const ListedOrder &order)
+void ListRows::add(const QList<ListedOrder> &orders)
 {
+    if (orders.isEmpty())
+        return;
     if (m_orders.size() <= mostMoved) {
-        setOrders(QList<ListedOrder>{order} + m_orders, [](qint64, qint64) { return true; });
+        setOrders(orders + m_orders, [](qint64, qint64) { return true; });
         return;
     }
-    m_orders.append(order);
-    m_grid->setRows(m_grid->Rows() + 1);
-    showRow(m_grid->Rows() - 1, order);
+    for (const ListedOrder &order : orders) {
+        m_orders.append(order);
+        m_grid->setRows(m_grid->Rows() + 1);
+        showRow(m_grid->Rows() - 1, order);
+    }
 }
 
-void ListRows::remove(qint64 id)
+void ListRows::remove(const QList<qsizetype> &places)
 {
-    const qsizetype place = placeOf(id);
-    if (place < 0)
+    if (places.isEmpty())
         return;
-    m_orders.removeAt(place);
-    const int row = static_cast<int>(place) + 1;
-    if (m_orders.isEmpty())
-        m_grid->setRows(1);
-    else
-        m_grid->DelRow(row);
-    for (int below = row; below < m_grid->Rows(); ++below)
-        m_grid->setTextControl(below, static_cast<int>(ListColumn::Place), QString::number(below));
+    for (auto place = places.crbegin(); place != places.crend(); ++place) {
+        m_orders.removeAt(*place);
+        if (m_orders.isEmpty())
+            m_grid->setRows(1);
+        else
+            m_grid->DelRow(static_cast<int>(*place) + 1);
+    }
+    for (int row = static_cast<int>(places.first()) + 1; row < m_grid->Rows(); ++row)
+        m_grid->setTextControl(row, static_cast<int>(ListColumn::Place), QString::number(row));
 }
 
 void ListRows::choose()

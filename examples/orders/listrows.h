@@ -37,12 +37,10 @@ public:
     [[nodiscard]] std::optional<qint64> current() const;
     void goTo(qint64 id);
 
-    //! An order that is there is changed in its row, so that nothing moves under the clerk's eyes.
-    [[nodiscard]] bool has(qint64 id) const { return placeOf(id) >= 0; }
-    void change(const ListedOrder &order);
-    //! A new order comes to its place; behind a long list, of which no row is moved.
-    void add(const ListedOrder &order);
-    void remove(qint64 id);
+    //! These orders were saved or removed, and this is how those of them are that are to be shown now. One that is
+    //! there is changed in its row, so that nothing moves under the clerk's eyes; a new one comes to its place, or
+    //! behind a long list, of which no row is moved.
+    void follow(const QList<qint64> &saved, const QList<ListedOrder> &shown);
 
     //! What the arrow says.
     [[nodiscard]] ListColumn sortColumn() const;
@@ -61,6 +59,8 @@ private:
     void addColumns();
     void sort();
     void showRow(int row, const ListedOrder &order);
+    void add(const QList<ListedOrder> &orders);
+    void remove(const QList<qsizetype> &places);
     void choose();
     [[nodiscard]] qsizetype placeOf(qint64 id) const;
 

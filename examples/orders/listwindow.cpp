@@ -230,36 +230,48 @@ void ListWindow::clearFilter()
 
 // --- what changes meanwhile
 
-void ListWindow::follow(qint64 id)
+void ListWindow::follow(qint64 id) { followAll({id}); }
+
+void ListWindow::followCustomer(qint64 id)
+{
+    const bool isShownByFilter = m_filter->filter() == m_shown;
+    m_filter->refreshLists();
+    if (isShownByFilter)
+        m_limits = m_filter->texts();
+    try {
+        followAll(ordersOf(m_store.connection(), id));
+    } catch (const StoreError &) {
+        sayMissed();
+    }
+}
+
+void ListWindow::followAll(const QList<qint64> &ids)
 {
     if (!isVisible())
-        return; // it is read anew when it is opened
-    m_missed << id;
+        return; // they are read anew when it is opened
+    m_missed << ids;
     if (!m_isBusy)
         followMissed();
 }
 
 void ListWindow::followMissed()
 {
-    while (!m_missed.isEmpty())
-        followNow(m_missed.takeFirst());
-}
-
-void ListWindow::followNow(qint64 id)
-{
+    const QList<qint64> ids = std::exchange(m_missed, {});
+    if (ids.isEmpty())
+        return;
     try {
-        const std::optional<ListedOrder> order = readListed(m_store.connection(), m_shown, id);
+        const QList<ListedOrder> orders = readListed(m_store.connection(), m_shown, ids);
         m_all = countOrders(m_store.connection());
-        if (!order)
-            m_rows->remove(id);
-        else if (m_rows->has(id))
-            m_rows->change(*order);
-        else
-            m_rows->add(*order);
+        m_rows->follow(ids, orders);
         showSums();
     } catch (const StoreError &) {
-        say(QStringLiteral("Nie udało się odczytać zapisanego zamówienia; F5 odczyta listę na nowo."));
+        sayMissed();
     }
+}
+
+void ListWindow::sayMissed()
+{
+    say(QStringLiteral("Nie udało się odczytać tego, co zapisano; F5 odczyta listę na nowo."));
 }
 
 void ListWindow::showSums() { m_sums->setText(sumText(m_rows->orders(), m_all)); }

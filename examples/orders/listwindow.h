@@ -39,6 +39,8 @@ public:
     bool refresh();
     //! An order was saved or removed: its row follows.
     void follow(qint64 id);
+    //! A customer was: the rows of their orders do, and the customers of the filter.
+    void followCustomer(qint64 id);
 
     void done(int result) override;
 
@@ -54,8 +56,9 @@ private:
     //! Fills the grid; with the first of the orders only when the clerk stops that.
     void fill(QList<ListedOrder> orders);
     void sortAgain();
+    void followAll(const QList<qint64> &ids);
     void followMissed();
-    void followNow(qint64 id);
+    void sayMissed();
     void showSums();
     void exportRows();
     void printToPdf();

@@ -188,11 +188,28 @@ std::optional<OrderList> readOrders(const QSqlDatabase &connection, const OrderF
     return list;
 }
 
-std::optional<ListedOrder> readListed(const QSqlDatabase &connection, const OrderFilter &filter, qint64 id)
+QList<ListedOrder> readListed(const QSqlDatabase &connection, const OrderFilter &filter, const QList<qint64> &ids)
 {
+    constexpr qsizetype most = 500; // parameters of a statement, of which databases take so many at least
+    const Reader reader(connection, filter);
     QList<ListedOrder> orders;
-    Reader(connection, filter).read(QStringLiteral("o.id = ?"), {id}, orders);
-    return orders.isEmpty() ? std::nullopt : std::optional(orders.first());
+    for (qsizetype first = 0; first < ids.size(); first += most) {
+        const QList<qint64> piece = ids.mid(first, most);
+        Condition among;
+        among.addOneOf(QStringLiteral("o.id"), QVariantList(piece.cbegin(), piece.cend()));
+        reader.read(among, orders);
+    }
+    return orders;
+}
+
+QList<qint64> ordersOf(const QSqlDatabase &connection, qint64 customer)
+{
+    QSqlQuery query =
+        run(connection, reading, QStringLiteral("SELECT id FROM orders WHERE customer_id = ?"), {customer});
+    QList<qint64> ids;
+    while (query.next())
+        ids << query.value(0).toLongLong();
+    return ids;
 }
 
 } // namespace orders

@@ -51,8 +51,11 @@ struct OrderSums {
 [[nodiscard]] std::optional<OrderList> readOrders(const QSqlDatabase &connection, const OrderFilter &filter,
                                                   const MayGoOn &mayGoOn);
 
-//! The order if it is there and belongs to the filter. Raises StoreError.
-[[nodiscard]] std::optional<ListedOrder> readListed(const QSqlDatabase &connection, const OrderFilter &filter,
-                                                    qint64 id);
+//! Those of these orders that are there and belong to the filter. Raises StoreError.
+[[nodiscard]] QList<ListedOrder> readListed(const QSqlDatabase &connection, const OrderFilter &filter,
+                                            const QList<qint64> &ids);
+
+//! All orders of a customer. Raises StoreError.
+[[nodiscard]] QList<qint64> ordersOf(const QSqlDatabase &connection, qint64 customer);
 
 } // namespace orders

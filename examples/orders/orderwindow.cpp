@@ -371,6 +371,7 @@ void OrderWindow::report()
 void OrderWindow::keepCustomers()
 {
     RecordWindow window(m_store, customersTable(), customersToSearch(m_store), *m_database, this);
+    connect(&window, &RecordWindow::changed, this, &OrderWindow::customerChanged);
     keepRecords(QStringLiteral("customers"), window, m_form->order().customer);
 }
 
@@ -431,6 +432,7 @@ ListWindow &OrderWindow::list()
                 [this](qint64 id) { guarded([this, id] { openOrder(id); }); });
         connect(m_list.get(), &QDialog::finished, this, [this] { activateWindow(); });
         connect(this, &OrderWindow::orderChanged, m_list.get(), &ListWindow::follow);
+        connect(this, &OrderWindow::customerChanged, m_list.get(), &ListWindow::followCustomer);
     }
     m_list->present();
     return *m_list;

@@ -49,6 +49,8 @@ public:
 Q_SIGNALS:
     //! An order was saved, or is gone.
     void orderChanged(qint64 id);
+    //! A customer was.
+    void customerChanged(qint64 id);
 
 protected:
     void closeEvent(QCloseEvent *event) override;

@@ -279,6 +279,7 @@ void RecordWindow::showSaved(const Record &saved)
     m_form->setRecord(saved);
     m_list->refresh();
     m_said->setText(QStringLiteral("Zapisano: %1.").arg(nameOf(m_records.table(), saved)));
+    Q_EMIT changed(saved.id);
 }
 
 //! The clerk goes on with this record, though it is none of those that were searched for.
@@ -320,6 +321,7 @@ void RecordWindow::remove()
     m_form->setRecord(newRecord(m_records.table()));
     m_list->refresh();
     m_said->setText(QStringLiteral("Usunięto: %1.").arg(nameOf(m_records.table(), record)));
+    Q_EMIT changed(record.id);
 }
 
 QString RecordWindow::calledAs(const QString &what, const Record &record) const

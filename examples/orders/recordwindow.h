@@ -37,6 +37,10 @@ public:
 
     void reject() override;
 
+Q_SIGNALS:
+    //! A record was saved, or is gone.
+    void changed(qint64 id);
+
 private:
     QPushButton *addCommand(const QString &text, const QKeySequence &key, const std::function<void()> &work);
     void command(const std::function<void()> &work);

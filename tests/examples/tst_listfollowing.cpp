@@ -3,6 +3,8 @@
 #include "examples/listdesk.h"
 #include "examples/orderfiles.h"
 
+#include <KorDaoUC/KorCombo>
+
 #include <QtWidgets/QProgressDialog>
 #include <QtWidgets/QPushButton>
 
@@ -27,10 +29,53 @@ private Q_SLOTS:
     void anOrderThatNoLongerFitsGoes();
     void aDeletedOrderGoes();
     void anOrderThatIsGoneIsSaidWhenItIsOpened();
+    void aRenamedCustomerIsRenamedInTheRows();
+    void ordersComeAndGoWithTheNameOfTheirCustomer();
+    void ordersComeAndGoWithTheGroupOfTheirCustomer();
+    void theFilterNamesItsCustomerAnew_data();
+    void theFilterNamesItsCustomerAnew();
+    void whatIsChosenForTheNextListStaysChosen();
     void escapeStopsALongReading();
     void theOrderCanBeSavedDuringALongReading();
 
 private:
+    //! Gives the customer of an order another name, or another group, by keys alone.
+    void changeCustomerOf(const QString &number, const QString &name, const QString &group = {})
+    {
+        bringUp(*m_list);
+        press(Qt::Key_F7);
+        goTo(number);
+        press(Qt::Key_Enter);
+        QTRY_VERIFY(m_window->isActiveWindow());
+        kor::test::settle();
+        inNextDialog([&](QWidget &) {
+            press(Qt::Key_Return); // from the search to the name
+            type(name);
+            if (!group.isEmpty()) {
+                press(Qt::Key_Tab);
+                type(group);
+            }
+            press(Qt::Key_S, Qt::ControlModifier);
+            m_seen = column(ListColumn::Customer); // at once, while the customers are still open
+            press(Qt::Key_Escape);
+        });
+        press(Qt::Key_K, Qt::ControlModifier | Qt::ShiftModifier);
+        QTRY_VERIFY(m_window->isActiveWindow());
+        QCOMPARE(m_clerk->heard(), QString());
+    }
+    [[nodiscard]] QString customerOf(const QString &number) const
+    {
+        return column(ListColumn::Customer).value(column(ListColumn::Number).indexOf(number));
+    }
+    [[nodiscard]] qint64 ordersOfSameCustomer(const QString &number) const
+    {
+        return rows(file(), QStringLiteral("SELECT count(*) FROM orders WHERE customer_id = "
+                                           "(SELECT customer_id FROM orders WHERE number = '%1')")
+                                .arg(number))
+            .first()
+            .first()
+            .toLongLong();
+    }
     void addMany(int count) const
     {
         change(file(), {QStringLiteral("WITH RECURSIVE i (x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM i WHERE x < %1) "
@@ -54,6 +99,8 @@ private:
         });
         look->start(5);
     }
+
+    QStringList m_seen;
 };
 
 void tst_ListFollowing::f5ReadsAnewAndKeepsThePlace()
@@ -136,6 +183,97 @@ void tst_ListFollowing::anOrderThatIsGoneIsSaidWhenItIsOpened()
     QCOMPARE(m_clerk->heard(), QStringLiteral("Zamówienie zostało tymczasem usunięte."));
     QCOMPARE(grid()->Rows(), 1000);
     QVERIFY(!column(ListColumn::Number).contains(number));
+}
+
+void tst_ListFollowing::aRenamedCustomerIsRenamedInTheRows()
+{
+    const QString number = QStringLiteral("ZAM/2025/0500");
+    const QStringList numbers = column(ListColumn::Number);
+    const QString before = customerOf(number);
+    const auto orders = ordersOfSameCustomer(number);
+    QVERIFY(orders > 1);
+    QCOMPARE(column(ListColumn::Customer).count(before), orders);
+    changeCustomerOf(number, QStringLiteral("Żółw i Spółka"));
+    QCOMPARE(m_seen.count(QStringLiteral("Żółw i Spółka")), orders);
+    QVERIFY(!m_seen.contains(before));
+    QCOMPARE(column(ListColumn::Number), numbers); // nothing moved
+    QCOMPARE(current(ListColumn::Number), number);
+}
+
+void tst_ListFollowing::ordersComeAndGoWithTheNameOfTheirCustomer()
+{
+    const QString number = QStringLiteral("ZAM/2025/0500");
+    const auto orders = int(ordersOfSameCustomer(number));
+    enter("txtText", QStringLiteral("ZAM/2025/0500"));
+    press(Qt::Key_Enter);
+    QCOMPARE(grid()->Rows(), 2);
+    changeCustomerOf(number, QStringLiteral("Po zam/2025/0500"));
+    QCOMPARE(grid()->Rows(), orders + 1);
+    QCOMPARE(column(ListColumn::Place).last(), QString::number(orders));
+    QVERIFY2(sums().startsWith(QStringLiteral("Zamówień: %1 z 1\u00A0000,").arg(orders)), qPrintable(sums()));
+    changeCustomerOf(number, QStringLiteral("Inny"));
+    QCOMPARE(column(ListColumn::Number), QStringList{number});
+    QCOMPARE(customerOf(number), QStringLiteral("Inny"));
+    QCOMPARE(cell(1, ListColumn::Place), QStringLiteral("1"));
+}
+
+void tst_ListFollowing::ordersComeAndGoWithTheGroupOfTheirCustomer()
+{
+    enter("cmbGroup", QStringLiteral("War"));
+    press(Qt::Key_Enter);
+    const int shown = grid()->Rows();
+    const QString number = cell(1, ListColumn::Number);
+    const auto orders = int(ordersOfSameCustomer(number));
+    changeCustomerOf(number, customerOf(number), QStringLiteral("f"));
+    QCOMPARE(grid()->Rows(), shown - orders);
+    QVERIFY(!column(ListColumn::Number).contains(number));
+}
+
+void tst_ListFollowing::theFilterNamesItsCustomerAnew_data()
+{
+    QTest::addColumn<bool>("isOpen");
+    QTest::newRow("while the list is open") << true;
+    QTest::newRow("while it is closed") << false;
+}
+
+void tst_ListFollowing::theFilterNamesItsCustomerAnew()
+{
+    QFETCH(const bool, isOpen);
+    const auto *customers = m_list->findChild<KorCombo *>(QStringLiteral("cmbCustomer"));
+    enter("cmbCustomer", QStringLiteral("Firma Handlowa E"));
+    press(Qt::Key_Enter);
+    const QVariant chosen = customers->Value();
+    const QString number = current(ListColumn::Number);
+    press(Qt::Key_Enter); // opens the order
+    QTRY_VERIFY(m_window->isActiveWindow());
+    kor::test::settle();
+    if (!isOpen)
+        m_list->close();
+    inNextDialog([&](QWidget &) {
+        press(Qt::Key_Return);
+        type(QStringLiteral("Inna nazwa"));
+        press(Qt::Key_S, Qt::ControlModifier);
+        press(Qt::Key_Escape);
+    });
+    press(Qt::Key_K, Qt::ControlModifier | Qt::ShiftModifier);
+    QTRY_VERIFY(m_window->isActiveWindow());
+    kor::test::settle();
+    QCOMPARE(customers->Text(), QStringLiteral("Inna nazwa"));
+    QCOMPARE(customers->Value(), chosen);
+    openList();
+    QCOMPARE(customerOf(number), QStringLiteral("Inna nazwa"));
+}
+
+void tst_ListFollowing::whatIsChosenForTheNextListStaysChosen()
+{
+    enter("cmbCustomer", QStringLiteral("Pasieka"));
+    const auto *customers = m_list->findChild<KorCombo *>(QStringLiteral("cmbCustomer"));
+    const QVariant chosen = customers->Value();
+    enter("txtText", QStringLiteral("wąska"));
+    changeCustomerOf(QStringLiteral("ZAM/2025/0500"), QStringLiteral("Inny"));
+    QCOMPARE(customers->Value(), chosen);
+    QCOMPARE(m_list->findChild<QLineEdit *>(QStringLiteral("txtText"))->text(), QStringLiteral("wąska"));
+    QCOMPARE(grid()->Rows(), 1001); // nobody has asked for it yet
 }
 
 void tst_ListFollowing::escapeStopsALongReading()

@@ -105,19 +105,38 @@ private Q_SLOTS:
         QFETCH(const qint64, net);
         change(file, {QStringLiteral("DELETE FROM order_lines WHERE order_id = 1"),
                       QStringLiteral("INSERT INTO order_lines (order_id, line, quantity, net_price) VALUES ") + lines});
-        const std::optional<ListedOrder> order = readListed(store->connection(), {}, 1);
-        QVERIFY(order);
-        QCOMPARE(order->net, isKnown ? std::optional(net) : std::nullopt);
-        QCOMPARE(order->net, amountOf(store->order(1)->lines));
+        const QList<ListedOrder> orders = readListed(store->connection(), {}, {1});
+        QCOMPARE(idsIn(orders), QList<qint64>{1});
+        QCOMPARE(orders.first().net, isKnown ? std::optional(net) : std::nullopt);
+        QCOMPARE(orders.first().net, amountOf(store->order(1)->lines));
     }
 
     void anOrderIsListedOnlyWhereItBelongs()
     {
         OrderFilter filter;
         filter.text = store->order(7)->number;
-        QVERIFY(readListed(store->connection(), filter, 7));
-        QVERIFY(!readListed(store->connection(), filter, 8));
-        QVERIFY(!readListed(store->connection(), {}, 123456));
+        QCOMPARE(idsIn(readListed(store->connection(), filter, {8, 7})), QList<qint64>{7});
+        QCOMPARE(idsIn(readListed(store->connection(), {}, {7, 123456, 8})), (QList<qint64>{8, 7}));
+        QVERIFY(readListed(store->connection(), {}, {}).isEmpty());
+    }
+
+    void moreOrdersAreReadThanAStatementTakes()
+    {
+        QList<qint64> all = idsIn(list({}).orders);
+        QCOMPARE(all.size(), 1000);
+        all.removeOne(500);
+        QCOMPARE(idsIn(readListed(store->connection(), {}, all)), all);
+    }
+
+    void aCustomerHasTheirOrders()
+    {
+        OrderFilter filter;
+        filter.customer = 25;
+        QList<qint64> ids = ordersOf(store->connection(), 25);
+        std::sort(ids.rbegin(), ids.rend());
+        QVERIFY(ids.size() > 1);
+        QCOMPARE(ids, idsIn(list(filter).orders));
+        QVERIFY(ordersOf(store->connection(), 123456).isEmpty());
     }
 
     void keysFarApartAreReadToo()
@@ -177,7 +196,7 @@ private Q_SLOTS:
     void whatTheDatabaseRefusesIsSaid()
     {
         QVERIFY_THROWS_EXCEPTION(StoreError, (void)readOrders(QSqlDatabase(), {}, always));
-        QVERIFY_THROWS_EXCEPTION(StoreError, (void)readListed(QSqlDatabase(), {}, 1));
+        QVERIFY_THROWS_EXCEPTION(StoreError, (void)readListed(QSqlDatabase(), {}, {1}));
     }
 
     void filtersAreKeptUntilTomorrow_data()
