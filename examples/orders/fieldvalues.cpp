@@ -18,4 +18,11 @@ std::optional<QDate> dateOf(const KorDate &field)
 
 QVariant valueOf(const std::optional<QDate> &date) { return date ? QVariant(*date) : kor::null(); }
 
+std::optional<qint64> keyIn(const QVariant &value)
+{
+    return kor::isNull(value) ? std::nullopt : std::optional(value.toLongLong());
+}
+
+QVariant valueOf(std::optional<qint64> key) { return key ? kor::normalized(*key) : kor::null(); }
+
 } // namespace orders

@@ -12,25 +12,12 @@
 #include <KorDaoUC/KorDate>
 #include <KorDaoUC/KorListCheck>
 #include <KorDaoUC/KorNumber>
-#include <KorDaoUC/Variant>
 
 #include <QtWidgets/QGroupBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 
 namespace orders {
-
-namespace {
-
-std::optional<qint64> keyIn(const KorCombo &list)
-{
-    const QVariant key = list.Value();
-    return kor::isNull(key) ? std::nullopt : std::optional(key.toLongLong());
-}
-
-QVariant keyOf(std::optional<qint64> key) { return key ? kor::normalized(*key) : kor::null(); }
-
-} // namespace
 
 FilterPane::FilterPane(const OrderStore &store, kor::Database &database, QWidget *parent)
     : QWidget(parent),
@@ -68,8 +55,8 @@ OrderFilter FilterPane::filter() const
     filter.least = groszeOf(m_least->Value());
     filter.most = groszeOf(m_most->Value());
     filter.text = m_text->text().trimmed();
-    filter.group = keyIn(*m_group);
-    filter.customer = keyIn(*m_customer);
+    filter.group = keyIn(m_group->Value());
+    filter.customer = keyIn(m_customer->Value());
     filter.terms = m_terms->ValueChecked().split(m_terms->Separator(), Qt::SkipEmptyParts);
     return filter;
 }
@@ -81,9 +68,9 @@ void FilterPane::setFilter(const OrderFilter &filter)
     m_least->setValue(zlotysOf(filter.least));
     m_most->setValue(zlotysOf(filter.most));
     m_text->setText(filter.text);
-    m_group->setValue(keyOf(filter.group));
+    m_group->setValue(valueOf(filter.group));
     offerCustomers();
-    m_customer->setValue(keyOf(filter.customer));
+    m_customer->setValue(valueOf(filter.customer));
     QString terms;
     for (const QString &code : filter.terms)
         terms += code + m_terms->Separator(); // there is one behind the last key, too
@@ -152,7 +139,7 @@ void FilterPane::refreshLists()
 void FilterPane::offerCustomers()
 {
     QString source = QStringLiteral("SELECT id, name FROM customers");
-    if (const auto group = keyIn(*m_group))
+    if (const auto group = keyIn(m_group->Value()))
         source += QStringLiteral(" WHERE group_id = %1").arg(*group);
     source += QStringLiteral(" ORDER BY sort_name");
     if (source == m_customer->SQL() || !isAwake())

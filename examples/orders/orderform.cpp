@@ -148,7 +148,7 @@ void OrderForm::connectFields()
         showSums();
         Q_EMIT edited();
     });
-    connect(m_groups, &KorListCheck::ItemCheck, this, [this] { offerCustomers(m_customer->Value()); });
+    connect(m_groups, &KorListCheck::ItemCheck, this, [this] { offerCustomers(keyIn(m_customer->Value())); });
 }
 
 void OrderForm::setOrder(const Order &order)
@@ -157,9 +157,8 @@ void OrderForm::setOrder(const Order &order)
     m_number->setText(order.number.isEmpty() ? QStringLiteral("(nowe)") : order.number);
     m_date->setValue(order.date.isValid() ? QVariant(order.date) : kor::null());
     m_delivery->setValue(valueOf(order.delivery));
-    const QVariant customer = order.customer ? kor::normalized(*order.customer) : kor::null();
-    offerCustomers(customer);
-    m_customer->setValue(customer);
+    offerCustomers(order.customer);
+    m_customer->setValue(valueOf(order.customer));
     m_terms->setValue(order.paymentTerms);
     m_discount->setValue(orNull(order.discount));
     m_total->setValue(zlotysOf(order.total));
@@ -183,8 +182,7 @@ Order OrderForm::order() const { return withUntouched(read(), m_unchanged, m_loa
 Order OrderForm::read() const
 {
     Order order = m_loaded;
-    const QVariant customer = m_customer->Value();
-    order.customer = kor::isNull(customer) ? std::nullopt : std::optional<qint64>(kor::CLng(customer));
+    order.customer = keyIn(m_customer->Value());
     order.date = dateOf(*m_date).value_or(QDate());
     order.delivery = dateOf(*m_delivery);
     order.paymentTerms = kor::CStr(m_terms->Value());
@@ -292,15 +290,14 @@ QString OrderForm::textOf(OrderField field, const Order &order) const
 
 void OrderForm::showAddress()
 {
-    const QVariant customer = m_customer->Value();
     QString address;
     try {
-        if (!kor::isNull(customer))
-            address = m_store.addressOf(kor::CLng(customer));
+        if (const auto customer = keyIn(m_customer->Value()))
+            address = m_store.addressOf(*customer);
     } catch (const StoreError &error) {
         address = error.text(); // the order itself can be edited all the same
     }
-    m_address->setValue(customer);
+    m_address->setValue(m_customer->Value());
     m_address->setText(address);
     showOrdersOfCustomer();
 }
@@ -309,9 +306,8 @@ void OrderForm::chooseCustomer()
 {
     SearchDialog dialog(customersToSearch(m_store), this);
     if (dialog.exec() == QDialog::Accepted && dialog.chosen() != 0) {
-        const QVariant customer = kor::normalized(dialog.chosen());
-        offerCustomers(customer);
-        m_customer->setValue(customer);
+        offerCustomers(dialog.chosen());
+        m_customer->setValue(valueOf(dialog.chosen()));
     }
     window()->activateWindow(); // not every window system does so by itself
     kor::enterFocusedField(window());
@@ -328,15 +324,15 @@ bool OrderForm::isAwake() const
     return true;
 }
 
-void OrderForm::offerCustomers(const QVariant &kept)
+void OrderForm::offerCustomers(std::optional<qint64> kept)
 {
     QString source = QStringLiteral("SELECT id, name FROM customers");
     QString groups = m_groups->ValueChecked();
     if (!groups.isEmpty()) {
         groups.chop(m_groups->Separator().size()); // there is one behind the last key, too
         source += QStringLiteral(" WHERE group_id IN (%1)").arg(groups);
-        if (!kor::isNull(kept))
-            source += QStringLiteral(" OR id = %1").arg(kor::CLng(kept));
+        if (kept)
+            source += QStringLiteral(" OR id = %1").arg(*kept);
     }
     source += QStringLiteral(" ORDER BY sort_name");
     if (source == m_customer->SQL() || !isAwake())
@@ -358,11 +354,11 @@ bool OrderForm::refreshDictionaries()
 //! The newest first, to be read.
 void OrderForm::showOrdersOfCustomer()
 {
-    const QVariant customer = m_customer->Value();
+    const auto customer = keyIn(m_customer->Value());
     m_orders->setSQL(QStringLiteral("SELECT id, number || '  ' || substr(order_date, 9, 2) || '.' || "
-                                    "substr(order_date, 6, 2) FROM orders WHERE customer_id = ") +
-                     (kor::isNull(customer) ? QStringLiteral("NULL") : QString::number(kor::CLng(customer))) +
-                     QStringLiteral(" ORDER BY id DESC LIMIT 100"));
+                                    "substr(order_date, 6, 2) FROM orders WHERE customer_id = %1 "
+                                    "ORDER BY id DESC LIMIT 100")
+                         .arg(customer ? QString::number(*customer) : QStringLiteral("NULL")));
     m_orders->Clear();
     if (isAwake())
         m_orders->Refresh();

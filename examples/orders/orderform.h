@@ -87,9 +87,9 @@ private:
     void showAddress();
     void showDue();
     void chooseCustomer();
-    //! Lists the customers of the checked groups, all of them while none is checked. One customer is always among them.
     [[nodiscard]] bool isAwake() const;
-    void offerCustomers(const QVariant &kept);
+    //! Lists the customers of the checked groups, all of them while none is checked. One customer is always among them.
+    void offerCustomers(std::optional<qint64> kept);
     void showOrdersOfCustomer();
     void showSums();
     //! What the fields say, with what they round and can't show.

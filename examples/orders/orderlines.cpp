@@ -62,7 +62,7 @@ Column columnOf(LineField field)
 template <class Value>
 std::optional<Value> numberIn(const QString &text)
 {
-    return text.isEmpty() ? std::nullopt : std::optional<Value>(kor::CLng(text));
+    return text.isEmpty() ? std::nullopt : std::optional(static_cast<Value>(text.toLongLong()));
 }
 
 template <class Value>

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "recordform.h"
 
+#include "columns.h"
+#include "fieldvalues.h"
 #include "grosze.h"
 #include "linetext.h"
 
@@ -28,7 +30,11 @@ void setList(KorCombo &list, kor::Database &database, const RecordField &field)
     list.Refresh();
 }
 
-QVariant keyOf(const QVariant &value) { return value.isValid() ? kor::normalized(value) : kor::null(); }
+//! A number that may be none.
+std::optional<qint64> numberIn(const QVariant &value)
+{
+    return value.isValid() ? std::optional(value.toLongLong()) : std::nullopt;
+}
 
 } // namespace
 
@@ -83,13 +89,8 @@ RecordForm::Part RecordForm::amountPart(const RecordField &field)
     auto *box = new KorNumber;
     box->setMaxLength(field.length);
     connect(box, &KorNumber::Change, this, &RecordForm::edited);
-    const auto read = [box]() -> QVariant {
-        const std::optional<qint64> grosze = groszeOf(box->Value());
-        return grosze ? QVariant(*grosze) : QVariant();
-    };
-    const auto show = [box](const QVariant &value) {
-        box->setValue(zlotysOf(value.isValid() ? std::optional(value.toLongLong()) : std::nullopt));
-    };
+    const auto read = [box] { return orNull(groszeOf(box->Value())); };
+    const auto show = [box](const QVariant &value) { box->setValue(zlotysOf(numberIn(value))); };
     return {box, read, show};
 }
 
@@ -99,11 +100,8 @@ RecordForm::Part RecordForm::choicePart(const RecordField &field)
     setList(*list, m_database, field);
     m_lists << list;
     connect(list, &KorCombo::Click, this, &RecordForm::edited);
-    const auto read = [list]() -> QVariant {
-        const QVariant key = list->Value();
-        return kor::isNull(key) ? QVariant() : QVariant(qint64(kor::CLng(key)));
-    };
-    return {list, read, [list](const QVariant &value) { list->setValue(keyOf(value)); }};
+    const auto read = [list] { return orNull(keyIn(list->Value())); };
+    return {list, read, [list](const QVariant &value) { list->setValue(valueOf(numberIn(value))); }};
 }
 
 void RecordForm::setRecord(const Record &record)
@@ -138,12 +136,12 @@ QString RecordForm::textOf(qsizetype field, const QVariant &value) const
     const RecordField &shown = m_table.fields.at(field);
     switch (shown.kind) {
     case Kind::Text: return value.toString();
-    case Kind::Amount: return amountText(value.isValid() ? std::optional(value.toLongLong()) : std::nullopt);
+    case Kind::Amount: return amountText(numberIn(value));
     case Kind::Choice: break;
     }
     KorCombo list;
     setList(list, m_database, shown);
-    list.setValue(keyOf(value));
+    list.setValue(valueOf(numberIn(value)));
     return list.Text();
 }
 
