@@ -3,6 +3,7 @@
 #pragma once
 
 #include "orderline.h"
+#include "paymentterms.h"
 
 namespace orders {
 
@@ -13,7 +14,7 @@ struct Order {
     QDate date;
     std::optional<QDate> delivery; //!< none: not agreed yet
     std::optional<qint64> customer;
-    QString paymentTerms = QStringLiteral("P14");
+    QString paymentTerms = usualTerms;
     std::optional<double> discount; //!< per cent
     std::optional<qint64> advance;
     std::optional<qint64> total;

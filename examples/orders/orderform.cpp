@@ -9,6 +9,7 @@
 #include "orderlines.h"
 #include "ordermerge.h"
 #include "orderstore.h"
+#include "paymentterms.h"
 #include "searchdialog.h"
 
 #include <KorDaoUC/Color>
@@ -49,12 +50,12 @@ std::optional<double> numberOf(const QVariant &value)
 
 QVariant orNull(std::optional<double> number) { return number ? QVariant(*number) : kor::null(); }
 
-//! The name under which a list or a colour field shows a value.
-template <class Control>
-QString shownAs(Control &&control, const QVariant &value)
+//! The name under which the colour field shows a colour.
+QString colorName(int color)
 {
-    control.setProperty("Value", value);
-    return control.template findChild<QComboBox *>()->currentText();
+    KorColor colors;
+    colors.setValue(color);
+    return colors.findChild<QComboBox *>()->currentText();
 }
 
 //! Black or white, whichever is read better.
@@ -102,6 +103,7 @@ OrderForm::OrderForm(const OrderStore &store, kor::Database &database, QWidget *
     m_customer->Refresh();
     m_groups->Refresh();
     m_groups->setListIndex(-1);
+    m_terms->setSQL(termsToChoose());
     m_terms->Refresh();
     m_lines = new OrderLines(m_form.part<KorGrid>("grdLines"), m_catalogue, database, this);
     connectFields();
@@ -219,8 +221,6 @@ void OrderForm::markUnsaved(bool isUnsaved)
     m_number->setAccessibleDescription(isUnsaved ? QStringLiteral("niezapisane zmiany") : QString());
 }
 
-QString OrderForm::paymentTerms() const { return m_terms->SQL(); }
-
 void OrderForm::focusFirstField() { m_customer->setFocus(Qt::TabFocusReason); }
 
 void OrderForm::focusField(const OrderProblem &problem)
@@ -269,12 +269,7 @@ QString OrderForm::textOf(OrderField field, const Order &order) const
     case OrderField::Delivery:
         return order.delivery ? kor::Format(*order.delivery, m_delivery->FormatMask()) : QString();
     case OrderField::Customer: return order.customer ? m_store.nameOf(*order.customer) : m_customer->NullString();
-    case OrderField::Terms: {
-        KorCombo terms;
-        terms.setSQL(m_terms->SQL());
-        terms.Refresh();
-        return shownAs(terms, order.paymentTerms);
-    }
+    case OrderField::Terms: return nameOfTerms(order.paymentTerms);
     case OrderField::Discount:
         return order.discount ? kor::Format(*order.discount, m_discount->MaskPicture()) + QStringLiteral(" %")
                               : QString();
@@ -282,7 +277,7 @@ QString OrderForm::textOf(OrderField field, const Order &order) const
     case OrderField::Total: return amountText(order.total);
     case OrderField::Advance: return amountText(order.advance);
     case OrderField::Remarks: return order.remarks;
-    case OrderField::Label: return shownAs(KorColor(), order.labelColor.value_or(noColor));
+    case OrderField::Label: return colorName(order.labelColor.value_or(noColor));
     case OrderField::Lines: return lineTexts(order.lines, m_catalogue);
     }
     return {};

@@ -60,8 +60,6 @@ public:
     void setPreferences(const Preferences &preferences);
     //! Marks an order with unsaved changes.
     void markUnsaved(bool isUnsaved);
-    //! The terms of payment, as a list takes its entries.
-    [[nodiscard]] QString paymentTerms() const;
     //! Puts the cursor where a new order begins, or where one must be mended.
     void focusFirstField();
     void focusField(const OrderProblem &problem);

@@ -385,7 +385,7 @@ void OrderWindow::keepProducts()
 
 void OrderWindow::settings()
 {
-    SettingsDialog dialog(m_preferences, m_form->paymentTerms(), this);
+    SettingsDialog dialog(m_preferences, this);
     const bool isSaved = [&] {
         const Visit visit(m_places, dialog, QStringLiteral("settings"));
         return dialog.exec() == QDialog::Accepted;

@@ -3,9 +3,16 @@
 #include "paymentterms.h"
 
 #include <QtCore/QHash>
-#include <QtCore/QStringList>
 
 namespace orders {
+
+const QStringList &paymentTerms()
+{
+    static const QStringList codes{QStringLiteral("G"),  QStringLiteral("K"),   QStringLiteral("Z"),
+                                   QStringLiteral("P7"), QStringLiteral("P14"), QStringLiteral("P30"),
+                                   QStringLiteral("P60")};
+    return codes;
+}
 
 QString nameOfTerms(const QString &code)
 {
@@ -18,8 +25,8 @@ QString nameOfTerms(const QString &code)
 QString termsToChoose()
 {
     QStringList entries;
-    for (const char *code : {"G", "K", "Z", "P7", "P14", "P30", "P60"})
-        entries << QLatin1String(code) + u';' + nameOfTerms(QLatin1String(code));
+    for (const QString &code : paymentTerms())
+        entries << code + u';' + nameOfTerms(code);
     return QStringLiteral("LIST ") + entries.join(u'|');
 }
 

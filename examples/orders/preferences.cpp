@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "preferences.h"
 
+#include "vatrates.h"
+
 #include <QtCore/QSettings>
-#include <QtCore/QStringList>
 
 namespace orders {
 
@@ -28,17 +29,13 @@ std::optional<int> numberIn(const QSettings &settings, const QString &key, int l
 Preferences preferencesIn(const QSettings &settings)
 {
     // What the tables take, so that no new order is refused for what somebody wrote into the file.
-    static const QStringList codes{QStringLiteral("G"),  QStringLiteral("K"),   QStringLiteral("Z"),
-                                   QStringLiteral("P7"), QStringLiteral("P14"), QStringLiteral("P30"),
-                                   QStringLiteral("P60")};
-    static const QList<int> rates{0, 5, 8, 23};
     constexpr int white = 0xffffff;
     Preferences read;
     read.seller = settings.value(sellerKey).toString();
-    if (const QString terms = settings.value(termsKey).toString(); codes.contains(terms))
+    if (const QString terms = settings.value(termsKey).toString(); paymentTerms().contains(terms))
         read.paymentTerms = terms;
     read.deliveryDays = numberIn(settings, daysKey, 0, Preferences::mostDays).value_or(read.deliveryDays);
-    if (const auto rate = numberIn(settings, vatKey, 0, rates.last()); rate && rates.contains(*rate))
+    if (const auto rate = numberIn(settings, vatKey, 0, vatRates().last()); rate && vatRates().contains(*rate))
         read.vat = *rate;
     read.unsavedColor = numberIn(settings, colorKey, 0, white);
     read.folder = settings.value(folderKey).toString();

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtCore/QString>
+#include "paymentterms.h"
 
 #include <optional>
 
@@ -14,12 +14,12 @@ namespace orders {
 struct Preferences {
     static constexpr int mostDays = 90;
 
-    QString seller;                               //!< name and address for what is printed, line by line
-    QString paymentTerms = QStringLiteral("P14"); //!< of a new order
-    int deliveryDays = 0;                         //!< from a new order to its delivery; 0: not agreed yet
-    int vat = 23;                                 //!< of a new product
-    std::optional<int> unsavedColor;              //!< behind the number of an order with changes; &HBBGGRR
-    QString folder;                               //!< in which files are offered; "": that of documents
+    QString seller;                    //!< name and address for what is printed, line by line
+    QString paymentTerms = usualTerms; //!< of a new order
+    int deliveryDays = 0;              //!< from a new order to its delivery; 0: not agreed yet
+    int vat = 23;                      //!< of a new product
+    std::optional<int> unsavedColor;   //!< behind the number of an order with changes; &HBBGGRR
+    QString folder;                    //!< in which files are offered; "": that of documents
 
     bool operator==(const Preferences &) const = default;
 };

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "recordtables.h"
 
+#include "vatrates.h"
+
 #include <QtCore/QRegularExpression>
 
 namespace orders {
@@ -75,8 +77,6 @@ std::optional<int> checkDigitOf(const QString &nineDigits)
         sum += weights[at] * nineDigits.at(at).digitValue();
     return sum % 11 < 10 ? std::optional(sum % 11) : std::nullopt;
 }
-
-QString vatRates() { return QStringLiteral("LIST 0;0 %|5;5 %|8;8 %|23;23 %"); }
 
 RecordTable customersTable()
 {
@@ -160,7 +160,7 @@ RecordTable productsTable(int vat)
         {.column = QStringLiteral("vat"),
          .label = QStringLiteral("&VAT:"),
          .kind = Kind::Choice,
-         .choices = vatRates(),
+         .choices = vatRatesToChoose(),
          .initial = qint64(vat),
          .fault = needed(QStringLiteral("Wybierz stawkę VAT."))},
     };

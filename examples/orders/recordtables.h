@@ -13,7 +13,5 @@ namespace orders {
 
 //! The check digit of the nine digits that a tax number begins with; nothing when no number begins with them.
 [[nodiscard]] std::optional<int> checkDigitOf(const QString &nineDigits);
-//! The rates of VAT, as a list takes its entries.
-[[nodiscard]] QString vatRates();
 
 } // namespace orders

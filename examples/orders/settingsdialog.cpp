@@ -5,8 +5,8 @@
 #include "colorchoice.h"
 #include "focusmark.h"
 #include "messages.h"
-#include "recordtables.h"
 #include "savedfile.h"
+#include "vatrates.h"
 
 #include <KorDaoUC/Convert>
 #include <KorDaoUC/FocusedField>
@@ -39,12 +39,12 @@ KorCombo *listOf(const QString &entries)
 
 } // namespace
 
-SettingsDialog::SettingsDialog(const Preferences &preferences, const QString &paymentTerms, QWidget *parent)
+SettingsDialog::SettingsDialog(const Preferences &preferences, QWidget *parent)
     : QDialog(parent),
       m_seller(new KorMultiText),
-      m_terms(listOf(paymentTerms)),
+      m_terms(listOf(termsToChoose())),
       m_days(new KorUpDown),
-      m_vat(listOf(vatRates())),
+      m_vat(listOf(vatRatesToChoose())),
       m_color(new KorColor),
       m_folder(new KorClick)
 {

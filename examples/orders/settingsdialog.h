@@ -21,8 +21,7 @@ class SettingsDialog : public QDialog
     Q_OBJECT
 
 public:
-    //! The terms of payment are told as a list takes its entries.
-    SettingsDialog(const Preferences &preferences, const QString &paymentTerms, QWidget *parent = nullptr);
+    explicit SettingsDialog(const Preferences &preferences, QWidget *parent = nullptr);
 
     //! As they stand in the fields.
     [[nodiscard]] Preferences preferences() const;

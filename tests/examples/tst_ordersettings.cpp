@@ -3,6 +3,7 @@
 #include "examples/rememberingdesk.h"
 #include "orders/preferences.h"
 #include "orders/settingsdialog.h"
+#include "orders/vatrates.h"
 #include "support/contrast.h"
 
 #include <KorDaoUC/KorClick>
@@ -41,6 +42,8 @@ private Q_SLOTS:
     void theFolderIsChosenByKeys();
     void asksAboutChanges_data();
     void asksAboutChanges();
+    void whatCanBeChosenIsWhatTheTablesTake_data();
+    void whatCanBeChosenIsWhatTheTablesTake();
     void nonsenseInTheFileIsDoneWithout_data();
     void nonsenseInTheFileIsDoneWithout();
     void aFileThatCannotBeWrittenIsSaid();
@@ -67,7 +70,7 @@ private:
 
 void tst_OrderSettings::everyLetterIsUsedOnce()
 {
-    const SettingsDialog dialog({}, QStringLiteral("LIST P14;Przelew"));
+    const SettingsDialog dialog({});
     const QHash<QChar, QStringList> users = lettersOf(dialog);
     for (const QStringList &texts : users)
         QVERIFY2(texts.size() == 1, qPrintable(texts.join(u' ')));
@@ -211,7 +214,7 @@ void tst_OrderSettings::aColourOutsideTheListIsKept()
 {
     Preferences preferences;
     preferences.unsavedColor = 0x123456;
-    SettingsDialog dialog(preferences, QStringLiteral("LIST P14;Przelew"));
+    SettingsDialog dialog(preferences);
     QVERIFY(dialog.preferences() == preferences);
     dialog.findChild<KorColor *>()->setValue(0x00ffff);
     QCOMPARE(dialog.preferences().unsavedColor, std::optional(0x00ffff));
@@ -293,6 +296,27 @@ void tst_OrderSettings::asksAboutChanges()
     });
     QVERIFY(m_clerk->heard().startsWith(QStringLiteral("Zapisać zmiany?")));
     QCOMPARE(m_places->preferences().deliveryDays, days);
+}
+
+void tst_OrderSettings::whatCanBeChosenIsWhatTheTablesTake_data()
+{
+    QTest::addColumn<QString>("schema");
+    QTest::newRow("of a file") << ":/orders/data/schema.sql";
+    QTest::newRow("of a server") << ":/orders/data/schema-server.sql";
+}
+
+void tst_OrderSettings::whatCanBeChosenIsWhatTheTablesTake()
+{
+    QFETCH(const QString, schema);
+    QFile file(schema);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString tables = QString::fromUtf8(file.readAll());
+    QStringList rates;
+    for (const int rate : vatRates())
+        rates << QString::number(rate);
+    QVERIFY(tables.contains(QStringLiteral("CHECK (vat IN (%1))").arg(rates.join(QStringLiteral(", ")))));
+    QVERIFY(tables.contains(QStringLiteral("DEFAULT '%1' CHECK (payment_terms IN ('%2'))")
+                                .arg(usualTerms, paymentTerms().join(QStringLiteral("', '")))));
 }
 
 void tst_OrderSettings::nonsenseInTheFileIsDoneWithout_data()

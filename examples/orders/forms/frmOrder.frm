@@ -118,7 +118,6 @@ Begin Form frmOrder
          Width = 2250
          Height = 360
          TabIndex = 10
-         SQL = "LIST G;Gotówka|K;Karta płatnicza|Z;Za pobraniem|P7;Przelew 7 dni|P14;Przelew 14 dni|P30;Przelew 30 dni|P60;Przelew 60 dni"
          ToolTipText = "Sposób i termin zapłaty"
       End
       Begin Label lblDiscount
