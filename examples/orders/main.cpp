@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "deskicon.h"
 #include "orderstore.h"
 #include "orderwindow.h"
 #include "pictures.h"
@@ -71,6 +72,7 @@ int main(int argc, char **argv)
     QApplication::setOrganizationName(QStringLiteral("KorDaoUC"));
     QApplication::setApplicationVersion(QStringLiteral(KORDAOUC_VERSION));
     QApplication::setApplicationDisplayName(QStringLiteral("Zamówienia"));
+    QApplication::setWindowIcon(orders::deskIcon());
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Zamówienia: an order desk, the sample application of KorDaoUC."));

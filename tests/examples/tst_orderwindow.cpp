@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "examples/orderdesk.h"
+#include "orders/deskicon.h"
 #include "orders/pictures.h"
 #include "support/contrast.h"
 
@@ -14,6 +15,7 @@
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 #include <QtGui/QImage>
+#include <QtGui/QPainter>
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QGroupBox>
@@ -46,6 +48,32 @@ private Q_SLOTS:
         QCOMPARE(number("numDue")->Text(), grouped("1 795,99"));
         QCOMPARE(focusName(), QStringLiteral("cmbCustomer"));
         QVERIFY(!m_window->isWindowModified());
+    }
+
+    void theIconIsSeenOnEveryGround_data()
+    {
+        QTest::addColumn<int>("size");
+        QTest::addColumn<QColor>("ground");
+        for (const int size : {16, 32, 48, 256}) {
+            QTest::addRow("%d dots on white", size) << size << QColor(Qt::white);
+            QTest::addRow("%d dots on a dark theme's ground", size) << size << QColor(45, 45, 48);
+            QTest::addRow("%d dots on black", size) << size << QColor(Qt::black);
+        }
+    }
+    void theIconIsSeenOnEveryGround()
+    {
+        QFETCH(const int, size);
+        QFETCH(const QColor, ground);
+        const QPixmap icon = orders::deskIcon().pixmap(QSize(size, size), 1);
+        QCOMPARE(icon.size(), QSize(size, size));
+        QImage picture(size, size, QImage::Format_ARGB32);
+        picture.fill(ground);
+        QPainter(&picture).drawPixmap(0, 0, icon);
+        const auto seenIn = [&](const QRect &part) { return kor::test::contrastIn(picture, part, ground); };
+        QVERIFY(seenIn({0, 0, size, 2 * size / 16}) >= 3);                         // the edge above
+        QVERIFY(seenIn({0, 0, 3 * size / 16, size}) >= 3);                         // and on the left
+        QVERIFY(seenIn({10 * size / 16, 8 * size / 16, size / 4, size / 2}) >= 3); // the tick
+        QCOMPARE(picture.pixelColor(size - 1, 0), ground);
     }
 
     void theFirstFieldShowsItsFocus_data()
