@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "designer/formwriter.h"
 
+#include "pages/applying.h"
 #include "pages/latebound.h"
 
 #include <KorDaoUC/controlregistry.h>
@@ -74,8 +75,7 @@ void FormWriter::call(QObject &control, const std::function<void()> &deed)
         if (property.isReadable() && property.isWritable() && property.isDesignable() && property.isStored())
             before.emplace_back(property.name(), readMember(control, property.name()));
     }
-    beginApply();
-    const auto leave = qScopeGuard([this] { endApply(); });
+    const Applying applying(this);
     // Also when the deed ends half-way, for what it has done until then stays done.
     std::exception_ptr refusal;
     try {

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
+#include "pages/applying.h"
 #include "pages/latebound.h"
 
 #include <KorDaoUC/propertypage.h>
@@ -71,13 +72,7 @@ void PropertyPage::ApplyChanges()
 {
     const QPointer<PropertyPage> self = this;
     {
-        PropertyWriter *writer = d->writer;
-        if (writer)
-            writer->beginApply();
-        const auto leave = qScopeGuard([writer] {
-            if (writer)
-                writer->endApply();
-        });
+        const Applying applying(d->writer);
         writeControls();
     }
     if (self)

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "constituents/errorguard.h"
+#include "pages/applying.h"
 
 #include <KorDaoUC/controlregistry.h>
 #include <KorDaoUC/propertypage.h>
@@ -8,7 +9,6 @@
 #include <KorDaoUC/runtimeerror.h>
 
 #include <QtCore/QPointer>
-#include <QtCore/QScopeGuard>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTabWidget>
@@ -139,13 +139,7 @@ bool PropertyPageDialog::apply()
     std::exception_ptr refusal;
     std::optional<ErrorPath> path;
     {
-        PropertyWriter *writer = d->writer;
-        if (writer)
-            writer->beginApply();
-        const auto leave = qScopeGuard([writer] {
-            if (writer)
-                writer->endApply();
-        });
+        const Applying applying(d->writer);
         QList<QPointer<PropertyPage>> due; // a handler may end the dialog
         for (PropertyPage *page : pages())
             due << page;
