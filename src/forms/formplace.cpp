@@ -102,7 +102,9 @@ QRect FormPlace::placeOf(const QWidget &widget) const
 
 void FormPlace::write(const QWidget &widget, PropertyBag &settings) const
 {
-    const QRect now = placeOf(widget);
+    // Inside another widget, a page of tabs say, a form has the size that it is given there.
+    const bool isGiven = m_extent == Extent::SizeOnly && !widget.isWindow();
+    const QRect now = isGiven ? m_placed : placeOf(widget);
     for (const Side &side : sidesOf(m_extent)) {
         const int pixels = (now.*side.pixels)();
         if (pixels != (m_placed.*side.pixels)())

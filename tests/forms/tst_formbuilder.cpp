@@ -13,6 +13,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QTabWidget>
 
 namespace FormFile = kor::FormFile;
 using kor::FormBlock;
@@ -158,6 +159,19 @@ private Q_SLOTS:
         QByteArray expected = withoutComments(orderForm);
         expected.replace("Left = 1207", "Left = " + QByteArray::number(left));
         QCOMPARE(FormFile::serialize(m_builder->toBlock()), expected);
+    }
+
+    void keepsTheSizeOfAFormThatStandsOnAPage()
+    {
+        QVERIFY(buildOrderForm());
+        QTabWidget tabs;
+        QWidget *page = m_window.release();
+        tabs.addTab(page, QStringLiteral("&Zamówienie"));
+        tabs.resize(300, 170);
+        tabs.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&tabs));
+        QVERIFY(page->width() <= 300);
+        QCOMPARE(FormFile::serialize(m_builder->toBlock()), withoutComments(orderForm));
     }
 
     void leavesOutADeletedControl()
