@@ -27,6 +27,31 @@ constexpr qint64 longestSilence = 50; // milliseconds between two questions whet
     throw RunTimeError(ErrorNumber::DatabaseFailed, statement + QStringLiteral(": ") + error.text());
 }
 
+//! Tables come in the order of the file, before those they refer to, and old files hold rows that refer to nothing. So
+//! relations are not held against what is read; where the host had them in force, they are so again afterwards.
+class RelationsAside
+{
+public:
+    explicit RelationsAside(const QSqlDatabase &target) : m_target(target)
+    {
+        QSqlQuery query(m_target);
+        m_areInForce = query.exec(QStringLiteral("PRAGMA foreign_keys")) && query.next() && query.value(0).toBool();
+        query.finish();
+        if (m_areInForce)
+            query.exec(QStringLiteral("PRAGMA foreign_keys = OFF"));
+    }
+    ~RelationsAside()
+    {
+        if (m_areInForce)
+            QSqlQuery(m_target).exec(QStringLiteral("PRAGMA foreign_keys = ON"));
+    }
+    Q_DISABLE_COPY_MOVE(RelationsAside)
+
+private:
+    QSqlDatabase m_target;
+    bool m_areInForce = false;
+};
+
 class Copy
 {
 public:
@@ -158,6 +183,7 @@ private:
 MdbReading copyInto(const QSqlDatabase &target, Contents &contents, const MdbProgress &mayGoOn)
 {
     QSqlDatabase connection = target;
+    const RelationsAside aside(connection); // which no transaction lets be changed
     if (!connection.transaction())
         refuse(connection.lastError(), QStringLiteral("BEGIN"));
     try {

@@ -51,6 +51,8 @@ private Q_SLOTS:
     void namesMayHoldAnything();
     void textsAreComparedWithoutCase();
     void keysIndexesAndRelationsComeAlong();
+    void aTargetThatHoldsRelationsTakesThemAll_data();
+    void aTargetThatHoldsRelationsTakesThemAll();
     void aRelationToATableThatIsNotThereIsSaid();
     void anIndexThatIsUniqueNoLongerIsSaid();
     void aDateBeyondTheCalendarIsSaid();
@@ -72,6 +74,8 @@ private:
     }
     [[nodiscard]] static QSqlDatabase target() { return QSqlDatabase::database(QStringLiteral("target")); }
     MdbReading copy() { return copyInto(target(), made, {}); }
+    //! Lines that belong to orders, one of each.
+    void makeRelated();
 
     Made made;
 };
@@ -165,7 +169,7 @@ void tst_MdbCopy::textsAreComparedWithoutCase()
              (QVariantList{QStringLiteral("Alfa"), QStringLiteral("beta"), QStringLiteral("CYNA")}));
 }
 
-void tst_MdbCopy::keysIndexesAndRelationsComeAlong()
+void tst_MdbCopy::makeRelated()
 {
     const Column id{QStringLiteral("id"), Type::Integer};
     made.allTables = {
@@ -178,6 +182,11 @@ void tst_MdbCopy::keysIndexesAndRelationsComeAlong()
         {QStringLiteral("linie"), {QStringLiteral("zam")}, QStringLiteral("zamówienia"), {QStringLiteral("id")}}};
     made.rows[QStringLiteral("linie")] = {Row{qint64(1), qint64(5)}};
     made.rows[QStringLiteral("zamówienia")] = {Row{qint64(5)}};
+}
+
+void tst_MdbCopy::keysIndexesAndRelationsComeAlong()
+{
+    makeRelated();
     QCOMPARE(copy().remarks, QStringList());
     QCOMPARE(rowsOf(QStringLiteral("SELECT name FROM pragma_index_list('linie')")),
              QVariantList{QStringLiteral("linie zam")});
@@ -188,6 +197,33 @@ void tst_MdbCopy::keysIndexesAndRelationsComeAlong()
     (void)rowsOf(QStringLiteral("PRAGMA foreign_keys = ON"));
     QSqlQuery orphan(target());
     QVERIFY(!orphan.exec(QStringLiteral("INSERT INTO linie VALUES (2, 6)")));
+}
+
+void tst_MdbCopy::aTargetThatHoldsRelationsTakesThemAll_data()
+{
+    QTest::addColumn<qint64>("owner");
+    QTest::addColumn<bool>("isBroken");
+    QTest::newRow("rows before those they belong to") << qint64(5) << false;
+    QTest::newRow("a row that belongs to none") << qint64(6) << false;
+    QTest::newRow("a file that is broken") << qint64(5) << true;
+}
+
+void tst_MdbCopy::aTargetThatHoldsRelationsTakesThemAll()
+{
+    QFETCH(const qint64, owner);
+    QFETCH(const bool, isBroken);
+    makeRelated();
+    made.rows[QStringLiteral("linie")] = {Row{qint64(1), owner}};
+    if (isBroken)
+        made.rows[QStringLiteral("zamówienia")].clear();
+    (void)rowsOf(QStringLiteral("PRAGMA foreign_keys = ON"));
+    if (isBroken) {
+        QVERIFY_EXCEPTION_THROWN((void)copy(), RunTimeError);
+    } else {
+        QVERIFY(copy().isComplete);
+        QCOMPARE(rowsOf(QStringLiteral("SELECT zam FROM linie")), QVariantList{owner});
+    }
+    QCOMPARE(rowsOf(QStringLiteral("PRAGMA foreign_keys")), QVariantList{1});
 }
 
 void tst_MdbCopy::aRelationToATableThatIsNotThereIsSaid()
