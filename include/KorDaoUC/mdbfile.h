@@ -31,11 +31,11 @@ struct MdbReading {
 //!
 //! The target is an open connection to SQLite, as a rule to ":memory:" or to an empty file; a table that it has already
 //! is an error. Texts are compared without regard to the case of A to Z. Yes/No becomes 1 and 0; a Single the Double of
-//! the same digits; Currency and Decimal keep all of their digits, as texts
-//! beyond fifteen; a date is "1996-07-04", with a time
-//! "1996-07-04 12:30:00", a time alone "12:30:00"; an OLE field is a blob, a GUID its text. Primary keys, indexes and
-//! relations come along; where the target holds relations (PRAGMA foreign_keys), it does so again afterwards, and the rows
-//! that are read are not held against them. Queries, forms, reports, linked tables and those of the system do not.
+//! the same digits; Currency and Decimal keep all of their digits, as texts beyond fifteen; a date is "1996-07-04",
+//! with a time "1996-07-04 12:30:00", a time alone "12:30:00"; an OLE field is a blob, a GUID its text. Primary keys,
+//! indexes and relations come along; where the target holds relations (PRAGMA foreign_keys), it does so again
+//! afterwards, and the rows that are read are not held against them. Queries, forms, reports, linked tables and those
+//! of the system do not.
 //!
 //! Raises RunTimeError 3024 for a file that is not there or cannot be read, 3343 for one that is no .mdb file or a
 //! broken one, and 3146 when the target refuses; it is then as it was before.
