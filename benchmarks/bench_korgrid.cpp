@@ -3,6 +3,7 @@
 #include "dictionary.h"
 #include "run.h"
 #include "sizes.h"
+#include "turn.h"
 
 #include <KorDaoUC/KorCombo>
 #include <KorDaoUC/KorGrid>
@@ -50,7 +51,7 @@ void show(QWidget &widget)
     widget.show();
     QApplication::setActiveWindow(&widget);
     widget.setFocus();
-    QApplication::processEvents();
+    turn();
 }
 
 std::unique_ptr<KorGrid> makeGrid(int rows)
@@ -123,7 +124,7 @@ void openInGrid(benchmark::State &state, int column)
     for (auto _ : state) {
         row = 3 - row;
         grid->setRow(row);
-        QApplication::processEvents();
+        turn();
     }
 }
 
@@ -134,7 +135,7 @@ void openInTable(benchmark::State &state, int column)
     for (auto _ : state) {
         row = 1 - row;
         table->setCurrentCell(row, column - 1);
-        QApplication::processEvents();
+        turn();
     }
 }
 
@@ -154,6 +155,7 @@ void openCombo(benchmark::State &state)
     for (auto _ : state) {
         row = 3 - row;
         grid->setRow(row);
+        deleteWhatIsDue();
     }
     state.SetLabel(state.range() == 10'000 ? "goal read 1.3; tablewidget 1" : "");
 }
@@ -198,9 +200,10 @@ void openComboOfTable(benchmark::State &state)
     for (auto _ : state) {
         row = 1 - row;
         table->setCurrentCell(row, Unit - 1);
+        deleteWhatIsDue();
     }
     table->setCurrentCell(0, 0);
-    QApplication::processEvents();
+    turn();
 }
 
 // --- typing
@@ -211,10 +214,10 @@ void type(benchmark::State &state)
     for (auto _ : state) {
         QKeyEvent digit(QEvent::KeyPress, Qt::Key_7, Qt::NoModifier, QStringLiteral("7"));
         QApplication::sendEvent(QApplication::focusWidget(), &digit);
-        QApplication::processEvents();
+        turn();
         QKeyEvent back(QEvent::KeyPress, Qt::Key_Backspace, Qt::NoModifier, QStringLiteral("\b"));
         QApplication::sendEvent(QApplication::focusWidget(), &back);
-        QApplication::processEvents();
+        turn();
     }
 }
 
@@ -238,8 +241,10 @@ void addRows(benchmark::State &state)
 {
     for (auto _ : state) {
         const auto grid = makeShownGrid(1);
-        for (int row = 0; row < sizeOf(state); ++row)
+        for (int row = 0; row < sizeOf(state); ++row) {
             grid->AddRow(0, Product);
+            deleteWhatIsDue();
+        }
     }
 }
 
@@ -251,6 +256,7 @@ void addRowsOfTable(benchmark::State &state)
             table->insertRow(row);
             fillRow(*table, row);
             table->setCurrentCell(row, Product - 1);
+            deleteWhatIsDue();
         }
     }
 }
@@ -272,7 +278,7 @@ void deleteBlock(benchmark::State &state)
         const auto grid = makeShownGrid(sizeOf(state));
         state.ResumeTiming();
         grid->DelRow(sizeOf(state) / 3, 2 * sizeOf(state) / 3);
-        QApplication::processEvents();
+        turn();
     }
 }
 
@@ -283,7 +289,7 @@ void deleteBlockOfTable(benchmark::State &state)
         const auto table = makeShownTable(sizeOf(state));
         state.ResumeTiming();
         table->model()->removeRows(sizeOf(state) / 3, sizeOf(state) / 3);
-        QApplication::processEvents();
+        turn();
     }
 }
 
