@@ -112,6 +112,7 @@ private Q_SLOTS:
         press(Qt::Key_L, Qt::ControlModifier);
         QTRY_VERIFY(QApplication::activeWindow() && QApplication::activeWindow() != m_window.get());
         QWidget &list = *QApplication::activeWindow();
+        QTRY_VERIFY(list.isAncestorOf(QApplication::focusWidget()));
         QCOMPARE(faultsIn(heard(&list)), QString());
         QCOMPARE(faultsOnTheWayThrough(list), QString());
     }
@@ -126,7 +127,7 @@ private Q_SLOTS:
             m_window.get());
         dialog.open();
         dialog.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_VERIFY(dialog.isActiveWindow() && dialog.isAncestorOf(QApplication::focusWidget()));
         settle();
         QCOMPARE(faultsIn(heard(&dialog)), QString());
         QCOMPARE(faultsOnTheWayThrough(dialog), QString());
