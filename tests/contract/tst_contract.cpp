@@ -98,13 +98,6 @@ private:
 
 namespace {
 
-PropertyBag settingsOf(const UserControl &control)
-{
-    PropertyBag bag;
-    control.writeProperties(bag);
-    return bag;
-}
-
 bool isInvokable(const QMetaObject &type, const QString &name)
 {
     for (int index = 0; index < type.methodCount(); ++index) {

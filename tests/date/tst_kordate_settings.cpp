@@ -61,9 +61,8 @@ private Q_SLOTS:
 
 void tst_KorDateSettings::aFreshFieldStoresTodayOnly()
 {
-    PropertyBag bag;
     KorDate fresh;
-    fresh.writeProperties(bag);
+    const PropertyBag bag = settingsOf(fresh);
     QCOMPARE(keysOf(bag), (QStringList{QStringLiteral("Text"), QStringLiteral("Value")}));
     QCOMPARE(bag.ReadProperty(QStringLiteral("Value")), QVariant(today));
 }
@@ -74,9 +73,7 @@ void tst_KorDateSettings::anEmptyFieldOfDefaultsStoresNothing()
     loaded.readProperties(PropertyBag());
     QVERIFY(isNull(loaded.Value()));
     QCOMPARE(loaded.Text(), QString());
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(keysOf(again), QStringList());
+    QCOMPARE(keysOf(settingsOf(loaded)), QStringList());
 }
 
 void tst_KorDateSettings::settingsAreWrittenInTheirOrder()
@@ -84,8 +81,7 @@ void tst_KorDateSettings::settingsAreWrittenInTheirOrder()
     KorDate date;
     setEverything(date);
     date.setCurrentDate(true);
-    PropertyBag bag;
-    date.writeProperties(bag);
+    const PropertyBag bag = settingsOf(date);
     QCOMPARE(
         keysOf(bag).join(QLatin1Char(' ')),
         QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Text Value WhatsThisHelpID Locked CurrentDate "
@@ -100,13 +96,10 @@ void tst_KorDateSettings::settingsRoundTrip()
 {
     KorDate date;
     setEverything(date);
-    PropertyBag bag;
-    date.writeProperties(bag);
+    const PropertyBag bag = settingsOf(date);
     KorDate loaded;
     loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
+    QCOMPARE(settingsOf(loaded), bag);
     QCOMPARE(loaded.Text(), QStringLiteral("15.03.1999"));
     QVERIFY(!loaded.EnabledClick());
 }
@@ -176,8 +169,7 @@ void tst_KorDateSettings::nullIsSavedAndLoadedAsNull()
 {
     KorDate date;
     date.setValue(null());
-    PropertyBag bag;
-    date.writeProperties(bag);
+    const PropertyBag bag = settingsOf(date);
     QCOMPARE(keysOf(bag), QStringList());
     KorDate loaded;
     loaded.readProperties(bag);

@@ -26,12 +26,7 @@ private Q_SLOTS:
     void columnsAreNotSaved();
 
 private:
-    [[nodiscard]] PropertyBag saved() const
-    {
-        PropertyBag bag;
-        grid->writeProperties(bag);
-        return bag;
-    }
+    [[nodiscard]] PropertyBag saved() const { return settingsOf(*grid); }
 };
 
 void tst_KorGrid_Settings::aFreshGridStoresItsNullValueAlone()

@@ -100,15 +100,12 @@ void tst_KorComboSettings::init()
 
 void tst_KorComboSettings::aFreshComboStoresNothing()
 {
-    PropertyBag bag;
     KorCombo fresh;
-    fresh.writeProperties(bag);
+    const PropertyBag bag = settingsOf(fresh);
     QCOMPARE(keysOf(bag).join(QLatin1Char(' ')), QString());
     KorCombo loaded;
     loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
+    QCOMPARE(settingsOf(loaded), bag);
     QCOMPARE(loaded.NullString(), fresh.NullString());
 }
 
@@ -116,8 +113,7 @@ void tst_KorComboSettings::settingsAreWrittenInTheirOrder()
 {
     KorCombo combo;
     setEverything(combo);
-    PropertyBag bag;
-    combo.writeProperties(bag);
+    const PropertyBag bag = settingsOf(combo);
     QCOMPARE(keysOf(bag).join(QLatin1Char(' ')),
              QStringLiteral("BackColor ForeColor Enabled HelpText Font SQL Slownik CanBeNull NullString "
                             "ToolTipText BlockUpDown BlockClick"));
@@ -129,8 +125,7 @@ void tst_KorComboSettings::settingsAreReadInTheirOrderAndEnabledTwice()
 {
     KorCombo combo;
     setEverything(combo);
-    PropertyBag bag;
-    combo.writeProperties(bag);
+    const PropertyBag bag = settingsOf(combo);
     KorCombo loaded;
     QStringList applied;
     connect(&loaded, &UserControl::PropertyChanged, this, [&](const QString &name) { applied << name; });
@@ -144,13 +139,10 @@ void tst_KorComboSettings::settingsRoundTrip()
 {
     KorCombo combo;
     setEverything(combo);
-    PropertyBag bag;
-    combo.writeProperties(bag);
+    const PropertyBag bag = settingsOf(combo);
     KorCombo loaded;
     loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
+    QCOMPARE(settingsOf(loaded), bag);
     QVERIFY(!loaded.Enabled());
     QCOMPARE(loaded.ToolTipText(), QStringLiteral("Wybierz"));
     QVERIFY(loaded.BlockUpDown() && loaded.BlockClick() && loaded.CanBeNull());
@@ -160,8 +152,7 @@ void tst_KorComboSettings::toolTipIsWrittenUnderBothKeys()
 {
     KorCombo combo;
     combo.setToolTipText(QStringLiteral("Wybierz"));
-    PropertyBag bag;
-    combo.writeProperties(bag);
+    const PropertyBag bag = settingsOf(combo);
     QCOMPARE(keysOf(bag).join(QLatin1Char(' ')), QStringLiteral("HelpText ToolTipText"));
     QCOMPARE(boxOf(combo)->toolTip(), QStringLiteral("Wybierz"));
 }

@@ -87,8 +87,7 @@ void tst_KorListSettings::settingsAreWrittenInTheirOrder()
     m_list->setBlockUpDown(true);
     m_list->setBlockClick(true);
     m_list->setToolTipText(QStringLiteral("imię"));
-    PropertyBag bag;
-    m_list->writeProperties(bag);
+    const PropertyBag bag = settingsOf(*m_list);
     QCOMPARE(keysOf(bag).join(QLatin1Char(' ')),
              QStringLiteral("BackColor ForeColor Enabled HelpText Font SQL Slownik CanBeNull NullString "
                             "BackColor Appearance BorderStyle BlockUpDown BlockClick ToolTipText"));
@@ -116,8 +115,7 @@ void tst_KorListSettings::settingsRoundTrip()
     bag.append(QStringLiteral("BlockClick"), true);
     bag.append(QStringLiteral("ToolTipText"), QStringLiteral("imię"));
     m_list->readProperties(bag);
-    PropertyBag again;
-    m_list->writeProperties(again);
+    const PropertyBag again = settingsOf(*m_list);
     QCOMPARE(again, bag);
     QCOMPARE(m_list->Appearance(), AppearanceType::Flat);
     QCOMPARE(m_list->ListCount(), 0); // nothing is filled until Refresh
@@ -125,14 +123,12 @@ void tst_KorListSettings::settingsRoundTrip()
 
 void tst_KorListSettings::aFreshListStoresNothing()
 {
-    PropertyBag bag;
     KorList fresh;
-    fresh.writeProperties(bag);
+    const PropertyBag bag = settingsOf(fresh);
     QVERIFY(bag.isEmpty());
     KorList loaded;
     loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
+    const PropertyBag again = settingsOf(loaded);
     QVERIFY(again.isEmpty());
     QCOMPARE(loaded.NullString(), QStringLiteral("..."));
     QCOMPARE(loaded.Appearance(), AppearanceType::A3D);
@@ -278,8 +274,7 @@ void tst_KorListSettings::savedHeightIsLoadedAsItWas()
     m_list->setFont(large);
     m_list->setAppearance(AppearanceType::Flat);
     m_list->resize(160, 150);
-    PropertyBag bag;
-    m_list->writeProperties(bag);
+    const PropertyBag bag = settingsOf(*m_list);
     const int saved = m_list->height();
     auto *loaded = m_stage->place(new KorList, 160, saved);
     loaded->show(); // it is measured once before its settings are known

@@ -3,6 +3,7 @@
 #include "lists/listsuite.h"
 #include "support/eventlog.h"
 #include "support/runtimeerrors.h"
+#include "support/settings.h"
 
 #include <KorDaoUC/KorListCheck>
 #include <KorDaoUC/Locale>
@@ -179,13 +180,10 @@ void tst_KorListCheck::emptyListKeepsItsSet()
     bag.append(QStringLiteral("ValueChecked"), QStringLiteral("a;"));
     m_list->readProperties(bag);
     m_list->setValueChecked(QStringLiteral("b;")); // without entries nothing changes
-    PropertyBag again;
-    m_list->writeProperties(again);
+    const PropertyBag again = settingsOf(*m_list);
     QCOMPARE(again, bag);
     QCOMPARE(m_list->ValueChecked(), QString()); // asking for it does: nothing is checked
-    PropertyBag asked;
-    m_list->writeProperties(asked);
-    QVERIFY(asked.isEmpty());
+    QVERIFY(settingsOf(*m_list).isEmpty());
 }
 
 void tst_KorListCheck::textCheckedListsNames()

@@ -53,8 +53,7 @@ void tst_KorListCheckSettings::settingsAreWrittenInTheirOrder()
     m_list->setBlockClick(true);
     m_list->setValueChecked(QStringLiteral("a,b,"));
     QCOMPARE(m_list->TextChecked(), QStringLiteral("Alfa,Beta,"));
-    PropertyBag bag;
-    m_list->writeProperties(bag);
+    const PropertyBag bag = settingsOf(*m_list);
     QCOMPARE(keysOf(bag).join(QLatin1Char(' ')),
              QStringLiteral("BackColor ForeColor Enabled HelpText Font SQL Slownik CanBeNull NullString "
                             "BackColor Appearance BorderStyle BlockUpDown ToolTipText BlockClick "
@@ -68,21 +67,17 @@ void tst_KorListCheckSettings::settingsAreWrittenInTheirOrder()
     QCOMPARE(applied.join(QLatin1Char(' ')),
              QStringLiteral("BackColor ForeColor Enabled Font SQL Slownik CanBeNull NullString BackColor Appearance "
                             "BorderStyle BlockUpDown ToolTipText BlockClick Separator"));
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
+    QCOMPARE(settingsOf(loaded), bag);
 }
 
 void tst_KorListCheckSettings::aFreshListStoresNothing()
 {
-    PropertyBag bag;
     KorListCheck fresh;
-    fresh.writeProperties(bag);
+    const PropertyBag bag = settingsOf(fresh);
     QVERIFY(bag.isEmpty());
     KorListCheck loaded;
     loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
+    const PropertyBag again = settingsOf(loaded);
     QVERIFY(again.isEmpty());
     QCOMPARE(loaded.Separator(), QStringLiteral(";"));
 }
@@ -94,8 +89,7 @@ void tst_KorListCheckSettings::loadedSetsAreKeptAsTheyAre()
     bag.append(QStringLiteral("ValueChecked"), QStringLiteral(";a;b;"));
     bag.append(QStringLiteral("TextChecked"), QStringLiteral("Alfa;Beta;"));
     m_list->readProperties(bag);
-    PropertyBag again;
-    m_list->writeProperties(again);
+    const PropertyBag again = settingsOf(*m_list);
     QCOMPARE(again, bag);
     QCOMPARE(m_list->SelCount(), 0);
     QCOMPARE(m_list->ListCount(), 1);
@@ -118,8 +112,7 @@ void tst_KorListCheckSettings::databasePlaceholderTouchesNothing()
     m_list->readProperties(bag);
     load(QStringLiteral("SELECT 1, 'jeden'"));
     QCOMPARE(m_list->ListCount(), 1); // the database is still there
-    PropertyBag again;
-    m_list->writeProperties(again);
+    const PropertyBag again = settingsOf(*m_list);
     QVERIFY(!again.contains(QStringLiteral("Database")));
 }
 

@@ -70,15 +70,12 @@ void tst_KorNumberSettings::init()
 
 void tst_KorNumberSettings::aFreshFieldStoresNothing()
 {
-    PropertyBag bag;
     KorNumber fresh;
-    fresh.writeProperties(bag);
+    const PropertyBag bag = settingsOf(fresh);
     QCOMPARE(keysOf(bag), QStringList());
     KorNumber loaded;
     loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
+    QCOMPARE(settingsOf(loaded), bag);
 }
 
 void tst_KorNumberSettings::settingsAreWrittenInTheirOrder()
@@ -86,8 +83,7 @@ void tst_KorNumberSettings::settingsAreWrittenInTheirOrder()
     KorNumber number;
     number.resize(160, 26);
     setEverything(number);
-    PropertyBag bag;
-    number.writeProperties(bag);
+    const PropertyBag bag = settingsOf(number);
     const QString order =
         QStringLiteral("BackColor ForeColor Enabled Font Locked Value Text MaxLength MaxLength "
                        "WhatsThisHelpID BorderStyle Alignment MaskPicture MaxValue MinValue CheckRange "
@@ -103,8 +99,7 @@ void tst_KorNumberSettings::maxLengthIsWrittenTwice()
 {
     KorNumber number;
     number.setMaxLength(5);
-    PropertyBag bag;
-    number.writeProperties(bag);
+    const PropertyBag bag = settingsOf(number);
     QCOMPARE(keysOf(bag), (QStringList{QStringLiteral("MaxLength"), QStringLiteral("MaxLength")}));
 }
 
@@ -140,13 +135,10 @@ void tst_KorNumberSettings::settingsRoundTrip()
     KorNumber number;
     number.resize(160, 26);
     setEverything(number);
-    PropertyBag bag;
-    number.writeProperties(bag);
+    const PropertyBag bag = settingsOf(number);
     KorNumber loaded;
     loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
+    QCOMPARE(settingsOf(loaded), bag);
 }
 
 void tst_KorNumberSettings::typeIsKeptUnchanged_data()
@@ -167,8 +159,7 @@ void tst_KorNumberSettings::typeIsKeptUnchanged()
     bag.append(QStringLiteral("Type"), type);
     KorNumber number;
     number.readProperties(bag);
-    PropertyBag again;
-    number.writeProperties(again);
+    const PropertyBag again = settingsOf(number);
     QCOMPARE(keysOf(again), isStored ? QStringList{QStringLiteral("Type")} : QStringList());
     if (isStored)
         QVERIFY(isSameSetting(again.ReadProperty(QStringLiteral("Type")), type));

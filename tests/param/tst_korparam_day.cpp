@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "param/paramsuite.h"
+#include "support/settings.h"
 
 #include <KorDaoUC/PropertyBag>
 
@@ -487,8 +488,7 @@ void tst_KorParam_Day::theFormIsTheSameAfterSavingAndLoading()
     sheet->setColNameWidth(2200);
     sheet->setColValTitle(QStringLiteral("Treść"));
     sheet->setEnabledClick(false);
-    PropertyBag bag;
-    sheet->writeProperties(bag);
+    const PropertyBag bag = settingsOf(*sheet);
     auto *loaded = stage->place(new KorParam, 420, 200);
     stage->resize(440, 560);
     loaded->show();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KorDaoUC authors
 // SPDX-License-Identifier: MIT
 #include "param/paramsuite.h"
+#include "support/settings.h"
 
 #include <KorDaoUC/PropertyBag>
 
@@ -313,8 +314,7 @@ void tst_KorParam_Program::aValueSetOverAnyOpenEditorIsSeen()
 void tst_KorParam_Program::settingsLoadedInMidEditKeepWhatWasTyped()
 {
     sheet->setColNameWidth(1500);
-    PropertyBag bag;
-    sheet->writeProperties(bag);
+    const PropertyBag bag = settingsOf(*sheet);
     click(Number);
     type(QStringLiteral("12,5"));
     sheet->readProperties(bag);

@@ -31,12 +31,7 @@ private Q_SLOTS:
     void initialSettingsBlockTheArrowsAgain();
 
 private:
-    [[nodiscard]] PropertyBag saved() const
-    {
-        PropertyBag bag;
-        sheet->writeProperties(bag);
-        return bag;
-    }
+    [[nodiscard]] PropertyBag saved() const { return settingsOf(*sheet); }
     void changeAll()
     {
         sheet->setEnabledClick(false);
@@ -92,8 +87,7 @@ void tst_KorParam_Settings::settingsAreReadBack()
     QCOMPARE(loaded.ColParTitle(), QStringLiteral("Pole"));
     QCOMPARE(loaded.ColValTitle(), QStringLiteral("Treść"));
     QVERIFY(!loaded.EnabledClick());
-    PropertyBag again;
-    loaded.writeProperties(again);
+    const PropertyBag again = settingsOf(loaded);
     QVERIFY(again == saved());
 }
 

@@ -72,8 +72,7 @@ void tst_KorClickSettings::settingsAreWrittenInTheirOrder()
 {
     KorClick click;
     setEverything(click);
-    PropertyBag bag;
-    click.writeProperties(bag);
+    const PropertyBag bag = settingsOf(click);
     QCOMPARE(
         keysOf(bag).join(QLatin1Char(' ')),
         QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Appearance BlockUpDown Text SelLength SelText "
@@ -86,17 +85,12 @@ void tst_KorClickSettings::settingsRoundTrip()
 {
     KorClick click;
     setEverything(click);
-    PropertyBag bag;
-    click.writeProperties(bag);
+    const PropertyBag bag = settingsOf(click);
     KorClick loaded;
     loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
+    QCOMPARE(settingsOf(loaded), bag);
     loaded.readProperties(PropertyBag());
-    PropertyBag none;
-    loaded.writeProperties(none);
-    QVERIFY(none.isEmpty());
+    QVERIFY(settingsOf(loaded).isEmpty());
 }
 
 void tst_KorClickSettings::settingsAreReadInTheirOrder()

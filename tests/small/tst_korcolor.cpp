@@ -3,6 +3,7 @@
 #include "support/colordialog.h"
 #include "support/eventlog.h"
 #include "support/fieldsuite.h"
+#include "support/settings.h"
 
 #include <KorDaoUC/KorColor>
 #include <KorDaoUC/PropertyBag>
@@ -92,9 +93,7 @@ void tst_KorColor::aFreshControlShowsBrightRed()
     QCOMPARE(m_box->count(), 18);
     QCOMPARE(m_box->currentText(), QStringLiteral("Jasnoczerwony"));
     QCOMPARE(m_color->Value(), 255);
-    PropertyBag bag;
-    m_color->writeProperties(bag);
-    QVERIFY(bag.isEmpty());
+    QVERIFY(settingsOf(*m_color).isEmpty());
 }
 
 void tst_KorColor::valueSelectsTheFirstEntryOfItsColor_data()

@@ -58,8 +58,7 @@ void tst_KorColorSettings::init()
 void tst_KorColorSettings::settingsAreWrittenInTheirOrder()
 {
     setEverything(*m_color);
-    PropertyBag bag;
-    m_color->writeProperties(bag);
+    const PropertyBag bag = settingsOf(*m_color);
     QCOMPARE(keysOf(bag).join(QLatin1Char(' ')), QStringLiteral("BackColor ForeColor Enabled Font Value ToolTipText"));
     QCOMPARE(bag.ReadProperty(QStringLiteral("Value")), QVariant(65535));
 }
@@ -67,8 +66,7 @@ void tst_KorColorSettings::settingsAreWrittenInTheirOrder()
 void tst_KorColorSettings::savedValueIsTheColorLastSet()
 {
     const auto saved = [this] {
-        PropertyBag bag;
-        m_color->writeProperties(bag);
+        const PropertyBag bag = settingsOf(*m_color);
         return bag.isEmpty() ? QVariant() : bag.ReadProperty(QStringLiteral("Value"));
     };
     m_color->setValue(0x123456);
@@ -83,16 +81,14 @@ void tst_KorColorSettings::savedValueIsTheColorLastSet()
 void tst_KorColorSettings::valueIsWrittenAndNeverReadBack()
 {
     setEverything(*m_color);
-    PropertyBag bag;
-    m_color->writeProperties(bag);
+    const PropertyBag bag = settingsOf(*m_color);
     KorColor loaded;
     EventLog log(&loaded);
     loaded.readProperties(bag);
     QCOMPARE(loaded.Value(), 255);
     QCOMPARE(loaded.ToolTipText(), QStringLiteral("Kolor etykiety"));
     QCOMPARE(log.take(), QString());
-    PropertyBag again;
-    loaded.writeProperties(again);
+    const PropertyBag again = settingsOf(loaded);
     QCOMPARE(keysOf(again).join(QLatin1Char(' ')), QStringLiteral("BackColor ForeColor Enabled Font ToolTipText"));
     m_color->readProperties(bag);
     QCOMPARE(m_color->Value(), 255); // also after another entry was shown

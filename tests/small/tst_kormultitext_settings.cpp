@@ -64,8 +64,7 @@ void tst_KorMultiTextSettings::init()
 void tst_KorMultiTextSettings::settingsAreWrittenInTheirOrder()
 {
     setEverything(*m_text);
-    PropertyBag bag;
-    m_text->writeProperties(bag);
+    const PropertyBag bag = settingsOf(*m_text);
     QCOMPARE(keysOf(bag).join(QLatin1Char(' ')),
              QStringLiteral("BackColor ForeColor Enabled Font BorderStyle Alignment OpenDrection EnabledClick "
                             "Text MaxLength OpenLines DataChanged"));
@@ -74,24 +73,17 @@ void tst_KorMultiTextSettings::settingsAreWrittenInTheirOrder()
 void tst_KorMultiTextSettings::settingsRoundTrip()
 {
     setEverything(*m_text);
-    PropertyBag bag;
-    m_text->writeProperties(bag);
+    const PropertyBag bag = settingsOf(*m_text);
     KorMultiText loaded;
     loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
+    QCOMPARE(settingsOf(loaded), bag);
     loaded.readProperties(PropertyBag());
-    PropertyBag none;
-    loaded.writeProperties(none);
-    QVERIFY(none.isEmpty());
+    QVERIFY(settingsOf(loaded).isEmpty());
 }
 
 void tst_KorMultiTextSettings::defaultsAreStoredNowhere()
 {
-    PropertyBag bag;
-    m_text->writeProperties(bag);
-    QVERIFY(bag.isEmpty());
+    QVERIFY(settingsOf(*m_text).isEmpty());
     QCOMPARE(m_text->OpenLines(), 5);
     QCOMPARE(m_text->OpenDrection(), OpenDirectionType::Down);
     QVERIFY(m_text->EnabledClick());

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
 #include "support/fieldsuite.h"
+#include "support/settings.h"
 
 #include <KorDaoUC/KorUpDown>
 #include <KorDaoUC/PropertyBag>
@@ -104,9 +105,7 @@ void tst_KorUpDown::aFreshFieldShowsText1()
     QCOMPARE(m_spin->Min(), 0);
     QCOMPARE(m_spin->Max(), 10);
     QCOMPARE(m_spin->Increment(), 1);
-    PropertyBag bag;
-    m_spin->writeProperties(bag);
-    QVERIFY(bag.isEmpty());
+    QVERIFY(settingsOf(*m_spin).isEmpty());
 }
 
 void tst_KorUpDown::valueBelowOneIsZero()

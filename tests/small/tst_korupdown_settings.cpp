@@ -63,8 +63,7 @@ void tst_KorUpDownSettings::init()
 void tst_KorUpDownSettings::settingsAreWrittenInTheirOrder()
 {
     setEverything(*m_spin);
-    PropertyBag bag;
-    m_spin->writeProperties(bag);
+    const PropertyBag bag = settingsOf(*m_spin);
     QCOMPARE(keysOf(bag).join(QLatin1Char(' ')),
              QStringLiteral("BackColor ForeColor Enabled Font BackStyle BorderStyle Text Value MaxLength Increment"));
     QCOMPARE(bag.ReadProperty(QStringLiteral("BackStyle")).typeId(), int(QMetaType::Short));
@@ -74,15 +73,12 @@ void tst_KorUpDownSettings::settingsAreWrittenInTheirOrder()
 void tst_KorUpDownSettings::settingsRoundTrip()
 {
     setEverything(*m_spin);
-    PropertyBag bag;
-    m_spin->writeProperties(bag);
+    const PropertyBag bag = settingsOf(*m_spin);
     KorUpDown loaded;
     QStringList order;
     connect(&loaded, &UserControl::PropertyChanged, this, [&](const QString &name) { order << name; });
     loaded.readProperties(bag);
-    PropertyBag again;
-    loaded.writeProperties(again);
-    QCOMPARE(again, bag);
+    QCOMPARE(settingsOf(loaded), bag);
     QCOMPARE(order.join(QLatin1Char(' ')),
              QStringLiteral(
                  "BackColor ForeColor Enabled Enabled Font BackStyle BorderStyle Text Value Increment MaxLength"));
@@ -92,9 +88,7 @@ void tst_KorUpDownSettings::theRangeIsNotSaved()
 {
     m_spin->setMin(-3);
     m_spin->setMax(500);
-    PropertyBag bag;
-    m_spin->writeProperties(bag);
-    QVERIFY(bag.isEmpty());
+    QVERIFY(settingsOf(*m_spin).isEmpty());
 }
 
 void tst_KorUpDownSettings::aStoredValueOutOfRangeIsIgnored()

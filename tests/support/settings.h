@@ -3,6 +3,7 @@
 #pragma once
 
 #include <KorDaoUC/PropertyBag>
+#include <KorDaoUC/UserControl>
 
 #include <QtCore/QStringList>
 
@@ -15,6 +16,14 @@ namespace kor::test {
     for (const auto &[key, value] : bag.entries())
         keys << key;
     return keys;
+}
+
+//! What a control saves.
+[[nodiscard]] inline PropertyBag settingsOf(const UserControl &control)
+{
+    PropertyBag bag;
+    control.writeProperties(bag);
+    return bag;
 }
 
 } // namespace kor::test
