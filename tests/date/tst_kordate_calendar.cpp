@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "date/datesuite.h"
 #include "support/eventlog.h"
+#include "support/listeningform.h"
 
 #include <KorDaoUC/KorDate>
 #include <KorDaoUC/UserControl>
@@ -214,17 +215,7 @@ void tst_KorDateCalendar::enabledClickFalseSwitchesOffButtonAndKey()
 
 void tst_KorDateCalendar::aDisabledButtonSwallowsItsClicks()
 {
-    class Form : public QWidget
-    {
-    public:
-        int presses = 0;
-
-    protected:
-        void mousePressEvent(QMouseEvent *) override { ++presses; }
-        void mouseReleaseEvent(QMouseEvent *) override { ++presses; }
-        void mouseDoubleClickEvent(QMouseEvent *) override { ++presses; }
-    };
-    Form form;
+    ListeningForm form;
     form.resize(200, 60);
     auto *date = new KorDate(&form);
     date->resize(160, 26);
@@ -235,6 +226,8 @@ void tst_KorDateCalendar::aDisabledButtonSwallowsItsClicks()
     QTest::mouseClick(button, Qt::LeftButton);
     QTest::mouseDClick(button, Qt::LeftButton);
     QCOMPARE(form.presses, 0);
+    QTest::mouseClick(&form, Qt::LeftButton, {}, QPoint(190, 50));
+    QCOMPARE(form.presses, 2);
 }
 
 void tst_KorDateCalendar::nothingOpensAtDesignTime()

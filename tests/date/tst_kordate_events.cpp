@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "date/datesuite.h"
 #include "support/eventlog.h"
+#include "support/listeningform.h"
 
 #include <KorDaoUC/ControlRegistry>
 #include <KorDaoUC/ErrorHandler>
@@ -203,15 +204,7 @@ void tst_KorDateEvents::hostMaySwallowOrTurnTheKey()
 
 void tst_KorDateEvents::swallowedKeysAreNotOfferedToTheForm()
 {
-    class Form : public QWidget
-    {
-    public:
-        QList<int> keys;
-
-    protected:
-        void keyPressEvent(QKeyEvent *event) override { keys << event->key(); }
-    };
-    Form form;
+    ListeningForm form;
     m_date->setParent(&form);
     form.show();
     form.activateWindow();

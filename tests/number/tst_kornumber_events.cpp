@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "number/numbersuite.h"
 #include "support/eventlog.h"
+#include "support/listeningform.h"
 
 #include <KorDaoUC/ErrorHandler>
 #include <KorDaoUC/KorNumber>
@@ -167,15 +168,7 @@ void tst_KorNumberEvents::hostTurnsOneKeyIntoAnother()
 
 void tst_KorNumberEvents::swallowedKeysAreNotOfferedToTheForm()
 {
-    class Form : public QWidget
-    {
-    public:
-        QList<int> keys;
-
-    protected:
-        void keyPressEvent(QKeyEvent *event) override { keys << event->key(); }
-    };
-    Form form;
+    ListeningForm form;
     m_number->setParent(&form);
     form.show();
     form.activateWindow();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/eventlog.h"
 #include "support/fieldsuite.h"
+#include "support/listeningform.h"
 
 #include <KorDaoUC/KorClick>
 
@@ -65,17 +66,7 @@ void tst_KorClick_Button::theButtonAsksTheHost()
 
 void tst_KorClick_Button::clicksOnADisabledButtonStayInside()
 {
-    class Form : public QWidget
-    {
-    public:
-        int presses = 0;
-
-    protected:
-        void mousePressEvent(QMouseEvent *) override { ++presses; }
-        void mouseReleaseEvent(QMouseEvent *) override { ++presses; }
-        void mouseDoubleClickEvent(QMouseEvent *) override { ++presses; }
-    };
-    Form form;
+    ListeningForm form;
     m_click->setParent(&form);
     m_click->setGeometry(10, 10, 160, 26);
     form.show();
