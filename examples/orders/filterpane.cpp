@@ -116,20 +116,9 @@ QWidget *FilterPane::widgetOf(FilterField field) const
     return m_terms;
 }
 
-//! A list that can't be read would be emptied, and its entry lost.
-bool FilterPane::isAwake() const
-{
-    try {
-        m_store.wake();
-    } catch (const StoreError &) {
-        return false;
-    }
-    return true;
-}
-
 void FilterPane::refreshLists()
 {
-    if (!isAwake())
+    if (!m_store.isAwake())
         return;
     m_group->Refresh();
     m_customer->Refresh();
@@ -142,7 +131,7 @@ void FilterPane::offerCustomers()
     if (const auto group = keyIn(m_group->Value()))
         source += QStringLiteral(" WHERE group_id = %1").arg(*group);
     source += QStringLiteral(" ORDER BY sort_name");
-    if (source == m_customer->SQL() || !isAwake())
+    if (source == m_customer->SQL() || !m_store.isAwake())
         return;
     m_customer->setSQL(source);
     m_customer->Refresh();

@@ -48,7 +48,6 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    [[nodiscard]] bool isAwake() const;
     void offerCustomers();
     [[nodiscard]] QWidget *widgetOf(FilterField field) const;
 

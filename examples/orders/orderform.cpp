@@ -308,17 +308,6 @@ void OrderForm::chooseCustomer()
     kor::enterFocusedField(window());
 }
 
-//! A list that can't be read would be emptied, and its entry lost.
-bool OrderForm::isAwake() const
-{
-    try {
-        m_store.wake();
-    } catch (const StoreError &) {
-        return false;
-    }
-    return true;
-}
-
 void OrderForm::offerCustomers(std::optional<qint64> kept)
 {
     QString source = QStringLiteral("SELECT id, name FROM customers");
@@ -330,7 +319,7 @@ void OrderForm::offerCustomers(std::optional<qint64> kept)
             source += QStringLiteral(" OR id = %1").arg(*kept);
     }
     source += QStringLiteral(" ORDER BY sort_name");
-    if (source == m_customer->SQL() || !isAwake())
+    if (source == m_customer->SQL() || !m_store.isAwake())
         return;
     m_customer->setSQL(source);
     m_customer->Refresh();
@@ -338,7 +327,7 @@ void OrderForm::offerCustomers(std::optional<qint64> kept)
 
 bool OrderForm::refreshDictionaries()
 {
-    m_store.wake(); // a list that can't be read would be emptied, and its entry lost
+    m_store.wake();
     const QVariant customer = m_customer->Value();
     m_customer->Refresh();
     showAddress();
@@ -355,7 +344,7 @@ void OrderForm::showOrdersOfCustomer()
                                     "ORDER BY id DESC LIMIT 100")
                          .arg(customer ? QString::number(*customer) : QStringLiteral("NULL")));
     m_orders->Clear();
-    if (isAwake())
+    if (m_store.isAwake())
         m_orders->Refresh();
     if (m_orders->HasValues())
         m_orders->setListIndex(-1);

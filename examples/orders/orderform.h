@@ -85,7 +85,6 @@ private:
     void showAddress();
     void showDue();
     void chooseCustomer();
-    [[nodiscard]] bool isAwake() const;
     //! Lists the customers of the checked groups, all of them while none is checked. One customer is always among them.
     void offerCustomers(std::optional<qint64> kept);
     void showOrdersOfCustomer();

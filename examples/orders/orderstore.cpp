@@ -73,6 +73,16 @@ OrderStore::~OrderStore()
 
 void OrderStore::wake() const { run(m_connection, QStringLiteral("Odczytanie bazy"), QStringLiteral("SELECT 1")); }
 
+bool OrderStore::isAwake() const
+{
+    try {
+        wake();
+    } catch (const StoreError &) {
+        return false;
+    }
+    return true;
+}
+
 QList<qint64> OrderStore::ids() const
 {
     QSqlQuery query = run(m_connection, QStringLiteral("Odczytanie listy zamówień"),

@@ -47,8 +47,11 @@ public:
 
     //! For the lists that fill themselves from the database.
     [[nodiscard]] const QSqlDatabase &connection() const { return m_connection; }
-    //! Makes sure that the database answers before a list is read from it.
+    //! Makes sure that the database answers before a list is read from it: one that can't be read would be emptied, and
+    //! its entry lost.
     void wake() const;
+    //! The same without an error.
+    [[nodiscard]] bool isAwake() const;
 
     //! All orders from the oldest to the newest.
     [[nodiscard]] QList<qint64> ids() const;

@@ -193,7 +193,7 @@ void RecordWindow::undo()
 //! What was typed stays as it is.
 void RecordWindow::refresh()
 {
-    m_store.wake(); // a list that can't be read would be emptied, and its entry lost
+    m_store.wake();
     m_form->refreshLists();
     if (!m_form->isChanged())
         undo();
