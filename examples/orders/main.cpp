@@ -51,6 +51,24 @@ void sayWhatMatters(QtMsgType type, const QMessageLogContext &context, const QSt
         std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
 }
 
+//! No screen is needed for pictures, and they are the same everywhere.
+void doWithoutScreen()
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(sayWhatMatters);
+    if (!qEnvironmentVariableIsSet("QT_LOGGING_RULES"))
+        qputenv("QT_LOGGING_RULES", "qt.qpa.*=false"); // what a platform without windows cannot do
+}
+
+//! The desk does so whatever the system speaks, and the toolkit's own dialogs do where its words are installed.
+void speakPolish()
+{
+    auto *words = new QTranslator(qApp);
+    if (words->load(QStringLiteral("qtbase_pl"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(words);
+    kor::Locale::setSystemDefault(kor::Locale::polish());
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -59,13 +77,8 @@ int main(int argc, char **argv)
     const bool isPictured = std::any_of(argv + 1, argv + argc, [](const char *argument) {
         return std::string_view(argument).starts_with("--screenshots");
     });
-    if (isPictured) // no screen is needed, and the pictures are the same everywhere
-    {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        qInstallMessageHandler(sayWhatMatters);
-        if (!qEnvironmentVariableIsSet("QT_LOGGING_RULES"))
-            qputenv("QT_LOGGING_RULES", "qt.qpa.*=false"); // what a platform without windows cannot do
-    }
+    if (isPictured)
+        doWithoutScreen();
 
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orders"));
@@ -89,12 +102,7 @@ int main(int argc, char **argv)
     parser.addOptions({database, screenshots});
     parser.process(application);
 
-    // The desk speaks Polish whatever the system does, and so do the toolkit's own dialogs where its words are
-    // installed.
-    QTranslator words;
-    if (words.load(QStringLiteral("qtbase_pl"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&words);
-    kor::Locale::setSystemDefault(kor::Locale::polish());
+    speakPolish();
     if (isPictured) {
         QApplication::setStyle(QStringLiteral("Fusion"));
         QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));

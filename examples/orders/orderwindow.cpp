@@ -55,7 +55,9 @@ OrderWindow::OrderWindow(OrderStore &store, Places *places)
     setCentralWidget(m_form);
     new FocusMark(this);
     statusBar()->addPermanentWidget(new QLabel(QFileInfo(store.connection().databaseName()).fileName()));
-    makeActions();
+    makeOrderMenu();
+    makeMoveMenu();
+    makeOtherMenus();
     connect(m_form, &OrderForm::edited, this, &OrderWindow::updateState);
     usePreferences(m_places ? m_places->preferences() : Preferences());
     showOrder(m_cursor.first());
@@ -69,76 +71,93 @@ OrderWindow::OrderWindow(OrderStore &store, Places *places)
 
 OrderWindow::~OrderWindow() = default;
 
-void OrderWindow::makeActions()
+QAction *OrderWindow::addCommand(QMenu *menu, const QString &text, const QKeySequence &key, const char *button,
+                                 const std::function<void()> &work)
+{
+    QAction *action = menu->addAction(text, key, this, [this, work] {
+        guarded(work);
+        kor::enterFocusedField(this); // the clerk types on over what the field shows now
+    });
+    if (button)
+        connect(m_form->button(button), &QPushButton::clicked, action, &QAction::trigger);
+    return action;
+}
+
+// The commands have keys that mean nothing in a text: a field keeps Ctrl+Home, Ctrl+End and Ctrl+Delete to itself.
+
+void OrderWindow::makeOrderMenu()
+{
+    QMenu *order = menuBar()->addMenu(QStringLiteral("Za&mówienie"));
+    addCommand(order, QStringLiteral("&Nowe"), Qt::CTRL | Qt::Key_N, "cmdNew", [this] { startNew(); });
+    m_save = addCommand(order, QStringLiteral("&Zapisz"), Qt::CTRL | Qt::Key_S, "cmdSave", [this] { (void)save(); });
+    m_undo = addCommand(order, QStringLiteral("&Cofnij zmiany..."), Qt::CTRL | Qt::Key_R, nullptr, [this] {
+        if (mayDropChanges(this, QStringLiteral("Zamówienia")))
+            showOrder(m_cursor.current());
+    });
+    m_remove = addCommand(order, QStringLiteral("&Usuń..."), Qt::CTRL | Qt::Key_D, "cmdDelete", [this] { remove(); });
+    order->addSeparator();
+    addCommand(order, QStringLiteral("&Dodaj pozycję"), Qt::Key_F7, nullptr, [this] { addLine(); });
+    addCommand(order, QStringLiteral("Usuń p&ozycję..."), Qt::Key_F8, nullptr, [this] { removeLine(); });
+    order->addSeparator();
+    addCommand(order, QStringLiteral("Drukuj do &PDF..."), Qt::CTRL | Qt::Key_P, nullptr, [this] { printToPdf(); });
+    addCommand(order, QStringLiteral("D&rukuj..."), Qt::CTRL | Qt::SHIFT | Qt::Key_P, nullptr,
+               [this] { printOnPaper(); });
+    auto *copy = addCommand(order, QStringLiteral("Kop&iuj pozycje"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, nullptr,
+                            [this] { statusBar()->showMessage(m_form->lines().copyCells(), messageTime); });
+    auto *paste = addCommand(order, QStringLiteral("&Wklej z arkusza"), Qt::CTRL | Qt::SHIFT | Qt::Key_V, nullptr,
+                             [this] { pasteLines(); });
+    connect(&m_form->lines(), &OrderLines::copyAsked, copy, &QAction::trigger);
+    connect(&m_form->lines(), &OrderLines::pasteAsked, paste, &QAction::trigger);
+    if (canSaveGrids())
+        addCommand(order, QStringLiteral("&Eksportuj pozycje..."), Qt::Key_F12, nullptr, [this] { exportLines(); });
+    order->addSeparator();
+    addCommand(order, QStringLiteral("U&stawienia..."), Qt::CTRL | Qt::Key_Comma, nullptr, [this] { settings(); });
+    addCommand(order, QStringLiteral("Za&kończ"), Qt::CTRL | Qt::Key_Q, nullptr, [this] { close(); });
+}
+
+void OrderWindow::makeMoveMenu()
 {
     const auto goTo = [this](std::optional<qint64> (OrderCursor::*where)() const) {
         return [this, where] { go((m_cursor.*where)()); };
     };
-    const auto add = [this](QMenu *menu, const QString &text, const QKeySequence &key, const char *button,
-                            const std::function<void()> &work) {
-        QAction *action = menu->addAction(text, key, this, [this, work] {
-            guarded(work);
-            kor::enterFocusedField(this); // the clerk types on over what the field shows now
-        });
-        if (button)
-            connect(m_form->button(button), &QPushButton::clicked, action, &QAction::trigger);
-        return action;
-    };
-
-    // Keys that mean nothing in a text: a field keeps Ctrl+Home, Ctrl+End and Ctrl+Delete to itself.
-    QMenu *order = menuBar()->addMenu(QStringLiteral("Za&mówienie"));
-    add(order, QStringLiteral("&Nowe"), Qt::CTRL | Qt::Key_N, "cmdNew", [this] { startNew(); });
-    m_save = add(order, QStringLiteral("&Zapisz"), Qt::CTRL | Qt::Key_S, "cmdSave", [this] { (void)save(); });
-    m_undo = add(order, QStringLiteral("&Cofnij zmiany..."), Qt::CTRL | Qt::Key_R, nullptr, [this] {
-        if (mayDropChanges(this, QStringLiteral("Zamówienia")))
-            showOrder(m_cursor.current());
-    });
-    m_remove = add(order, QStringLiteral("&Usuń..."), Qt::CTRL | Qt::Key_D, "cmdDelete", [this] { remove(); });
-    order->addSeparator();
-    add(order, QStringLiteral("&Dodaj pozycję"), Qt::Key_F7, nullptr, [this] { addLine(); });
-    add(order, QStringLiteral("Usuń p&ozycję..."), Qt::Key_F8, nullptr, [this] { removeLine(); });
-    order->addSeparator();
-    add(order, QStringLiteral("Drukuj do &PDF..."), Qt::CTRL | Qt::Key_P, nullptr, [this] { printToPdf(); });
-    add(order, QStringLiteral("D&rukuj..."), Qt::CTRL | Qt::SHIFT | Qt::Key_P, nullptr, [this] { printOnPaper(); });
-    auto *copy = add(order, QStringLiteral("Kop&iuj pozycje"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, nullptr,
-                     [this] { statusBar()->showMessage(m_form->lines().copyCells(), messageTime); });
-    auto *paste = add(order, QStringLiteral("&Wklej z arkusza"), Qt::CTRL | Qt::SHIFT | Qt::Key_V, nullptr,
-                      [this] { pasteLines(); });
-    connect(&m_form->lines(), &OrderLines::copyAsked, copy, &QAction::trigger);
-    connect(&m_form->lines(), &OrderLines::pasteAsked, paste, &QAction::trigger);
-    if (canSaveGrids())
-        add(order, QStringLiteral("&Eksportuj pozycje..."), Qt::Key_F12, nullptr, [this] { exportLines(); });
-    order->addSeparator();
-    add(order, QStringLiteral("U&stawienia..."), Qt::CTRL | Qt::Key_Comma, nullptr, [this] { settings(); });
-    add(order, QStringLiteral("Za&kończ"), Qt::CTRL | Qt::Key_Q, nullptr, [this] { close(); });
-
     QMenu *move = menuBar()->addMenu(QStringLiteral("Prz&ejdź"));
-    add(move, QStringLiteral("&Pierwsze"), Qt::ALT | Qt::Key_Home, "cmdFirst", goTo(&OrderCursor::first));
-    add(move, QStringLiteral("P&oprzednie"), Qt::CTRL | Qt::Key_PageUp, "cmdPrevious", goTo(&OrderCursor::previous));
-    add(move, QStringLiteral("&Następne"), Qt::CTRL | Qt::Key_PageDown, "cmdNext", goTo(&OrderCursor::next));
-    add(move, QStringLiteral("&Ostatnie"), Qt::ALT | Qt::Key_End, "cmdLast", goTo(&OrderCursor::last));
+    addCommand(move, QStringLiteral("&Pierwsze"), Qt::ALT | Qt::Key_Home, "cmdFirst", goTo(&OrderCursor::first));
+    addCommand(move, QStringLiteral("P&oprzednie"), Qt::CTRL | Qt::Key_PageUp, "cmdPrevious",
+               goTo(&OrderCursor::previous));
+    addCommand(move, QStringLiteral("&Następne"), Qt::CTRL | Qt::Key_PageDown, "cmdNext", goTo(&OrderCursor::next));
+    addCommand(move, QStringLiteral("&Ostatnie"), Qt::ALT | Qt::Key_End, "cmdLast", goTo(&OrderCursor::last));
     move->addSeparator();
-    add(move, QStringLiteral("&Szukaj..."), Qt::CTRL | Qt::Key_F, "cmdFind", [this] { search(); });
-    add(move, QStringLiteral("&Lista zamówień"), Qt::CTRL | Qt::Key_L, nullptr, [this] { list(); });
-
-    QMenu *records = menuBar()->addMenu(QStringLiteral("K&lienci i towary"));
-    add(records, QStringLiteral("&Klienci..."), Qt::CTRL | Qt::SHIFT | Qt::Key_K, nullptr, [this] { keepCustomers(); });
-    add(records, QStringLiteral("&Towary..."), Qt::CTRL | Qt::SHIFT | Qt::Key_T, nullptr, [this] { keepProducts(); });
-
-    QMenu *reports = menuBar()->addMenu(QStringLiteral("Zestaw&ienia"));
-    add(reports, QStringLiteral("&Sprzedaż..."), Qt::Key_F9, nullptr, [this] { report(); });
-
-    QMenu *help = menuBar()->addMenu(QStringLiteral("Pomo&c"));
-    add(help, QStringLiteral("&O programie"), {}, nullptr, [this] { about(); });
+    addCommand(move, QStringLiteral("&Szukaj..."), Qt::CTRL | Qt::Key_F, "cmdFind", [this] { search(); });
+    addCommand(move, QStringLiteral("&Lista zamówień"), Qt::CTRL | Qt::Key_L, nullptr, [this] { list(); });
 
     // The arrows are pictures only; whoever hears the form hears what the menu calls them.
-    for (const auto &[button, name] : {std::pair("cmdFirst", u"Pierwsze"), std::pair("cmdPrevious", u"Poprzednie"),
-                                       std::pair("cmdNext", u"Następne"), std::pair("cmdLast", u"Ostatnie")})
-        m_form->button(button)->setAccessibleName(QString::fromUtf16(name));
-    m_form->button("cmdFirst")->setIcon(arrowIcon(Arrow::First));
-    m_form->button("cmdPrevious")->setIcon(arrowIcon(Arrow::Previous));
-    m_form->button("cmdNext")->setIcon(arrowIcon(Arrow::Next));
-    m_form->button("cmdLast")->setIcon(arrowIcon(Arrow::Last));
+    struct ArrowButton {
+        const char *button;
+        QString name;
+        Arrow arrow;
+    };
+    for (const auto &[button, name, arrow] : {ArrowButton{"cmdFirst", QStringLiteral("Pierwsze"), Arrow::First},
+                                              ArrowButton{"cmdPrevious", QStringLiteral("Poprzednie"), Arrow::Previous},
+                                              ArrowButton{"cmdNext", QStringLiteral("Następne"), Arrow::Next},
+                                              ArrowButton{"cmdLast", QStringLiteral("Ostatnie"), Arrow::Last}}) {
+        m_form->button(button)->setAccessibleName(name);
+        m_form->button(button)->setIcon(arrowIcon(arrow));
+    }
+}
+
+void OrderWindow::makeOtherMenus()
+{
+    QMenu *records = menuBar()->addMenu(QStringLiteral("K&lienci i towary"));
+    addCommand(records, QStringLiteral("&Klienci..."), Qt::CTRL | Qt::SHIFT | Qt::Key_K, nullptr,
+               [this] { keepCustomers(); });
+    addCommand(records, QStringLiteral("&Towary..."), Qt::CTRL | Qt::SHIFT | Qt::Key_T, nullptr,
+               [this] { keepProducts(); });
+
+    QMenu *reports = menuBar()->addMenu(QStringLiteral("Zestaw&ienia"));
+    addCommand(reports, QStringLiteral("&Sprzedaż..."), Qt::Key_F9, nullptr, [this] { report(); });
+
+    QMenu *help = menuBar()->addMenu(QStringLiteral("Pomo&c"));
+    addCommand(help, QStringLiteral("&O programie"), {}, nullptr, [this] { about(); });
 }
 
 void OrderWindow::guarded(const std::function<void()> &work)

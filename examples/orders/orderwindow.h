@@ -56,7 +56,12 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void makeActions();
+    //! A command of a menu, and of a button of the form; null for none.
+    QAction *addCommand(QMenu *menu, const QString &text, const QKeySequence &key, const char *button,
+                        const std::function<void()> &work);
+    void makeOrderMenu();
+    void makeMoveMenu();
+    void makeOtherMenus();
     void guarded(const std::function<void()> &work);
     [[nodiscard]] bool mayLeave();
     [[nodiscard]] bool save();

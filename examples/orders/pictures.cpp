@@ -164,24 +164,11 @@ private:
     bool m_good = true;
 };
 
-} // namespace
-
-bool takePictures(OrderWindow &window, const QString &folder)
+void takeFields(Photographer &photographer, OrderForm &form)
 {
-    const QDir directory(folder);
-    if (!directory.mkpath(QStringLiteral(".")))
-        return false;
-    window.move(40, 60);
-    window.show();
-    window.activateWindow();
-    settle();
-
-    Photographer photographer(window, directory);
-    OrderForm &form = window.form();
     for (int press = 1; press < orderShown; ++press)
         form.button("cmdNext")->click();
     photographer.take(QStringLiteral("order"));
-    const Order shown = form.order();
 
     auto *list = form.findChild<KorCombo *>(QStringLiteral("cmbCustomer"))->findChild<QComboBox *>();
     list->showPopup();
@@ -194,9 +181,11 @@ bool takePictures(OrderWindow &window, const QString &folder)
     photographer.take(QStringLiteral("calendar"));
     press(Qt::Key_Escape);
     settle();
+}
 
-    auto *discount = form.findChild<KorNumber *>(QStringLiteral("numDiscount"));
-    discount->setFocus(Qt::TabFocusReason);
+void takeMessages(Photographer &photographer, OrderWindow &window)
+{
+    window.form().findChild<KorNumber *>(QStringLiteral("numDiscount"))->setFocus(Qt::TabFocusReason);
     settle();
     photographer.takeOfDialog(
         QStringLiteral("range"),
@@ -206,20 +195,26 @@ bool takePictures(OrderWindow &window, const QString &folder)
         },
         [&window](QDialog &message) { message.move(window.pos() + beside); }); // so that the number is seen
     photographer.takeOfDialog(QStringLiteral("question"), [&window] { window.close(); });
-    form.setOrder(shown);
+}
 
-    // A new line is being typed, and its product chosen from a part of its name.
-    form.lines().addLine();
+//! A new line is being typed, and its product chosen from a part of its name.
+void takeLines(Photographer &photographer, OrderWindow &window)
+{
+    OrderLines &lines = window.form().lines();
+    lines.addLine();
     settle();
     type(QStringLiteral("gniaz"));
     photographer.takeOfDialog(
         QStringLiteral("product"), [] { press(Qt::Key_F4); },
         [&window](QDialog &chooser) { chooser.move(window.pos() + beside); });
-    form.lines().goTo(1, LineField::Name);
+    lines.goTo(1, LineField::Name);
     settle();
     type(QStringLiteral(" – z uchwytem ściennym, dostarczyć razem z instrukcją w języku polskim"));
     photographer.take(QStringLiteral("lines"));
-    form.setOrder(shown);
+}
+
+void takeDialogs(Photographer &photographer, OrderWindow &window)
+{
     photographer.takeOfDialog(
         QStringLiteral("search"), [&window] { window.search(); }, [](QDialog &) { type(QStringLiteral("ślus")); });
     photographer.takeOfDialog(
@@ -239,16 +234,42 @@ bool takePictures(OrderWindow &window, const QString &folder)
             press(Qt::Key_Enter);             // takes the value
             press(Qt::Key_Enter);
         });
+}
 
-    ListWindow &listWindow = window.list();
-    listWindow.move(window.pos() + besideTitle);
+void takeList(Photographer &photographer, OrderWindow &window)
+{
+    ListWindow &list = window.list();
+    list.move(window.pos() + besideTitle);
     settle();
-    listWindow.findChild<KorDate *>(QStringLiteral("datFrom"))->setFocus(Qt::TabFocusReason);
+    list.findChild<KorDate *>(QStringLiteral("datFrom"))->setFocus(Qt::TabFocusReason);
     settle();
     type(QStringLiteral("01012026"));
     press(Qt::Key_Enter);
     photographer.take(QStringLiteral("orders"));
-    listWindow.close();
+    list.close();
+}
+
+} // namespace
+
+bool takePictures(OrderWindow &window, const QString &folder)
+{
+    const QDir directory(folder);
+    if (!directory.mkpath(QStringLiteral(".")))
+        return false;
+    window.move(40, 60);
+    window.show();
+    window.activateWindow();
+    settle();
+
+    Photographer photographer(window, directory);
+    takeFields(photographer, window.form());
+    const Order shown = window.form().order();
+    takeMessages(photographer, window);
+    window.form().setOrder(shown);
+    takeLines(photographer, window);
+    window.form().setOrder(shown);
+    takeDialogs(photographer, window);
+    takeList(photographer, window);
     return photographer.isGood();
 }
 
