@@ -483,6 +483,32 @@ private Q_SLOTS:
         QVERIFY(!window.isWindowModified());
     }
 
+    void keysGoOnBeyond32Bits()
+    {
+        for (const char *table : {"customers", "orders"})
+            administer(
+                QStringLiteral("desk"),
+                QStringLiteral("ALTER TABLE %1 ALTER COLUMN id RESTART WITH 3000000000").arg(QLatin1String(table)));
+        administer(QStringLiteral("desk"),
+                   QStringLiteral("INSERT INTO customers (name, group_id, street, postal_code, city) "
+                                  "VALUES ('Żółw', 1, 'Prosta 1', '00-950', 'Łódź')"));
+        Clerk clerk;
+        OrderWindow window(*m_store);
+        bringUp(window);
+        press(Qt::Key_N, Qt::ControlModifier);
+        type(QStringLiteral("żół"));
+        press(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(clerk.heard(), QString());
+        const Order saved = window.form().order();
+        QCOMPARE(saved.id, Q_INT64_C(3000000000));
+        QCOMPARE(saved.customer, std::optional(Q_INT64_C(3000000000)));
+        QVERIFY(m_store->order(saved.id) == saved);
+        press(Qt::Key_PageUp, Qt::ControlModifier);
+        press(Qt::Key_PageDown, Qt::ControlModifier);
+        QVERIFY(window.form().order() == saved);
+        QVERIFY(!window.isWindowModified());
+    }
+
 private:
     QTemporaryDir m_folder;
     std::unique_ptr<OrderStore> m_file; //!< the same orders in a file
