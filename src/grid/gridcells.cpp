@@ -3,6 +3,7 @@
 #include "grid/gridcells.h"
 
 #include "constituents/flexgrid/flexgrid.h"
+#include "lists/keytext.h"
 
 #include <KorDaoUC/clock.h>
 #include <KorDaoUC/convert.h>
@@ -103,7 +104,7 @@ CellTexts GridCells::textsTyped(int column, const QString &text) const
     case ColumnType::Combo: {
         const Locale locale = m_signs.locale; // reading the list may end the grid
         const auto key = m_lists.keyOf(text, m_columns.find(column)->source);
-        return {text, key && !isNull(*key) ? CStr(*key, locale) : QString()};
+        return {text, key && !isNull(*key) ? textOfKey(*key, locale) : QString()};
     }
     case ColumnType::Text:
     case ColumnType::Number:

@@ -175,7 +175,7 @@ void GridEditing::write(CellAddress cell, const QString &shown, const QVariant &
     CellTexts texts{shown, std::nullopt};
     // Kept: a value that becomes Null leaves the value column as it was
     if (!isNull(value) && !isMissing(value))
-        texts.raw = CStr(normalized(value));
+        texts.raw = rawTextOf(m_cells.typeOf(cell.column), normalized(value), Locale::systemDefault());
     m_cells.write(cell, texts);
 }
 

@@ -3,6 +3,7 @@
 #include "grid/gridvalues.h"
 
 #include "date/daterules.h"
+#include "lists/keytext.h"
 
 #include <KorDaoUC/convert.h>
 #include <KorDaoUC/date.h>
@@ -74,8 +75,14 @@ CellTexts textsOfValue(ColumnType type, const QString &format, const QVariant &g
     case ColumnType::Click:
     case ColumnType::Combo: break;
     }
-    const QString text = CStr(value, rules.signs.locale);
+    const QString text = rawTextOf(type, value, rules.signs.locale);
     return {text, text};
+}
+
+QString rawTextOf(ColumnType type, const QVariant &value, const Locale &locale)
+{
+    const bool isKey = type == ColumnType::Combo || type == ColumnType::Click;
+    return isKey ? textOfKey(value, locale) : CStr(value, locale);
 }
 
 } // namespace kor

@@ -32,9 +32,13 @@ struct ValueRules {
 [[nodiscard]] QVariant valueOfCell(ColumnType type, const CellTexts &texts, const ValueRules &rules);
 
 //! How a value is written: a number by the format, with the plain number as its raw text; a date as short date; all
-//! else as CStr writes it. Null, a missing argument, Empty and "" are empty texts. Error 13 for what is no number or no
-//! date in a column of those, 6 for a number that no Double holds.
+//! else as rawTextOf() writes it. Null, a missing argument, Empty and "" are empty texts. Error 13 for what is no
+//! number or no date in a column of those, 6 for a number that no Double holds.
 [[nodiscard]] CellTexts textsOfValue(ColumnType type, const QString &format, const QVariant &value,
                                      const ValueRules &rules);
+
+//! What the column of raw values gets for a value that an editor gives: a key with all of its digits, all else as CStr
+//! writes it. Not for Null.
+[[nodiscard]] QString rawTextOf(ColumnType type, const QVariant &value, const Locale &locale);
 
 } // namespace kor

@@ -7,8 +7,20 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 namespace kor {
+
+QString textOfKey(const QVariant &key, const Locale &locale)
+{
+    const QString text = CStr(key, locale);
+    if (variantType(key) != VariantType::Double)
+        return text;
+    constexpr double exactInDouble = 0x1p53;
+    const double number = key.value<double>();
+    const bool isExact = std::fabs(number) <= exactInDouble && number == std::trunc(number);
+    return isExact && CDbl(text, locale) != number ? QString::number(static_cast<qint64>(number)) : text;
+}
 
 QStringView KeyText::of(const QVariant &key)
 {
@@ -23,7 +35,7 @@ QStringView KeyText::of(const QVariant &key)
     default: break;
     }
     const QVariant known = normalized(key);
-    m_text = isNull(known) || isMissing(known) ? QString() : CStr(known, m_locale);
+    m_text = isNull(known) || isMissing(known) ? QString() : textOfKey(known, m_locale);
     return m_text;
 }
 

@@ -11,7 +11,11 @@
 
 namespace kor {
 
-//! Gives keys as they stand in a set: as CStr gives them, and Null as an empty text.
+//! The text by which a key is found again: that of CStr, but with all digits where its fifteen would be another key's,
+//! since whole numbers from there to 2^53 come from databases as Doubles. Not for Null.
+[[nodiscard]] QString textOfKey(const QVariant &key, const Locale &locale);
+
+//! Gives keys as they stand in a set: as textOfKey() gives them, and Null as an empty text.
 class KeyText
 {
 public:

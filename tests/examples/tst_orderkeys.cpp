@@ -50,6 +50,7 @@ private:
         QTest::newRow("the last of 32 bits") << Q_INT64_C(2147483647);
         QTest::newRow("the first beyond 32 bits") << Q_INT64_C(2147483648);
         QTest::newRow("as many digits as a Double is written with") << Q_INT64_C(999999999999999);
+        QTest::newRow("more digits than that") << Q_INT64_C(1234567890123457);
         QTest::newRow("beyond what a Double holds exactly") << Q_INT64_C(9007199254740993);
     }
     //! A customer and a product with such a key and with all that belongs to them, and an order of both.

@@ -23,7 +23,8 @@ private Q_SLOTS:
     void everyColumnHasItsOwnStatement();
     void theListIsReadAtEachOpening();
     void aChosenEntryPutsItsKeyIntoTheValueColumn();
-    void keysBeyondADoubleAreKept();
+    void longKeysAreKept_data();
+    void longKeysAreKept();
     void valuesAreReadAndWrittenByKey();
     void aNameThatIsGoneStaysUntilTheUserChooses();
     void aStatementThatFailsLeavesTheCell();
@@ -116,15 +117,42 @@ void tst_KorGrid_Lists::aChosenEntryPutsItsKeyIntoTheValueColumn()
     QCOMPARE(row(2), QStringLiteral("|karton|2|"));
 }
 
-void tst_KorGrid_Lists::keysBeyondADoubleAreKept()
+void tst_KorGrid_Lists::longKeysAreKept_data()
 {
-    const QVariant key(qint64(9007199254740993));
+    QTest::addColumn<QVariant>("key");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("digits");
+
+    // clang-format off
+    QTest::newRow("of sixteen digits")          << QVariant(1'234'567'890'123'457.0)        << "para"   << "1234567890123457";
+    QTest::newRow("the next one to it")         << QVariant(1'234'567'890'123'458.0)        << "tuzin"  << "1234567890123458";
+    QTest::newRow("beyond what a Double holds") << QVariant(qint64(9'007'199'254'740'993)) << "źdźbło" << "9007199254740993";
+    // clang-format on
+}
+
+void tst_KorGrid_Lists::longKeysAreKept()
+{
+    QFETCH(const QVariant, key);
+    QFETCH(const QString, name);
+    QFETCH(const QString, digits);
+
+    run(QStringLiteral("INSERT INTO jm VALUES (1234567890123457, 'para'), (1234567890123458, 'tuzin')"));
+    const QString whole = QStringLiteral("|%1|%2|").arg(name, digits);
     grid->setValue(2, UnitOf, key);
-    QCOMPARE(row(2), QStringLiteral("|źdźbło|9007199254740993|"));
+    QCOMPARE(row(2), whole);
     QCOMPARE(grid->Value(2, UnitOf), key);
     click(2, UnitOf);
     press(Qt::Key_Tab);
-    QCOMPARE(row(2), QStringLiteral("|źdźbło|9007199254740993|"));
+    QCOMPARE(row(2), whole);
+
+    click(3, UnitOf);
+    type(name.left(1));
+    press(Qt::Key_Tab);
+    QCOMPARE(row(3), whole);
+    QCOMPARE(grid->Value(3, UnitOf), key);
+
+    grid->setTextMatrix(4, UnitOf, name);
+    QCOMPARE(row(4), whole);
 }
 
 void tst_KorGrid_Lists::valuesAreReadAndWrittenByKey()

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void lastKeyNeedsItsSeparator();
     void keyInsideAnotherIsNotChecked();
     void keysAreWrittenByTheLocale();
+    void keysOfSixteenDigitsAreToldApart();
     void keysBeyondADoubleAreToldApart();
     void unknownKeysAreIgnored();
     void orderAndRepetitionDoNotMatter();
@@ -144,6 +145,15 @@ void tst_KorListCheck::keysAreWrittenByTheLocale()
     m_list->AddEntry(QDate(99999, 1, 1), QStringLiteral("rok poza kalendarzem"));
     m_list->CheckAll();
     QCOMPARE(m_list->ValueChecked(), QStringLiteral(";;"));
+}
+
+void tst_KorListCheck::keysOfSixteenDigitsAreToldApart()
+{
+    load(QStringLiteral("SELECT 1234567890123457, 'dolny' UNION ALL SELECT 1234567890123458, 'górny'"));
+    QCOMPARE(m_list->Exists(1'234'567'890'123'457.0), QVariant(true));
+    m_list->setValueChecked(QStringLiteral("1234567890123458;"));
+    QCOMPARE(m_list->ValueChecked(), QStringLiteral("1234567890123458;"));
+    QCOMPARE(m_list->TextChecked(), QStringLiteral("górny;"));
 }
 
 void tst_KorListCheck::keysBeyondADoubleAreToldApart()
