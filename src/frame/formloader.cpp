@@ -44,11 +44,15 @@ bool isFormLoaderSettingProperty()
         return false;
     std::array<void *, 64> callers{};
     const int count = backtrace(callers.data(), static_cast<int>(callers.size()));
+    // What comes before this library belongs to the tracing: a program under a sanitizer does it in its own name.
+    bool isPastTracing = false;
     for (int i = 0; i < count; ++i) {
         const std::optional<Dl_info> caller = moduleOf(callers.at(static_cast<std::size_t>(i)));
         if (!caller)
             return false;
-        if (caller->dli_fbase != own->dli_fbase && caller->dli_fbase != core->dli_fbase)
+        const bool isOwn = caller->dli_fbase == own->dli_fbase;
+        isPastTracing = isPastTracing || isOwn;
+        if (isPastTracing && !isOwn && caller->dli_fbase != core->dli_fbase)
             return isFormLoader(*caller); // whoever called the toolkit's core to set the property
     }
     return false;
