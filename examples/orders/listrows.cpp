@@ -51,7 +51,7 @@ void sortBy(QList<ListedOrder> &orders, Qt::SortOrder order, KeyOf &&keyOf)
 
 void sortByText(QList<ListedOrder> &orders, Qt::SortOrder order, ListColumn column)
 {
-    QCollator polish(QLocale(QLocale::Polish));
+    QCollator polish{QLocale(QLocale::Polish)};
     polish.setNumericMode(true);
     sortBy(orders, order, [&](const ListedOrder &each) { return polish.sortKey(textOf(each, column)); });
 }

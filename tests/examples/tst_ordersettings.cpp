@@ -228,7 +228,7 @@ void tst_OrderSettings::filesAreOfferedInTheFolder()
         dialog.findChild<KorClick *>()->setText(folder);
         press(Qt::Key_Return);
     });
-    const auto offered = [this] {
+    const auto offered = [] {
         QString seen;
         inNextDialog([&seen](QWidget &dialog) {
             seen = qobject_cast<QFileDialog *>(&dialog)->directory().path();
