@@ -275,12 +275,7 @@ void tst_KorDateEvents::deletionWhileTheMessageIsUpIsSafe()
     Messages messages;
     QVERIFY(enter());
     QTest::keyClicks(m_box, QStringLiteral("99"));
-    QTimer deleter;
-    connect(&deleter, &QTimer::timeout, this, [this] {
-        if (QApplication::activeModalWidget())
-            delete std::exchange(m_date, nullptr);
-    });
-    deleter.start(0);
+    messages.beneath([this] { delete std::exchange(m_date, nullptr); });
     QTest::keyClick(m_box, Qt::Key_Tab);
     QTRY_VERIFY(!m_date);
     QTRY_VERIFY(!QApplication::activeModalWidget());
